@@ -1,0 +1,12 @@
+# What every C++ target of the project is compiled with; nothing of it reaches a consumer of the installed library.
+add_library(rti1516e_compile INTERFACE)
+target_include_directories(rti1516e_compile INTERFACE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR})
+target_compile_options(rti1516e_compile INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+  # The published interface hands out std::auto_ptr, so the library has to name it.
+  -Wno-deprecated-declarations
+  $<$<BOOL:${RTI1516E_DEVELOPER}>:-Werror>)
+if(RTI1516E_SANITIZE)
+  add_compile_options(-fsanitize=${RTI1516E_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${RTI1516E_SANITIZE})
+endif()

@@ -1,0 +1,37 @@
+#ifndef RTI_RTIambassadorFactory_h
+#define RTI_RTIambassadorFactory_h
+
+#include <RTI/RTIambassador.h>
+#include <RTI/SpecificConfig.h>
+
+#include <memory>
+
+RTI_AUTO_PTR_BEGIN
+
+namespace rti1516e {
+
+// Where a federate gets its ambassadors.
+class RTI_EXPORT RTIambassadorFactory
+{
+public:
+   RTIambassadorFactory();
+   RTIambassadorFactory(RTIambassadorFactory const& other);
+   virtual ~RTIambassadorFactory();
+
+   // A new ambassador, the caller's.
+   //
+   // The first call in a process starts the Java VM that the infrastructure runs in, or joins the one that
+   // the process already runs; that first call must not race with another. The VM takes its class path from
+   // the environment variable CLASSPATH, further options from TOVU1516_OPTION1 to TOVU1516_OPTION19 and from
+   // the lines of the file tovu.vmoptions in the current directory. It runs until the process ends.
+   //
+   // Throws RTIinternalError, with the reason also written to the standard error stream, if there is no
+   // infrastructure to be reached.
+   std::auto_ptr<RTIambassador> createRTIambassador();
+};
+
+} // namespace rti1516e
+
+RTI_AUTO_PTR_END
+
+#endif
