@@ -1,0 +1,52 @@
+#ifndef RTI_HLAfloat64TimeFactory_h
+#define RTI_HLAfloat64TimeFactory_h
+
+#include <RTI/LogicalTimeFactory.h>
+#include <RTI/SpecificConfig.h>
+#include <RTI/VariableLengthData.h>
+#include <RTI/time/HLAfloat64Interval.h>
+#include <RTI/time/HLAfloat64Time.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+RTI_AUTO_PTR_BEGIN
+
+namespace rti1516e {
+
+// The name of this time implementation: "HLAfloat64Time".
+RTI_EXPORT extern std::wstring const HLAfloat64TimeName;
+
+// Makes HLAfloat64Time and HLAfloat64Interval objects. What it makes belongs to the caller. It has no state:
+// any number of threads may use it at once.
+class RTI_EXPORT HLAfloat64TimeFactory : public LogicalTimeFactory
+{
+public:
+   HLAfloat64TimeFactory();
+   HLAfloat64TimeFactory(HLAfloat64TimeFactory const& other);
+   ~HLAfloat64TimeFactory() override;
+
+   std::auto_ptr<LogicalTime> makeInitial() override;
+   std::auto_ptr<LogicalTime> makeFinal() override;
+   std::auto_ptr<LogicalTimeInterval> makeZero() override;
+   std::auto_ptr<LogicalTimeInterval> makeEpsilon() override;
+
+   // Take the first 8 bytes; fewer throw CouldNotDecode.
+   std::auto_ptr<LogicalTime> decodeLogicalTime(void* buffer, size_t bufferSize) override;
+   std::auto_ptr<LogicalTime> decodeLogicalTime(VariableLengthData const& encodedLogicalTime) override;
+   std::auto_ptr<LogicalTimeInterval> decodeLogicalTimeInterval(void* buffer, size_t bufferSize) override;
+   std::auto_ptr<LogicalTimeInterval> decodeLogicalTimeInterval(
+      VariableLengthData const& encodedLogicalTimeInterval) override;
+
+   std::wstring getName() const override;
+
+   virtual std::auto_ptr<HLAfloat64Time> makeLogicalTime(double value);
+   virtual std::auto_ptr<HLAfloat64Interval> makeLogicalTimeInterval(double value);
+};
+
+} // namespace rti1516e
+
+RTI_AUTO_PTR_END
+
+#endif
