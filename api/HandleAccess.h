@@ -3,6 +3,7 @@
 
 #include <RTI/Handle.h>
 
+#include <cstddef>
 #include <cstdint>
 
 namespace rti1516e {
@@ -30,9 +31,11 @@ struct HandleAccess
       return H(encodedValue);
    }
 
-   // A retraction handle has no other way in than its encoding, which is also how it travels.
+   // From its parts, and from its encoding. Of bytes that are fewer than they claim to be only the number is
+   // taken; fewer than the number's give a handle that names nothing.
    static MessageRetractionHandle retractionHandle(std::uint32_t number, void const* extra,
                                                    std::uint32_t extraLength);
+   static MessageRetractionHandle decodeRetractionHandle(void const* bytes, std::size_t length);
 };
 
 } // namespace rti1516e

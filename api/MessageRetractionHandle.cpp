@@ -29,26 +29,31 @@ MessageRetractionHandle HandleAccess::retractionHandle(std::uint32_t number, voi
                                                        std::uint32_t extraLength)
 {
    MessageRetractionHandle handle;
+   if (number == 0 && extraLength == 0) {
+      return handle;
+   }
    handle._implementation =
       new MessageRetractionHandle::Implementation{number, VariableLengthData(extra, extraLength)};
    return handle;
 }
 
+MessageRetractionHandle HandleAccess::decodeRetractionHandle(void const* bytes, std::size_t length)
+{
+   auto const* const from = static_cast<unsigned char const*>(bytes);
+   if (length < sizeof(std::uint32_t)) {
+      return {};
+   }
+   auto const number = loadBigEndian<std::uint32_t>(from);
+   auto const claimed = length < headerSize ? 0 : loadBigEndian<std::uint32_t>(from + 4);
+   bool const complete = claimed != 0 && claimed <= length - headerSize;
+   return retractionHandle(number, complete ? from + headerSize : nullptr, complete ? claimed : 0);
+}
+
 MessageRetractionHandle::MessageRetractionHandle() noexcept : _implementation(nullptr) {}
 
 MessageRetractionHandle::MessageRetractionHandle(VariableLengthData const& encodedValue)
-   : _implementation(nullptr)
-{
-   if (encodedValue.size() < headerSize) {
-      return;
-   }
-   auto const* const bytes = static_cast<unsigned char const*>(encodedValue.data());
-   auto const claimed = loadBigEndian<std::uint32_t>(bytes + 4);
-   // Bytes that are fewer than they claim to be give the number alone.
-   auto const present = encodedValue.size() - static_cast<unsigned int>(headerSize);
-   *this = HandleAccess::retractionHandle(loadBigEndian<std::uint32_t>(bytes), bytes + headerSize,
-                                          claimed <= present ? claimed : 0);
-}
+   : MessageRetractionHandle(HandleAccess::decodeRetractionHandle(encodedValue.data(), encodedValue.size()))
+{}
 
 MessageRetractionHandle::MessageRetractionHandle(MessageRetractionHandle const& other)
    : _implementation(Implementation::copyOf(other._implementation))

@@ -1,0 +1,128 @@
+// What a callback needs of the ambassador it is for, and the table in which it finds it.
+//
+// The core hands every callback the 32-bit token that it got when the ambassador connected. A token names a
+// slot of a process-wide table and that slot's generation, so that the token of an ambassador that is gone is
+// recognised and never leads to freed memory. Nothing here takes a lock.
+#pragma once
+
+#include <RTI/FederateAmbassador.h>
+#include <RTI/LogicalTimeFactory.h>
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace tovu1516e {
+
+// Names a callback context to the core. Never 0.
+struct CallbackToken
+{
+   std::uint32_t value;
+};
+
+// An ambassador's time factory, with what it says its times' encodings are long.
+class TimeFactory
+{
+public:
+   explicit TimeFactory(std::unique_ptr<rti1516e::LogicalTimeFactory> factory) noexcept;
+
+   rti1516e::LogicalTimeFactory& factory() const noexcept { return *_factory; }
+
+   // In bytes; 0 until it has been asked for. Reading it runs no code but the library's.
+   std::size_t knownTimeLength() const noexcept { return _timeLength.load(std::memory_order_relaxed); }
+
+   // Asks the factory; a length of 0 is asked for anew each time.
+   void learnTimeLength();
+
+private:
+   friend class CallbackContextSlot;
+
+   std::unique_ptr<rti1516e::LogicalTimeFactory> const _factory;
+   std::atomic<std::size_t> _timeLength{0};
+   TimeFactory* _nextRetired = nullptr;
+};
+
+// One place of the table. While a callback or a service uses it, the time factories it might have seen live
+// on, although a join has replaced them or the ambassador is gone.
+class CallbackContextSlot
+{
+public:
+   // Takes the slot for an ambassador if it is free; returns the generation, or 0 if the slot is taken.
+   std::uint32_t occupy() noexcept;
+
+   // The ambassador is gone: from now on no token leads here. The slot is free again once nobody uses it.
+   void vacate() noexcept;
+
+   // Uses the slot if it is still of that generation, until release.
+   bool acquire(std::uint32_t generation) noexcept;
+   void release() noexcept;
+
+   void setTimeFactory(std::unique_ptr<TimeFactory> factory) noexcept;
+   TimeFactory* timeFactory() const noexcept { return _timeFactory.load(); }
+
+   std::atomic<rti1516e::FederateAmbassador*> federateAmbassador{nullptr};
+   std::atomic<std::uint16_t> controlWord{0};
+
+private:
+   void retire(TimeFactory* factories) noexcept;
+   void cleanUp() noexcept;
+
+   // The generation (0: no ambassador) in the high half; in the low half the number of users, the ambassador
+   // itself being one.
+   std::atomic<std::uint64_t> _state{0};
+   std::atomic<TimeFactory*> _timeFactory{nullptr};
+   std::atomic<TimeFactory*> _retired{nullptr};
+   std::uint32_t _lastGeneration = 0; // of whoever occupies the slot alone
+};
+
+// An ambassador's place in the table, for as long as the ambassador lives.
+class CallbackContext
+{
+public:
+   // Throws RTIinternalError if the table is full.
+   CallbackContext();
+   ~CallbackContext();
+   CallbackContext(CallbackContext const&) = delete;
+   CallbackContext& operator=(CallbackContext const&) = delete;
+
+   CallbackToken token() const noexcept { return _token; }
+
+   // What connect stores: the federate's callbacks, and the control word of the thread that calls.
+   void setFederateAmbassador(rti1516e::FederateAmbassador& federateAmbassador) noexcept;
+
+   // Replaces the time factory; none, if it is null. The old one goes as soon as nobody uses it any more.
+   void setTimeFactory(std::unique_ptr<rti1516e::LogicalTimeFactory> factory);
+
+private:
+   CallbackToken _token;
+};
+
+// Uses the context that a token names while it lives.
+class CallbackContextReference
+{
+public:
+   explicit CallbackContextReference(CallbackToken token) noexcept;
+   ~CallbackContextReference();
+   CallbackContextReference(CallbackContextReference const&) = delete;
+   CallbackContextReference& operator=(CallbackContextReference const&) = delete;
+
+   // False for the token of an ambassador that is gone, or of none that ever was.
+   explicit operator bool() const noexcept { return _slot != nullptr; }
+
+   // Null before the first connect.
+   rti1516e::FederateAmbassador* federateAmbassador() const noexcept
+   {
+      return _slot->federateAmbassador.load(std::memory_order_acquire);
+   }
+
+   // Null before the first join, and where the time library does not know the federation's time.
+   TimeFactory* timeFactory() const noexcept { return _slot->timeFactory(); }
+
+   std::uint16_t controlWord() const noexcept { return _slot->controlWord.load(std::memory_order_relaxed); }
+
+private:
+   CallbackContextSlot* _slot;
+};
+
+} // namespace tovu1516e

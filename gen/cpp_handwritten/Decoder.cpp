@@ -1,0 +1,125 @@
+#include "gen/cpp_handwritten/Decoder.h"
+
+#include "bridge/Assertion.h"
+#include "bridge/WideText.h"
+
+namespace tovu1516e {
+namespace {
+
+// An enumerator whose code is its value less an offset.
+template <class Enum>
+void readEnumerator(ByteWrapper& from, Enum& value, Enum first, Enum last, int offset, int line) noexcept
+{
+   auto const code = static_cast<std::int32_t>(from.get<std::uint32_t>());
+   auto const number = static_cast<std::int64_t>(code) + offset;
+   if (number < first || number > last) {
+      failAssertion("false", "gen/cpp_handwritten/Decoder", line);
+   }
+   value = static_cast<Enum>(number);
+}
+
+} // namespace
+
+using namespace rti1516e;
+
+void Decoder<SynchronizationPointFailureReason>::read(ByteWrapper& from,
+                                                      SynchronizationPointFailureReason& value)
+{
+   readEnumerator(from, value, SYNCHRONIZATION_POINT_LABEL_NOT_UNIQUE, SYNCHRONIZATION_SET_MEMBER_NOT_JOINED,
+                  0, 112);
+}
+
+void Decoder<SaveFailureReason>::read(ByteWrapper& from, SaveFailureReason& value)
+{
+   readEnumerator(from, value, RTI_UNABLE_TO_SAVE, SAVE_ABORTED, 0, 150);
+}
+
+void Decoder<RestoreFailureReason>::read(ByteWrapper& from, RestoreFailureReason& value)
+{
+   readEnumerator(from, value, RTI_UNABLE_TO_RESTORE, RESTORE_ABORTED, 0, 187);
+}
+
+void Decoder<RestoreStatus>::read(ByteWrapper& from, RestoreStatus& value)
+{
+   readEnumerator(from, value, NO_RESTORE_IN_PROGRESS, FEDERATE_WAITING_FOR_FEDERATION_TO_RESTORE, 0, 364);
+}
+
+void Decoder<SaveStatus>::read(ByteWrapper& from, SaveStatus& value)
+{
+   readEnumerator(from, value, NO_SAVE_IN_PROGRESS, FEDERATE_WAITING_FOR_FEDERATION_TO_SAVE, 0, 406);
+}
+
+void Decoder<OrderType>::read(ByteWrapper& from, OrderType& value)
+{
+   readEnumerator(from, value, RECEIVE, TIMESTAMP, 1, 628);
+}
+
+void Decoder<TransportationType>::read(ByteWrapper& from, TransportationType& value)
+{
+   readEnumerator(from, value, RELIABLE, BEST_EFFORT, 0, 655);
+}
+
+void Decoder<std::wstring>::read(ByteWrapper& from, std::wstring& value)
+{
+   auto const signedLength = static_cast<std::int32_t>(from.get<std::uint32_t>());
+   auto const length = static_cast<std::size_t>(signedLength > 0 ? signedLength : 0);
+   auto const* const units = static_cast<unsigned char const*>(from.current());
+   assignUtf16(value, length, [units](std::size_t i) { return loadBigEndian<std::uint16_t>(units + 2 * i); });
+   from.advance(2 * length);
+}
+
+void Decoder<VariableLengthData>::read(ByteWrapper& from, VariableLengthData& value)
+{
+   auto const length = static_cast<std::int32_t>(from.get<std::uint32_t>());
+   if (length > 0) {
+      value.setData(from.current(), static_cast<unsigned int>(length));
+      from.advance(static_cast<std::size_t>(length));
+   }
+}
+
+void Decoder<MessageRetractionHandle>::read(ByteWrapper& from, MessageRetractionHandle& value)
+{
+   auto const number = from.get<std::uint32_t>();
+   auto const length = static_cast<std::int32_t>(from.get<std::uint32_t>());
+   auto const extraLength = static_cast<std::uint32_t>(length > 0 ? length : 0);
+   value = HandleAccess::retractionHandle(number, from.current(), extraLength);
+   from.advance(extraLength);
+}
+
+namespace {
+
+// Both flags stand before what they announce.
+template <class Info>
+void readInfoWithRegions(ByteWrapper& from, Info& value)
+{
+   value.hasProducingFederate = from.get<std::uint32_t>() != 0;
+   value.hasSentRegions = from.get<std::uint32_t>() != 0;
+   if (value.hasProducingFederate) {
+      Decoder<FederateHandle>::read(from, value.producingFederate);
+   }
+   if (value.hasSentRegions) {
+      Decoder<RegionHandleSet>::read(from, value.sentRegions);
+   }
+}
+
+} // namespace
+
+void Decoder<SupplementalReflectInfo>::read(ByteWrapper& from, SupplementalReflectInfo& value)
+{
+   readInfoWithRegions(from, value);
+}
+
+void Decoder<SupplementalReceiveInfo>::read(ByteWrapper& from, SupplementalReceiveInfo& value)
+{
+   readInfoWithRegions(from, value);
+}
+
+void Decoder<SupplementalRemoveInfo>::read(ByteWrapper& from, SupplementalRemoveInfo& value)
+{
+   value.hasProducingFederate = from.get<std::uint32_t>() != 0;
+   if (value.hasProducingFederate) {
+      Decoder<FederateHandle>::read(from, value.producingFederate);
+   }
+}
+
+} // namespace tovu1516e
