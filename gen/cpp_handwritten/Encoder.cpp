@@ -25,31 +25,20 @@ std::uint32_t codeWithin(Enum value, Enum first, Enum last, int offset, int line
 
 using namespace rti1516e;
 
-template <>
-std::uint32_t codeOf(CallbackModel model) noexcept
-{
-   return model == HLA_EVOKED ? 1 : 2;
-}
+std::uint32_t codeOf(CallbackModel model) noexcept { return model == HLA_EVOKED ? 1 : 2; }
 
-template <>
 std::uint32_t codeOf(ResignAction action) noexcept
 {
    return codeWithin(action, UNCONDITIONALLY_DIVEST_ATTRIBUTES, NO_ACTION, 0, 127);
 }
 
-template <>
 std::uint32_t codeOf(TransportationType type) noexcept
 {
    return codeWithin(type, RELIABLE, BEST_EFFORT, 0, 139);
 }
 
-template <>
-std::uint32_t codeOf(OrderType type) noexcept
-{
-   return codeWithin(type, RECEIVE, TIMESTAMP, -1, 151);
-}
+std::uint32_t codeOf(OrderType type) noexcept { return codeWithin(type, RECEIVE, TIMESTAMP, -1, 151); }
 
-template <>
 std::uint32_t codeOf(ServiceGroup group) noexcept
 {
    return codeWithin(group, FEDERATION_MANAGEMENT, SUPPORT_SERVICES, 1, 173);

@@ -51,17 +51,10 @@ struct WordEncoder
 };
 
 // Enumerators are written as codes of the core's; one without a meaning fails an assertion.
-template <class Enum>
-std::uint32_t codeOf(Enum value) noexcept;
-template <>
 std::uint32_t codeOf(rti1516e::CallbackModel) noexcept;
-template <>
 std::uint32_t codeOf(rti1516e::ResignAction) noexcept;
-template <>
 std::uint32_t codeOf(rti1516e::ServiceGroup) noexcept;
-template <>
 std::uint32_t codeOf(rti1516e::OrderType) noexcept;
-template <>
 std::uint32_t codeOf(rti1516e::TransportationType) noexcept;
 
 // And the codes that services return.
