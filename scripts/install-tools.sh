@@ -1,0 +1,35 @@
+#!/usr/bin/env bash
+# Installs what building and testing need and is missing, from Debian's packages, as root or through sudo.
+set -euo pipefail
+
+# A command or file that tells that a package is there, and the package.
+needs=(
+  "g++ g++"
+  "cmake cmake"
+  "ninja ninja-build"
+  "git git"
+  "javac openjdk-17-jdk-headless"
+  "/usr/include/gtest/gtest.h libgtest-dev"
+)
+missing=()
+for need in "${needs[@]}"; do
+  read -r sign package <<<"$need"
+  if ! command -v "$sign" >/dev/null && ! [ -e "$sign" ]; then
+    missing+=("$package")
+  fi
+done
+if [ ${#missing[@]} -eq 0 ]; then
+  exit 0
+fi
+
+echo "Installing: ${missing[*]}"
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  if ! command -v sudo >/dev/null; then
+    echo "Please install these packages as root, then run this again: ${missing[*]}" >&2
+    exit 1
+  fi
+  as_root=(sudo)
+fi
+"${as_root[@]}" apt-get update -q
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"
