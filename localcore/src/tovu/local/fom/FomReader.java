@@ -10,7 +10,6 @@ import java.io.InputStream;
 import java.net.URI;
 import java.net.URISyntaxException;
 import java.nio.file.Files;
-import java.nio.file.InvalidPathException;
 import java.nio.file.Path;
 import java.util.ArrayDeque;
 import java.util.ArrayList;
@@ -90,6 +89,21 @@ public final class FomReader {
         }
     }
 
+    /** Reads a MIM, which has to bring the roots of both class trees. */
+    public FomModule readMim(String designator) throws RTIexception {
+        FomModule mim = read(designator);
+        requireRoot(mim, "objects", "objectClass", ObjectModel.OBJECT_ROOT);
+        requireRoot(mim, "interactions", "interactionClass", ObjectModel.INTERACTION_ROOT);
+        return mim;
+    }
+
+    private void requireRoot(FomModule mim, String table, String row, String root) throws RTIexception {
+        if (mim.root().table(table, row).stream().noneMatch(each -> each.value("name").equals(root))) {
+            throw couldNotRead.apply(kind + " '" + mim.designator() + "' does not define " + root
+                    + "; a MIM has to define the roots of both class trees");
+        }
+    }
+
     private Path locate(String designator) throws RTIexception {
         if (designator.isBlank()) {
             throw couldNotOpen.apply("The designator of a " + kind + " is empty; give a path or a file: URL");
@@ -97,7 +111,7 @@ public final class FomReader {
         try {
             return designator.toLowerCase(Locale.ROOT).startsWith("file:") ? Path.of(fileUri(designator))
                     : Path.of(designator);
-        } catch (InvalidPathException | URISyntaxException | IllegalArgumentException e) {
+        } catch (URISyntaxException | IllegalArgumentException e) {
             throw couldNotOpen.apply(kind + " '" + designator + "' is neither a path nor a file: URL ("
                     + e.getMessage() + ")");
         }

@@ -21,7 +21,9 @@ public final class ObjectModel {
     final List<Attribute> attributes = new ArrayList<>();
     final List<Parameter> parameters = new ArrayList<>();
     final Map<String, Double> updateRates = new HashMap<>();
-    final Map<String, Transportation> transportations = new HashMap<>();
+    final Map<String, Transportation> transportations = new HashMap<>(Map.of(
+            Transportation.RELIABLE.hlaName(), Transportation.RELIABLE,
+            Transportation.BEST_EFFORT.hlaName(), Transportation.BEST_EFFORT));
     final Map<String, String> switches = new HashMap<>();
     private final List<FomModule> modules = new ArrayList<>();
 
