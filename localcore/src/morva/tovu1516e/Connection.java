@@ -1,0 +1,85 @@
+package morva.tovu1516e;
+
+import hla.rti1516e.exceptions.FederateIsExecutionMember;
+import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.RTIinternalError;
+import java.util.List;
+import java.util.concurrent.CompletableFuture;
+import java.util.concurrent.TimeUnit;
+import tovu.local.delivery.CallbackDelivery;
+import tovu.local.model.Federate;
+import tovu.local.model.Federations;
+import tovu.local.model.Session;
+
+/** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
+final class Connection {
+    final Session session = new Session(Federations.ofProcess());
+    private volatile CallbackDelivery delivery;
+
+    void connect(CallbackDelivery theDelivery, boolean immediate) throws RTIexception {
+        session.connect(theDelivery);
+        delivery = theDelivery;
+        if (immediate) {
+            theDelivery.deliverImmediately();
+        }
+    }
+
+    /** @return the new federate's handle */
+    int join(String federateName, String federateType, String federationName, List<String> fomModules)
+            throws RTIexception {
+        Federate federate = session.join(federateName, federateType, federationName, fomModules);
+        delivery().nameFederate(federate.name());
+        return federate.handle();
+    }
+
+    void disconnect() throws RTIexception {
+        try {
+            session.disconnect();
+        } catch (FederateIsExecutionMember e) {
+            suspectDestruction();
+            throw e;
+        }
+        endDelivery();
+    }
+
+    /**
+     * An ambassador that is destroyed while it is joined disconnects in vain and is dropped by the library right after.
+     * Only the garbage collector sees that, and the federation should not have to wait for it to come round.
+     */
+    private static void suspectDestruction() {
+        CompletableFuture.delayedExecutor(100, TimeUnit.MILLISECONDS).execute(System::gc);
+    }
+
+    private void endDelivery() {
+        CallbackDelivery old = delivery;
+        delivery = null;
+        if (old != null) {
+            old.close();
+        }
+    }
+
+    /** Lets go of everything on behalf of an ambassador that no longer exists. */
+    void abandon() {
+        if (session.federate() != null) {
+            System.err.println(session.federate()
+                    + " is gone without resigning; it leaves as its automatic resign directive says");
+        }
+        session.abandon();
+        endDelivery();
+    }
+
+    CallbackDelivery delivery() throws RTIinternalError {
+        CallbackDelivery current = delivery;
+        if (current == null) {
+            throw new RTIinternalError("This ambassador is not connected; call connect first");
+        }
+        return current;
+    }
+
+    void requireOutsideCallback(String service) throws RTIexception {
+        CallbackDelivery current = delivery;
+        if (current != null) {
+            current.requireOutsideCallback(service);
+        }
+    }
+}

@@ -1,0 +1,158 @@
+package morva.tovu1516e;
+
+import hla.rti1516e.exceptions.InvalidResignAction;
+import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.UnsupportedCallbackModel;
+import java.util.List;
+import java.util.Set;
+import tovu.local.delivery.CallbackDelivery;
+import tovu.local.model.FederationPlan;
+import tovu.local.model.ResignAction;
+
+/** Federation management. */
+abstract class FederationServices extends AmbassadorServices {
+    private static final int EVOKED = 1;
+    private static final int IMMEDIATE = 2;
+
+    /** The local settings designator settles nothing here: a federate may keep what it gives another core. */
+    public final void connect_FA_CM_S(byte[] message) throws RTIexception {
+        MessageReader in = new MessageReader(message);
+        int context = in.integer();
+        int callbackModel = in.integer();
+        connection.requireOutsideCallback("connect");
+        if (callbackModel != EVOKED && callbackModel != IMMEDIATE) {
+            throw new UnsupportedCallbackModel("Callback model " + callbackModel
+                    + " is unknown; use HLA_EVOKED or HLA_IMMEDIATE");
+        }
+        connection.connect(CallbackDelivery.toContext(context), callbackModel == IMMEDIATE);
+    }
+
+    public final void disconnect() throws RTIexception {
+        connection.requireOutsideCallback("disconnect");
+        connection.disconnect();
+    }
+
+    public final void createFederationExecution_S_URL_S(byte[] message) throws RTIexception {
+        MessageReader in = new MessageReader(message);
+        connection.session.createFederationExecution(
+                new FederationPlan(in.text(), List.of(in.text()), null, in.text()));
+    }
+
+    public final void createFederationExecution_S_URLX_S(byte[] message) throws RTIexception {
+        MessageReader in = new MessageReader(message);
+        connection.session.createFederationExecution(
+                new FederationPlan(in.text(), in.textList(), null, in.text()));
+    }
+
+    public final void createFederationExecution_S_URLX_URL_S(byte[] message) throws RTIexception {
+        MessageReader in = new MessageReader(message);
+        connection.session.createFederationExecution(
+                new FederationPlan(in.text(), in.textList(), in.text(), in.text()));
+    }
+
+    public final void destroyFederationExecution_S(byte[] message) throws RTIexception {
+        connection.session.destroyFederationExecution(new MessageReader(message).text());
+    }
+
+    public final void listFederationExecutions() throws RTIexception {
+        connection.session.listFederationExecutions();
+    }
+
+    public final int joinFederationExecution_S_S_S_URLX(byte[] message) throws RTIexception {
+        MessageReader in = new MessageReader(message);
+        return join(in.text(), in);
+    }
+
+    public final int joinFederationExecution_S_S_URLX(byte[] message) throws RTIexception {
+        return join(null, new MessageReader(message));
+    }
+
+    private int join(String federateName, MessageReader in) throws RTIexception {
+        connection.requireOutsideCallback("joinFederationExecution");
+        return connection.join(federateName, in.text(), in.text(), in.textList());
+    }
+
+    public final void resignFederationExecution_RA(byte[] message) throws RTIexception {
+        connection.requireOutsideCallback("resignFederationExecution");
+        ResignAction action = resignAction(new MessageReader(message).integer());
+        connection.session.resign(action);
+    }
+
+    static ResignAction resignAction(int code) throws InvalidResignAction {
+        if (code < 0 || code >= ResignAction.values().length) {
+            throw new InvalidResignAction("Resign action " + code + " is unknown; use one of the standard's six");
+        }
+        return ResignAction.values()[code];
+    }
+
+    public final void registerFederationSynchronizationPoint_S_BX(byte[] message) throws RTIexception {
+        act(message, (federation, me, in) ->
+                federation.synchronizationPoints().register(me, in.text(), in.bytes(), Set.of()));
+    }
+
+    public final void registerFederationSynchronizationPoint_S_BX_FHS(byte[] message) throws RTIexception {
+        act(message, (federation, me, in) ->
+                federation.synchronizationPoints().register(me, in.text(), in.bytes(), in.handleSet()));
+    }
+
+    public final void synchronizationPointAchieved_S_Z(byte[] message) throws RTIexception {
+        act(message, (federation, me, in) ->
+                federation.synchronizationPoints().achieved(me, in.text(), in.flag()));
+    }
+
+    public final void requestFederationSave_S(byte[] message) throws RTIexception {
+        act(message, (federation, me, in) -> federation.save().request(in.text()));
+    }
+
+    public final void requestFederationSave_S_LT(byte[] message) throws RTIexception {
+        throw new hla.rti1516e.exceptions.RTIinternalError("requestFederationSave is not served yet");
+    }
+
+    public final void federateSaveBegun() throws RTIexception {
+        doAnytime((federation, me, in) -> federation.save().begun(me));
+    }
+
+    public final void federateSaveComplete() throws RTIexception {
+        completeSave(true);
+    }
+
+    public final void federateSaveNotComplete() throws RTIexception {
+        completeSave(false);
+    }
+
+    private void completeSave(boolean successfully) throws RTIexception {
+        doAnytime((federation, me, in) -> federation.save().complete(me, successfully));
+    }
+
+    public final void abortFederationSave() throws RTIexception {
+        doAnytime((federation, me, in) -> federation.save().abort());
+    }
+
+    public final void queryFederationSaveStatus() throws RTIexception {
+        doAnytime((federation, me, in) -> federation.save().queryStatus(me));
+    }
+
+    public final void requestFederationRestore_S(byte[] message) throws RTIexception {
+        act(message, (federation, me, in) -> federation.restore().request(me, in.text()));
+    }
+
+    public final void federateRestoreComplete() throws RTIexception {
+        completeRestore(true);
+    }
+
+    public final void federateRestoreNotComplete() throws RTIexception {
+        completeRestore(false);
+    }
+
+    private void completeRestore(boolean successfully) throws RTIexception {
+        doAnytime((federation, me, in) -> federation.restore().complete(me, successfully));
+    }
+
+    public final void abortFederationRestore() throws RTIexception {
+        doAnytime((federation, me, in) -> federation.restore().abort());
+    }
+
+    public final void queryFederationRestoreStatus() throws RTIexception {
+        doAnytime((federation, me, in) -> federation.restore().queryStatus(me));
+    }
+}

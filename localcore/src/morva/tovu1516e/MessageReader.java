@@ -1,0 +1,132 @@
+package morva.tovu1516e;
+
+import hla.rti1516e.exceptions.InvalidLogicalTime;
+import java.lang.invoke.MethodHandles;
+import java.lang.invoke.VarHandle;
+import java.nio.ByteOrder;
+import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.Collection;
+import java.util.List;
+import java.util.Set;
+import java.util.TreeSet;
+import tovu.local.model.HandleValues;
+
+/** Reads the arguments of one service message in their order. A message shorter than its arguments is a fault. */
+final class MessageReader {
+    private static final VarHandle INTEGER = MethodHandles.byteArrayViewVarHandle(int[].class, ByteOrder.BIG_ENDIAN);
+    private static final VarHandle LONG = MethodHandles.byteArrayViewVarHandle(long[].class, ByteOrder.BIG_ENDIAN);
+    private static final byte[] NO_BYTES = {};
+    private static final int[] NO_HANDLES = {};
+
+    private final byte[] message;
+    private int position;
+
+    MessageReader(byte[] message) {
+        this.message = message;
+    }
+
+    private int advance(int size) {
+        int start = position;
+        position = Math.addExact(start, size);
+        return start;
+    }
+
+    int integer() {
+        return (int) INTEGER.get(message, advance(Integer.BYTES));
+    }
+
+    int handle() {
+        return integer();
+    }
+
+    boolean flag() {
+        return integer() != 0;
+    }
+
+    long longInteger() {
+        return (long) LONG.get(message, advance(Long.BYTES));
+    }
+
+    double real() {
+        return Double.longBitsToDouble(longInteger());
+    }
+
+    private int count() {
+        return Math.max(0, integer());
+    }
+
+    String text() {
+        int length = count();
+        int start = advance(Math.multiplyExact(length, 2));
+        char[] characters = new char[length];
+        for (int i = 0; i < length; ++i) {
+            characters[i] = (char) (message[start + 2 * i] << 8 | message[start + 2 * i + 1] & 0xFF);
+        }
+        return new String(characters);
+    }
+
+    private <T extends Collection<String>> T texts(T texts) {
+        for (int left = count(); left > 0; --left) {
+            texts.add(text());
+        }
+        return texts;
+    }
+
+    List<String> textList() {
+        return texts(new ArrayList<>());
+    }
+
+    Set<String> textSet() {
+        return texts(new TreeSet<>());
+    }
+
+    byte[] bytes() {
+        int length = count();
+        int start = advance(length);
+        return length == 0 ? NO_BYTES : Arrays.copyOfRange(message, start, start + length);
+    }
+
+    int[] handles() {
+        int count = count();
+        if (count == 0) {
+            return NO_HANDLES;
+        }
+        int[] handles = new int[count];
+        for (int i = 0; i < count; ++i) {
+            handles[i] = integer();
+        }
+        return handles;
+    }
+
+    Set<Integer> handleSet() {
+        Set<Integer> set = new TreeSet<>();
+        for (int handle : handles()) {
+            set.add(handle);
+        }
+        return set;
+    }
+
+    /** Values stay where they are: the message is theirs from now on. */
+    HandleValues values() {
+        int count = count();
+        int[] rows = new int[Math.multiplyExact(count, 3)];
+        for (int i = 0; i < count; ++i) {
+            rows[3 * i] = integer();
+            int length = count();
+            rows[3 * i + 1] = advance(length);
+            rows[3 * i + 2] = length;
+        }
+        return new HandleValues(message, rows, count);
+    }
+
+    /** The eight bytes of a time or interval, which is all the rest of the message. */
+    long time() throws InvalidLogicalTime {
+        int left = message.length - position;
+        if (left != Long.BYTES) {
+            throw new InvalidLogicalTime("The logical time's encoding has " + left
+                    + " bytes, not 8; use a time of the federation's own implementation");
+        }
+        return longInteger();
+    }
+}

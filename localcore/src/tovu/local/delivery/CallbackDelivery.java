@@ -1,0 +1,198 @@
+package tovu.local.delivery;
+
+import hla.rti1516e.exceptions.CallNotAllowedFromWithinCallback;
+import hla.rti1516e.exceptions.FederateInternalError;
+import java.util.ArrayDeque;
+import java.util.Queue;
+import java.util.concurrent.TimeUnit;
+import java.util.concurrent.locks.ReentrantLock;
+import tovu.local.model.Callback;
+import tovu.local.model.CallbackSink;
+import tovu.local.model.FederateCallbacks;
+
+/**
+ * The callbacks of one ambassador: a queue, and the delivery of what is in it, one callback at a time and in order. An
+ * evoked delivery runs on the threads that evoke, an immediate one on a thread of its own. The queue's own monitor is
+ * held for a put or a take only; the delivery lock is held while the federate's callback runs, and nothing that the
+ * model does ever waits for it.
+ */
+public final class CallbackDelivery implements CallbackSink {
+    private final Queue<Callback> pending = new ArrayDeque<>();
+    private final ReentrantLock delivering = new ReentrantLock();
+    private final FederateCallbacks federate;
+    private volatile String name = "(not joined)";
+    private boolean enabled = true;
+    private boolean closed;
+    private volatile boolean immediate;
+
+    /** Marks what outlives a membership. */
+    private record ConnectionCallback(Callback callback) implements Callback {
+        @Override
+        public void deliver(FederateCallbacks to) throws FederateInternalError {
+            callback.deliver(to);
+        }
+    }
+
+    public CallbackDelivery(FederateCallbacks federate) {
+        this.federate = federate;
+    }
+
+    /** Delivery to the ambassador with that callback context. */
+    public static CallbackDelivery toContext(int context) {
+        return new CallbackDelivery(new CallbackEncoder(context));
+    }
+
+    /** Names the federate in what is printed about it. */
+    public void nameFederate(String theName) {
+        name = theName;
+    }
+
+    @Override
+    public synchronized void post(Callback callback) {
+        if (!closed) {
+            pending.add(callback);
+            notifyAll();
+        }
+    }
+
+    @Override
+    public void postToConnection(Callback callback) {
+        post(new ConnectionCallback(callback));
+    }
+
+    @Override
+    public synchronized void dropMembership() {
+        pending.removeIf(callback -> !(callback instanceof ConnectionCallback));
+    }
+
+    public synchronized void setEnabled(boolean on) {
+        enabled = on;
+        notifyAll();
+    }
+
+    /** Ends delivery for good: what is pending is dropped, and a delivering thread ends. */
+    public synchronized void close() {
+        closed = true;
+        pending.clear();
+        notifyAll();
+    }
+
+    /** Starts the thread that delivers whenever there is something to deliver. */
+    public void deliverImmediately() {
+        immediate = true;
+        Thread thread = new Thread(() -> {
+            for (Callback next = take(Long.MAX_VALUE); next != null; next = take(Long.MAX_VALUE)) {
+                deliver(next);
+            }
+        }, "callbacks");
+        thread.setDaemon(true);
+        thread.start();
+    }
+
+    /** @throws CallNotAllowedFromWithinCallback when the calling thread is inside a callback of this ambassador */
+    public void requireOutsideCallback(String service) throws CallNotAllowedFromWithinCallback {
+        if (delivering.isHeldByCurrentThread()) {
+            throw new CallNotAllowedFromWithinCallback(service
+                    + " was called from within a callback; return from the callback first");
+        }
+    }
+
+    /**
+     * Delivers one callback, for which it waits no longer than that. Immediate delivery needs no evoking and ignores it.
+     *
+     * @return whether more are pending
+     */
+    public boolean evoke(double seconds) {
+        long deadline = deadline(seconds);
+        if (!immediate && begin(deadline)) {
+            try {
+                deliverNext(deadline);
+            } finally {
+                delivering.unlock();
+            }
+        }
+        return isPending();
+    }
+
+    /**
+     * Delivers callbacks for the minimum time, and on while there are any until the maximum time is over.
+     *
+     * @return whether more are pending
+     */
+    public boolean evokeMultiple(double minimumSeconds, double maximumSeconds) {
+        long minimum = deadline(minimumSeconds);
+        long maximum = deadline(maximumSeconds);
+        if (!immediate && begin(minimum)) {
+            try {
+                while (deliverNext(minimum) && System.nanoTime() - maximum < 0) {
+                    // until the queue stays empty or the time is over
+                }
+            } finally {
+                delivering.unlock();
+            }
+        }
+        return isPending();
+    }
+
+    /** The end of a span that begins now; what is not a sensible time is none at all. */
+    private static long deadline(double seconds) {
+        double nanoseconds = seconds > 0 ? Math.min(seconds * 1e9, Long.MAX_VALUE / 4.0) : 0;
+        return System.nanoTime() + (long) nanoseconds;
+    }
+
+    private boolean begin(long deadline) {
+        try {
+            return delivering.tryLock() || delivering.tryLock(deadline - System.nanoTime(), TimeUnit.NANOSECONDS);
+        } catch (InterruptedException e) {
+            Thread.currentThread().interrupt();
+            return false;
+        }
+    }
+
+    private boolean deliverNext(long deadline) {
+        Callback next = take(deadline);
+        if (next != null) {
+            deliver(next);
+        }
+        return next != null;
+    }
+
+    /** The next callback, or null when there is none until the deadline, or none will come any more. */
+    private synchronized Callback take(long deadline) {
+        while (!closed && (pending.isEmpty() || !enabled)) {
+            long left = deadline == Long.MAX_VALUE ? Long.MAX_VALUE : deadline - System.nanoTime();
+            if (left <= 0) {
+                return null;
+            }
+            try {
+                long milliseconds = Math.max(1, TimeUnit.NANOSECONDS.toMillis(left));
+                wait(milliseconds);
+            } catch (InterruptedException e) {
+                Thread.currentThread().interrupt();
+                return null;
+            }
+        }
+        return pending.poll();
+    }
+
+    private synchronized boolean isPending() {
+        return !immediate && !pending.isEmpty();
+    }
+
+    /** A callback that fails is told and is over; the ones behind it are delivered all the same. */
+    private void deliver(Callback callback) {
+        delivering.lock();
+        try {
+            callback.deliver(federate);
+        } catch (FederateInternalError e) {
+            StackTraceElement[] trace = e.getStackTrace();
+            System.err.println("Federate '" + name + "' failed in callback "
+                    + (trace.length == 0 ? "" : trace[0].getMethodName().replaceFirst("_.*", "")) + ": "
+                    + e.getMessage());
+        } catch (RuntimeException | Error e) {
+            System.err.println("Federate '" + name + "': a callback could not be delivered: " + e);
+        } finally {
+            delivering.unlock();
+        }
+    }
+}

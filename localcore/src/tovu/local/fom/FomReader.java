@@ -1,0 +1,215 @@
+package tovu.local.fom;
+
+import hla.rti1516e.exceptions.CouldNotOpenFDD;
+import hla.rti1516e.exceptions.CouldNotOpenMIM;
+import hla.rti1516e.exceptions.ErrorReadingFDD;
+import hla.rti1516e.exceptions.ErrorReadingMIM;
+import hla.rti1516e.exceptions.RTIexception;
+import java.io.IOException;
+import java.io.InputStream;
+import java.net.URI;
+import java.net.URISyntaxException;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.util.ArrayDeque;
+import java.util.ArrayList;
+import java.util.Deque;
+import java.util.List;
+import java.util.Locale;
+import java.util.function.Function;
+import javax.xml.XMLConstants;
+import javax.xml.parsers.ParserConfigurationException;
+import javax.xml.parsers.SAXParser;
+import javax.xml.parsers.SAXParserFactory;
+import org.xml.sax.Attributes;
+import org.xml.sax.InputSource;
+import org.xml.sax.Locator;
+import org.xml.sax.SAXException;
+import org.xml.sax.SAXParseException;
+import org.xml.sax.helpers.DefaultHandler;
+
+/** Reads FOM modules: from a designator to a tree of elements. Nothing outside the file itself is ever loaded. */
+public final class FomReader {
+    /** Far deeper than any class tree, and shallow enough for code that recurses over the elements. */
+    private static final int MAXIMUM_DEPTH = 500;
+
+    private final String kind;
+    private final Function<String, RTIexception> couldNotOpen;
+    private final Function<String, RTIexception> couldNotRead;
+
+    private FomReader(String kind, Function<String, RTIexception> couldNotOpen,
+            Function<String, RTIexception> couldNotRead) {
+        this.kind = kind;
+        this.couldNotOpen = couldNotOpen;
+        this.couldNotRead = couldNotRead;
+    }
+
+    /** A reader of FOM modules: fails with CouldNotOpenFDD and ErrorReadingFDD. */
+    public static FomReader ofModules() {
+        return new FomReader("FOM module", CouldNotOpenFDD::new, ErrorReadingFDD::new);
+    }
+
+    /** A reader of a MIM: fails with CouldNotOpenMIM and ErrorReadingMIM. */
+    public static FomReader ofMim() {
+        return new FomReader("MIM", CouldNotOpenMIM::new, ErrorReadingMIM::new);
+    }
+
+    /** The MIM that stands in for every federation that names none of its own. */
+    public static FomModule standardMim() {
+        try (InputStream in = FomReader.class.getResourceAsStream("HLAstandardMIM.xml")) {
+            return ofMim().parse("HLAstandardMIM", in);
+        } catch (IOException | RTIexception e) {
+            throw new IllegalStateException("The built-in MIM cannot be read: " + e.getMessage(), e);
+        }
+    }
+
+    public List<FomModule> readAll(List<String> designators) throws RTIexception {
+        List<FomModule> modules = new ArrayList<>();
+        for (String designator : designators) {
+            modules.add(read(designator));
+        }
+        return modules;
+    }
+
+    /** Reads the module that a path or a file: URL designates. */
+    public FomModule read(String designator) throws RTIexception {
+        Path path = locate(designator);
+        if (!Files.exists(path)) {
+            throw couldNotOpen.apply(kind + " '" + designator + "' does not exist (looked for "
+                    + path.toAbsolutePath() + "); give an existing file's path or file: URL");
+        }
+        if (Files.isDirectory(path)) {
+            throw couldNotOpen.apply(kind + " '" + designator + "' is a folder; name the XML file in it");
+        }
+        try (InputStream in = Files.newInputStream(path)) {
+            return parse(designator, in);
+        } catch (IOException e) {
+            throw couldNotOpen.apply(kind + " '" + designator + "' cannot be read (" + e
+                    + "); check the file's permissions");
+        }
+    }
+
+    /** Reads a MIM, which has to bring the roots of both class trees. */
+    public FomModule readMim(String designator) throws RTIexception {
+        FomModule mim = read(designator);
+        requireRoot(mim, "objects", "objectClass", ObjectModel.OBJECT_ROOT);
+        requireRoot(mim, "interactions", "interactionClass", ObjectModel.INTERACTION_ROOT);
+        return mim;
+    }
+
+    private void requireRoot(FomModule mim, String table, String row, String root) throws RTIexception {
+        if (mim.root().table(table, row).stream().noneMatch(each -> each.value("name").equals(root))) {
+            throw couldNotRead.apply(kind + " '" + mim.designator() + "' does not define " + root
+                    + "; a MIM has to define the roots of both class trees");
+        }
+    }
+
+    private Path locate(String designator) throws RTIexception {
+        if (designator.isBlank()) {
+            throw couldNotOpen.apply("The designator of a " + kind + " is empty; give a path or a file: URL");
+        }
+        try {
+            return designator.toLowerCase(Locale.ROOT).startsWith("file:") ? Path.of(fileUri(designator))
+                    : Path.of(designator);
+        } catch (URISyntaxException | IllegalArgumentException e) {
+            throw couldNotOpen.apply(kind + " '" + designator + "' is neither a path nor a file: URL ("
+                    + e.getMessage() + ")");
+        }
+    }
+
+    /** Accepts file:/x, file:///x and file://localhost/x, also with blanks that should have been %20. */
+    private static URI fileUri(String designator) throws URISyntaxException {
+        String rest = designator.substring("file:".length()).replace(" ", "%20");
+        if (rest.startsWith("//localhost/")) {
+            rest = rest.substring("//localhost".length());
+        }
+        URI uri = new URI("file:" + rest);
+        return uri.isOpaque() ? Path.of("").toUri().resolve(new URI(uri.getRawSchemeSpecificPart())) : uri;
+    }
+
+    private FomModule parse(String designator, InputStream in) throws RTIexception, IOException {
+        TreeBuilder builder = new TreeBuilder();
+        try {
+            parser().parse(new InputSource(in), builder);
+        } catch (SAXParseException e) {
+            throw couldNotRead.apply(kind + " '" + designator + "', line " + e.getLineNumber()
+                    + ": " + e.getMessage() + "; correct the XML there");
+        } catch (SAXException e) {
+            throw couldNotRead.apply(kind + " '" + designator + "' is not XML: " + e.getMessage());
+        } catch (java.io.CharConversionException e) {
+            throw couldNotRead.apply(kind + " '" + designator
+                    + "' is not text in the encoding that it declares (" + e.getMessage() + ")");
+        }
+        FomElement root = builder.root;
+        if (!root.tag.equals("objectModel")) {
+            throw couldNotRead.apply(kind + " '" + designator + "', line " + root.line + ": the root element is '"
+                    + root.tag + "' where an object model has 'objectModel'; name an HLA object model file");
+        }
+        return new FomModule(designator, root);
+    }
+
+    private static SAXParser parser() throws SAXException {
+        try {
+            SAXParserFactory factory = SAXParserFactory.newDefaultNSInstance();
+            factory.setFeature(XMLConstants.FEATURE_SECURE_PROCESSING, true);
+            factory.setFeature("http://xml.org/sax/features/external-general-entities", false);
+            factory.setFeature("http://xml.org/sax/features/external-parameter-entities", false);
+            factory.setFeature("http://apache.org/xml/features/nonvalidating/load-external-dtd", false);
+            return factory.newSAXParser();
+        } catch (ParserConfigurationException e) {
+            throw new IllegalStateException("The Java run-time has no usable XML parser: " + e.getMessage(), e);
+        }
+    }
+
+    private static final class TreeBuilder extends DefaultHandler {
+        private final Deque<FomElement> open = new ArrayDeque<>();
+        private FomElement root;
+        private Locator locator;
+
+        @Override
+        public void setDocumentLocator(Locator theLocator) {
+            locator = theLocator;
+        }
+
+        @Override
+        public InputSource resolveEntity(String publicId, String systemId) {
+            return new InputSource(InputStream.nullInputStream());
+        }
+
+        @Override
+        public void startElement(String uri, String name, String qualifiedName, Attributes attributes)
+                throws SAXException {
+            if (open.size() == MAXIMUM_DEPTH) {
+                throw new SAXParseException("elements are nested deeper than " + MAXIMUM_DEPTH, locator);
+            }
+            FomElement element = new FomElement(name, locator.getLineNumber());
+            for (int i = 0; i < attributes.getLength(); ++i) {
+                FomElement attribute = new FomElement(attributes.getLocalName(i), element.line);
+                char[] text = attributes.getValue(i).toCharArray();
+                attribute.addText(text, 0, text.length);
+                element.add(attribute);
+            }
+            if (root == null) {
+                root = element;
+            } else {
+                open.peek().add(element);
+            }
+            open.push(element);
+        }
+
+        @Override
+        public void endElement(String uri, String name, String qualifiedName) {
+            open.pop();
+        }
+
+        @Override
+        public void characters(char[] characters, int start, int length) {
+            open.peek().addText(characters, start, length);
+        }
+
+        @Override
+        public void fatalError(SAXParseException e) throws SAXException {
+            throw e; // the default prints as well
+        }
+    }
+}

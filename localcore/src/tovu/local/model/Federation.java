@@ -1,0 +1,185 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.FederateHandleNotKnown;
+import hla.rti1516e.exceptions.FederateNameAlreadyInUse;
+import hla.rti1516e.exceptions.FederatesCurrentlyJoined;
+import hla.rti1516e.exceptions.FederationExecutionDoesNotExist;
+import hla.rti1516e.exceptions.InvalidFederateHandle;
+import hla.rti1516e.exceptions.NameNotFound;
+import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.RestoreInProgress;
+import hla.rti1516e.exceptions.SaveInProgress;
+import java.util.Collection;
+import java.util.List;
+import java.util.Map;
+import java.util.TreeMap;
+import tovu.local.fom.FomModule;
+import tovu.local.fom.FomReader;
+import tovu.local.fom.ObjectModel;
+import tovu.local.fom.Switches;
+
+/**
+ * A federation execution. Its monitor is the one lock that guards everything in it: the session takes it before any
+ * service is served, and what the model tells a federate it only leaves in that federate's queue, so that no federate's
+ * code ever runs under it.
+ */
+public final class Federation {
+    private final String name;
+    private final TimeFamily timeFamily;
+    private final ObjectModel objectModel;
+    private final Switches switches;
+    private final Map<Integer, Federate> members = new TreeMap<>();
+    private final SynchronizationPoints synchronizationPoints = new SynchronizationPoints(this);
+    private final FederationSave save = new FederationSave(this);
+    private final FederationRestore restore = new FederationRestore(this);
+    private int lastFederate;
+    private boolean closed;
+
+    Federation(String name, ObjectModel objectModel, TimeFamily timeFamily) {
+        this.name = name;
+        this.objectModel = objectModel;
+        this.timeFamily = timeFamily;
+        switches = objectModel.switches();
+    }
+
+    public String name() {
+        return name;
+    }
+
+    public TimeFamily timeFamily() {
+        return timeFamily;
+    }
+
+    public ObjectModel objectModel() {
+        return objectModel;
+    }
+
+    public SynchronizationPoints synchronizationPoints() {
+        return synchronizationPoints;
+    }
+
+    public FederationSave save() {
+        return save;
+    }
+
+    public FederationRestore restore() {
+        return restore;
+    }
+
+    Switches switches() {
+        return switches;
+    }
+
+    Collection<Federate> members() {
+        return members.values();
+    }
+
+    /** The member with that handle, or null. */
+    Federate member(int handle) {
+        return members.get(handle);
+    }
+
+    /** The member of that name, or null. */
+    private Federate member(String federateName) {
+        for (Federate each : members.values()) {
+            if (each.name().equals(federateName)) {
+                return each;
+            }
+        }
+        return null;
+    }
+
+    /** Whether a federate ever had that handle. */
+    boolean hasAssigned(int handle) {
+        return handle >= 1 && handle <= lastFederate;
+    }
+
+    public int federateHandle(String federateName) throws NameNotFound {
+        Federate federate = member(federateName);
+        if (federate == null) {
+            throw new NameNotFound("No federate named '" + federateName + "' is joined to federation '" + name + "'");
+        }
+        return federate.handle();
+    }
+
+    public String federateName(int handle) throws InvalidFederateHandle, FederateHandleNotKnown {
+        if (!hasAssigned(handle)) {
+            throw new InvalidFederateHandle("Handle " + handle + " was never given to a federate of federation '"
+                    + name + "'");
+        }
+        Federate federate = member(handle);
+        if (federate == null) {
+            throw new FederateHandleNotKnown("The federate with handle " + handle + " has resigned from federation '"
+                    + name + "'");
+        }
+        return federate.name();
+    }
+
+    void requireNoSaveOrRestore() throws SaveInProgress, RestoreInProgress {
+        save.requireNotInProgress();
+        restore.requireNotInProgress();
+    }
+
+    Federate join(Session session, CallbackSink sink, String federateName, String federateType,
+            List<String> fomModules) throws RTIexception {
+        synchronized (this) {
+            requireNoSaveOrRestore();
+        }
+        List<FomModule> modules = FomReader.ofModules().readAll(fomModules);
+        synchronized (this) {
+            if (closed) {
+                throw new FederationExecutionDoesNotExist("Federation execution '" + name + "' was just destroyed");
+            }
+            requireNoSaveOrRestore();
+            if (federateName != null && member(federateName) != null) {
+                throw new FederateNameAlreadyInUse("A federate named '" + federateName
+                        + "' is joined to federation '" + name + "' already; choose another name");
+            }
+            objectModel.extend(modules);
+            int handle = ++lastFederate;
+            String chosen = federateName == null ? unusedName(federateType, handle) : federateName;
+            Federate federate = new Federate(this, handle, chosen, federateType, session, sink);
+            members.put(handle, federate);
+            synchronizationPoints.joined(federate);
+            return federate;
+        }
+    }
+
+    private String unusedName(String type, int handle) {
+        String chosen = type + "-" + handle;
+        while (member(chosen) != null) {
+            chosen += "'";
+        }
+        return chosen;
+    }
+
+    void resign(Federate federate, ResignAction action) throws RTIexception {
+        remove(federate);
+    }
+
+    /** Resigns a federate that is gone, as its automatic resign directive says. */
+    synchronized void lose(Federate federate) {
+        remove(federate);
+    }
+
+    private void remove(Federate federate) {
+        members.remove(federate.handle());
+        federate.sink().dropMembership();
+        synchronizationPoints.resigned(federate);
+        save.resigned(federate);
+        restore.resigned(federate);
+    }
+
+    synchronized void close() throws FederatesCurrentlyJoined {
+        if (!members.isEmpty()) {
+            throw new FederatesCurrentlyJoined("Federation execution '" + name + "' has joined federates: "
+                    + String.join(", ", members.values().stream().map(Federate::name).toList())
+                    + "; let them resign first");
+        }
+        closed = true;
+    }
+
+    void postToAll(Callback callback) {
+        members.values().forEach(each -> each.post(callback));
+    }
+}

@@ -1,0 +1,128 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.RestoreInProgress;
+import hla.rti1516e.exceptions.RestoreNotInProgress;
+import hla.rti1516e.exceptions.RestoreNotRequested;
+import hla.rti1516e.exceptions.SaveInProgress;
+import java.util.ArrayList;
+import java.util.HashMap;
+import java.util.Iterator;
+import java.util.List;
+import java.util.Map;
+
+/** The restoring of a federation, and what it may be restored to: the saves of this federation execution. */
+public final class FederationRestore {
+    private final Federation federation;
+    private final Map<String, List<Federate>> saves = new HashMap<>();
+    private final Map<Federate, Federate> successors = new HashMap<>(); // empty while no restore is in progress
+    private final Map<Federate, RestoreStatus> statuses = new HashMap<>();
+    private String label;
+    private boolean failed;
+
+    FederationRestore(Federation federation) {
+        this.federation = federation;
+    }
+
+    boolean isInProgress() {
+        return !statuses.isEmpty();
+    }
+
+    void requireNotInProgress() throws RestoreInProgress {
+        if (isInProgress()) {
+            throw new RestoreInProgress("Federation '" + federation.name() + "' is being restored from '" + label
+                    + "'; wait for the end of the restore");
+        }
+    }
+
+    /** Keeps the state that the federation is in now. */
+    void keep(String theLabel) {
+        saves.put(theLabel, List.copyOf(federation.members()));
+    }
+
+    public void request(Federate requester, String theLabel) {
+        List<Federate> saved = saves.get(theLabel);
+        if (saved == null || !assignSuccessors(saved)) {
+            successors.clear();
+            requester.post(to -> to.requestFederationRestoreFailed(theLabel));
+            return;
+        }
+        label = theLabel;
+        failed = false;
+        requester.post(to -> to.requestFederationRestoreSucceeded(theLabel));
+        federation.postToAll(FederateCallbacks::federationRestoreBegun);
+        successors.forEach((federate, successor) -> {
+            statuses.put(federate, RestoreStatus.RESTORING);
+            federate.post(to -> to.initiateFederateRestore(theLabel, successor.name(), successor.handle()));
+        });
+    }
+
+    /** Finds for each member the saved federate that it is to become: one of its type, by preference itself. */
+    private boolean assignSuccessors(List<Federate> saved) {
+        List<Federate> open = new ArrayList<>(federation.members());
+        List<Federate> left = new ArrayList<>(saved);
+        for (boolean sameName : new boolean[] {true, false}) {
+            for (Iterator<Federate> each = open.iterator(); each.hasNext();) {
+                Federate federate = each.next();
+                left.stream().filter(candidate -> candidate.type().equals(federate.type())
+                        && (!sameName || candidate.name().equals(federate.name()))).findFirst().ifPresent(match -> {
+                            successors.put(federate, match);
+                            left.remove(match);
+                        });
+                if (successors.containsKey(federate)) {
+                    each.remove();
+                }
+            }
+        }
+        return open.isEmpty() && left.isEmpty();
+    }
+
+    /** @param successfully whether the federate has restored its own state */
+    public void complete(Federate federate, boolean successfully) throws RestoreNotRequested, SaveInProgress {
+        federation.save().requireNotInProgress();
+        if (statuses.get(federate) != RestoreStatus.RESTORING) {
+            throw new RestoreNotRequested(federate + " is not asked to restore, or has answered already");
+        }
+        statuses.put(federate, RestoreStatus.WAITING_FOR_FEDERATION_TO_RESTORE);
+        failed |= !successfully;
+        if (!statuses.containsValue(RestoreStatus.RESTORING)) {
+            if (failed) {
+                fail(RestoreFailureReason.FEDERATE_REPORTED_FAILURE);
+            } else {
+                end(FederateCallbacks::federationRestored);
+            }
+        }
+    }
+
+    public void abort() throws RestoreNotInProgress {
+        if (!isInProgress()) {
+            throw new RestoreNotInProgress("Federation '" + federation.name() + "' is not being restored");
+        }
+        fail(RestoreFailureReason.ABORTED);
+    }
+
+    void resigned(Federate federate) {
+        if (statuses.remove(federate) != null) {
+            fail(RestoreFailureReason.FEDERATE_RESIGNED);
+        }
+    }
+
+    private void fail(RestoreFailureReason reason) {
+        end(to -> to.federationNotRestored(reason));
+    }
+
+    private void end(Callback outcome) {
+        statuses.clear();
+        successors.clear();
+        federation.postToAll(outcome);
+    }
+
+    public void queryStatus(Federate federate) throws SaveInProgress {
+        federation.save().requireNotInProgress();
+        List<FederateRestoreStatus> answer = federation.members().stream()
+                .map(each -> new FederateRestoreStatus(each.handle(),
+                        successors.containsKey(each) ? successors.get(each).handle() : 0,
+                        statuses.getOrDefault(each, RestoreStatus.NO_RESTORE_IN_PROGRESS)))
+                .toList();
+        federate.post(to -> to.federationRestoreStatusResponse(answer));
+    }
+}

@@ -1,0 +1,71 @@
+package tovu.local.model;
+
+import java.util.function.IntPredicate;
+
+/** Values of attributes or parameters, in the bytes in which they arrived: they are never copied on their way. */
+public final class HandleValues {
+    private final byte[] bytes;
+    private final int[] rows; // handle, offset and length of each value
+    private final int size;
+
+    /**
+     * @param bytes what the values lie in; must not change any more
+     * @param rows  handle, offset and length of each value, one after the other
+     * @param size  the number of values
+     */
+    public HandleValues(byte[] bytes, int[] rows, int size) {
+        this.bytes = bytes;
+        this.rows = rows;
+        this.size = size;
+    }
+
+    public int size() {
+        return size;
+    }
+
+    public int handle(int index) {
+        return rows[3 * index];
+    }
+
+    public int length(int index) {
+        return rows[3 * index + 2];
+    }
+
+    /** Copies a value to where it is wanted. */
+    public void copy(int index, byte[] destination, int position) {
+        System.arraycopy(bytes, rows[3 * index + 1], destination, position, length(index));
+    }
+
+    public byte[] value(int index) {
+        byte[] value = new byte[length(index)];
+        copy(index, value, 0);
+        return value;
+    }
+
+    /** The values of those handles that are wanted: this very object when that is all of them. */
+    HandleValues select(IntPredicate wanted) {
+        int[] some = null;
+        int count = 0;
+        for (int i = 0; i < size; ++i) {
+            if (wanted.test(handle(i))) {
+                if (some != null) {
+                    System.arraycopy(rows, 3 * i, some, 3 * count, 3);
+                }
+                ++count;
+            } else if (some == null) {
+                some = new int[rows.length];
+                System.arraycopy(rows, 0, some, 0, 3 * i);
+            }
+        }
+        return some == null ? this : new HandleValues(bytes, some, count);
+    }
+
+    @Override
+    public String toString() {
+        StringBuilder text = new StringBuilder("{");
+        for (int i = 0; i < size; ++i) {
+            text.append(i == 0 ? "" : ", ").append(handle(i)).append(": ").append(length(i)).append(" bytes");
+        }
+        return text.append('}').toString();
+    }
+}

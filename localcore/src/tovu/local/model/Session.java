@@ -1,0 +1,147 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.AlreadyConnected;
+import hla.rti1516e.exceptions.FederateAlreadyExecutionMember;
+import hla.rti1516e.exceptions.FederateIsExecutionMember;
+import hla.rti1516e.exceptions.FederateNotExecutionMember;
+import hla.rti1516e.exceptions.NotConnected;
+import hla.rti1516e.exceptions.RTIexception;
+import java.util.List;
+
+/**
+ * One ambassador's way into the model: whether it is connected, and as which federate it is joined. Every service of a
+ * member passes through here, and it is here, and nowhere else, that the federation's lock is taken.
+ */
+public final class Session {
+    private final Federations federations;
+    private CallbackSink sink;
+    private volatile Federate federate;
+
+    /**
+     * A service of a member, run while the federation stands still.
+     *
+     * @param <R> its result
+     */
+    @FunctionalInterface
+    public interface Service<R> {
+        R serve(Federation federation, Federate federate) throws RTIexception;
+    }
+
+    public Session(Federations federations) {
+        this.federations = federations;
+    }
+
+    /** @param theSink takes the federate's callbacks until it disconnects */
+    public synchronized void connect(CallbackSink theSink) throws AlreadyConnected {
+        if (sink != null) {
+            throw new AlreadyConnected("This ambassador is connected already; disconnect it first");
+        }
+        sink = theSink;
+    }
+
+    /** Does nothing when not connected. */
+    public synchronized void disconnect() throws FederateIsExecutionMember {
+        Federate member = federate;
+        if (member != null) {
+            throw new FederateIsExecutionMember(member + " is still joined to federation '"
+                    + member.federation().name() + "'; resign first");
+        }
+        sink = null;
+    }
+
+    /** Leaves everything without being asked nicely: for a federate that will never say anything again. */
+    public synchronized void abandon() {
+        Federate member = federate;
+        if (member != null) {
+            member.federation().lose(member);
+            federate = null;
+        }
+        sink = null;
+    }
+
+    public synchronized void requireConnected() throws NotConnected {
+        if (sink == null) {
+            throw new NotConnected("This ambassador is not connected; call connect first");
+        }
+    }
+
+    public synchronized void createFederationExecution(FederationPlan plan) throws RTIexception {
+        requireConnected();
+        federations.create(plan);
+    }
+
+    public synchronized void destroyFederationExecution(String name) throws RTIexception {
+        requireConnected();
+        federations.destroy(name);
+    }
+
+    public synchronized void listFederationExecutions() throws NotConnected {
+        requireConnected();
+        List<FederationInformation> executions = federations.list();
+        sink.postToConnection(to -> to.reportFederationExecutions(executions));
+    }
+
+    /**
+     * @param federateName null for a name of the federation's choice
+     * @return the new member
+     */
+    public synchronized Federate join(String federateName, String federateType, String federationName,
+            List<String> fomModules) throws RTIexception {
+        requireConnected();
+        if (federate != null) {
+            throw new FederateAlreadyExecutionMember(federate + " is joined to federation '"
+                    + federate.federation().name() + "' already; resign first");
+        }
+        federate = federations.find(federationName).join(this, sink, federateName, federateType, fomModules);
+        return federate;
+    }
+
+    public synchronized void resign(ResignAction action) throws RTIexception {
+        call((federation, member) -> {
+            federation.resign(member, action);
+            federate = null;
+            return null;
+        });
+    }
+
+    /** A service that also serves while the federation saves or restores. */
+    public <R> R call(Service<R> service) throws RTIexception {
+        Federate member = federate;
+        if (member != null) {
+            Federation federation = member.federation();
+            synchronized (federation) {
+                member = federate; // another thread may have resigned it, or a restore may have put another in its place
+                if (member != null && member.federation() == federation) {
+                    return service.serve(federation, member);
+                }
+            }
+        }
+        requireConnected();
+        throw new FederateNotExecutionMember("This ambassador is not joined to a federation execution; join one first");
+    }
+
+    /** A service that has to wait for the end of a save or restore. */
+    public <R> R callOutsideSave(Service<R> service) throws RTIexception {
+        return call((federation, member) -> {
+            federation.requireNoSaveOrRestore();
+            return service.serve(federation, member);
+        });
+    }
+
+    /** Fails while the federation that this ambassador is joined to saves or restores; being joined is not needed. */
+    public void requireNoSaveOrRestore() throws RTIexception {
+        if (federate != null) {
+            callOutsideSave((federation, member) -> null);
+        }
+    }
+
+    /** A restore gives the ambassador the federate that was saved in the place of the one it is. */
+    void become(Federate restored) {
+        federate = restored;
+    }
+
+    /** The federate that this ambassador is joined as, or null. */
+    public Federate federate() {
+        return federate;
+    }
+}

@@ -1,0 +1,145 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.CouldNotCreateLogicalTimeFactory;
+import hla.rti1516e.exceptions.InvalidLogicalTime;
+import hla.rti1516e.exceptions.InvalidLookahead;
+
+/**
+ * The two standard families of logical time. Inside the core a time or interval of either family is one {@code long},
+ * its ordinal: ordinals compare as the times do, the zero interval and the initial time are 0, and the ordinal plus one
+ * is the next time that the family can tell apart.
+ */
+public enum TimeFamily {
+    INTEGER64("HLAinteger64Time") {
+        @Override
+        boolean isNumber(long bits) {
+            return true;
+        }
+
+        @Override
+        long ordinal(long bits) {
+            return bits;
+        }
+
+        @Override
+        long bits(long ordinal) {
+            return ordinal;
+        }
+
+        @Override
+        long plus(long time, long interval) {
+            long sum = time + interval;
+            return ((time ^ sum) & (interval ^ sum)) >= 0 ? sum : interval > 0 ? Long.MAX_VALUE : Long.MIN_VALUE;
+        }
+
+        @Override
+        long minus(long time, long other) {
+            return plus(time, -other);
+        }
+
+        @Override
+        String text(long ordinal) {
+            return Long.toString(ordinal);
+        }
+    },
+
+    FLOAT64("HLAfloat64Time") {
+        @Override
+        boolean isNumber(long bits) {
+            return !Double.isNaN(Double.longBitsToDouble(bits));
+        }
+
+        @Override
+        long ordinal(long bits) {
+            return bits == Long.MIN_VALUE ? 0 : flip(bits); // minus zero is zero
+        }
+
+        @Override
+        long bits(long ordinal) {
+            return flip(ordinal);
+        }
+
+        /** Turns the order of the negative half around, so that all doubles compare as their bits do. */
+        private long flip(long bits) {
+            return bits ^ ((bits >> 63) & Long.MAX_VALUE);
+        }
+
+        private double real(long ordinal) {
+            return Double.longBitsToDouble(bits(ordinal));
+        }
+
+        @Override
+        long plus(long time, long interval) {
+            double sum = real(time) + real(interval);
+            boolean absorbed = sum == real(time) && interval > 0;
+            return absorbed ? time + 1 : ordinal(Double.doubleToRawLongBits(sum));
+        }
+
+        @Override
+        long minus(long time, long other) {
+            return ordinal(Double.doubleToRawLongBits(real(time) - real(other)));
+        }
+
+        @Override
+        String text(long ordinal) {
+            return Double.toString(real(ordinal));
+        }
+    };
+
+    /** Later than any time that can be asked for: what has no bound is bounded by this. */
+    static final long NEVER = Long.MAX_VALUE;
+
+    private final String implementationName;
+
+    TimeFamily(String implementationName) {
+        this.implementationName = implementationName;
+    }
+
+    /** The family of that name; the empty name is the default family's. */
+    static TimeFamily named(String name) throws CouldNotCreateLogicalTimeFactory {
+        if (name.isEmpty()) {
+            return FLOAT64;
+        }
+        for (TimeFamily family : values()) {
+            if (family.implementationName.equals(name)) {
+                return family;
+            }
+        }
+        throw new CouldNotCreateLogicalTimeFactory("Logical time implementation '" + name
+                + "' is unknown; use HLAinteger64Time, HLAfloat64Time or an empty name");
+    }
+
+    public String implementationName() {
+        return implementationName;
+    }
+
+    abstract boolean isNumber(long bits);
+
+    /** The ordinal of a time or interval's own eight bytes. */
+    abstract long ordinal(long bits);
+
+    /** The eight bytes of an ordinal. */
+    abstract long bits(long ordinal);
+
+    /** The time an interval later; never equal to the time unless the interval is zero. */
+    abstract long plus(long time, long interval);
+
+    abstract long minus(long time, long other);
+
+    abstract String text(long ordinal);
+
+    long time(long bits) throws InvalidLogicalTime {
+        if (!isNumber(bits)) {
+            throw new InvalidLogicalTime("The logical time is not a number; give a number");
+        }
+        return ordinal(bits);
+    }
+
+    long lookahead(long bits) throws InvalidLookahead {
+        if (!isNumber(bits) || ordinal(bits) < 0) {
+            throw new InvalidLookahead("The lookahead is " + (isNumber(bits) ? text(ordinal(bits)) : "not a number")
+                    + "; give zero or more");
+        }
+        return ordinal(bits);
+    }
+}
