@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what building and testing need and is missing, from Debian's packages, as root or through sudo.
+# Installs what building and testing need and is missing, from Debian's packages, as root or through sudo. With
+# the word lint, also what the checks of the sources need.
 set -euo pipefail
 
 # A command or file that tells that a package is there, and the package.
@@ -11,6 +12,9 @@ needs=(
   "javac openjdk-17-jdk-headless"
   "/usr/include/gtest/gtest.h libgtest-dev"
 )
+if [ "${1:-}" = lint ]; then
+  needs+=("clang-format clang-format" "clang-tidy clang-tidy")
+fi
 missing=()
 for need in "${needs[@]}"; do
   read -r sign package <<<"$need"

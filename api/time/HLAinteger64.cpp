@@ -19,12 +19,14 @@ struct IntegerAxis
 
    static Integer64 sum(Integer64 a, Integer64 b) noexcept
    {
-      return static_cast<Integer64>(static_cast<std::uint64_t>(a) + static_cast<std::uint64_t>(b));
+      std::uint64_t const bits = static_cast<std::uint64_t>(a) + static_cast<std::uint64_t>(b);
+      return static_cast<Integer64>(bits);
    }
 
    static Integer64 difference(Integer64 a, Integer64 b) noexcept
    {
-      return static_cast<Integer64>(static_cast<std::uint64_t>(a) - static_cast<std::uint64_t>(b));
+      std::uint64_t const bits = static_cast<std::uint64_t>(a) - static_cast<std::uint64_t>(b);
+      return static_cast<Integer64>(bits);
    }
 
    static constexpr auto later = sum;
