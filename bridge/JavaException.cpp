@@ -9,30 +9,35 @@ namespace tovu1516e {
 namespace {
 
 // Calls a method of the exception that takes nothing and gives a string. What the method itself raises counts
-// as no string.
-LocalReference<jstring> callForString(JNIEnv* env, jthrowable exception, char const* method)
+// as no string, and so does a string that cannot be read.
+bool callForText(JNIEnv* env, jthrowable exception, char const* method, std::wstring& text)
 {
    LocalReference<jclass> const cls(env, env->GetObjectClass(exception));
    jmethodID const id = env->GetMethodID(cls.get(), method, "()Ljava/lang/String;");
-   auto* const text = id == nullptr ? nullptr : static_cast<jstring>(env->CallObjectMethod(exception, id));
-   if (env->ExceptionCheck() == JNI_TRUE) {
+   LocalReference<jstring> const javaText(
+      env, id == nullptr ? nullptr : static_cast<jstring>(env->CallObjectMethod(exception, id)));
+   if (env->ExceptionCheck() != JNI_FALSE) {
       env->ExceptionClear();
-      return {env, nullptr};
+      return false;
    }
-   return {env, text};
+   return javaText && readJavaText(env, javaText.get(), text);
 }
 
 std::wstring descriptionOf(JNIEnv* env, jthrowable exception)
 {
-   return wideText(env, callForString(env, exception, "toString").get());
+   std::wstring text;
+   if (!callForText(env, exception, "toString", text)) {
+      text = L"A Java exception that cannot be described";
+   }
+   return text;
 }
 
 } // namespace
 
 std::wstring messageOf(JNIEnv* env, jthrowable exception)
 {
-   auto const message = callForString(env, exception, "getMessage");
-   return message ? wideText(env, message.get()) : descriptionOf(env, exception);
+   std::wstring text;
+   return callForText(env, exception, "getMessage", text) ? text : descriptionOf(env, exception);
 }
 
 bool isJavaExceptionOf(JNIEnv* env, jthrowable exception, char const* className, std::wstring& message)

@@ -64,21 +64,22 @@ std::optional<std::wstring> utf8Characters(std::string const& text)
 
 } // namespace
 
-std::wstring wideText(JNIEnv* env, jstring text)
+bool readJavaText(JNIEnv* env, jstring javaText, std::wstring& text)
 {
-   std::wstring result;
-   if (text == nullptr) {
-      return result;
+   text.clear();
+   if (javaText == nullptr) {
+      return true;
    }
-   auto const length = static_cast<std::size_t>(env->GetStringLength(text));
-   result.reserve(length);
-   if (jchar const* const units = env->GetStringCritical(text, nullptr); units != nullptr) {
-      assignUtf16(result, length, [units](std::size_t i) { return static_cast<char16_t>(units[i]); });
-      env->ReleaseStringCritical(text, units);
-   } else {
-      env->ExceptionClear(); // no memory to pin it: the text is lost, the outcome is not
+   auto const length = static_cast<std::size_t>(env->GetStringLength(javaText));
+   text.reserve(length); // nothing is allocated while the units are pinned
+   jchar const* const units = env->GetStringCritical(javaText, nullptr);
+   if (units == nullptr) {
+      env->ExceptionClear();
+      return false;
    }
-   return result;
+   assignUtf16(text, length, [units](std::size_t i) { return static_cast<char16_t>(units[i]); });
+   env->ReleaseStringCritical(javaText, units);
+   return true;
 }
 
 std::wstring widen(char const* bytes)

@@ -60,8 +60,9 @@ void assignUtf16(std::wstring& text, std::size_t count, Unit unit)
    text.resize(length);
 }
 
-// The text of a Java string; empty for null.
-std::wstring wideText(JNIEnv* env, jstring text);
+// Gives the text of a Java string, empty for null. False if the VM has no memory to show it; no Java
+// exception is pending in either case.
+bool readJavaText(JNIEnv* env, jstring javaText, std::wstring& text);
 
 // Bytes of an environment variable or a class path: each becomes the character of that number.
 std::wstring widen(char const* bytes);

@@ -2,6 +2,7 @@
 
 #include "bridge/PinnedArray.h"
 #include "bridge/ShortBytes.h"
+#include "bridge/WideText.h"
 
 #include <RTI/Exception.h>
 
@@ -9,6 +10,11 @@
 
 namespace tovu1516e {
 namespace {
+
+[[noreturn]] void failReading()
+{
+   throw rti1516e::RTIinternalError(L"Cannot read the result of a service: the Java VM cannot pin it");
+}
 
 std::size_t lengthOf(JNIEnv* env, jarray array) noexcept
 {
@@ -22,7 +28,8 @@ void readPinned(JNIEnv* env, jarray array, Read read)
    std::size_t const length = lengthOf(env, array);
    PinnedArray<Element> const pinned(env, array);
    if (pinned.get() == nullptr && length != 0) {
-      throw rti1516e::RTIinternalError(L"Cannot read the result: the Java VM cannot pin an array");
+      env->ExceptionClear();
+      failReading();
    }
    read(pinned.get(), length);
 }
@@ -47,6 +54,15 @@ std::auto_ptr<Time> decodeTime(ResultContext const& context, jobject array,
 }
 
 } // namespace
+
+std::wstring Result<std::wstring>::read(ResultContext const& context, jvalue value)
+{
+   std::wstring text;
+   if (!readJavaText(context.env, static_cast<jstring>(value.l), text)) {
+      failReading();
+   }
+   return text;
+}
 
 template <class Handle>
 std::set<Handle> Result<std::set<Handle>>::read(ResultContext const& context, jvalue value)

@@ -3,7 +3,6 @@
 
 #include "api/HandleAccess.h"
 #include "bridge/CallbackContext.h"
-#include "bridge/WideText.h"
 #include "gen/cpp_handwritten/Encoder.h"
 
 #include <RTI/Enums.h>
@@ -134,10 +133,7 @@ template <>
 struct Result<std::wstring>
 {
    static constexpr JavaType javaType = JavaType::String;
-   static std::wstring read(ResultContext const& context, jvalue value)
-   {
-      return wideText(context.env, static_cast<jstring>(value.l));
-   }
+   static std::wstring read(ResultContext const& context, jvalue value);
 };
 
 template <class Handle>
