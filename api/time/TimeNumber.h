@@ -7,12 +7,13 @@
 #include <RTI/Exception.h>
 #include <RTI/VariableLengthData.h>
 
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <locale>
-#include <sstream>
+#include <iterator>
 #include <string>
+#include <type_traits>
 
 namespace rti1516e::time {
 
@@ -74,13 +75,18 @@ Number decode(void const* buffer, std::size_t bufferSize)
    return fromBits<Number>(loadBigEndian<std::uint64_t>(buffer));
 }
 
+// The number as a stream of the classic locale prints it.
 template <class Number>
-std::wstring textOf(wchar_t const* kind, Number number)
+std::wstring textOf(std::wstring const& kind, Number number)
 {
-   std::wostringstream text;
-   text.imbue(std::locale::classic());
-   text << kind << L'<' << number << L'>';
-   return text.str();
+   char digits[32];
+   std::to_chars_result result;
+   if constexpr (std::is_floating_point_v<Number>) {
+      result = std::to_chars(digits, std::end(digits), number, std::chars_format::general, 6);
+   } else {
+      result = std::to_chars(digits, std::end(digits), number);
+   }
+   return kind + L"<" + std::wstring(digits, result.ptr) + L">";
 }
 
 } // namespace rti1516e::time

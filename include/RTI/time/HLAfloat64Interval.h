@@ -66,8 +66,9 @@ public:
    virtual void setInterval(double value);
    operator double() const;
 
-   // The operator above for two intervals of this class, which C++20 could not choose between it and its
-   // reverse for. It is a template so that a number is not converted to a interval but compared as a number.
+   // For two intervals of this class, which C++20 compares ambiguously by the virtual operator: it finds that
+   // one and its reverse. A template, so that a number is compared as a number rather than made one of the
+   // intervals.
    template <typename Same>
    typename std::enable_if<std::is_same<Same, HLAfloat64Interval>::value, bool>::type operator==(
       Same const& value) const

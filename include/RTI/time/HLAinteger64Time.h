@@ -65,8 +65,8 @@ public:
    virtual void setTime(Integer64 value);
    operator Integer64() const;
 
-   // The operator above for two times of this class, which C++20 could not choose between it and its reverse
-   // for. It is a template so that a number is not converted to a time but compared as a number.
+   // For two times of this class, which C++20 compares ambiguously by the virtual operator: it finds that one
+   // and its reverse. A template, so that a number is compared as a number rather than made one of the times.
    template <typename Same>
    typename std::enable_if<std::is_same<Same, HLAinteger64Time>::value, bool>::type operator==(
       Same const& value) const
