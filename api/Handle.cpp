@@ -19,6 +19,16 @@ std::wstring textOf(wchar_t const* kind, long long number)
    return std::wstring(kind) + L"<" + std::to_wstring(number) + L">";
 }
 
+// Whoever has too few bytes has not got them from a handle.
+std::uint32_t decoded(VariableLengthData const& encodedValue)
+{
+   if (encodedValue.size() < encodedSize) {
+      throw CouldNotDecode(L"A handle is encoded in 4 bytes, and these are only " +
+                           std::to_wstring(encodedValue.size()));
+   }
+   return loadBigEndian<std::uint32_t>(encodedValue.data());
+}
+
 template <class Implementation>
 std::uint32_t numberIn(Implementation const* implementation) noexcept
 {
@@ -31,9 +41,7 @@ std::uint32_t numberIn(Implementation const* implementation) noexcept
    HandleKind::HandleKind(HandleKind##Implementation* implementation) noexcept                               \
       : _value(numberIn(implementation))                                                                     \
    {}                                                                                                        \
-   HandleKind::HandleKind(VariableLengthData const& encodedValue)                                            \
-      : _value(loadBigEndian<std::uint32_t>(encodedValue.data()))                                            \
-   {}                                                                                                        \
+   HandleKind::HandleKind(VariableLengthData const& encodedValue) : _value(decoded(encodedValue)) {}         \
    HandleKind##Implementation* HandleKind::getImplementation() const noexcept                                \
    {                                                                                                         \
       return reinterpret_cast<HandleKind##Implementation*>(static_cast<std::uintptr_t>(_value));             \

@@ -40,7 +40,7 @@ namespace rti1516e {
       friend struct HandleAccess;                                                                \
       /* The implementation of a handle is its number, carried by the pointer itself. */         \
       explicit HandleKind(HandleKind##Implementation* implementation) noexcept;                  \
-      /* Reads the first 4 bytes; fewer are outside the contract. */                             \
+      /* Reads the first 4 bytes; throws CouldNotDecode if there are fewer. */                   \
       explicit HandleKind(VariableLengthData const& encodedValue);                               \
       HandleKind##Implementation* getImplementation() const noexcept;                            \
                                                                                                  \
