@@ -1,0 +1,216 @@
+// Want of memory at each allocation of an operation in turn: what was there stays, and nothing is lost. A
+// program of its own, for it replaces operator new.
+#include "api/HandleAccess.h"
+#include "tests/values/Bytes.h"
+
+#include <RTI/Exception.h>
+#include <RTI/time/HLAfloat64TimeFactory.h>
+#include <RTI/time/HLAinteger64TimeFactory.h>
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <limits>
+#include <new>
+#include <type_traits>
+#include <typeinfo>
+
+namespace {
+
+constexpr long plenty = std::numeric_limits<long>::max();
+long allowed = plenty; // allocations that still succeed
+long live = 0;         // allocations not yet released
+
+void* allocate(std::size_t size) noexcept
+{
+   if (allowed == 0) {
+      return nullptr;
+   }
+   if (allowed != plenty) {
+      --allowed;
+   }
+   ++live;
+   return std::malloc(size + (size == 0));
+}
+
+void* require(void* memory) { return memory != nullptr ? memory : throw std::bad_alloc(); }
+
+void release(void* memory) noexcept
+{
+   live -= memory != nullptr;
+   std::free(memory);
+}
+
+} // namespace
+
+// All that the library uses: a sanitizer has its own of each and does not pass them on to one another.
+void* operator new(std::size_t size) { return require(allocate(size)); }
+void* operator new[](std::size_t size) { return require(allocate(size)); }
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept { return allocate(size); }
+void operator delete(void* memory) noexcept { release(memory); }
+void operator delete[](void* memory) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { release(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
+
+namespace {
+
+using namespace rti1516e;
+
+enum class Outcome
+{
+   done,
+   badAlloc
+};
+
+template <class Operation>
+Outcome runWithMemoryFor(long allocations, Operation operation)
+{
+   allowed = allocations;
+   auto outcome = Outcome::done;
+   try {
+      operation();
+   } catch (std::bad_alloc const&) {
+      outcome = Outcome::badAlloc;
+   }
+   allowed = plenty;
+   return outcome;
+}
+
+// The operation makes everything it needs and lets go of it again.
+template <class Operation>
+void expectNothingLost(Operation operation)
+{
+   long const before = live;
+   long allocations = 0;
+   while (runWithMemoryFor(allocations, operation) == Outcome::badAlloc) {
+      EXPECT_EQ(live, before) << "after " << allocations << " allocations";
+      ++allocations;
+   }
+   EXPECT_GT(allocations, 0) << "nothing was allocated at all";
+   EXPECT_EQ(live, before);
+}
+
+Bytes const old = {'o', 'l', 'd'};
+Bytes const fresh = {'n', 'e', 'w', '!'};
+
+// Bytes are allocated first, which fails with std::bad_alloc and changes nothing; then the record behind the
+// object, without which it is left empty.
+TEST(WantOfMemory, LeavesDataAsItWasOrEmpty)
+{
+   VariableLengthData const source(fresh.data(), 4);
+   void (*const ways[])(VariableLengthData&, VariableLengthData const&) = {
+      [](VariableLengthData& data, VariableLengthData const& from) { data.setData(from.data(), 4); },
+      [](VariableLengthData& data, VariableLengthData const& from) { data = from; },
+      [](VariableLengthData& data, VariableLengthData const& from) {
+         data = VariableLengthData(from.data(), 4);
+      },
+   };
+   struct
+   {
+      Outcome outcome;
+      Bytes left;
+   } const expected[] = {{Outcome::badAlloc, old}, {Outcome::done, {}}, {Outcome::done, fresh}};
+   for (auto* const way : ways) {
+      for (long allocations = 0; allocations < 3; ++allocations) {
+         long const before = live;
+         {
+            VariableLengthData data(old.data(), 3);
+            EXPECT_EQ(runWithMemoryFor(allocations, [&] { way(data, source); }),
+                      expected[allocations].outcome);
+            EXPECT_EQ(bytesOf(data), expected[allocations].left);
+            EXPECT_EQ(data.data() == nullptr, expected[allocations].left.empty());
+         }
+         EXPECT_EQ(live, before);
+      }
+   }
+}
+
+TEST(WantOfMemory, ReleasesTakenBytesOnce)
+{
+   static int released;
+   released = 0;
+   char bytes[] = "abc";
+   VariableLengthData data(old.data(), 3);
+   runWithMemoryFor(0, [&] { data.takeDataPointer(bytes, 3, [](void*) { ++released; }); });
+   EXPECT_EQ(released, 1);
+   EXPECT_EQ(data.data(), nullptr);
+   EXPECT_EQ(data.size(), 0U);
+   runWithMemoryFor(0, [&] { data.setDataPointer(bytes, 3); });
+   EXPECT_EQ(data.data(), nullptr);
+   EXPECT_EQ(released, 1);
+}
+
+TEST(WantOfMemory, LeavesRetractionHandlesAsTheyWere)
+{
+   auto const source = HandleAccess::retractionHandle(7, "extra", 5);
+   auto const encoded = source.encode();
+   expectNothingLost([&] { MessageRetractionHandle const copy(source); });
+   expectNothingLost([&] { static_cast<void>(source.encode()); });
+   expectNothingLost([&] { HandleAccess::decode<MessageRetractionHandle>(encoded); });
+   auto target = HandleAccess::retractionHandle(8, "x", 1);
+   for (long allocations = 0; allocations < 2; ++allocations) {
+      EXPECT_EQ(runWithMemoryFor(allocations, [&] { target = source; }), Outcome::badAlloc);
+      EXPECT_EQ(target, HandleAccess::retractionHandle(8, "", 0));
+      EXPECT_EQ(target.encodedLength(), 9U);
+   }
+}
+
+template <class Factory>
+struct WantOfMemoryForTimes : testing::Test
+{};
+using Factories = testing::Types<HLAinteger64TimeFactory, HLAfloat64TimeFactory>;
+TYPED_TEST_SUITE(WantOfMemoryForTimes, Factories, );
+
+TYPED_TEST(WantOfMemoryForTimes, LosesNothing)
+{
+   TypeParam factory;
+   auto const time = factory.makeLogicalTime(1);
+   auto const interval = factory.makeLogicalTimeInterval(1);
+   using Time = std::remove_reference_t<decltype(*time)>;
+   using Interval = std::remove_reference_t<decltype(*interval)>;
+   auto data = time->encode();
+   char bytes[8] = {};
+
+   expectNothingLost([] { Time(); });
+   expectNothingLost([] { Time(3); });
+   expectNothingLost([&] { Time{*time}; });
+   expectNothingLost([&] { Time(static_cast<LogicalTime const&>(*time)); });
+   expectNothingLost([] { Interval(); });
+   expectNothingLost([] { Interval(3); });
+   expectNothingLost([&] { Interval{*interval}; });
+   expectNothingLost([&] { Interval(static_cast<LogicalTimeInterval const&>(*interval)); });
+   expectNothingLost([&] { time->encode(); });
+   expectNothingLost([&] { time->toString(); });
+   expectNothingLost([&] { interval->implementationName(); });
+   expectNothingLost([&] { factory.getName(); });
+   expectNothingLost([&] { factory.makeInitial(); });
+   expectNothingLost([&] { factory.makeFinal(); });
+   expectNothingLost([&] { factory.makeZero(); });
+   expectNothingLost([&] { factory.makeEpsilon(); });
+   expectNothingLost([&] { factory.makeLogicalTime(1); });
+   expectNothingLost([&] { factory.makeLogicalTimeInterval(1); });
+   expectNothingLost([&] { factory.decodeLogicalTime(bytes, 8); });
+   expectNothingLost([&] { factory.decodeLogicalTime(data); });
+   expectNothingLost([&] { factory.decodeLogicalTimeInterval(bytes, 8); });
+   expectNothingLost([&] { factory.decodeLogicalTimeInterval(data); });
+   expectNothingLost([&] { HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(factory.getName()); });
+}
+
+TYPED_TEST(WantOfMemoryForTimes, RefusalsLeaveNothingBehind)
+{
+   constexpr bool isInteger = std::is_same_v<TypeParam, HLAinteger64TimeFactory>;
+   std::conditional_t<isInteger, HLAfloat64TimeFactory, HLAinteger64TimeFactory> foreignFactory;
+   auto const foreignTime = foreignFactory.makeInitial();
+   auto const foreignInterval = foreignFactory.makeZero();
+   TypeParam factory;
+   using Time = std::remove_reference_t<decltype(*factory.makeLogicalTime(1))>;
+   using Interval = std::remove_reference_t<decltype(*factory.makeLogicalTimeInterval(1))>;
+
+   long const before = live;
+   EXPECT_THROW(Time{*foreignTime}, std::bad_cast);
+   EXPECT_THROW(Interval{*foreignInterval}, std::bad_cast);
+   EXPECT_THROW(factory.decodeLogicalTime(nullptr, 7), CouldNotDecode);
+   EXPECT_THROW(factory.decodeLogicalTimeInterval(nullptr, 7), CouldNotDecode);
+   EXPECT_EQ(live, before);
+}
+
+} // namespace

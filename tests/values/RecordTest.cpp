@@ -1,0 +1,76 @@
+#include "api/HandleAccess.h"
+
+#include <RTI/RangeBounds.h>
+#include <RTI/Typedefs.h>
+
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace {
+
+using namespace rti1516e;
+
+FederateHandle const federate = HandleAccess::make<FederateHandle>(3);
+RegionHandleSet const regions = {HandleAccess::make<RegionHandle>(0x80000001),
+                                 HandleAccess::make<RegionHandle>(1)};
+
+template <class Info>
+void expectInfo(Info const& info, bool hasFederate, bool hasRegions)
+{
+   EXPECT_EQ(info.hasProducingFederate, hasFederate);
+   EXPECT_EQ(info.hasSentRegions, hasRegions);
+   EXPECT_EQ(info.producingFederate, hasFederate ? federate : FederateHandle());
+   EXPECT_EQ(info.sentRegions, hasRegions ? regions : RegionHandleSet());
+}
+
+template <class Info>
+struct SupplementalInfo : testing::Test
+{};
+using Infos = testing::Types<SupplementalReflectInfo, SupplementalReceiveInfo>;
+TYPED_TEST_SUITE(SupplementalInfo, Infos, );
+
+TYPED_TEST(SupplementalInfo, TellsWhatItWasMadeFrom)
+{
+   expectInfo(TypeParam(), false, false);
+   expectInfo(TypeParam(federate), true, false);
+   expectInfo(TypeParam(regions), false, true);
+   TypeParam original(federate, regions);
+   TypeParam const copy(original);
+   TypeParam assigned;
+   assigned = original;
+   TypeParam const moved(std::move(original));
+   expectInfo(copy, true, true);
+   expectInfo(assigned, true, true);
+   expectInfo(moved, true, true);
+}
+
+TEST(Records, HoldWhatTheyAreMadeFrom)
+{
+   SupplementalRemoveInfo const nobody;
+   EXPECT_FALSE(nobody.hasProducingFederate);
+   EXPECT_FALSE(nobody.producingFederate.isValid());
+   SupplementalRemoveInfo const somebody(federate);
+   EXPECT_TRUE(somebody.hasProducingFederate);
+   EXPECT_EQ(somebody.producingFederate, federate);
+
+   auto const later = HandleAccess::make<FederateHandle>(4);
+   FederateRestoreStatus const status(federate, later, FEDERATE_RESTORING);
+   EXPECT_EQ(status.preRestoreHandle, federate);
+   EXPECT_EQ(status.postRestoreHandle, later);
+   EXPECT_EQ(status.status, FEDERATE_RESTORING);
+
+   FederationExecutionInformation const information(L"execution", L"HLAfloat64Time");
+   EXPECT_EQ(information.federationExecutionName, L"execution");
+   EXPECT_EQ(information.logicalTimeImplementationName, L"HLAfloat64Time");
+
+   RangeBounds bounds(9, 3); // unchecked
+   EXPECT_EQ(bounds.getLowerBound(), 9U);
+   EXPECT_EQ(bounds.getUpperBound(), 3U);
+   bounds.setLowerBound(1);
+   bounds.setUpperBound(0xFFFFFFFF);
+   RangeBounds const copy(bounds);
+   EXPECT_EQ(copy.getLowerBound(), 1U);
+   EXPECT_EQ(copy.getUpperBound(), 0xFFFFFFFFU);
+}
+
+} // namespace
