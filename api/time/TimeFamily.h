@@ -29,7 +29,7 @@ std::auto_ptr<Base> decoded(Encoding&&... encoding)
 #define RTI_DEFINE_TIME_NUMBER(Class, Base, get, set, Number)                                                \
    Class::Class() : _value(new Number()) {}                                                                  \
    Class::Class(Number value) : _value(new Number(value)) {}                                                 \
-   Class::Class(Class const& value) : Base(), _value(new Number(*value._value)) {}                           \
+   Class::Class(Class const& value) : Base(value), _value(new Number(*value._value)) {}                      \
    Class::Class(Base const& value) : Class() { *_value = time::numberIn<Number, Class>(value); }             \
    Class::~Class() = default;                                                                                \
    Base& Class::operator=(Base const& value)                                                                 \
@@ -95,7 +95,7 @@ std::auto_ptr<Base> decoded(Encoding&&... encoding)
 
 #define RTI_DEFINE_TIME_FACTORY(Factory, Time, Interval, Number, Axis)                                    \
    Factory::Factory() = default;                                                                          \
-   Factory::Factory(Factory const&) : LogicalTimeFactory() {}                                             \
+   Factory::Factory(Factory const&) = default;                                                            \
    Factory::~Factory() = default;                                                                         \
    std::auto_ptr<LogicalTime> Factory::makeInitial()                                                      \
    {                                                                                                      \

@@ -17,6 +17,10 @@ class LogicalTimeInterval;
 // implementation's to say.
 class RTI_EXPORT LogicalTime
 {
+protected:
+   LogicalTime() = default;
+   LogicalTime(LogicalTime const&) = default;
+
 public:
    virtual ~LogicalTime();
 

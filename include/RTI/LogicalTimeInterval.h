@@ -17,6 +17,10 @@ class LogicalTime;
 // they do with another's is the implementation's to say.
 class RTI_EXPORT LogicalTimeInterval
 {
+protected:
+   LogicalTimeInterval() = default;
+   LogicalTimeInterval(LogicalTimeInterval const&) = default;
+
 public:
    virtual ~LogicalTimeInterval();
 
