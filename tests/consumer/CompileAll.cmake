@@ -1,0 +1,37 @@
+# Compiles every public header alone, and the federates beside this script, in one dialect:
+#   cmake -D COMPILER=g++ -D DIALECT=11 -D INCLUDE=include -P CompileAll.cmake
+set(flags -std=c++${DIALECT} -fsyntax-only -I ${INCLUDE}
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+set(failures 0)
+
+function(compile what)
+  execute_process(COMMAND ${COMPILER} ${flags} ${ARGN} RESULT_VARIABLE result ERROR_VARIABLE messages)
+  if(NOT result EQUAL 0)
+    message(NOTICE "${what}:\n${messages}")
+    math(EXPR failures "${failures} + 1")
+    set(failures ${failures} PARENT_SCOPE)
+  endif()
+endfunction()
+
+file(GLOB_RECURSE headers RELATIVE ${INCLUDE} ${INCLUDE}/RTI/*.h)
+list(LENGTH headers count)
+if(count EQUAL 0)
+  message(FATAL_ERROR "There is no header in ${INCLUDE}/RTI")
+endif()
+foreach(header IN LISTS headers)
+  compile("${header}" -include ${header} -x c++ /dev/null)
+endforeach()
+
+set(federates ${CMAKE_CURRENT_LIST_DIR})
+compile("PublishedSpellings.cpp" ${federates}/PublishedSpellings.cpp)
+compile("Callbacks.cpp" ${federates}/Callbacks.cpp)
+if(DIALECT LESS 17)
+  # Later dialects have no exception specifications but noexcept; these compilers warn of them before.
+  compile("Callbacks.cpp with exception specifications"
+    -D EXCEPTION_SPECIFICATIONS -Wno-deprecated ${federates}/Callbacks.cpp)
+endif()
+
+if(failures)
+  message(FATAL_ERROR "${failures} of the above do not compile as C++${DIALECT}")
+endif()
+message(STATUS "${count} headers and the federates compile as C++${DIALECT}")
