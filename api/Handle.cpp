@@ -1,5 +1,6 @@
 #include "api/BigEndian.h"
 #include "api/HandleAccess.h"
+#include "api/OwnedBytes.h"
 
 #include <RTI/Exception.h>
 
@@ -51,7 +52,7 @@ std::uint32_t numberIn(Implementation const* implementation) noexcept
    {                                                                                                         \
       unsigned char bytes[encodedSize];                                                                      \
       storeBigEndian(bytes, _value);                                                                         \
-      return VariableLengthData(bytes, encodedSize);                                                         \
+      return ownedBytes(bytes, encodedSize);                                                                 \
    }                                                                                                         \
    size_t HandleKind::encode(void* buffer, size_t bufferSize) const                                          \
    {                                                                                                         \

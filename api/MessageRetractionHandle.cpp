@@ -1,11 +1,13 @@
 #include "api/BigEndian.h"
 #include "api/HandleAccess.h"
+#include "api/OwnedBytes.h"
 
 #include <RTI/Exception.h>
 
 #include <cstring>
 #include <ostream>
 #include <utility>
+#include <vector>
 
 namespace rti1516e {
 
@@ -17,7 +19,7 @@ constexpr std::size_t headerSize = 8; // the number and the length of the furthe
 struct MessageRetractionHandle::Implementation
 {
    std::uint32_t number;
-   VariableLengthData extra;
+   std::vector<unsigned char> extra;
 
    static Implementation* copyOf(Implementation const* other)
    {
@@ -29,11 +31,11 @@ MessageRetractionHandle HandleAccess::retractionHandle(std::uint32_t number, voi
                                                        std::uint32_t extraLength)
 {
    MessageRetractionHandle handle;
-   if (number == 0 && extraLength == 0) {
-      return handle;
+   if (number != 0 || extraLength != 0) {
+      auto const* const bytes = static_cast<unsigned char const*>(extra);
+      handle._implementation =
+         new MessageRetractionHandle::Implementation{number, {bytes, bytes + extraLength}};
    }
-   handle._implementation =
-      new MessageRetractionHandle::Implementation{number, VariableLengthData(extra, extraLength)};
    return handle;
 }
 
@@ -102,12 +104,9 @@ size_t MessageRetractionHandle::encodedLength() const noexcept
 
 VariableLengthData MessageRetractionHandle::encode() const
 {
-   auto const length = encodedLength();
-   auto* const bytes = new char[length];
-   encode(bytes, length);
-   VariableLengthData encoded;
-   encoded.takeDataPointer(bytes, static_cast<unsigned int>(length));
-   return encoded;
+   std::vector<unsigned char> bytes(encodedLength());
+   encode(bytes.data(), bytes.size());
+   return ownedBytes(bytes.data(), static_cast<unsigned int>(bytes.size()));
 }
 
 size_t MessageRetractionHandle::encode(void* buffer, size_t bufferSize) const

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "api/BigEndian.h"
+#include "api/OwnedBytes.h"
 
 #include <RTI/Exception.h>
 #include <RTI/VariableLengthData.h>
@@ -65,7 +66,7 @@ VariableLengthData encode(Number number)
 {
    unsigned char bytes[encodedSize];
    storeBigEndian(bytes, bitsOf(number));
-   return VariableLengthData(bytes, encodedSize);
+   return ownedBytes(bytes, encodedSize);
 }
 
 template <class Number>

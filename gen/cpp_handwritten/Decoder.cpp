@@ -1,5 +1,6 @@
 #include "gen/cpp_handwritten/Decoder.h"
 
+#include "api/OwnedBytes.h"
 #include "bridge/Assertion.h"
 #include "bridge/WideText.h"
 
@@ -73,6 +74,7 @@ void Decoder<VariableLengthData>::read(ByteWrapper& from, VariableLengthData& va
    auto const length = static_cast<std::int32_t>(from.get<std::uint32_t>());
    if (length > 0) {
       value.setData(from.current(), static_cast<unsigned int>(length));
+      requireSize(value, static_cast<unsigned int>(length));
       from.advance(static_cast<std::size_t>(length));
    }
 }

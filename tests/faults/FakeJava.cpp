@@ -1,0 +1,509 @@
+#include "tests/faults/FakeJava.h"
+
+#include <cstdarg>
+#include <cstring>
+#include <map>
+#include <memory>
+
+namespace fake {
+namespace {
+
+enum class Kind
+{
+   Class,
+   Exception,
+   Array,
+   String,
+   Plain
+};
+
+struct Object
+{
+   Kind kind;
+   std::string className;
+   std::vector<std::uint8_t> storage; // of arrays
+   std::size_t length = 0;
+   std::u16string text; // of strings, and messages of exceptions
+};
+
+struct State
+{
+   std::vector<std::unique_ptr<Object>> objects; // live until the next reset, so that a misuse is seen
+   std::map<Object const*, int> locals;
+   int globals = 0;
+   int pins = 0;
+   Object* pending = nullptr;
+   int failIn = 0;
+   bool failed = false;
+   bool gone = false;
+   Core core;
+   std::vector<std::string> offences;
+   std::vector<std::uint8_t> lastMessage;
+   int arraysMade = 0;
+   void (*pinAction)() = nullptr;
+};
+
+State state;
+std::map<std::string, void*> natives; // registered once per construction
+std::map<std::string, std::unique_ptr<std::string>> methods;
+
+Object* objectOf(void* reference) { return static_cast<Object*>(reference); }
+
+Object* newObject(Kind kind, std::string const& className)
+{
+   state.objects.push_back(std::make_unique<Object>());
+   Object* const object = state.objects.back().get();
+   object->kind = kind;
+   object->className = className;
+   return object;
+}
+
+template <class Reference>
+Reference local(Object* object)
+{
+   ++state.locals[object];
+   return reinterpret_cast<Reference>(object);
+}
+
+void offend(std::string const& what) { state.offences.push_back(what); }
+
+// What JNI allows while something is pinned, and while an exception is pending.
+enum class Allowed
+{
+   Never,
+   WhilePending,
+   Always
+};
+
+// While a function of the VM runs, memory is not refused: only the library's own allocations are to fail.
+int depth = 0;
+
+class Entry
+{
+public:
+   explicit Entry(char const* function, Allowed allowed = Allowed::Never);
+   ~Entry() { --depth; }
+   Entry(Entry const&) = delete;
+   Entry& operator=(Entry const&) = delete;
+};
+
+Entry::Entry(char const* function, Allowed allowed)
+{
+   ++depth;
+   if (state.pins != 0 && allowed != Allowed::Always) {
+      offend(std::string(function) + " while pinned");
+   }
+   if (state.pending != nullptr && allowed == Allowed::Never) {
+      offend(std::string(function) + " while an exception is pending");
+   }
+}
+
+bool failsNow()
+{
+   if (state.failIn == 0 || --state.failIn != 0) {
+      return false;
+   }
+   state.failed = true;
+   return true;
+}
+
+void raise(std::string const& className, std::u16string const& message)
+{
+   state.pending = newObject(Kind::Exception, className);
+   state.pending->text = message;
+}
+
+bool failsWith(char const* className)
+{
+   bool const fails = failsNow();
+   if (fails) {
+      raise(className, u"on demand");
+   }
+   return fails;
+}
+
+jclass JNICALL findClass(JNIEnv*, char const* name)
+{
+   Entry const entry("FindClass");
+   return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(Kind::Class, name));
+}
+
+jclass JNICALL getObjectClass(JNIEnv*, jobject object)
+{
+   Entry const entry("GetObjectClass");
+   return local<jclass>(newObject(Kind::Class, objectOf(object)->className));
+}
+
+jmethodID JNICALL getMethodID(JNIEnv*, jclass, char const* name, char const* signature)
+{
+   Entry const entry("GetMethodID");
+   auto& method = methods[std::string(name) + signature];
+   if (!method) {
+      method = std::make_unique<std::string>(name);
+   }
+   return reinterpret_cast<jmethodID>(method.get());
+}
+
+jboolean JNICALL isInstanceOf(JNIEnv*, jobject object, jclass cls)
+{
+   Entry const entry("IsInstanceOf");
+   return objectOf(object)->className == objectOf(cls)->className ? JNI_TRUE : JNI_FALSE;
+}
+
+jthrowable JNICALL exceptionOccurred(JNIEnv*)
+{
+   Entry const entry("ExceptionOccurred", Allowed::WhilePending);
+   return state.pending == nullptr ? nullptr : local<jthrowable>(state.pending);
+}
+jboolean JNICALL exceptionCheck(JNIEnv*)
+{
+   Entry const entry("ExceptionCheck", Allowed::WhilePending);
+   return state.pending != nullptr ? JNI_TRUE : JNI_FALSE;
+}
+void JNICALL exceptionDescribe(JNIEnv*) { Entry const entry("ExceptionDescribe", Allowed::WhilePending); }
+void JNICALL exceptionClear(JNIEnv*)
+{
+   Entry const entry("ExceptionClear", Allowed::WhilePending);
+   state.pending = nullptr;
+}
+
+jint JNICALL throwNew(JNIEnv*, jclass cls, char const* message)
+{
+   Entry const entry("ThrowNew");
+   std::u16string text;
+   for (; *message != '\0'; ++message) {
+      text.push_back(static_cast<unsigned char>(*message));
+   }
+   raise(objectOf(cls)->className, text);
+   return JNI_OK;
+}
+
+void JNICALL deleteLocalRef(JNIEnv*, jobject reference)
+{
+   Entry const entry("DeleteLocalRef", Allowed::WhilePending);
+   Object* const object = objectOf(reference);
+   auto const found = state.locals.find(object);
+   if (object != nullptr && (found == state.locals.end() || found->second == 0)) {
+      offend("DeleteLocalRef of what is not referenced");
+   } else if (object != nullptr) {
+      --found->second;
+   }
+}
+
+jobject JNICALL newGlobalRef(JNIEnv*, jobject reference)
+{
+   Entry const entry("NewGlobalRef");
+   if (failsNow()) {
+      return nullptr;
+   }
+   ++state.globals;
+   return reference;
+}
+void JNICALL deleteGlobalRef(JNIEnv*, jobject)
+{
+   Entry const entry("DeleteGlobalRef", Allowed::WhilePending);
+   --state.globals;
+}
+
+Object* newArray(std::size_t length, std::size_t elementSize)
+{
+   Object* const array = newObject(Kind::Array, "array");
+   array->length = length;
+   array->storage.resize(length * elementSize);
+   return array;
+}
+
+template <class Element>
+Object* arrayOf(std::vector<Element> const& elements)
+{
+   Object* const array = newArray(elements.size(), sizeof(Element));
+   if (!elements.empty()) {
+      std::memcpy(array->storage.data(), elements.data(), array->storage.size());
+   }
+   return array;
+}
+
+Object* stringOf(std::u16string const& text)
+{
+   Object* const string = newObject(Kind::String, "java/lang/String");
+   string->text = text;
+   return string;
+}
+
+jbyteArray JNICALL newByteArray(JNIEnv*, jsize length)
+{
+   Entry const entry("NewByteArray");
+   ++state.arraysMade;
+   if (failsWith("java/lang/OutOfMemoryError")) {
+      return nullptr;
+   }
+   return local<jbyteArray>(newArray(static_cast<std::size_t>(length), 1));
+}
+
+jsize JNICALL getArrayLength(JNIEnv*, jarray array)
+{
+   Entry const entry("GetArrayLength");
+   return static_cast<jsize>(objectOf(array)->length);
+}
+
+void* pinned(void* storage)
+{
+   if (failsNow()) {
+      return nullptr;
+   }
+   ++state.pins;
+   if (state.pinAction != nullptr) {
+      state.pinAction();
+   }
+   return storage;
+}
+
+void* JNICALL getPrimitiveArrayCritical(JNIEnv*, jarray array, jboolean*)
+{
+   Entry const entry("GetPrimitiveArrayCritical");
+   auto& storage = objectOf(array)->storage;
+   storage.reserve(1); // the storage of an empty array has an address too
+   return pinned(storage.data());
+}
+void JNICALL releasePrimitiveArrayCritical(JNIEnv*, jarray, void*, jint)
+{
+   Entry const entry("ReleasePrimitiveArrayCritical", Allowed::Always);
+   --state.pins;
+}
+
+jsize JNICALL getStringLength(JNIEnv*, jstring string)
+{
+   Entry const entry("GetStringLength");
+   return static_cast<jsize>(objectOf(string)->text.size());
+}
+jchar const* JNICALL getStringCritical(JNIEnv*, jstring string, jboolean*)
+{
+   Entry const entry("GetStringCritical");
+   return static_cast<jchar const*>(pinned(objectOf(string)->text.data()));
+}
+void JNICALL releaseStringCritical(JNIEnv*, jstring, jchar const*)
+{
+   Entry const entry("ReleaseStringCritical", Allowed::Always);
+   --state.pins;
+}
+
+template <class Element>
+void region(jarray array, jsize start, jsize length, Element* to)
+{
+   Entry const entry("Get<Type>ArrayRegion");
+   std::memcpy(to, objectOf(array)->storage.data() + static_cast<std::size_t>(start) * sizeof(Element),
+               static_cast<std::size_t>(length) * sizeof(Element));
+}
+void JNICALL getByteArrayRegion(JNIEnv*, jbyteArray array, jsize start, jsize length, jbyte* to)
+{
+   region(array, start, length, to);
+}
+void JNICALL getLongArrayRegion(JNIEnv*, jlongArray array, jsize start, jsize length, jlong* to)
+{
+   region(array, start, length, to);
+}
+
+// Enters a method of the core. False if it raises.
+bool call(jvalue const* arguments)
+{
+   Entry const entry("Call<Type>Method");
+   if (arguments != nullptr && arguments->l != nullptr) {
+      state.lastMessage = objectOf(arguments->l)->storage;
+   }
+   if (state.core.leavesControlWord != 0) {
+#if defined(__x86_64__)
+      __asm__ __volatile__("fldcw %0" : : "m"(state.core.leavesControlWord));
+#endif
+   }
+   if (!state.core.raises.empty()) {
+      raise(state.core.raises, u"raised");
+      return false;
+   }
+   return !failsWith("java/lang/IllegalStateException");
+}
+
+void JNICALL callVoid(JNIEnv*, jobject, jmethodID, jvalue const* arguments) { call(arguments); }
+jint JNICALL callInt(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
+{
+   return call(arguments) ? state.core.number : 0;
+}
+jboolean JNICALL callBoolean(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
+{
+   return static_cast<jboolean>(call(arguments) ? state.core.number : 0);
+}
+jlong JNICALL callLong(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
+{
+   return call(arguments) ? state.core.number : 0;
+}
+jdouble JNICALL callDouble(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
+{
+   return call(arguments) ? state.core.number : 0;
+}
+
+// The kind of object follows from what the core has been told to return.
+jobject JNICALL callObject(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
+{
+   if (!call(arguments) || state.core.returnsNull) {
+      return nullptr;
+   }
+   if (!state.core.bytes.empty()) {
+      return local<jobject>(arrayOf(state.core.bytes));
+   }
+   if (!state.core.ints.empty()) {
+      return local<jobject>(arrayOf(state.core.ints));
+   }
+   if (!state.core.longs.empty()) {
+      return local<jobject>(arrayOf(state.core.longs));
+   }
+   return local<jobject>(stringOf(state.core.text));
+}
+
+// Methods of exceptions.
+jobject JNICALL callObjectV(JNIEnv*, jobject object, jmethodID method, std::va_list)
+{
+   Entry const entry("CallObjectMethod");
+   if (failsWith("java/lang/StackOverflowError")) {
+      return nullptr;
+   }
+   Object const* const exception = objectOf(object);
+   std::u16string const prefix(exception->className.begin(), exception->className.end());
+   bool const isToString = *reinterpret_cast<std::string const*>(method) == "toString";
+   return local<jobject>(stringOf(isToString ? prefix + u": " + exception->text : exception->text));
+}
+void JNICALL callVoidV(JNIEnv*, jobject, jmethodID, std::va_list)
+{
+   Entry const entry("CallVoidMethod");
+   failsWith("java/lang/StackOverflowError");
+}
+
+jobject JNICALL newObjectV(JNIEnv*, jclass cls, jmethodID, std::va_list)
+{
+   Entry const entry("NewObject");
+   jobject const object = local<jobject>(newObject(Kind::Plain, objectOf(cls)->className));
+   failsWith("java/lang/IllegalStateException"); // some VMs give a reference all the same
+   return object;
+}
+
+jint JNICALL registerNatives(JNIEnv*, jclass, JNINativeMethod const* entries, jint count)
+{
+   Entry const entry("RegisterNatives");
+   for (jint i = 0; i < count; ++i) {
+      natives[entries[i].name] = entries[i].fnPtr;
+   }
+   return failsWith("java/lang/NoSuchMethodError") ? JNI_ERR : JNI_OK;
+}
+
+JNINativeInterface_ functions()
+{
+   JNINativeInterface_ table{};
+   table.FindClass = findClass;
+   table.GetObjectClass = getObjectClass;
+   table.GetMethodID = getMethodID;
+   table.IsInstanceOf = isInstanceOf;
+   table.ExceptionOccurred = exceptionOccurred;
+   table.ExceptionCheck = exceptionCheck;
+   table.ExceptionDescribe = exceptionDescribe;
+   table.ExceptionClear = exceptionClear;
+   table.ThrowNew = throwNew;
+   table.DeleteLocalRef = deleteLocalRef;
+   table.NewGlobalRef = newGlobalRef;
+   table.DeleteGlobalRef = deleteGlobalRef;
+   table.NewByteArray = newByteArray;
+   table.GetArrayLength = getArrayLength;
+   table.GetPrimitiveArrayCritical = getPrimitiveArrayCritical;
+   table.ReleasePrimitiveArrayCritical = releasePrimitiveArrayCritical;
+   table.GetStringLength = getStringLength;
+   table.GetStringCritical = getStringCritical;
+   table.ReleaseStringCritical = releaseStringCritical;
+   table.GetByteArrayRegion = getByteArrayRegion;
+   table.GetLongArrayRegion = getLongArrayRegion;
+   table.CallVoidMethodA = callVoid;
+   table.CallIntMethodA = callInt;
+   table.CallBooleanMethodA = callBoolean;
+   table.CallLongMethodA = callLong;
+   table.CallDoubleMethodA = callDouble;
+   table.CallObjectMethodA = callObject;
+   table.CallObjectMethodV = callObjectV;
+   table.CallVoidMethodV = callVoidV;
+   table.NewObjectV = newObjectV;
+   table.RegisterNatives = registerNatives;
+   return table;
+}
+
+JNINativeInterface_ const functionTable = functions();
+JNIEnv env{&functionTable};
+
+jint JNICALL attachCurrentThread(JavaVM*, void** environment, void*)
+{
+   Entry const entry("AttachCurrentThread", Allowed::WhilePending);
+   *environment = &env;
+   return state.gone ? JNI_ERR : (failsNow() ? JNI_ENOMEM : JNI_OK);
+}
+
+JNIInvokeInterface_ invocationFunctions()
+{
+   JNIInvokeInterface_ table{};
+   table.AttachCurrentThread = attachCurrentThread;
+   return table;
+}
+
+JNIInvokeInterface_ const invocationTable = invocationFunctions();
+JavaVM vm{&invocationTable};
+
+} // namespace
+
+void reset() { state = State(); }
+Core& core() { return state.core; }
+
+void failCall(int n)
+{
+   state.failIn = n;
+   state.failed = false;
+}
+
+bool isInside() { return depth != 0; }
+bool hasFailed() { return state.failed; }
+void setGone(bool gone) { state.gone = gone; }
+
+Holdings holdings()
+{
+   int locals = 0;
+   for (auto const& entry : state.locals) {
+      locals += entry.second;
+   }
+   return {locals, state.globals, state.pins, state.pending != nullptr};
+}
+
+std::vector<std::string> const& offences() { return state.offences; }
+std::vector<std::uint8_t> const& lastMessage() { return state.lastMessage; }
+int arraysMade() { return state.arraysMade; }
+void onPin(void (*action)()) { state.pinAction = action; }
+
+std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message)
+{
+   using Native = void(JNICALL*)(JNIEnv*, jobject, jbyteArray);
+   ++depth;
+   auto const native = reinterpret_cast<Native>(natives.at(name));
+   auto* const array = reinterpret_cast<jbyteArray>(arrayOf(message));
+   --depth;
+   native(&env, nullptr, array);
+   if (state.pending == nullptr) {
+      return "none";
+   }
+   std::string const text(state.pending->text.begin(), state.pending->text.end());
+   std::string const described = state.pending->className + ": " + text;
+   state.pending = nullptr;
+   return described;
+}
+
+} // namespace fake
+
+// The library imports these; the program's own come first.
+extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize, jsize* count)
+{
+   *vms = &fake::vm;
+   *count = 1;
+   return JNI_OK;
+}
+
+extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM**, void**, void*) { return JNI_ERR; }

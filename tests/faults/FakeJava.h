@@ -1,0 +1,67 @@
+// A Java VM that is none: the functions of JNI that the library uses, over plain objects. It keeps account of
+// what is referenced, pinned and pending, objects to what JNI forbids, and fails on demand.
+#pragma once
+
+#include <jni.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace fake {
+
+// What the core's methods do when they are called.
+struct Core
+{
+   std::string raises;                   // the JNI path of an exception's class, or empty
+   std::vector<std::uint8_t> bytes;      // returned as byte[]
+   std::vector<std::int32_t> ints;       // returned as int[]
+   std::vector<std::int64_t> longs;      // returned as long[]
+   std::u16string text;                  // returned as String
+   std::int32_t number = 0;              // returned as a number of any kind
+   bool returnsNull = false;             // instead of an object
+   unsigned short leavesControlWord = 0; // the x87 control word it leaves behind; 0: as it is
+};
+
+// Starts over: no references, no failures, a core that returns zeros. The VM is there from the beginning.
+void reset();
+
+Core& core();
+
+// Lets the n-th call from now on of those that can fail fail, n counting from 1; 0: none.
+void failCall(int n);
+
+// Whether such a call has failed since.
+bool hasFailed();
+
+// Whether a function of the VM is running.
+bool isInside();
+
+// Lets attaching fail as if the VM were gone.
+void setGone(bool gone);
+
+// References and pins that are held now, and whether an exception is pending.
+struct Holdings
+{
+   int localReferences;
+   int globalReferences;
+   int pins;
+   bool pending;
+};
+Holdings holdings();
+
+// What JNI forbids and was done all the same, in plain words; empty if nothing was.
+std::vector<std::string> const& offences();
+
+// The bytes that the last method was called with, and the number of arrays made.
+std::vector<std::uint8_t> const& lastMessage();
+int arraysMade();
+
+// Calls a callback's native with a message, as the core would. Returns the message of the exception that it
+// left pending, or "none".
+std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message);
+
+// Runs each time an array or a string is pinned.
+void onPin(void (*action)());
+
+} // namespace fake
