@@ -1,0 +1,143 @@
+// The table of callback contexts under many threads: callbacks that come while ambassadors are made and
+// destroyed and time factories replaced. Run under ThreadSanitizer, it shows that no lock is missing.
+#include "bridge/CallbackContext.h"
+
+#include <RTI/Exception.h>
+#include <RTI/NullFederateAmbassador.h>
+#include <RTI/time/HLAinteger64TimeFactory.h>
+
+#include <array>
+#include <atomic>
+#include <deque>
+#include <gtest/gtest.h>
+#include <memory>
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using namespace tovu1516e;
+
+std::atomic<int> livingFactories{0};
+
+struct CountedFactory : rti1516e::HLAinteger64TimeFactory
+{
+   CountedFactory() { ++livingFactories; }
+   ~CountedFactory() override
+   {
+      alive = 0;
+      --livingFactories;
+   }
+
+   int alive = 0x600D;
+};
+
+TEST(CallbackContexts, AreFoundByTheirOwnTokenOnly)
+{
+   rti1516e::NullFederateAmbassador federate;
+   auto context = std::make_unique<CallbackContext>();
+   CallbackToken const token = context->token();
+   EXPECT_NE(token.value, 0U);
+   EXPECT_EQ(CallbackContextReference(token).federateAmbassador(), nullptr);
+   context->setFederateAmbassador(federate);
+   EXPECT_EQ(CallbackContextReference(token).federateAmbassador(), &federate);
+   EXPECT_FALSE(CallbackContextReference({0}));
+   EXPECT_FALSE(CallbackContextReference({token.value + (1U << 12)})); // another generation of the slot
+   context.reset();
+   EXPECT_FALSE(CallbackContextReference(token));
+}
+
+TEST(CallbackContexts, DoNotRepeatATokenSoonAndTellWhenTheyAreTooMany)
+{
+   std::set<std::uint32_t> tokens;
+   for (int i = 0; i < 10000; ++i) {
+      EXPECT_TRUE(tokens.insert(CallbackContext().token().value).second);
+   }
+   std::deque<CallbackContext> many;
+   for (int i = 0; i < 4096; ++i) {
+      many.emplace_back();
+   }
+   EXPECT_THROW(CallbackContext(), rti1516e::RTIinternalError);
+   many.pop_back();
+   EXPECT_NE(CallbackContext().token().value, 0U);
+}
+
+TEST(CallbackContexts, KeepAReplacedTimeFactoryWhileItIsUsed)
+{
+   CallbackContext context;
+   context.setTimeFactory(std::make_unique<CountedFactory>());
+   context.setTimeFactory(std::make_unique<CountedFactory>());
+   EXPECT_EQ(livingFactories, 1); // nobody used the first one
+   {
+      CallbackContextReference const callback(context.token());
+      TimeFactory const* const used = callback.timeFactory();
+      context.setTimeFactory(nullptr);
+      EXPECT_EQ(callback.timeFactory(), nullptr);
+      EXPECT_EQ(dynamic_cast<CountedFactory&>(used->factory()).alive, 0x600D);
+   }
+   EXPECT_EQ(livingFactories, 0);
+}
+
+TEST(CallbackContexts, OutliveTheirAmbassadorForACallbackThatRuns)
+{
+   auto context = std::make_unique<CallbackContext>();
+   context->setTimeFactory(std::make_unique<CountedFactory>());
+   {
+      CallbackContextReference const callback(context->token());
+      context.reset();
+      EXPECT_EQ(livingFactories, 1);
+   }
+   EXPECT_EQ(livingFactories, 0);
+}
+
+TEST(CallbackContexts, StandManyThreads)
+{
+   constexpr int ambassadors = 4;
+   constexpr int rounds = 1000;
+   std::array<std::atomic<std::uint32_t>, ambassadors> tokens{};
+   std::atomic<bool> stop{false};
+   std::atomic<long> delivered{0};
+   rti1516e::NullFederateAmbassador federate;
+
+   std::vector<std::thread> callbacks;
+   for (int i = 0; i < 4; ++i) {
+      callbacks.emplace_back([&, i] {
+         for (unsigned turn = static_cast<unsigned>(i); !stop; ++turn) {
+            CallbackContextReference const context({tokens[turn % ambassadors].load()});
+            if (!context) {
+               continue;
+            }
+            if (TimeFactory const* const factory = context.timeFactory(); factory != nullptr) {
+               EXPECT_EQ(static_cast<CountedFactory&>(factory->factory()).alive, 0x600D);
+            }
+            EXPECT_TRUE(context.federateAmbassador() == nullptr || context.federateAmbassador() == &federate);
+            delivered.fetch_add(1, std::memory_order_relaxed);
+         }
+      });
+   }
+   std::vector<std::thread> owners;
+   for (auto& token : tokens) {
+      owners.emplace_back([&] {
+         for (int round = 0; round < rounds; ++round) {
+            CallbackContext context;
+            token = context.token().value;
+            context.setFederateAmbassador(federate);
+            for (int join = 0; join < 20; ++join) {
+               context.setTimeFactory(std::make_unique<CountedFactory>());
+            }
+         }
+      });
+   }
+   for (auto& owner : owners) {
+      owner.join();
+   }
+   stop = true;
+   for (auto& callback : callbacks) {
+      callback.join();
+   }
+   EXPECT_GT(delivered, 0);
+   EXPECT_EQ(livingFactories, 0);
+}
+
+} // namespace
