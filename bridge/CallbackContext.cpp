@@ -162,11 +162,13 @@ void CallbackContext::setTimeFactory(std::unique_ptr<rti1516e::LogicalTimeFactor
    slot.setTimeFactory(factory == nullptr ? nullptr : std::make_unique<TimeFactory>(std::move(factory)));
 }
 
-CallbackContextReference::CallbackContextReference(CallbackToken token) noexcept : _slot(&slotOf(token))
+bool CallbackContextReference::find(CallbackToken token) noexcept
 {
-   if (!_slot->acquire(token.value >> slotBits)) {
-      _slot = nullptr;
+   CallbackContextSlot& slot = slotOf(token);
+   if (slot.acquire(token.value >> slotBits)) {
+      _slot = &slot;
    }
+   return _slot != nullptr;
 }
 
 CallbackContextReference::~CallbackContextReference()

@@ -102,12 +102,14 @@ private:
 class CallbackContextReference
 {
 public:
-   explicit CallbackContextReference(CallbackToken token) noexcept;
+   CallbackContextReference() noexcept = default;
+   explicit CallbackContextReference(CallbackToken token) noexcept { find(token); }
    ~CallbackContextReference();
    CallbackContextReference(CallbackContextReference const&) = delete;
    CallbackContextReference& operator=(CallbackContextReference const&) = delete;
 
-   // False for the token of an ambassador that is gone, or of none that ever was.
+   // To be called once. False for the token of an ambassador that is gone, or of none that ever was.
+   bool find(CallbackToken token) noexcept;
    explicit operator bool() const noexcept { return _slot != nullptr; }
 
    // Null before the first connect.
@@ -122,7 +124,7 @@ public:
    std::uint16_t controlWord() const noexcept { return _slot->controlWord.load(std::memory_order_relaxed); }
 
 private:
-   CallbackContextSlot* _slot;
+   CallbackContextSlot* _slot = nullptr;
 };
 
 } // namespace tovu1516e
