@@ -40,7 +40,12 @@ TimeFactory::TimeFactory(std::unique_ptr<rti1516e::LogicalTimeFactory> factory) 
 
 void TimeFactory::learnTimeLength()
 {
-   _timeLength.store(_factory->makeFinal()->encodedLength(), std::memory_order_relaxed);
+   auto const time = _factory->makeFinal();
+   if (time.get() == nullptr) {
+      throw rti1516e::RTIinternalError(
+         L"The logical time factory makes no final time to tell the length of times");
+   }
+   _timeLength.store(time->encodedLength(), std::memory_order_relaxed);
 }
 
 std::uint32_t CallbackContextSlot::occupy() noexcept
