@@ -71,6 +71,9 @@ public:
 
    std::optional<std::u16string> property(std::string const& name);
 
+   // Ends the calling thread's being attached to the VM, which a thread that a test starts does in the end.
+   void detachThread() { _vm->DetachCurrentThread(); }
+
 private:
    RecordingCore();
 

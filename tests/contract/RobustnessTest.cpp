@@ -1,1 +1,251 @@
+// What shows only after many calls, with several ambassadors, or on several threads.
+#include "Fixture.h"
+#include "Samples.h"
 
+#include <atomic>
+#include <fstream>
+#include <future>
+#include <set>
+#include <thread>
+#include <unistd.h>
+
+namespace contract {
+namespace {
+
+// Resident memory of this process, in kilobytes.
+long residentMemory()
+{
+   std::ifstream statm("/proc/self/statm");
+   long total = 0;
+   long resident = 0;
+   statm >> total >> resident;
+   return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+// A thread of the test's own, which it waits for.
+template <class Work>
+std::future<void> onThread(Work work)
+{
+   return std::async(std::launch::async, [work] {
+      work();
+      RecordingCore::instance().detachThread();
+   });
+}
+
+class RobustnessTest : public ContractTest
+{
+protected:
+   // Any leak of even a few bytes a call is more than this.
+   static constexpr long tolerance = 1000; // kilobytes
+
+   Delivery const saved{"federationSaved_Native", member.message(Bytes())};
+};
+
+TEST_F(RobustnessTest, CallsNeitherLeakNorTire)
+{
+   core.answer("deleteObjectInstance_OIH_BX_LT", Bytes("00000001 00000002 FACE"));
+   core.answer("getObjectClassName_OCH", JavaException{hlaClass("InvalidObjectClassHandle"), u"why"});
+   core.answer("getFederateName_FH", JavaException{hlaClass("RTIinternalError"), std::nullopt});
+   long grown = 0;
+   int failures = 0;
+   onThread([&] {
+      auto const call = [&](int rounds) {
+         for (int i = 0; i < rounds; ++i) {
+            rti.requestFederationSave(samples::name1);
+            rti.deleteObjectInstance(samples::object, samples::tag, samples::time);
+            try {
+               rti.getObjectClassName(samples::objectClass);
+            } catch (InvalidObjectClassHandle const&) {
+               ++failures;
+            }
+            try {
+               rti.getFederateName(samples::federate);
+            } catch (RTIinternalError const&) {
+               ++failures;
+            }
+         }
+      };
+      call(15'000);
+      auto const before = residentMemory();
+      call(50'000);
+      grown = residentMemory() - before;
+   }).get();
+   EXPECT_EQ(failures, 130'000);
+   RecordProperty("grown", std::to_string(grown));
+   EXPECT_LT(grown, tolerance);
+}
+
+TEST_F(RobustnessTest, CallbacksNeitherLeakNorTire)
+{
+   int count = 0;
+   member.federate.inCallback = [&] {
+      member.federate.takeCalled();
+      if (++count % 2 == 0) {
+         throw NameNotFound(L"every other one");
+      }
+   };
+   Bytes arguments = argumentBytes(codesOf("reflectAttributeValues_OIH_AHVM_BX_OT_TTH_LT_OT_MRH_FASRI"));
+   Delivery delivery{"reflectAttributeValues_OIH_AHVM_BX_OT_TTH_LT_OT_MRH_FASRI_Native",
+                     member.message(arguments), 20'000};
+   core.deliver(delivery);
+   auto const before = residentMemory();
+   delivery.times = 80'000;
+   core.deliver(delivery);
+   auto const grown = residentMemory() - before;
+   RecordProperty("grown", std::to_string(grown));
+   EXPECT_LT(grown, tolerance);
+   EXPECT_EQ(count, 100'000);
+}
+
+TEST_F(RobustnessTest, DestructionLetsGoOfTheCoresAmbassador)
+{
+   testing::internal::CaptureStderr();
+   core.answer("disconnect", JavaException{hlaClass("FederateIsExecutionMember"), u"ignored"});
+   core.watchReferences();
+   for (int i = 0; i < 20; ++i) {
+      newAmbassador(); // never connected, and yet disconnected
+      Member const connected;
+      core.answer("disconnect", JavaException{"java.lang.IllegalStateException", u"ignored"});
+      onThread([&] { newAmbassador(); }).get();
+   }
+   core.answer("disconnect", nullptr);
+   newAmbassador();
+   auto const calls = core.calls();
+   ASSERT_GE(calls.size(), 2U);
+   EXPECT_EQ(calls[calls.size() - 2].method, "<init>");
+   EXPECT_EQ(calls[calls.size() - 2].message, Bytes("00000000"));
+   EXPECT_EQ(calls.back().method, "disconnect");
+   EXPECT_EQ(calls.back().ambassador, calls[calls.size() - 2].ambassador);
+   EXPECT_EQ(core.heldReferences(), "");
+   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(RobustnessTest, AmbassadorsDoNotDisturbOneAnother)
+{
+   Member other;
+   other.join(u"HLAinteger64Time");
+   EXPECT_NE(other.token, member.token);
+   core.forget();
+   rti.requestFederationSave(L"mine");
+   other.ambassador->requestFederationSave(L"the other's");
+   rti.requestFederationSave(L"mine");
+   auto const calls = core.calls();
+   EXPECT_NE(calls.at(0).ambassador, calls.at(1).ambassador);
+   EXPECT_EQ(calls.at(0).ambassador, calls.at(2).ambassador);
+
+   std::string const granted = "timeAdvanceGrant_LT_Native";
+   EXPECT_EQ(core.deliver({granted, other.message(Bytes("0000000000000001"))}), std::nullopt);
+   EXPECT_EQ(core.deliver({granted, member.message(TestTime::encoded(2))}), std::nullopt);
+   EXPECT_EQ(member.federate.takeCalled(), std::vector<std::wstring>{L"timeAdvanceGrant(Test<2>)"});
+   EXPECT_EQ(other.federate.takeCalled(),
+             std::vector<std::wstring>{L"timeAdvanceGrant(HLAinteger64Time<1>)"});
+
+   other.ambassador.reset();
+   EXPECT_EQ(core.deliver({granted, member.message(TestTime::encoded(3))}), std::nullopt);
+   rti.requestFederationSave(L"mine");
+}
+
+TEST_F(RobustnessTest, OthersAreDestroyedWhileOneIsInACallback)
+{
+   auto other = std::make_unique<Member>();
+   std::promise<void> entered;
+   std::promise<void> leave;
+   member.federate.inCallback = [&] {
+      entered.set_value();
+      leave.get_future().wait();
+   };
+   std::optional<JavaException> pending;
+   auto callback = onThread([&] { pending = core.deliver(saved); });
+   entered.get_future().wait();
+   other.reset();
+   for (int i = 0; i < 100; ++i) {
+      Member const passing;
+   }
+   leave.set_value();
+   callback.get();
+   EXPECT_EQ(pending, std::nullopt);
+   member.federate.inCallback = nullptr;
+   EXPECT_EQ(core.deliver(saved), std::nullopt);
+   EXPECT_EQ(member.federate.takeCalled().size(), 2U);
+}
+
+// The federate's own object outlives the ambassador, as it must.
+TEST_F(RobustnessTest, CallbacksRaceWithTheEndOfTheirAmbassador)
+{
+   for (int round = 0; round < 100; ++round) {
+      Member leaving;
+      leaving.join(u"TestTime");
+      std::atomic<int> delivered = 0;
+      std::string refusedWith;
+      auto callbacks = onThread([&] {
+         while (refusedWith.empty()) {
+            auto const pending =
+               core.deliver({"timeAdvanceGrant_LT_Native", leaving.message(TestTime::encoded(1))});
+            if (pending) {
+               refusedWith = pending->className;
+            } else {
+               ++delivered;
+            }
+         }
+      });
+      while (delivered == 0) {
+         std::this_thread::yield();
+      }
+      leaving.ambassador.reset();
+      callbacks.get();
+      EXPECT_EQ(refusedWith, hlaClass("FederateInternalError"));
+      EXPECT_EQ(leaving.federate.takeCalled().size(), static_cast<std::size_t>(delivered));
+   }
+}
+
+TEST_F(RobustnessTest, CallbacksRaceWithJoins)
+{
+   auto const living = TestTimeFactory::count.load();
+   std::atomic<bool> joining = true;
+   std::atomic<int> granted = 0;
+   std::atomic<int> refused = 0;
+   auto callbacks = onThread([&] {
+      while (joining) {
+         auto const pending =
+            core.deliver({"timeAdvanceGrant_LT_Native", member.message(TestTime::encoded(1))});
+         ++(pending ? refused : granted);
+      }
+   });
+   while (granted < 5000) {
+      member.join(u"TestTime");
+   }
+   joining = false;
+   callbacks.get();
+   EXPECT_EQ(refused, 0);
+   auto const called = member.federate.takeCalled();
+   EXPECT_EQ(called.size(), static_cast<std::size_t>(granted));
+   EXPECT_EQ(std::set<std::wstring>(called.begin(), called.end()),
+             std::set<std::wstring>{L"timeAdvanceGrant(Test<1>)"});
+   // A factory that was replaced during a callback has gone by the end of the next.
+   core.deliver(saved);
+   EXPECT_EQ(TestTimeFactory::count, living);
+}
+
+TEST_F(RobustnessTest, AnyThreadMayCall)
+{
+   core.answer("getObjectInstanceHandle_S", jint{7});
+   core.answer("getObjectInstanceName_OIH", JavaException{hlaClass("ObjectInstanceNotKnown"), u"why"});
+   std::atomic<int> right = 0;
+   std::vector<std::future<void>> threads;
+   for (int thread = 0; thread < 4; ++thread) {
+      threads.push_back(onThread([&] {
+         for (int i = 0; i < 2000; ++i) {
+            bool const found = shown(rti.getObjectInstanceHandle(L"any")) == L"#00000007";
+            auto const caught = caughtFrom([&] { rti.getObjectInstanceName(samples::object); });
+            right += found && caught == Caught{"ObjectInstanceNotKnown", L"why"} ? 1 : 0;
+         }
+      }));
+   }
+   for (auto& thread : threads) {
+      thread.get();
+   }
+   EXPECT_EQ(right, 8000);
+}
+
+} // namespace
+} // namespace contract
