@@ -1,0 +1,98 @@
+#include "FederationTest.h"
+
+#include <algorithm>
+#include <atomic>
+
+namespace system_tests {
+
+using namespace rti1516e;
+
+std::wstring fom(std::string const& file) { return wide(SYSTEM_TESTS_FOM "/" + file); }
+
+std::string uniqueName()
+{
+   static std::atomic<int> count{0};
+   return "federation-" + std::to_string(++count);
+}
+
+FederationTest::FederationTest() = default;
+
+FederationTest::~FederationTest() { end(); }
+
+Federate& FederationTest::connected(std::string const& name)
+{
+   auto& federate = _federates[name];
+   if (!federate) {
+      federate = std::make_unique<Federate>(name, GetParam(), _names);
+      federate->connect();
+   }
+   return *federate;
+}
+
+Federate& FederationTest::joined(std::string const& name)
+{
+   Federate& federate = connected(name);
+   if (!_created) {
+      create({fom("Road.xml")});
+   }
+   if (!federate.handle().isValid()) {
+      federate.join(_federation);
+   }
+   return federate;
+}
+
+void FederationTest::create(std::vector<std::wstring> const& modules, std::string const& timeImplementation)
+{
+   Federate creator("creator", HLA_EVOKED, _names);
+   creator.connect();
+   creator->createFederationExecution(federationName(), modules, wide(timeImplementation));
+   _created = true;
+}
+
+void FederationTest::end()
+{
+   for (auto const& [name, federate] : _federates) {
+      federate->onCallback = nullptr;
+      std::string const resigned =
+         refusal([&] { (*federate)->resignFederationExecution(CANCEL_THEN_DELETE_THEN_DIVEST); });
+      EXPECT_TRUE(resigned == "nothing" || resigned == "FederateNotExecutionMember" ||
+                  resigned == "NotConnected")
+         << name << " resigns: " << resigned;
+   }
+   Federate destroyer("destroyer", HLA_EVOKED, _names);
+   destroyer.connect();
+   std::string const destroyed = refusal([&] { destroyer->destroyFederationExecution(federationName()); });
+   EXPECT_TRUE(destroyed == "nothing" || destroyed == "FederationExecutionDoesNotExist") << destroyed;
+   _created = false;
+   for (auto const& [name, federate] : _federates) {
+      EXPECT_EQ(refusal([&] { (*federate)->disconnect(); }), "nothing") << name;
+   }
+   _federates.clear();
+}
+
+void FederationTest::expect(Federate& federate, Callbacks const& callbacks)
+{
+   EXPECT_EQ(federate.callbacks(callbacks.size()), callbacks) << federate.name();
+}
+
+void FederationTest::expectInAnyOrder(Federate& federate, Callbacks callbacks)
+{
+   Callbacks seen = federate.callbacks(callbacks.size());
+   std::sort(seen.begin(), seen.end());
+   std::sort(callbacks.begin(), callbacks.end());
+   EXPECT_EQ(seen, callbacks) << federate.name();
+}
+
+void FederationTest::expectEach(std::vector<Federate*> const& federates, Callbacks const& callbacks)
+{
+   for (Federate* const federate : federates) {
+      expect(*federate, callbacks);
+   }
+}
+
+std::string modelName(testing::TestParamInfo<CallbackModel> const& info)
+{
+   return info.param == HLA_EVOKED ? "Evoked" : "Immediate";
+}
+
+} // namespace system_tests

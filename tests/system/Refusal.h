@@ -1,0 +1,32 @@
+// How a test asks which exception a service answers with.
+#ifndef RTI1516E_TESTS_SYSTEM_REFUSAL_H
+#define RTI1516E_TESTS_SYSTEM_REFUSAL_H
+
+#include "Text.h"
+
+#include <RTI/Exception.h>
+
+#include <string>
+
+namespace system_tests {
+
+std::string className(rti1516e::Exception const& exception);
+
+// The class of the exception that the call throws, or "nothing". Exceptions that the standard does not
+// foresee show their message, so that a failing test tells what went wrong.
+template <class Call>
+std::string refusal(Call&& call)
+{
+   try {
+      call();
+      return "nothing";
+   } catch (rti1516e::RTIinternalError const& error) {
+      return "RTIinternalError: " + narrow(error.what());
+   } catch (rti1516e::Exception const& exception) {
+      return className(exception);
+   }
+}
+
+} // namespace system_tests
+
+#endif

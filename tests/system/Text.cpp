@@ -1,0 +1,163 @@
+#include "Text.h"
+
+#include <RTI/time/HLAfloat64Interval.h>
+#include <RTI/time/HLAfloat64Time.h>
+#include <RTI/time/HLAinteger64Interval.h>
+#include <RTI/time/HLAinteger64Time.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <sstream>
+
+namespace system_tests {
+
+using namespace rti1516e;
+
+namespace {
+
+template <class Integer, class Float, class Value>
+std::string showNumber(Value const& value)
+{
+   std::ostringstream text;
+   if (auto const* const integer = dynamic_cast<Integer const*>(&value)) {
+      text << static_cast<Integer64>(*integer);
+   } else if (auto const* const real = dynamic_cast<Float const*>(&value)) {
+      text << static_cast<double>(*real);
+   } else {
+      text << narrow(value.toString());
+   }
+   return text.str();
+}
+
+template <std::size_t n, class Enum>
+std::string showOneOf(char const* const (&names)[n], Enum value)
+{
+   auto const index = static_cast<std::size_t>(value);
+   return index < n ? names[index] : "#" + std::to_string(index);
+}
+
+std::string showStatus(SaveStatus status)
+{
+   static char const* const names[] = {"idle", "instructed", "saving", "waiting"};
+   return showOneOf(names, status);
+}
+
+std::string showStatus(RestoreStatus status)
+{
+   static char const* const names[] = {"idle",     "requested", "awaiting-start",
+                                       "prepared", "restoring", "waiting"};
+   return showOneOf(names, status);
+}
+
+std::string sorted(std::string const& words)
+{
+   std::istringstream in(words);
+   std::vector<std::string> all(std::istream_iterator<std::string>(in), {});
+   std::sort(all.begin(), all.end());
+   std::string text;
+   for (auto const& word : all) {
+      text += (text.empty() ? "" : " ") + word;
+   }
+   return text;
+}
+
+} // namespace
+
+std::string narrow(std::wstring const& text)
+{
+   std::string result;
+   for (wchar_t const character : text) {
+      result += character > 0 && character < 128 ? static_cast<char>(character) : '?';
+   }
+   return result;
+}
+
+std::wstring wide(std::string const& text) { return std::wstring(text.begin(), text.end()); }
+
+VariableLengthData bytes(std::string const& text)
+{
+   return VariableLengthData(text.data(), static_cast<unsigned int>(text.size()));
+}
+
+std::string show(bool flag) { return flag ? "true" : "false"; }
+std::string show(std::wstring const& text) { return narrow(text); }
+std::string show(VariableLengthData const& data)
+{
+   return data.size() == 0 ? std::string() : std::string(static_cast<char const*>(data.data()), data.size());
+}
+std::string show(LogicalTime const& time) { return showNumber<HLAinteger64Time, HLAfloat64Time>(time); }
+std::string show(LogicalTimeInterval const& interval)
+{
+   return showNumber<HLAinteger64Interval, HLAfloat64Interval>(interval);
+}
+std::string show(OrderType order) { return order == TIMESTAMP ? "TSO" : "RO"; }
+std::string show(TransportationType transportation)
+{
+   return transportation == RELIABLE ? "reliable" : "best-effort";
+}
+std::string show(SynchronizationPointFailureReason reason)
+{
+   static char const* const names[] = {"label-not-unique", "member-not-joined"};
+   return showOneOf(names, reason);
+}
+std::string show(SaveFailureReason reason)
+{
+   static char const* const names[] = {"unable",   "federate-failed",        "federate-resigned",
+                                       "detected", "time-cannot-be-honored", "aborted"};
+   return showOneOf(names, reason);
+}
+std::string show(RestoreFailureReason reason)
+{
+   static char const* const names[] = {"unable", "federate-failed", "federate-resigned", "detected",
+                                       "aborted"};
+   return showOneOf(names, reason);
+}
+std::string show(MessageRetractionHandle const& handle) { return narrow(handle.toString()); }
+std::string show(std::pair<FederateHandle, SaveStatus> const& status)
+{
+   return show(status.first) + "=" + showStatus(status.second);
+}
+std::string show(FederateRestoreStatus const& status)
+{
+   return show(status.preRestoreHandle) + "=" + showStatus(status.status);
+}
+std::string show(FederationExecutionInformation const& federation)
+{
+   return narrow(federation.federationExecutionName + L":" + federation.logicalTimeImplementationName);
+}
+
+#define SYSTEM_TESTS_SHOW(Handle) \
+   std::string show(rti1516e::Handle const& handle) { return narrow(handle.toString()); }
+RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
+#undef SYSTEM_TESTS_SHOW
+
+std::string Names::in(std::string const& text) const
+{
+   std::lock_guard<std::mutex> const lock(_mutex);
+   std::string named;
+   std::size_t start = 0;
+   while (start < text.size()) {
+      std::size_t end = start;
+      while (end < text.size() && std::string(" (){}=,").find(text[end]) == std::string::npos) {
+         ++end;
+      }
+      std::string const word = text.substr(start, end - start);
+      auto const found = _names.find(word);
+      named += found == _names.end() ? word : found->second;
+      if (end < text.size()) {
+         named += text[end++];
+      }
+      start = end;
+   }
+   std::size_t open = 0;
+   while ((open = named.find('{', open)) != std::string::npos) {
+      std::size_t const close = named.find('}', open);
+      std::string const list = sorted(named.substr(open + 1, close - open - 1));
+      named.replace(open + 1, close - open - 1, list);
+      open += list.size() + 1;
+   }
+   return named;
+}
+
+} // namespace system_tests

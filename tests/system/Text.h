@@ -1,0 +1,96 @@
+// How the values of the interface are written in what the tests record and expect.
+#ifndef RTI1516E_TESTS_SYSTEM_TEXT_H
+#define RTI1516E_TESTS_SYSTEM_TEXT_H
+
+#include <RTI/RTI1516.h>
+
+#include <map>
+#include <mutex>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace system_tests {
+
+// ASCII only, which is all that the tests use.
+std::string narrow(std::wstring const& text);
+std::wstring wide(std::string const& text);
+
+// A tag or value that holds the characters of a text.
+rti1516e::VariableLengthData bytes(std::string const& text);
+
+std::string show(bool flag);
+std::string show(std::wstring const& text);
+std::string show(rti1516e::VariableLengthData const& data);
+std::string show(rti1516e::LogicalTime const& time);
+std::string show(rti1516e::LogicalTimeInterval const& interval);
+std::string show(rti1516e::OrderType order);
+std::string show(rti1516e::TransportationType transportation);
+std::string show(rti1516e::SynchronizationPointFailureReason reason);
+std::string show(rti1516e::SaveFailureReason reason);
+std::string show(rti1516e::RestoreFailureReason reason);
+std::string show(rti1516e::MessageRetractionHandle const& handle);
+std::string show(std::pair<rti1516e::FederateHandle, rti1516e::SaveStatus> const& status);
+std::string show(rti1516e::FederateRestoreStatus const& status);
+std::string show(rti1516e::FederationExecutionInformation const& federation);
+
+// As Kind<number>, for Names to replace.
+#define SYSTEM_TESTS_SHOW(Handle) std::string show(rti1516e::Handle const& handle);
+RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
+#undef SYSTEM_TESTS_SHOW
+
+template <class First, class Second>
+std::string show(std::pair<First const, Second> const& entry)
+{
+   return show(entry.first) + "=" + show(entry.second);
+}
+
+// Sets, maps and vectors whose order tells nothing: {a b c}.
+template <class Range>
+std::string showAll(Range const& range)
+{
+   std::string text;
+   for (auto const& element : range) {
+      text += (text.empty() ? "" : " ") + show(element);
+   }
+   return "{" + text + "}";
+}
+template <class Element>
+std::string show(std::set<Element> const& elements)
+{
+   return showAll(elements);
+}
+template <class Element>
+std::string show(std::vector<Element> const& elements)
+{
+   return showAll(elements);
+}
+template <class Key, class Value>
+std::string show(std::map<Key, Value> const& entries)
+{
+   return showAll(entries);
+}
+
+// What the federates of one test call their handles. Any thread may use it.
+class Names
+{
+public:
+   template <class Handle>
+   void add(Handle const& handle, std::string const& name)
+   {
+      std::lock_guard<std::mutex> const lock(_mutex);
+      _names[show(handle)] = name;
+   }
+
+   // The text with each handle that has a name replaced by it, and with what stands in braces sorted.
+   std::string in(std::string const& text) const;
+
+private:
+   mutable std::mutex _mutex;
+   std::map<std::string, std::string> _names;
+};
+
+} // namespace system_tests
+
+#endif
