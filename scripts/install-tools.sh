@@ -3,7 +3,7 @@
 # the word lint, also what the checks of the sources need.
 set -euo pipefail
 
-# A command or file that tells that a package is there, and the package.
+# A command, or the path of a file, that tells that a package is there; and the package.
 needs=(
   "g++ g++"
   "cmake cmake"
@@ -18,9 +18,10 @@ fi
 missing=()
 for need in "${needs[@]}"; do
   read -r sign package <<<"$need"
-  if ! command -v "$sign" >/dev/null && ! [ -e "$sign" ]; then
-    missing+=("$package")
-  fi
+  case $sign in
+    /*) [ -e "$sign" ] ;;
+    *) command -v "$sign" >/dev/null ;;
+  esac || missing+=("$package")
 done
 if [ ${#missing[@]} -eq 0 ]; then
   exit 0
