@@ -1,10 +1,12 @@
-// Does one thing in a process with a Java VM of its own, which may well be the end of it, and prints what a
-// federate sees. VMCaseTest runs it. The time library is the default one.
+// Does one thing in a process with a Java VM of its own, which may well be the end of it, and writes down
+// what a federate sees, into the file "seen", for the VM prints to all streams. VMCaseTest runs it. The time
+// library is the default one.
 #include "Caught.h"
 #include "Fixture.h"
 #include "Samples.h"
 
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -15,32 +17,34 @@ namespace {
 
 using Driver = std::function<void()>;
 
+std::ofstream seen;
+
 RecordingCore& core() { return RecordingCore::instance(); }
 
-void print(Caught const& caught)
+void write(Caught const& caught)
 {
-   std::cout << (caught.type.empty() ? "nothing" : caught.type) << ": "
-             << std::string(caught.text.begin(), caught.text.end()) << '\n';
+   seen << (caught.type.empty() ? "nothing" : caught.type) << ": "
+        << std::string(caught.text.begin(), caught.text.end()) << '\n';
 }
 
-void print(std::optional<JavaException> const& pending)
+void write(std::optional<JavaException> const& pending)
 {
    if (pending) {
-      std::cout << *pending << '\n';
+      seen << *pending << '\n';
    } else {
-      std::cout << "nothing\n";
+      seen << "nothing\n";
    }
 }
 
 void create()
 {
-   print(caughtFrom([] { newAmbassador(); }));
+   write(caughtFrom([] { newAmbassador(); }));
 }
 
 void printProperty(char const* name)
 {
    auto const value = core().property(name);
-   std::cout << name << '=' << (value ? std::string(value->begin(), value->end()) : "(not set)") << '\n';
+   seen << name << '=' << (value ? std::string(value->begin(), value->end()) : "(not set)") << '\n';
 }
 
 // A callback to a connected federate.
@@ -50,7 +54,7 @@ Driver callback(InCallback inCallback)
    return [inCallback] {
       Member member;
       member.federate.inCallback = inCallback;
-      print(core().deliver({"federationSaved_Native", member.message(Bytes())}));
+      write(core().deliver({"federationSaved_Native", member.message(Bytes())}));
    };
 }
 
@@ -59,7 +63,7 @@ Driver delivery(char const* native, char const* arguments)
    return [=] {
       Member member;
       member.join(u"HLAinteger64Time");
-      print(core().deliver({native, member.message(Bytes(arguments))}));
+      write(core().deliver({native, member.message(Bytes(arguments))}));
    };
 }
 
@@ -68,7 +72,7 @@ Driver bareDelivery(char const* before, char const* after)
 {
    return [=] {
       Member const member;
-      print(
+      write(
          core().deliver({"federationSaved_Native", Bytes(before).int32(member.token).append(Bytes(after))}));
    };
 }
@@ -91,13 +95,13 @@ std::map<std::string, Driver> const drivers = {
        Member const member;
        core().answer("getFederateName_FH", u"the name");
        auto const name = member.ambassador->getFederateName(samples::federate);
-       std::cout << std::string(name.begin(), name.end()) << '\n';
+       seen << std::string(name.begin(), name.end()) << '\n';
     }},
    {"exception that follows one without class",
     [] {
        Member const member;
        core().answer("listFederationExecutions", JavaException{hlaClass("RTIinternalError"), u"why"});
-       print(caughtFrom([&] { member.ambassador->listFederationExecutions(); }));
+       write(caughtFrom([&] { member.ambassador->listFederationExecutions(); }));
     }},
    {"properties",
     [] {
@@ -113,7 +117,7 @@ std::map<std::string, Driver> const drivers = {
        JavaVMInitArgs arguments{JNI_VERSION_1_8, 1, &option, JNI_FALSE};
        JavaVM* vm = nullptr;
        void* env = nullptr;
-       std::cout << "created: " << JNI_CreateJavaVM(&vm, &env, &arguments) << '\n';
+       seen << "created: " << JNI_CreateJavaVM(&vm, &env, &arguments) << '\n';
        newAmbassador();
        printProperty("from.environment");
        printProperty("from.file");
@@ -124,7 +128,7 @@ std::map<std::string, Driver> const drivers = {
        for (auto const* name : {u"HLAinteger64Time", u"HLAfloat64Time", u"unheard of"}) {
           core().answer("getTimeFactory", name);
           auto const shownName = shown(member.ambassador->getTimeFactory());
-          std::cout << std::string(shownName.begin(), shownName.end()) << '\n';
+          seen << std::string(shownName.begin(), shownName.end()) << '\n';
        }
     }},
    {"callback throws an int", callback([] { throw 42; })},
@@ -173,6 +177,7 @@ int main(int argc, char** argv)
       std::cerr << "usage: contract_vm_driver CASE\n";
       return 2;
    }
+   contract::seen.open("seen");
    driver->second();
    return 0;
 }

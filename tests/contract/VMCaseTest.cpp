@@ -50,6 +50,7 @@ std::string coreWithout(std::string const& missing)
 struct Outcome
 {
    int status;
+   std::string seen; // by the federate
    std::string out;
    std::string err;
 };
@@ -107,6 +108,7 @@ protected:
       posix_spawn_file_actions_destroy(&actions);
       Outcome outcome{};
       waitpid(child, &outcome.status, 0);
+      outcome.seen = contentOf("seen");
       outcome.out = contentOf("out");
       outcome.err = contentOf("err");
       for (auto const* complaint : {"WARNING in native method", "WARNING: JNI", "FATAL ERROR"}) {
@@ -116,14 +118,14 @@ protected:
       return outcome;
    }
 
-   // Runs a case that ends well and returns what it printed.
-   std::string printedBy(std::string const& driverCase)
+   // Runs a case that ends well and returns what the federate has seen.
+   std::string seenBy(std::string const& driverCase)
    {
       auto const outcome = run(driverCase);
       EXPECT_TRUE(WIFEXITED(outcome.status) && WEXITSTATUS(outcome.status) == 0) << outcome.status << '\n'
                                                                                  << outcome.err;
       lastError = outcome.err;
-      return outcome.out;
+      return outcome.seen;
    }
 
    // Runs a case that aborts and returns what it wrote to its standard error stream.
@@ -137,11 +139,11 @@ protected:
    // Creating an ambassador fails with the text, which is also printed.
    void expectSetupFailure(std::string const& text)
    {
-      EXPECT_EQ(printedBy("create"), "RTIinternalError: " + text + "\n");
+      EXPECT_EQ(seenBy("create"), "RTIinternalError: " + text + "\n");
       EXPECT_NE(lastError.find(text), std::string::npos) << lastError;
    }
 
-   void expectWorking() { EXPECT_EQ(printedBy("call"), "the name\n") << lastError; }
+   void expectWorking() { EXPECT_EQ(seenBy("call"), "the name\n") << lastError; }
 
    bool printedError(std::string const& text) const { return lastError.find(text) != std::string::npos; }
 
@@ -202,12 +204,12 @@ TEST_F(VMCaseTest, CoreWhoseConstructorThrows)
 {
    environment["CLASSPATH"] = recordingCore;
    environment["TOVU1516_OPTION3"] = "-Drecording.constructor=java.lang.IllegalStateException:no licence";
-   EXPECT_EQ(printedBy("create"), "RTIinternalError: no licence\n");
+   EXPECT_EQ(seenBy("create"), "RTIinternalError: no licence\n");
    EXPECT_TRUE(printedError("java.lang.IllegalStateException: no licence\n")) << lastError;
    EXPECT_FALSE(printedError("Unhandled exception")) << lastError;
 
    environment["TOVU1516_OPTION3"] = "-Drecording.constructor=java.lang.StackOverflowError";
-   EXPECT_EQ(printedBy("create"), "RTIinternalError: java.lang.StackOverflowError\n");
+   EXPECT_EQ(seenBy("create"), "RTIinternalError: java.lang.StackOverflowError\n");
 }
 
 TEST_F(VMCaseTest, CoreWithoutFederateAmbassadorClass)
@@ -227,7 +229,7 @@ TEST_F(VMCaseTest, CoreWithoutOneNative)
 TEST_F(VMCaseTest, CoreWithoutOneExceptionClass)
 {
    environment["CLASSPATH"] = coreWithout("hla/rti1516e/exceptions/NotConnected");
-   EXPECT_EQ(printedBy("exception that follows one without class"), "RTIinternalError: why\n");
+   EXPECT_EQ(seenBy("exception that follows one without class"), "RTIinternalError: why\n");
    EXPECT_EQ(lastError, "");
 }
 
@@ -252,8 +254,8 @@ TEST_F(VMCaseTest, OptionsReachTheVM)
    environment["TOVU1516_OPTION3"] = "-Dfrom.environment=yes";
    environment["TOVU_SINGLETHREAD"] = "";
    std::ofstream("tovu.vmoptions") << "# a comment\n\n-Dfrom.file=yes as well\n-Xss2m";
-   EXPECT_EQ(printedBy("properties"), "from.environment=yes\nfrom.file=yes as well\n"
-                                      "Tovu.libraryName=rti1516\nsinglethread=true\n");
+   EXPECT_EQ(seenBy("properties"), "from.environment=yes\nfrom.file=yes as well\n"
+                                   "Tovu.libraryName=rti1516\nsinglethread=true\n");
 }
 
 TEST_F(VMCaseTest, VMOfTheApplication)
@@ -262,26 +264,25 @@ TEST_F(VMCaseTest, VMOfTheApplication)
    environment["APPLICATION_CLASSPATH"] = recordingCore;
    environment["TOVU1516_OPTION3"] = "-Dfrom.environment=yes";
    std::ofstream("tovu.vmoptions") << "-Dfrom.file=yes";
-   EXPECT_EQ(printedBy("the application's VM"),
-             "created: 0\nfrom.environment=(not set)\nfrom.file=(not set)\n");
+   EXPECT_EQ(seenBy("the application's VM"), "created: 0\nfrom.environment=(not set)\nfrom.file=(not set)\n");
    EXPECT_EQ(lastError, "");
 }
 
 TEST_F(VMCaseTest, DefaultTimeLibrary)
 {
    environment["CLASSPATH"] = recordingCore;
-   EXPECT_EQ(printedBy("default time library"), "HLAinteger64Time\nHLAfloat64Time\nnone\n");
+   EXPECT_EQ(seenBy("default time library"), "HLAinteger64Time\nHLAfloat64Time\nnone\n");
 }
 
 TEST_F(VMCaseTest, UnknownExceptionsOfCallbacksAreCaught)
 {
    environment["CLASSPATH"] = recordingCore;
    std::string const internalError = "hla.rti1516e.exceptions.FederateInternalError: ";
-   EXPECT_EQ(printedBy("callback throws an int"), internalError + "Unknown C++ exception\n");
+   EXPECT_EQ(seenBy("callback throws an int"), internalError + "Unknown C++ exception\n");
    // Any value tells not to, even an empty one; what is known is caught all the same.
    environment["TOVU1516_DONTCATCHALL"] = "";
-   EXPECT_EQ(printedBy("callback throws an exception of the interface"), internalError + "x\n");
-   EXPECT_EQ(printedBy("callback throws a text"), internalError + "x\n");
+   EXPECT_EQ(seenBy("callback throws an exception of the interface"), internalError + "x\n");
+   EXPECT_EQ(seenBy("callback throws a text"), internalError + "x\n");
    auto const words = lastWordsOf("callback throws an int");
    EXPECT_NE(words.find("terminate called after throwing an instance of 'int'"), std::string::npos) << words;
 }
