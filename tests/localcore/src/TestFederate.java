@@ -11,8 +11,10 @@ import tovu.local.model.FederateCallbacks;
 import tovu.local.model.Federation;
 import tovu.local.model.FederationPlan;
 import tovu.local.model.Federations;
+import tovu.local.model.HandleValues;
 import tovu.local.model.ResignAction;
 import tovu.local.model.Session;
+import tovu.local.model.Timing;
 
 /** A federate of the model alone: what it is told it writes down, one line a callback. */
 class TestFederate implements CallbackSink {
@@ -92,6 +94,57 @@ class TestFederate implements CallbackSink {
             next.deliver(callbacks);
         }
         return List.copyOf(lines);
+    }
+
+    final int classHandle(String name) throws Exception {
+        return ask((federation, me) -> federation.lookups().objectClassHandle(name));
+    }
+
+    final int[] attributes(String className, String... names) throws Exception {
+        int[] handles = new int[names.length];
+        for (int i = 0; i < names.length; ++i) {
+            String name = names[i];
+            handles[i] = ask((federation, me) -> federation.lookups().attributeHandle(
+                    federation.lookups().objectClassHandle(className), name));
+        }
+        return handles;
+    }
+
+    final void publish(String className, String... names) throws Exception {
+        int[] handles = attributes(className, names);
+        act((federation, me) -> federation.declarations().publishObjectClass(me,
+                federation.lookups().objectClassHandle(className), handles));
+    }
+
+    final void subscribe(String className, String... names) throws Exception {
+        int[] handles = attributes(className, names);
+        act((federation, me) -> federation.declarations().subscribeObjectClass(me,
+                federation.lookups().objectClassHandle(className), handles, true, ""));
+    }
+
+    final void unsubscribe(String className, String... names) throws Exception {
+        int[] handles = attributes(className, names);
+        act((federation, me) -> federation.declarations().unsubscribeObjectClassAttributes(me,
+                federation.lookups().objectClassHandle(className), handles));
+    }
+
+    final int register(String className) throws Exception {
+        return ask((federation, me) -> federation.objectManagement().register(me,
+                federation.lookups().objectClassHandle(className), null));
+    }
+
+    /** Updates attributes with empty values. */
+    final void update(int object, int... attributes) throws Exception {
+        act((federation, me) -> federation.objectManagement().update(me, object, values(attributes), new byte[0],
+                Timing.NONE));
+    }
+
+    static HandleValues values(int... handles) {
+        int[] rows = new int[3 * handles.length];
+        for (int i = 0; i < handles.length; ++i) {
+            rows[3 * i] = handles[i];
+        }
+        return new HandleValues(new byte[0], rows, handles.length);
     }
 
     final void act(Act act) throws Exception {

@@ -33,6 +33,7 @@ final class TimeTest {
             harness.run("zero lookahead " + family, () -> new TimeTest(family).zeroLookahead());
             harness.run("lookahead " + family, () -> new TimeTest(family).lookahead());
             harness.run("late regulation " + family, () -> new TimeTest(family).lateRegulation());
+            harness.run("late constraint " + family, () -> new TimeTest(family).lateConstraint());
             harness.run("receive order " + family, () -> new TimeTest(family).receiveOrder());
             harness.run("retraction " + family, () -> new TimeTest(family).retraction());
             harness.run("timed save " + family, () -> new TimeTest(family).timedSave());
@@ -192,6 +193,8 @@ final class TimeTest {
         Harness.equal(b.hear(), List.of());
         a.advance(AdvanceKind.NEXT_MESSAGE, 20);
         Harness.equal(b.hear(), List.of("receive(4)", "receive(4)", "timeAdvanceGrant(4)"));
+        // Asked for 20, a may yet be sent something for 5 and answer it for 6.
+        Harness.equal(value(b.ask((federation, me) -> federation.time().galt(me))), 6.0);
         b.advance(AdvanceKind.NEXT_MESSAGE, 10);
         Harness.equal(b.hear(), List.of("receive(7)", "timeAdvanceGrant(7)"));
         b.advance(AdvanceKind.NEXT_MESSAGE_AVAILABLE, 10);
@@ -240,6 +243,8 @@ final class TimeTest {
         a.advance(AdvanceKind.TIME_ADVANCE, 9);
         a.hear();
         Harness.equal(value(a.ask((federation, me) -> federation.time().lookahead(me))), 4.0);
+        a.act((federation, me) -> federation.time().modifyLookahead(me, bits(0)));
+        Harness.refuses("InvalidLogicalTime", () -> a.send(-1, 12), "13");
         Harness.refuses("InvalidLookahead", () -> a.act((federation, me) ->
                 federation.time().modifyLookahead(me, bits(-1))), "zero or more");
         if (!integer) {
@@ -267,6 +272,21 @@ final class TimeTest {
         Harness.equal(a.hear(), List.of());
         late.advance(AdvanceKind.NEXT_MESSAGE, 1000);
         Harness.equal(a.hear(), List.of("receive(101)", "timeAdvanceGrant(102)"));
+    }
+
+    /** Who becomes constrained late becomes so when nothing can come any more for the time it has passed. */
+    private void lateConstraint() throws Exception {
+        Clock a = new Clock("a").both(1);
+        Clock late = new Clock("late");
+        late.advance(AdvanceKind.TIME_ADVANCE, 50);
+        late.hear();
+        late.constrain();
+        Harness.refuses("RequestForTimeConstrainedPending", () -> late.constrain());
+        a.advance(AdvanceKind.TIME_ADVANCE, 49);
+        Harness.equal(late.hear(), List.of());
+        a.hear();
+        a.advance(AdvanceKind.TIME_ADVANCE, 50);
+        Harness.equal(late.hear(), List.of("timeConstrainedEnabled(50)"));
     }
 
     private void receiveOrder() throws Exception {
