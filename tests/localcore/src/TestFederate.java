@@ -11,11 +11,13 @@ import tovu.local.model.FederateCallbacks;
 import tovu.local.model.Federation;
 import tovu.local.model.FederationPlan;
 import tovu.local.model.Federations;
+import tovu.local.model.HandleValues;
 import tovu.local.model.ResignAction;
 import tovu.local.model.Session;
+import tovu.local.model.Timing;
 
 /** A federate of the model alone: what it is told it writes down, one line a callback. */
-final class TestFederate implements CallbackSink {
+class TestFederate implements CallbackSink {
     /** Something to do as a member. */
     interface Act {
         void on(Federation federation, Federate me) throws Exception;
@@ -30,8 +32,9 @@ final class TestFederate implements CallbackSink {
     private final Queue<Callback> queue = new ArrayDeque<>();
     private final List<String> lines = new ArrayList<>();
     private final FederateCallbacks callbacks = (FederateCallbacks) Proxy.newProxyInstance(
-            FederateCallbacks.class.getClassLoader(), new Class<?>[] {FederateCallbacks.class}, (proxy, method, args) -> {
-                lines.add(method.getName() + describe(args == null ? new Object[0] : args));
+            FederateCallbacks.class.getClassLoader(), new Class<?>[] {FederateCallbacks.class},
+            (proxy, method, args) -> {
+                hear(method.getName(), args == null ? new Object[0] : args);
                 return null;
             });
 
@@ -46,9 +49,17 @@ final class TestFederate implements CallbackSink {
     }
 
     static TestFederate join(Federations federations, String federation, String name) throws Exception {
-        TestFederate federate = new TestFederate(federations);
-        federate.session.join(name, "type", federation, List.of());
-        return federate;
+        return new TestFederate(federations).joined(federation, name);
+    }
+
+    final TestFederate joined(String federation, String name) throws Exception {
+        session.join(name, "type", federation, List.of());
+        return this;
+    }
+
+    /** What comes of a callback; here, a line. */
+    void hear(String callback, Object[] args) {
+        lines.add(callback + describe(args));
     }
 
     private static String describe(Object[] args) {
@@ -77,7 +88,7 @@ final class TestFederate implements CallbackSink {
     }
 
     /** Takes all callbacks that are there, and gives back their lines. */
-    List<String> told() throws Exception {
+    final List<String> told() throws Exception {
         lines.clear();
         for (Callback next = next(); next != null; next = next()) {
             next.deliver(callbacks);
@@ -85,14 +96,65 @@ final class TestFederate implements CallbackSink {
         return List.copyOf(lines);
     }
 
-    void act(Act act) throws Exception {
+    final int classHandle(String name) throws Exception {
+        return ask((federation, me) -> federation.lookups().objectClassHandle(name));
+    }
+
+    final int[] attributes(String className, String... names) throws Exception {
+        int[] handles = new int[names.length];
+        for (int i = 0; i < names.length; ++i) {
+            String name = names[i];
+            handles[i] = ask((federation, me) -> federation.lookups().attributeHandle(
+                    federation.lookups().objectClassHandle(className), name));
+        }
+        return handles;
+    }
+
+    final void publish(String className, String... names) throws Exception {
+        int[] handles = attributes(className, names);
+        act((federation, me) -> federation.declarations().publishObjectClass(me,
+                federation.lookups().objectClassHandle(className), handles));
+    }
+
+    final void subscribe(String className, String... names) throws Exception {
+        int[] handles = attributes(className, names);
+        act((federation, me) -> federation.declarations().subscribeObjectClass(me,
+                federation.lookups().objectClassHandle(className), handles, true, ""));
+    }
+
+    final void unsubscribe(String className, String... names) throws Exception {
+        int[] handles = attributes(className, names);
+        act((federation, me) -> federation.declarations().unsubscribeObjectClassAttributes(me,
+                federation.lookups().objectClassHandle(className), handles));
+    }
+
+    final int register(String className) throws Exception {
+        return ask((federation, me) -> federation.objectManagement().register(me,
+                federation.lookups().objectClassHandle(className), null));
+    }
+
+    /** Updates attributes with empty values. */
+    final void update(int object, int... attributes) throws Exception {
+        act((federation, me) -> federation.objectManagement().update(me, object, values(attributes), new byte[0],
+                Timing.NONE));
+    }
+
+    static HandleValues values(int... handles) {
+        int[] rows = new int[3 * handles.length];
+        for (int i = 0; i < handles.length; ++i) {
+            rows[3 * i] = handles[i];
+        }
+        return new HandleValues(new byte[0], rows, handles.length);
+    }
+
+    final void act(Act act) throws Exception {
         ask((federation, me) -> {
             act.on(federation, me);
             return null;
         });
     }
 
-    <R> R ask(Ask<R> ask) throws Exception {
+    final <R> R ask(Ask<R> ask) throws Exception {
         Exception[] failure = new Exception[1];
         R result = session.callOutsideSave((federation, me) -> {
             try {
@@ -108,11 +170,11 @@ final class TestFederate implements CallbackSink {
         return result;
     }
 
-    void resign(ResignAction action) throws Exception {
+    final void resign(ResignAction action) throws Exception {
         session.resign(action);
     }
 
-    int handle() {
+    final int handle() {
         return session.federate().handle();
     }
 }
