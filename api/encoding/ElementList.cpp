@@ -51,8 +51,16 @@ void ElementList::append(DataElement* element)
    appendSingly(Entry::lent(element));
 }
 
+void ElementList::appendClones(DataElement const& prototype, std::size_t number)
+{
+   appendClones(Entry::lent(const_cast<DataElement*>(&prototype)), number); // which only clones it
+}
+
 void ElementList::appendClones(Entry const& prototype, std::size_t number)
 {
+   if (number == 0) {
+      return;
+   }
    std::size_t const before = size();
    reserve(number);
    try {

@@ -42,6 +42,7 @@ public:
    // A failure leaves the list as it was.
    void append(DataElement const& element);
    void append(DataElement* element);
+   void appendClones(DataElement const& prototype, std::size_t number);
    void appendClones(Entry const& prototype, std::size_t number);
    void replace(std::size_t index, DataElement const& element);
    void replace(std::size_t index, DataElement* element);

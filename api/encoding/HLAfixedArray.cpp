@@ -12,7 +12,7 @@ namespace rti1516e {
 HLAfixedArray::HLAfixedArray(DataElement const& prototype, size_t length) : _body(nullptr)
 {
    auto body = std::make_unique<ElementList>(ElementList::For::array);
-   body->appendClones(Entry::clone(prototype), length);
+   body->appendClones(prototype, length);
    _body = body.release();
 }
 
