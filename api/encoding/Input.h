@@ -33,7 +33,7 @@ public:
    // The octets at the index, where there are at least so many; else fails.
    char const* at(std::size_t index, std::size_t length, wchar_t const* message) const
    {
-      if (left(index) < length) {
+      if (index > _size || _size - index < length) {
          failure::raise(message);
       }
       return _data + index;

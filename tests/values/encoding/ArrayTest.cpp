@@ -113,13 +113,12 @@ TEST(VariableArray, HostileCounts)
       {"00000004 00000009", 0, indexOutOfBounds, 4},
       {"00000001 000000", 0, indexOutOfBounds, 1},
    };
-   for (auto const& [encoded, index, failure, sizeAfter] : cases) {
-      SCOPED_TRACE(encoded);
+   for (auto const& each : cases) {
+      SCOPED_TRACE(each.encoded);
       HLAvariableArray array = integers({1, 2});
-      auto const start = index;
-      EXPECT_EQ(failureOf([&, &text = encoded] { array.decodeFrom(octets(text), start); }), failure);
-      ASSERT_EQ(array.size(), sizeAfter);
-      EXPECT_EQ(integerAt(array[0]), sizeAfter == 4 ? 9 : 1);
+      EXPECT_EQ(failureOf([&] { array.decodeFrom(octets(each.encoded), each.index); }), each.failure);
+      ASSERT_EQ(array.size(), each.sizeAfter);
+      EXPECT_EQ(integerAt(array[0]), each.sizeAfter == 4 ? 9 : 1);
    }
    // Elements without octets need none, but are not more than the octets left.
    HLAvariableArray empties{HLAfixedRecord()};

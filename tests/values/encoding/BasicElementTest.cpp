@@ -132,13 +132,14 @@ TEST(BasicElements, TextsTooShortForTheirCount)
       {"00 00 00 07 61 62 63", indexOutOfBounds, indexOutOfBounds},
       {"00 00 00 02 61 62 63", L"none", indexOutOfBounds},
    };
-   for (auto const& [encoded, ascii, unicode] : cases) {
-      SCOPED_TRACE(encoded);
+   for (auto const& each : cases) {
+      SCOPED_TRACE(each.encoded);
+      Octets const encoded = octets(each.encoded);
       HLAASCIIstring narrow("kept");
       HLAunicodeString wide(L"kept");
-      EXPECT_EQ(failureOf([&] { narrow.decodeFrom(octets(encoded), 0); }), ascii);
-      EXPECT_EQ(failureOf([&] { wide.decodeFrom(octets(encoded), 0); }), unicode);
-      EXPECT_EQ(narrow.get(), ascii == L"none" ? "ab" : "kept");
+      EXPECT_EQ(failureOf([&] { narrow.decodeFrom(encoded, 0); }), each.ascii);
+      EXPECT_EQ(failureOf([&] { wide.decodeFrom(encoded, 0); }), each.unicode);
+      EXPECT_EQ(narrow.get(), each.ascii == L"none" ? "ab" : "kept");
       EXPECT_EQ(wide.get(), L"kept");
    }
 }

@@ -74,17 +74,16 @@ TEST(OpaqueData, FailuresLeaveItAsItWas)
       {"00000002 61", 0, arrayIndexOutOfBounds, arrayIndexOutOfBounds},
       {"0000000a 62626262626262626262", 0, L"none", insufficient},
    };
-   for (auto const& [encoded, index, owning, borrowing] : cases) {
-      SCOPED_TRACE(encoded);
+   for (auto const& each : cases) {
+      SCOPED_TRACE(each.encoded);
+      Octets const encoded = octets(each.encoded);
       char buffer[] = "external";
       char* pointer = buffer;
       HLAopaqueData borrowed(&pointer, 8, 5);
       HLAopaqueData owned("own", 3);
-      Octets const octetsOfCase = octets(encoded);
-      std::size_t const start = index;
-      EXPECT_EQ(failureOf([&] { owned.decodeFrom(octetsOfCase, start); }), owning);
-      EXPECT_EQ(failureOf([&] { borrowed.decodeFrom(octetsOfCase, start); }), borrowing);
-      expectEncoding(owned, octets(owning == L"none" ? encoded : "00000003 6f776e"), 4);
+      EXPECT_EQ(failureOf([&] { owned.decodeFrom(encoded, each.index); }), each.owning);
+      EXPECT_EQ(failureOf([&] { borrowed.decodeFrom(encoded, each.index); }), each.borrowing);
+      expectEncoding(owned, each.owning == L"none" ? encoded : octets("00000003 6f776e"), 4);
       EXPECT_STREQ(buffer, "external");
       EXPECT_EQ(borrowed.dataLength(), 5U);
    }
