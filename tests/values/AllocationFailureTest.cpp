@@ -2,92 +2,23 @@
 // program of its own, for it replaces operator new.
 #include "api/HandleAccess.h"
 #include "tests/values/Bytes.h"
+#include "tests/values/CountedMemory.h"
 
 #include <RTI/Exception.h>
 #include <RTI/time/HLAfloat64TimeFactory.h>
 #include <RTI/time/HLAinteger64TimeFactory.h>
 
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <limits>
-#include <new>
 #include <type_traits>
 #include <typeinfo>
 
 namespace {
 
-constexpr long plenty = std::numeric_limits<long>::max();
-long allowed = plenty; // allocations that still succeed
-long live = 0;         // allocations not yet released
-
-void* allocate(std::size_t size) noexcept
-{
-   if (allowed == 0) {
-      return nullptr;
-   }
-   if (allowed != plenty) {
-      --allowed;
-   }
-   ++live;
-   return std::malloc(size + (size == 0));
-}
-
-void* require(void* memory) { return memory != nullptr ? memory : throw std::bad_alloc(); }
-
-void release(void* memory) noexcept
-{
-   live -= memory != nullptr;
-   std::free(memory);
-}
-
-} // namespace
-
-// All that the library uses: a sanitizer has its own of each and does not pass them on to one another.
-void* operator new(std::size_t size) { return require(allocate(size)); }
-void* operator new[](std::size_t size) { return require(allocate(size)); }
-void* operator new(std::size_t size, std::nothrow_t const&) noexcept { return allocate(size); }
-void operator delete(void* memory) noexcept { release(memory); }
-void operator delete[](void* memory) noexcept { release(memory); }
-void operator delete(void* memory, std::size_t) noexcept { release(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
-
-namespace {
-
 using namespace rti1516e;
-
-enum class Outcome
-{
-   done,
-   badAlloc
-};
-
-template <class Operation>
-Outcome runWithMemoryFor(long allocations, Operation operation)
-{
-   allowed = allocations;
-   auto outcome = Outcome::done;
-   try {
-      operation();
-   } catch (std::bad_alloc const&) {
-      outcome = Outcome::badAlloc;
-   }
-   allowed = plenty;
-   return outcome;
-}
-
-// The operation makes everything it needs and lets go of it again.
-template <class Operation>
-void expectNothingLost(Operation operation)
-{
-   long const before = live;
-   long allocations = 0;
-   while (runWithMemoryFor(allocations, operation) == Outcome::badAlloc) {
-      EXPECT_EQ(live, before) << "after " << allocations << " allocations";
-      ++allocations;
-   }
-   EXPECT_GT(allocations, 0) << "nothing was allocated at all";
-   EXPECT_EQ(live, before);
-}
+using memory::expectNothingLost;
+using memory::live;
+using memory::Outcome;
+using memory::runWithMemoryFor;
 
 Bytes const old = {'o', 'l', 'd'};
 Bytes const fresh = {'n', 'e', 'w', '!'};

@@ -1,0 +1,40 @@
+#include "api/encoding/ElementOperations.h"
+
+#include <RTI/encoding/DataElement.h>
+
+#include <cstdint>
+#include <typeinfo>
+
+namespace rti1516e {
+
+DataElement::~DataElement() = default;
+
+void DataElement::encode(VariableLengthData& buffer) const { buffer = encode(); }
+
+VariableLengthData DataElement::encode() const
+{
+   std::vector<char> buffer;
+   encodeInto(buffer);
+   return dataOf(buffer);
+}
+
+void DataElement::decode(VariableLengthData const& encoded) { decodeFrom(Input(encoded).buffer(), 0); }
+
+bool DataElement::isSameTypeAs(DataElement const& other) const { return typeid(*this) == typeid(other); }
+
+Integer64 DataElement::hash() const { return 1; }
+
+VariableLengthData dataOf(std::unique_ptr<char[]> octets, std::size_t length)
+{
+   std::uint32_t const size = checkedCount(length);
+   VariableLengthData data;
+   data.takeDataPointer(octets.release(), size);
+   return data;
+}
+
+VariableLengthData dataOf(std::vector<char> const& octets)
+{
+   return VariableLengthData(octets.data(), checkedCount(octets.size()));
+}
+
+} // namespace rti1516e

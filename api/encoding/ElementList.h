@@ -1,0 +1,81 @@
+// The elements of an array, or the fields of a record.
+#pragma once
+
+#include "api/encoding/ElementBlocks.h"
+#include "api/encoding/Entry.h"
+#include "api/encoding/Extent.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace rti1516e {
+
+// Elements that are encoded one after another, each aligned to its own boundary: the body of a fixed array
+// and of a fixed record, and the greater part of a variable array's.
+//
+// Lists for arrays keep clones of one basic kind in blocks, as long as all elements are such clones in the
+// blocks' order. As soon as something else comes in, the blocks are closed: what is in them stays until the
+// list goes, and is reached through the entries like all others.
+class ElementList
+{
+public:
+   enum class For
+   {
+      record,
+      array
+   };
+
+   // Positions are counted from `start` on, where the first element may stand.
+   explicit ElementList(For use, std::uint8_t start = 0) noexcept : _length(start), _use(use), _start(start)
+   {}
+   // Owns clones of all elements.
+   ElementList(ElementList const& other);
+   ElementList& operator=(ElementList const&) = delete;
+
+   std::size_t size() const noexcept { return _entries.size(); }
+   bool empty() const noexcept { return _entries.empty(); }
+
+   // Fails if there is no such element.
+   DataElement& at(std::size_t index) const;
+
+   // A failure leaves the list as it was.
+   void append(DataElement const& element);
+   void append(DataElement* element);
+   void appendClones(DataElement const& prototype, std::size_t number);
+   void appendClones(Entry const& prototype, std::size_t number);
+   void replace(std::size_t index, DataElement const& element);
+   void replace(std::size_t index, DataElement* element);
+   // Takes the last elements away.
+   void truncate(std::size_t size) noexcept;
+
+   // The body's operations. The length is that from position 0 to the end of the last element.
+   Extent measure(Wanted wanted) const;
+   void write(Output& out) const;
+   std::size_t read(Input const& in, std::size_t index);
+
+private:
+   bool mayKeepInBlocks(Kind kind) const noexcept;
+   void reserve(std::size_t number);
+   void appendToBlocks(DataElement const& element, Kind kind, std::size_t number);
+   void appendSingly(Entry entry);
+   void replaceEntry(std::size_t index, Entry entry) noexcept;
+   void account(Kind kind, std::size_t number) noexcept;
+   void accountAll() noexcept;
+
+   std::vector<Entry> _entries;
+   ElementBlocks _blocks;
+
+   // What the elements' kinds tell of the list, so that most lists need not be looked through: where they
+   // end, if each kind has one length, and their boundary, if each has one.
+   std::size_t _length;
+   unsigned int _boundary = 1;
+   bool _allOfOneLength = true;
+   bool _allOfOneBoundary = true;
+
+   bool _inBlocks = false; // all elements are those of the blocks, and there are some
+   For _use;
+   std::uint8_t _start;
+};
+
+} // namespace rti1516e

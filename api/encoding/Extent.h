@@ -1,0 +1,56 @@
+// Where an element may begin, and how far it reaches.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+namespace rti1516e {
+
+// The next multiple of the boundary from the index on. What lies beyond the largest index is that index,
+// which no buffer holds.
+constexpr std::size_t alignUp(std::size_t index, unsigned int boundary) noexcept
+{
+   bool const isPowerOfTwo = (boundary & (boundary - 1)) == 0;
+   std::size_t const over = isPowerOfTwo ? index & (boundary - 1) : index % boundary;
+   if (over == 0) {
+      return index;
+   }
+   std::size_t const padding = boundary - over;
+   std::size_t const last = std::numeric_limits<std::size_t>::max();
+   return index > last - padding ? last : index + padding;
+}
+
+// What is asked of an element before it is encoded or decoded. An element of a foreign class is asked for its
+// length only for its own sake: it would look through all that is in it, and does so again when it is
+// encoded.
+enum class Wanted
+{
+   boundary,       // the boundary, and whether there is something foreign
+   room,           // the length as well, if there is nothing foreign
+   lengthInAnyCase // and else too
+};
+
+struct Extent
+{
+   std::size_t length = 0;
+   unsigned int boundary = 1;
+   // Whether there is an element in it that is not of the library's own classes, so that its octets come from
+   // foreign code and their number is not known for certain.
+   bool foreign = false;
+
+   // Another element behind this one.
+   constexpr void append(Extent const& next) noexcept
+   {
+      length = alignUp(length, next.boundary) + next.length;
+      include(next);
+   }
+   // Another element whose boundary counts.
+   constexpr void include(Extent const& other) noexcept
+   {
+      boundary = std::max(boundary, other.boundary);
+      foreign = foreign || other.foreign;
+   }
+};
+
+} // namespace rti1516e

@@ -1,0 +1,109 @@
+#include "api/encoding/Kind.h"
+
+#include "api/encoding/BasicBody.h"
+#include "api/encoding/CountedList.h"
+#include "api/encoding/ElementAccess.h"
+#include "api/encoding/ElementBlock.h"
+#include "api/encoding/ElementList.h"
+#include "api/encoding/OpaqueBytes.h"
+#include "api/encoding/Variant.h"
+
+#include <RTI/encoding/HLAfixedArray.h>
+#include <RTI/encoding/HLAfixedRecord.h>
+#include <RTI/encoding/HLAopaqueData.h>
+#include <RTI/encoding/HLAvariableArray.h>
+#include <RTI/encoding/HLAvariantRecord.h>
+
+#include <algorithm>
+
+namespace rti1516e {
+
+namespace {
+
+// The operations of the body in an element of a known class.
+template <class Element>
+struct Known
+{
+   static auto const& body(DataElement const& element)
+   {
+      return ElementAccess::body(static_cast<Element const&>(element));
+   }
+   static auto& body(DataElement& element) { return ElementAccess::body(static_cast<Element&>(element)); }
+
+   static Extent measure(DataElement const& element, Wanted wanted) { return body(element).measure(wanted); }
+   static void write(DataElement const& element, Output& out) { body(element).write(out); }
+   static std::size_t read(DataElement& element, Input const& in, std::size_t index)
+   {
+      return body(element).read(in, index);
+   }
+   static void assign(DataElement& element, DataElement const& other)
+   {
+      body(element).set(body(other).value());
+   }
+};
+
+struct Foreign
+{
+   static Extent measure(DataElement const& element, Wanted wanted)
+   {
+      std::size_t const length = wanted == Wanted::lengthInAnyCase ? element.getEncodedLength() : 0;
+      return {length, std::max(element.getOctetBoundary(), 1U), true};
+   }
+   static void write(DataElement const& element, Output& out) { out.foreign(element); }
+   static std::size_t read(DataElement& element, Input const& in, std::size_t index)
+   {
+      return element.decodeFrom(in.buffer(), index);
+   }
+};
+
+template <class Operations>
+constexpr KindRow row(std::type_info const& type, unsigned int boundary)
+{
+   return {&type, boundary, 0, Operations::measure, Operations::write, Operations::read, nullptr, nullptr};
+}
+
+template <class Element>
+constexpr KindRow basicRow()
+{
+   KindRow basic = row<Known<Element>>(typeid(Element), RowOf<Element>::boundary);
+   basic.fixedLength = RowOf<Element>::fixedLength;
+   basic.makeBlock = BasicBlock<Element>::make;
+   basic.assign = Known<Element>::assign;
+   return basic;
+}
+
+// Of opaque data, every element has the same boundary; what the others hold may be of any.
+template <class Element>
+constexpr KindRow constructedRow()
+{
+   return row<Known<Element>>(typeid(Element), 0);
+}
+template <>
+constexpr KindRow constructedRow<HLAopaqueData>()
+{
+   return row<Known<HLAopaqueData>>(typeid(HLAopaqueData), OpaqueBytes::boundary);
+}
+
+} // namespace
+
+constexpr KindRow kindRows[] = {row<Foreign>(typeid(DataElement), 0),
+#define RTI_BASIC_ROW(Name, Value) basicRow<Name>(),
+#define RTI_CONSTRUCTED_ROW(Name) constructedRow<Name>(),
+                                RTI_FOR_EACH_BASIC_ELEMENT(RTI_BASIC_ROW)
+                                   RTI_FOR_EACH_CONSTRUCTED_ELEMENT(RTI_CONSTRUCTED_ROW)
+#undef RTI_CONSTRUCTED_ROW
+#undef RTI_BASIC_ROW
+};
+
+Kind kindOf(DataElement const& element, Kind likely) noexcept
+{
+   std::type_info const* const type = &typeid(element);
+   if (type == rowOf(likely).type) {
+      return likely;
+   }
+   auto const* const found = std::find_if(std::begin(kindRows), std::end(kindRows),
+                                          [type](KindRow const& row) { return row.type == type; });
+   return found == std::end(kindRows) ? Kind::foreign : static_cast<Kind>(found - std::begin(kindRows));
+}
+
+} // namespace rti1516e

@@ -1,0 +1,70 @@
+// Where an encoding is written.
+#pragma once
+
+#include "api/BigEndian.h"
+#include "api/encoding/Extent.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace rti1516e {
+
+class DataElement;
+
+// A cursor over room that was sized before. Every piece is tested against the room all the same: elements may
+// be lent, and nothing keeps their owner from changing them.
+class Output
+{
+public:
+   // Room of a length that is known for certain; index 0 is its beginning.
+   Output(char* room, std::size_t size) noexcept : _data(room), _size(size) {}
+
+   // Behind the end of a buffer, which is made longer by the expected length now and by more when that does
+   // not do. Call finish at last.
+   Output(std::vector<char>& buffer, std::size_t expected);
+   void finish();
+
+   void align(unsigned int boundary)
+   {
+      std::size_t const index = alignUp(_end, boundary);
+      if (index != _end) {
+         pad(index - _end);
+      }
+   }
+
+   // Room for the next piece, which the caller fills.
+   char* take(std::size_t length)
+   {
+      if (length > _size - _end) {
+         grow(length);
+      }
+      char* const room = _data + _end;
+      _end += length;
+      return room;
+   }
+
+   // Takes back as much as was taken last.
+   void giveBack(std::size_t length) noexcept { _end -= length; }
+
+   // A count. Fails if it is above 32 bits.
+   void count(std::size_t number);
+
+   // Lets an element of a foreign class encode itself.
+   void foreign(DataElement const& element);
+
+private:
+   void pad(std::size_t length);
+   void grow(std::size_t length);
+   void resize(std::size_t size);
+
+   std::vector<char>* _buffer = nullptr;
+   char* _data;
+   std::size_t _size;
+   std::size_t _end = 0;
+};
+
+// A count as it is encoded, or EncoderException.
+std::uint32_t checkedCount(std::size_t number);
+
+} // namespace rti1516e

@@ -1,0 +1,45 @@
+#include "tests/values/CountedMemory.h"
+
+#include <cstdlib>
+
+namespace memory {
+
+long allowed = plenty;
+long made = 0;
+long live = 0;
+
+namespace {
+
+void* allocate(std::size_t size) noexcept
+{
+   if (allowed == 0) {
+      return nullptr;
+   }
+   if (allowed != plenty) {
+      --allowed;
+   }
+   ++made;
+   ++live;
+   return std::malloc(size + (size == 0));
+}
+
+void* require(void* memory) { return memory != nullptr ? memory : throw std::bad_alloc(); }
+
+void release(void* memory) noexcept
+{
+   live -= memory != nullptr;
+   std::free(memory);
+}
+
+} // namespace
+
+} // namespace memory
+
+// All that the library uses: a sanitizer has its own of each and does not pass them on to one another.
+void* operator new(std::size_t size) { return memory::require(memory::allocate(size)); }
+void* operator new[](std::size_t size) { return memory::require(memory::allocate(size)); }
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept { return memory::allocate(size); }
+void operator delete(void* pointer) noexcept { memory::release(pointer); }
+void operator delete[](void* pointer) noexcept { memory::release(pointer); }
+void operator delete(void* pointer, std::size_t) noexcept { memory::release(pointer); }
+void operator delete[](void* pointer, std::size_t) noexcept { memory::release(pointer); }
