@@ -6,9 +6,13 @@ import java.util.ArrayDeque;
 import java.util.Queue;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.locks.ReentrantLock;
+import java.util.function.Supplier;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
+import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
+import tovu.local.trace.CallbackTrace;
+import tovu.local.trace.Trace;
 
 /**
  * The callbacks of one ambassador: a queue, and the delivery of what is in it, one callback at a time and in order. An
@@ -20,7 +24,7 @@ public final class CallbackDelivery implements CallbackSink {
     private final Queue<Callback> pending = new ArrayDeque<>();
     private final ReentrantLock delivering = new ReentrantLock();
     private final FederateCallbacks federate;
-    private volatile String name = "(not joined)";
+    private final Supplier<Federate> member;
     private boolean enabled = true;
     private boolean closed;
     private volatile boolean immediate;
@@ -33,18 +37,19 @@ public final class CallbackDelivery implements CallbackSink {
         }
     }
 
-    public CallbackDelivery(FederateCallbacks federate) {
+    private CallbackDelivery(FederateCallbacks federate, Supplier<Federate> member) {
         this.federate = federate;
+        this.member = member;
     }
 
-    /** Delivery to the ambassador with that callback context. */
-    public static CallbackDelivery toContext(int context) {
-        return new CallbackDelivery(new CallbackEncoder(context));
-    }
-
-    /** Names the federate in what is printed about it. */
-    public void nameFederate(String theName) {
-        name = theName;
+    /**
+     * Delivery to the ambassador with that callback context.
+     *
+     * @param member who that is at the moment, or null; asked for to name it in what is printed
+     */
+    public static CallbackDelivery toContext(int context, Supplier<Federate> member) {
+        CallbackEncoder encoder = new CallbackEncoder(context);
+        return new CallbackDelivery(Trace.ON ? CallbackTrace.around(encoder, member) : encoder, member);
     }
 
     @Override
@@ -186,13 +191,18 @@ public final class CallbackDelivery implements CallbackSink {
             callback.deliver(federate);
         } catch (FederateInternalError e) {
             StackTraceElement[] trace = e.getStackTrace();
-            System.err.println("Federate '" + name + "' failed in callback "
+            System.err.println(member() + " failed in callback "
                     + (trace.length == 0 ? "" : trace[0].getMethodName().replaceFirst("_.*", "")) + ": "
                     + e.getMessage());
         } catch (RuntimeException | Error e) {
-            System.err.println("Federate '" + name + "': a callback could not be delivered: " + e);
+            System.err.println(member() + " cannot be told something: " + e);
         } finally {
             delivering.unlock();
         }
+    }
+
+    private String member() {
+        Federate current = member.get();
+        return current == null ? "A federate that is not joined" : current.toString();
     }
 }
