@@ -21,6 +21,9 @@ import tovu.local.trace.Trace;
  * model does ever waits for it.
  */
 public final class CallbackDelivery implements CallbackSink {
+    private static final long AT_ONCE = Long.MIN_VALUE;
+    private static final long NEVER = Long.MAX_VALUE;
+
     private final Queue<Callback> pending = new ArrayDeque<>();
     private final ReentrantLock delivering = new ReentrantLock();
     private final FederateCallbacks federate;
@@ -86,7 +89,7 @@ public final class CallbackDelivery implements CallbackSink {
     public void deliverImmediately() {
         immediate = true;
         Thread thread = new Thread(() -> {
-            for (Callback next = take(Long.MAX_VALUE); next != null; next = take(Long.MAX_VALUE)) {
+            for (Callback next = take(NEVER); next != null; next = take(NEVER)) {
                 deliver(next);
             }
         }, "callbacks");
@@ -129,7 +132,7 @@ public final class CallbackDelivery implements CallbackSink {
         long maximum = deadline(maximumSeconds);
         if (!immediate && begin(minimum)) {
             try {
-                while (deliverNext(minimum) && System.nanoTime() - maximum < 0) {
+                while (deliverNext(minimum) && left(maximum) > 0) {
                     // until the queue stays empty or the time is over
                 }
             } finally {
@@ -141,13 +144,16 @@ public final class CallbackDelivery implements CallbackSink {
 
     /** The end of a span that begins now; what is not a sensible time is none at all. */
     private static long deadline(double seconds) {
-        double nanoseconds = seconds > 0 ? Math.min(seconds * 1e9, Long.MAX_VALUE / 4.0) : 0;
-        return System.nanoTime() + (long) nanoseconds;
+        return seconds > 0 ? System.nanoTime() + (long) Math.min(seconds * 1e9, Long.MAX_VALUE / 4.0) : AT_ONCE;
+    }
+
+    private static long left(long deadline) {
+        return deadline == AT_ONCE ? 0 : deadline == NEVER ? Long.MAX_VALUE : deadline - System.nanoTime();
     }
 
     private boolean begin(long deadline) {
         try {
-            return delivering.tryLock() || delivering.tryLock(deadline - System.nanoTime(), TimeUnit.NANOSECONDS);
+            return delivering.tryLock() || delivering.tryLock(left(deadline), TimeUnit.NANOSECONDS);
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             return false;
@@ -165,13 +171,12 @@ public final class CallbackDelivery implements CallbackSink {
     /** The next callback, or null when there is none until the deadline, or none will come any more. */
     private synchronized Callback take(long deadline) {
         while (!closed && (pending.isEmpty() || !enabled)) {
-            long left = deadline == Long.MAX_VALUE ? Long.MAX_VALUE : deadline - System.nanoTime();
+            long left = left(deadline);
             if (left <= 0) {
                 return null;
             }
             try {
-                long milliseconds = Math.max(1, TimeUnit.NANOSECONDS.toMillis(left));
-                wait(milliseconds);
+                wait(Math.max(1, TimeUnit.NANOSECONDS.toMillis(left)));
             } catch (InterruptedException e) {
                 Thread.currentThread().interrupt();
                 return null;
