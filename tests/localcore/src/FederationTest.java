@@ -1,7 +1,9 @@
 import java.util.List;
 import java.util.Set;
+import tovu.local.model.AdvanceKind;
 import tovu.local.model.Federations;
 import tovu.local.model.ResignAction;
+import tovu.local.model.Timing;
 
 /** Joining, synchronizing, saving and restoring. */
 final class FederationTest {
@@ -16,6 +18,7 @@ final class FederationTest {
         harness.run("synchronization", () -> new FederationTest().two().synchronization());
         harness.run("synchronization set", () -> new FederationTest().two().synchronizationSet());
         harness.run("save and restore", () -> new FederationTest().two().saveAndRestore());
+        harness.run("restored state", () -> new FederationTest().restoredState());
         harness.run("failed save and restore", () -> new FederationTest().two().failures());
         harness.finish();
     }
@@ -147,6 +150,55 @@ final class FederationTest {
         Harness.refuses("RestoreNotRequested", () -> restoreComplete(a, true));
         restoreComplete(b, true);
         Harness.equal(b.told(), List.of("federationRestored()"));
+    }
+
+    /** Objects, ownership, subscriptions, names, times and messages on their way are what they were. */
+    private void restoredState() throws Exception {
+        TestFederate.create(federations, "f", List.of(TestFom.file(TestFom.AIR)), "HLAinteger64Time");
+        a = TestFederate.join(federations, "f", "a");
+        b = TestFederate.join(federations, "f", "b");
+        a.act((federation, me) -> federation.time().enableRegulation(me, 1));
+        b.act((federation, me) -> federation.time().enableConstrained(me));
+        int[] position = a.attributes("Vehicle", "position");
+        a.publish("Vehicle", "position");
+        b.publish("Vehicle", "position");
+        b.subscribe("Vehicle", "position");
+        int object = a.register("Vehicle");
+        a.act((federation, me) -> federation.names().reserve(me, "kept"));
+        a.told();
+        b.told();
+        a.act((federation, me) -> federation.objectManagement().update(me, object, TestFederate.values(position), TAG,
+                Timing.at(5)));
+        b.act((federation, me) -> federation.time().advance(me, AdvanceKind.TIME_ADVANCE, 6));
+        save("s");
+        a.act((federation, me) -> federation.time().advance(me, AdvanceKind.TIME_ADVANCE, 8));
+        a.told();
+        Harness.that(b.told().get(2).startsWith("reflectAttributeValues"), "the message came");
+        b.unsubscribe("Vehicle", "position");
+        a.act((federation, me) -> federation.objectManagement().delete(me, object, TAG, Timing.NONE));
+        a.act((federation, me) -> federation.names().release(me, Set.of("kept")));
+        int handle = a.handle();
+
+        for (int round = 0; round < 2; ++round) {
+            b.act((federation, me) -> federation.restore().request(me, "s"));
+            restoreComplete(a, true);
+            restoreComplete(b, true);
+            Harness.equal(a.told(), List.of("federationRestored()"));
+            Harness.equal(b.told(), List.of("federationRestored()"));
+            Harness.equal(a.handle(), handle);
+            Harness.equal(a.ask((federation, me) -> federation.time().logicalTime(me).bits()), 0L);
+            Harness.that(a.ask((federation, me) -> federation.ownership().isOwned(me, object, position[0])), "owned");
+            Harness.refuses("InTimeAdvancingState", () -> b.act((federation, me) ->
+                    federation.time().advance(me, AdvanceKind.TIME_ADVANCE, 9)));
+            a.act((federation, me) -> federation.time().advance(me, AdvanceKind.TIME_ADVANCE, 7));
+            List<String> told = b.told();
+            Harness.that(told.size() == 2 && told.get(0).startsWith("reflectAttributeValues(" + object)
+                    && told.get(1).equals("timeAdvanceGrant(6)"), told.toString());
+            a.told();
+            a.act((federation, me) -> federation.names().release(me, Set.of("kept")));
+            b.act((federation, me) -> federation.ownership().acquire(me, object, position, TAG));
+            Harness.that(a.told().get(0).startsWith("requestAttributeOwnershipRelease"), "all still know each other");
+        }
     }
 
     private void failures() throws Exception {

@@ -166,7 +166,7 @@ final class FomTest {
         Random random = new Random(20240229);
         Path path = Files.createTempFile("mutant", ".xml");
         int read = 0;
-        for (int round = 0; round < 2000; ++round) {
+        for (int round = 0; round < 1000; ++round) {
             byte[] mutant = original.clone();
             for (int left = 1 + random.nextInt(4); left > 0; --left) {
                 int at = random.nextInt(mutant.length);
@@ -185,6 +185,6 @@ final class FomTest {
                 Harness.that(expected.getMessage().contains(path.toString()), "the file is not named: " + expected);
             }
         }
-        Harness.that(read > 20 && read < 1980, "the mutations hit nothing or everything: " + read);
+        Harness.that(read > 10 && read < 990, "the mutations hit nothing or everything: " + read);
     }
 }

@@ -3,15 +3,22 @@ package morva.tovu1516e;
 import hla.rti1516e.exceptions.RTIexception;
 import tovu.local.model.Federate;
 import tovu.local.model.Federation;
+import tovu.local.trace.Trace;
 
 /**
  * The frame of every service: read the message, call the model, give back its result. The services themselves stand in
  * the subclasses, one for each chapter of the standard's interface.
  */
 abstract class AmbassadorServices {
-    private static final byte[] NO_ARGUMENTS = {};
+    static final byte[] NO_ARGUMENTS = {};
 
     final Connection connection = new Connection();
+
+    /** A service that gives something back. */
+    @FunctionalInterface
+    interface Call<R> {
+        R serve(MessageReader in) throws RTIexception;
+    }
 
     /** A service of a member that gives something back. */
     @FunctionalInterface
@@ -25,29 +32,47 @@ abstract class AmbassadorServices {
         void serve(Federation federation, Federate federate, MessageReader in) throws RTIexception;
     }
 
-    /** Serves also while the federation saves or restores. */
-    final <R> R askAnytime(byte[] message, Query<R> query) throws RTIexception {
+    /** Serves whether joined or not. */
+    final <R> R serve(byte[] message, Call<R> call) throws RTIexception {
         MessageReader in = new MessageReader(message);
-        return connection.session.call((federation, federate) -> query.serve(federation, federate, in));
+        return Trace.ON ? trace(message, in, call) : call.serve(in);
+    }
+
+    private <R> R trace(byte[] message, MessageReader in, Call<R> call) throws RTIexception {
+        String service = ServiceTrace.currentService();
+        Federate federate = connection.session.federate();
+        ServiceTrace.called(federate, service, message);
+        try {
+            R result = call.serve(in);
+            ServiceTrace.returned(federate, service, result);
+            return result;
+        } catch (RTIexception | RuntimeException e) {
+            ServiceTrace.failed(federate, service, e);
+            throw e;
+        }
+    }
+
+    /** Serves members, also while the federation saves or restores. */
+    final <R> R askAnytime(byte[] message, Query<R> query) throws RTIexception {
+        return serve(message, in -> connection.session.call((federation, federate) ->
+                query.serve(federation, federate, in)));
     }
 
     final void doAnytime(byte[] message, Action action) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        connection.session.call((federation, federate) -> {
+        askAnytime(message, (federation, federate, in) -> {
             action.serve(federation, federate, in);
             return null;
         });
     }
 
-    /** Refuses while the federation saves or restores. */
+    /** Serves members, but not while the federation saves or restores. */
     final <R> R ask(byte[] message, Query<R> query) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        return connection.session.callOutsideSave((federation, federate) -> query.serve(federation, federate, in));
+        return serve(message, in -> connection.session.callOutsideSave((federation, federate) ->
+                query.serve(federation, federate, in)));
     }
 
     final void act(byte[] message, Action action) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        connection.session.callOutsideSave((federation, federate) -> {
+        ask(message, (federation, federate, in) -> {
             action.serve(federation, federate, in);
             return null;
         });

@@ -3,11 +3,9 @@ package morva.tovu1516e;
 import hla.rti1516e.exceptions.FederateIsExecutionMember;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
-import java.util.List;
 import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.TimeUnit;
 import tovu.local.delivery.CallbackDelivery;
-import tovu.local.model.Federate;
 import tovu.local.model.Federations;
 import tovu.local.model.Session;
 
@@ -16,20 +14,14 @@ final class Connection {
     final Session session = new Session(Federations.ofProcess());
     private volatile CallbackDelivery delivery;
 
-    void connect(CallbackDelivery theDelivery, boolean immediate) throws RTIexception {
-        session.connect(theDelivery);
-        delivery = theDelivery;
+    /** @param context what the library finds the federate's ambassador by */
+    void connect(int context, boolean immediate) throws RTIexception {
+        CallbackDelivery created = CallbackDelivery.toContext(context, session::federate);
+        session.connect(created);
+        delivery = created;
         if (immediate) {
-            theDelivery.deliverImmediately();
+            created.deliverImmediately();
         }
-    }
-
-    /** @return the new federate's handle */
-    int join(String federateName, String federateType, String federationName, List<String> fomModules)
-            throws RTIexception {
-        Federate federate = session.join(federateName, federateType, federationName, fomModules);
-        delivery().nameFederate(federate.name());
-        return federate.handle();
     }
 
     void disconnect() throws RTIexception {

@@ -5,7 +5,6 @@ import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.UnsupportedCallbackModel;
 import java.util.List;
 import java.util.Set;
-import tovu.local.delivery.CallbackDelivery;
 import tovu.local.model.FederationPlan;
 import tovu.local.model.ResignAction;
 
@@ -16,66 +15,79 @@ abstract class FederationServices extends AmbassadorServices {
 
     /** The local settings designator settles nothing here: a federate may keep what it gives another core. */
     public final void connect_FA_CM_S(byte[] message) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        int context = in.integer();
-        int callbackModel = in.integer();
-        connection.requireOutsideCallback("connect");
-        if (callbackModel != EVOKED && callbackModel != IMMEDIATE) {
-            throw new UnsupportedCallbackModel("Callback model " + callbackModel
-                    + " is unknown; use HLA_EVOKED or HLA_IMMEDIATE");
-        }
-        connection.connect(CallbackDelivery.toContext(context), callbackModel == IMMEDIATE);
+        serve(message, in -> {
+            int context = in.integer();
+            int callbackModel = in.integer();
+            connection.requireOutsideCallback("connect");
+            if (callbackModel != EVOKED && callbackModel != IMMEDIATE) {
+                throw new UnsupportedCallbackModel("Callback model " + callbackModel
+                        + " is unknown; use HLA_EVOKED or HLA_IMMEDIATE");
+            }
+            connection.connect(context, callbackModel == IMMEDIATE);
+            return null;
+        });
     }
 
     public final void disconnect() throws RTIexception {
-        connection.requireOutsideCallback("disconnect");
-        connection.disconnect();
+        serve(NO_ARGUMENTS, in -> {
+            connection.requireOutsideCallback("disconnect");
+            connection.disconnect();
+            return null;
+        });
     }
 
     public final void createFederationExecution_S_URL_S(byte[] message) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        connection.session.createFederationExecution(
-                new FederationPlan(in.text(), List.of(in.text()), null, in.text()));
+        create(message, in -> new FederationPlan(in.text(), List.of(in.text()), null, in.text()));
     }
 
     public final void createFederationExecution_S_URLX_S(byte[] message) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        connection.session.createFederationExecution(
-                new FederationPlan(in.text(), in.textList(), null, in.text()));
+        create(message, in -> new FederationPlan(in.text(), in.textList(), null, in.text()));
     }
 
     public final void createFederationExecution_S_URLX_URL_S(byte[] message) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        connection.session.createFederationExecution(
-                new FederationPlan(in.text(), in.textList(), in.text(), in.text()));
+        create(message, in -> new FederationPlan(in.text(), in.textList(), in.text(), in.text()));
+    }
+
+    private void create(byte[] message, Call<FederationPlan> plan) throws RTIexception {
+        serve(message, in -> {
+            connection.session.createFederationExecution(plan.serve(in));
+            return null;
+        });
     }
 
     public final void destroyFederationExecution_S(byte[] message) throws RTIexception {
-        connection.session.destroyFederationExecution(new MessageReader(message).text());
+        serve(message, in -> {
+            connection.session.destroyFederationExecution(in.text());
+            return null;
+        });
     }
 
     public final void listFederationExecutions() throws RTIexception {
-        connection.session.listFederationExecutions();
+        serve(NO_ARGUMENTS, in -> {
+            connection.session.listFederationExecutions();
+            return null;
+        });
     }
 
     public final int joinFederationExecution_S_S_S_URLX(byte[] message) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        return join(in.text(), in);
+        return serve(message, in -> join(in.text(), in));
     }
 
     public final int joinFederationExecution_S_S_URLX(byte[] message) throws RTIexception {
-        return join(null, new MessageReader(message));
+        return serve(message, in -> join(null, in));
     }
 
     private int join(String federateName, MessageReader in) throws RTIexception {
         connection.requireOutsideCallback("joinFederationExecution");
-        return connection.join(federateName, in.text(), in.text(), in.textList());
+        return connection.session.join(federateName, in.text(), in.text(), in.textList()).handle();
     }
 
     public final void resignFederationExecution_RA(byte[] message) throws RTIexception {
-        connection.requireOutsideCallback("resignFederationExecution");
-        ResignAction action = resignAction(new MessageReader(message).integer());
-        connection.session.resign(action);
+        serve(message, in -> {
+            connection.requireOutsideCallback("resignFederationExecution");
+            connection.session.resign(resignAction(in.integer()));
+            return null;
+        });
     }
 
     static ResignAction resignAction(int code) throws InvalidResignAction {

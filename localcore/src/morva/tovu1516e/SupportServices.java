@@ -27,13 +27,11 @@ abstract class SupportServices extends LookupServices {
     }
 
     public final boolean evokeCallback_D(byte[] message) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        return evoker("evokeCallback").evoke(in.real());
+        return serve(message, in -> evoker("evokeCallback").evoke(in.real()));
     }
 
     public final boolean evokeMultipleCallbacks_D_D(byte[] message) throws RTIexception {
-        MessageReader in = new MessageReader(message);
-        return evoker("evokeMultipleCallbacks").evokeMultiple(in.real(), in.real());
+        return serve(message, in -> evoker("evokeMultipleCallbacks").evokeMultiple(in.real(), in.real()));
     }
 
     private CallbackDelivery evoker(String service) throws RTIexception {
@@ -50,7 +48,10 @@ abstract class SupportServices extends LookupServices {
     }
 
     private void setCallbacksEnabled(boolean on) throws RTIexception {
-        connection.session.requireNoSaveOrRestore();
-        connection.delivery().setEnabled(on);
+        serve(NO_ARGUMENTS, in -> {
+            connection.session.requireNoSaveOrRestore();
+            connection.delivery().setEnabled(on);
+            return null;
+        });
     }
 }

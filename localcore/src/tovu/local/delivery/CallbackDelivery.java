@@ -6,9 +6,13 @@ import java.util.ArrayDeque;
 import java.util.Queue;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.locks.ReentrantLock;
+import java.util.function.Supplier;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
+import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
+import tovu.local.trace.CallbackTrace;
+import tovu.local.trace.Trace;
 
 /**
  * The callbacks of one ambassador: a queue, and the delivery of what is in it, one callback at a time and in order. An
@@ -17,10 +21,13 @@ import tovu.local.model.FederateCallbacks;
  * model does ever waits for it.
  */
 public final class CallbackDelivery implements CallbackSink {
+    private static final long AT_ONCE = Long.MIN_VALUE;
+    private static final long NEVER = Long.MAX_VALUE;
+
     private final Queue<Callback> pending = new ArrayDeque<>();
     private final ReentrantLock delivering = new ReentrantLock();
     private final FederateCallbacks federate;
-    private volatile String name = "(not joined)";
+    private final Supplier<Federate> member;
     private boolean enabled = true;
     private boolean closed;
     private volatile boolean immediate;
@@ -33,18 +40,19 @@ public final class CallbackDelivery implements CallbackSink {
         }
     }
 
-    public CallbackDelivery(FederateCallbacks federate) {
+    private CallbackDelivery(FederateCallbacks federate, Supplier<Federate> member) {
         this.federate = federate;
+        this.member = member;
     }
 
-    /** Delivery to the ambassador with that callback context. */
-    public static CallbackDelivery toContext(int context) {
-        return new CallbackDelivery(new CallbackEncoder(context));
-    }
-
-    /** Names the federate in what is printed about it. */
-    public void nameFederate(String theName) {
-        name = theName;
+    /**
+     * Delivery to the ambassador with that callback context.
+     *
+     * @param member who that is at the moment, or null; asked for to name it in what is printed
+     */
+    public static CallbackDelivery toContext(int context, Supplier<Federate> member) {
+        CallbackEncoder encoder = new CallbackEncoder(context);
+        return new CallbackDelivery(Trace.ON ? CallbackTrace.around(encoder, member) : encoder, member);
     }
 
     @Override
@@ -81,7 +89,7 @@ public final class CallbackDelivery implements CallbackSink {
     public void deliverImmediately() {
         immediate = true;
         Thread thread = new Thread(() -> {
-            for (Callback next = take(Long.MAX_VALUE); next != null; next = take(Long.MAX_VALUE)) {
+            for (Callback next = take(NEVER); next != null; next = take(NEVER)) {
                 deliver(next);
             }
         }, "callbacks");
@@ -124,7 +132,7 @@ public final class CallbackDelivery implements CallbackSink {
         long maximum = deadline(maximumSeconds);
         if (!immediate && begin(minimum)) {
             try {
-                while (deliverNext(minimum) && System.nanoTime() - maximum < 0) {
+                while (deliverNext(minimum) && left(maximum) > 0) {
                     // until the queue stays empty or the time is over
                 }
             } finally {
@@ -136,13 +144,16 @@ public final class CallbackDelivery implements CallbackSink {
 
     /** The end of a span that begins now; what is not a sensible time is none at all. */
     private static long deadline(double seconds) {
-        double nanoseconds = seconds > 0 ? Math.min(seconds * 1e9, Long.MAX_VALUE / 4.0) : 0;
-        return System.nanoTime() + (long) nanoseconds;
+        return seconds > 0 ? System.nanoTime() + (long) Math.min(seconds * 1e9, Long.MAX_VALUE / 4.0) : AT_ONCE;
+    }
+
+    private static long left(long deadline) {
+        return deadline == AT_ONCE ? 0 : deadline == NEVER ? Long.MAX_VALUE : deadline - System.nanoTime();
     }
 
     private boolean begin(long deadline) {
         try {
-            return delivering.tryLock() || delivering.tryLock(deadline - System.nanoTime(), TimeUnit.NANOSECONDS);
+            return delivering.tryLock() || delivering.tryLock(left(deadline), TimeUnit.NANOSECONDS);
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             return false;
@@ -160,13 +171,12 @@ public final class CallbackDelivery implements CallbackSink {
     /** The next callback, or null when there is none until the deadline, or none will come any more. */
     private synchronized Callback take(long deadline) {
         while (!closed && (pending.isEmpty() || !enabled)) {
-            long left = deadline == Long.MAX_VALUE ? Long.MAX_VALUE : deadline - System.nanoTime();
+            long left = left(deadline);
             if (left <= 0) {
                 return null;
             }
             try {
-                long milliseconds = Math.max(1, TimeUnit.NANOSECONDS.toMillis(left));
-                wait(milliseconds);
+                wait(Math.max(1, TimeUnit.NANOSECONDS.toMillis(left)));
             } catch (InterruptedException e) {
                 Thread.currentThread().interrupt();
                 return null;
@@ -186,13 +196,18 @@ public final class CallbackDelivery implements CallbackSink {
             callback.deliver(federate);
         } catch (FederateInternalError e) {
             StackTraceElement[] trace = e.getStackTrace();
-            System.err.println("Federate '" + name + "' failed in callback "
+            System.err.println(member() + " failed in callback "
                     + (trace.length == 0 ? "" : trace[0].getMethodName().replaceFirst("_.*", "")) + ": "
                     + e.getMessage());
         } catch (RuntimeException | Error e) {
-            System.err.println("Federate '" + name + "': a callback could not be delivered: " + e);
+            System.err.println(member() + " cannot be told something: " + e);
         } finally {
             delivering.unlock();
         }
+    }
+
+    private String member() {
+        Federate current = member.get();
+        return current == null ? "A federate that is not joined" : current.toString();
     }
 }

@@ -58,6 +58,14 @@ public final class FomReader {
 
     /** The MIM that stands in for every federation that names none of its own. */
     public static FomModule standardMim() {
+        return StandardMim.MODULE;
+    }
+
+    private static final class StandardMim {
+        private static final FomModule MODULE = readStandardMim();
+    }
+
+    private static FomModule readStandardMim() {
         try (InputStream in = FomReader.class.getResourceAsStream("HLAstandardMIM.xml")) {
             return ofMim().parse("HLAstandardMIM", in);
         } catch (IOException | RTIexception e) {

@@ -3,7 +3,8 @@ package tovu.local.model;
 import tovu.local.fom.Switches;
 
 /** Which notices a federate wants to get; the federation's switches say what it begins with. */
-final class Advisories {
+@SuppressWarnings("serial") // kept in memory only
+final class Advisories implements Saved {
     boolean objectClassRelevance;
     boolean attributeRelevance;
     boolean attributeScope;

@@ -10,7 +10,8 @@ import java.util.Set;
  *
  * @param <C> the kind of class
  */
-final class Audience<C> {
+@SuppressWarnings("serial") // kept in memory only
+final class Audience<C> implements Saved {
     private final Map<C, Set<Federate>> subscribers = new HashMap<>();
 
     Set<Federate> of(C theClass) {

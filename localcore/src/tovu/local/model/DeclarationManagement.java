@@ -10,7 +10,8 @@ import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectClass;
 
 /** Publication and subscription. */
-public final class DeclarationManagement {
+@SuppressWarnings("serial") // kept in memory only
+public final class DeclarationManagement implements Saved {
     private final Federation federation;
     private final Audience<ObjectClass> objectAudience = new Audience<>();
     private final Audience<InteractionClass> interactionAudience = new Audience<>();

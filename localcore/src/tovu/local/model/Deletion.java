@@ -11,5 +11,6 @@ import tovu.local.fom.ObjectClass;
  * @param knownClass as which class the deleter knew it
  * @param owned      the attributes that the deleter owned
  */
-record Deletion(ObjectInstance object, Federate deleter, ObjectClass knownClass, List<InstanceAttribute> owned) {
+record Deletion(ObjectInstance object, Federate deleter, ObjectClass knownClass, List<InstanceAttribute> owned)
+        implements Saved {
 }

@@ -4,13 +4,14 @@ import java.util.LinkedHashSet;
 import java.util.Set;
 
 /** A joined federate, and its own part of every chapter of the federation's state. */
-public final class Federate {
+@SuppressWarnings("serial") // kept in memory only
+public final class Federate implements Saved {
     private final Federation federation;
     private final int handle;
     private final String name;
     private final String type;
-    private final Session session;
-    private final CallbackSink sink;
+    private transient Session session;
+    private transient CallbackSink sink;
     private ResignAction automaticResignDirective;
     private volatile int messageValidity;
     final Advisories advisories;
@@ -31,6 +32,13 @@ public final class Federate {
         advisories = new Advisories(federation.switches());
         publications = new Publications(federation.privilegeToDelete());
         time = new FederateTime(federation.timeFamily());
+    }
+
+    /** Takes the place of another federate, whose ambassador becomes this one's. */
+    void replace(Federate other) {
+        session = other.session;
+        sink = other.sink;
+        session.become(this);
     }
 
     public Federation federation() {

@@ -4,7 +4,8 @@ package tovu.local.model;
  * One federate's logical time. What the federation decides (a grant, regulation, constraint) becomes the federate's own
  * view only when it is told so; until then both views are kept here.
  */
-final class FederateTime {
+@SuppressWarnings("serial") // kept in memory only
+final class FederateTime implements Saved {
     enum Switch {
         OFF, PENDING, ON
     }
@@ -58,6 +59,11 @@ final class FederateTime {
     void decide(long theTime) {
         decided = true;
         granted = theTime;
+    }
+
+    /** What was decided was never told: it is to be decided again. */
+    void undecide() {
+        decided = false;
     }
 
     /** The federate is told what was decided. */

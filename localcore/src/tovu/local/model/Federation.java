@@ -15,7 +15,6 @@ import java.util.Collection;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
-import java.util.TreeMap;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
@@ -31,26 +30,19 @@ public final class Federation {
     private final TimeFamily timeFamily;
     private final ObjectModel objectModel;
     private final Switches switches;
-    private final Map<Integer, Federate> members = new TreeMap<>();
-    private final SynchronizationPoints synchronizationPoints = new SynchronizationPoints(this);
     private final FederationSave save = new FederationSave(this);
     private final FederationRestore restore = new FederationRestore(this);
-    private final DeclarationManagement declarations = new DeclarationManagement(this);
-    private final ObjectNames names = new ObjectNames();
-    private final Objects objects = new Objects(this);
     private final ObjectManagement objectManagement = new ObjectManagement(this);
     private final InteractionManagement interactions = new InteractionManagement(this);
     private final DeliveryChanges deliveryChanges = new DeliveryChanges(this);
     private final OwnershipManagement ownership = new OwnershipManagement(this);
-    private final RegionManagement regions = new RegionManagement(this);
-    private final Retractions retractions = new Retractions(this);
     private final Visibility visibility = new Visibility(this);
     private final Relevance relevance = new Relevance(this);
     private final AdvisorySwitches advisorySwitches = new AdvisorySwitches(this);
-    private final TimeManagement time;
     private final SupportLookups lookups;
     private final Lookup lookup;
     private final int privilegeToDelete;
+    private FederationState state;
     private long lastSequence;
     private int lastFederate;
     private boolean closed;
@@ -61,9 +53,9 @@ public final class Federation {
         this.timeFamily = timeFamily;
         switches = objectModel.switches();
         privilegeToDelete = objectModel.privilegeToDelete().handle();
-        time = new TimeManagement(this);
         lookup = new Lookup(objectModel);
         lookups = new SupportLookups(this);
+        state = new FederationState(this);
     }
 
     public String name() {
@@ -79,7 +71,7 @@ public final class Federation {
     }
 
     public SynchronizationPoints synchronizationPoints() {
-        return synchronizationPoints;
+        return state.synchronizationPoints;
     }
 
     public FederationSave save() {
@@ -91,15 +83,15 @@ public final class Federation {
     }
 
     public DeclarationManagement declarations() {
-        return declarations;
+        return state.declarations;
     }
 
     public ObjectNames names() {
-        return names;
+        return state.names;
     }
 
     public Objects objects() {
-        return objects;
+        return state.objects;
     }
 
     public ObjectManagement objectManagement() {
@@ -119,11 +111,11 @@ public final class Federation {
     }
 
     public RegionManagement regions() {
-        return regions;
+        return state.regions;
     }
 
     public TimeManagement time() {
-        return time;
+        return state.time;
     }
 
     public AdvisorySwitches advisorySwitches() {
@@ -135,7 +127,7 @@ public final class Federation {
     }
 
     public Retractions retractions() {
-        return retractions;
+        return state.retractions;
     }
 
     Visibility visibility() {
@@ -174,21 +166,21 @@ public final class Federation {
     }
 
     Collection<Federate> members() {
-        return members.values();
+        return state.members.values();
     }
 
     /** The member with that handle, or null. */
     Federate member(int handle) {
-        return members.get(handle);
+        return state.members.get(handle);
     }
 
     boolean isMember(Federate federate) {
-        return members.get(federate.handle()) == federate;
+        return state.members.get(federate.handle()) == federate;
     }
 
     /** The member of that name, or null. */
     private Federate member(String federateName) {
-        for (Federate each : members.values()) {
+        for (Federate each : state.members.values()) {
             if (each.name().equals(federateName)) {
                 return each;
             }
@@ -250,8 +242,8 @@ public final class Federation {
             int handle = ++lastFederate;
             String chosen = federateName == null ? unusedName(federateType, handle) : federateName;
             Federate federate = new Federate(this, handle, chosen, federateType, session, sink);
-            members.put(handle, federate);
-            synchronizationPoints.joined(federate);
+            state.members.put(handle, federate);
+            state.synchronizationPoints.joined(federate);
             return federate;
         }
     }
@@ -298,30 +290,39 @@ public final class Federation {
         for (ObjectInstance object : List.copyOf(federate.knownObjects)) {
             ownership.release(object, object.attributes(each -> each.owner() == federate));
         }
-        declarations.resigned(federate);
+        state.declarations.resigned(federate);
         for (ObjectInstance object : List.copyOf(federate.knownObjects)) {
-            objects.forget(object.knowledgeOf(federate));
+            state.objects.forget(object.knowledgeOf(federate));
         }
-        members.remove(federate.handle());
+        state.members.remove(federate.handle());
         federate.dropCallbacks();
-        names.resigned(federate);
-        regions.resigned(federate);
-        synchronizationPoints.resigned(federate);
-        time.resigned(federate);
+        state.names.resigned(federate);
+        state.regions.resigned(federate);
+        state.synchronizationPoints.resigned(federate);
+        state.time.resigned(federate);
         save.resigned(federate);
         restore.resigned(federate);
     }
 
     synchronized void close() throws FederatesCurrentlyJoined {
-        if (!members.isEmpty()) {
+        if (!state.members.isEmpty()) {
             throw new FederatesCurrentlyJoined("Federation execution '" + name + "' has joined federates: "
-                    + String.join(", ", members.values().stream().map(Federate::name).toList())
+                    + String.join(", ", state.members.values().stream().map(Federate::name).toList())
                     + "; let them resign first");
         }
         closed = true;
     }
 
+    Snapshot snapshot() {
+        return new Snapshot(this, state);
+    }
+
+    /** Becomes what it was once. */
+    void restore(FederationState restored) {
+        state = restored;
+    }
+
     void postToAll(Callback callback) {
-        members.values().forEach(each -> each.post(callback));
+        state.members.values().forEach(each -> each.post(callback));
     }
 }

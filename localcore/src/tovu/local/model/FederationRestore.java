@@ -12,9 +12,15 @@ import java.util.Map;
 
 /** The restoring of a federation, and what it may be restored to: the saves of this federation execution. */
 public final class FederationRestore {
+    private record Identity(int handle, String name, String type) {
+    }
+
+    private record Save(Snapshot snapshot, List<Identity> federates) {
+    }
+
     private final Federation federation;
-    private final Map<String, List<Federate>> saves = new HashMap<>();
-    private final Map<Federate, Federate> successors = new HashMap<>(); // empty while no restore is in progress
+    private final Map<String, Save> saves = new HashMap<>();
+    private final Map<Federate, Identity> successors = new HashMap<>(); // empty while no restore is in progress
     private final Map<Federate, RestoreStatus> statuses = new HashMap<>();
     private String label;
     private boolean failed;
@@ -36,12 +42,13 @@ public final class FederationRestore {
 
     /** Keeps the state that the federation is in now. */
     void keep(String theLabel) {
-        saves.put(theLabel, List.copyOf(federation.members()));
+        saves.put(theLabel, new Save(federation.snapshot(), federation.members().stream()
+                .map(each -> new Identity(each.handle(), each.name(), each.type())).toList()));
     }
 
     public void request(Federate requester, String theLabel) {
-        List<Federate> saved = saves.get(theLabel);
-        if (saved == null || !assignSuccessors(saved)) {
+        Save saved = saves.get(theLabel);
+        if (saved == null || !assignSuccessors(saved.federates)) {
             successors.clear();
             requester.post(to -> to.requestFederationRestoreFailed(theLabel));
             return;
@@ -57,9 +64,9 @@ public final class FederationRestore {
     }
 
     /** Finds for each member the saved federate that it is to become: one of its type, by preference itself. */
-    private boolean assignSuccessors(List<Federate> saved) {
+    private boolean assignSuccessors(List<Identity> saved) {
         List<Federate> open = new ArrayList<>(federation.members());
-        List<Federate> left = new ArrayList<>(saved);
+        List<Identity> left = new ArrayList<>(saved);
         for (boolean sameName : new boolean[] {true, false}) {
             for (Iterator<Federate> each = open.iterator(); each.hasNext();) {
                 Federate federate = each.next();
@@ -88,9 +95,21 @@ public final class FederationRestore {
             if (failed) {
                 fail(RestoreFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
+                replaceState();
                 end(FederateCallbacks::federationRestored);
             }
         }
+    }
+
+    /** What is still on its way belongs to the state that ends here, and is dropped with it. */
+    private void replaceState() {
+        FederationState restored = saves.get(label).snapshot.copy();
+        successors.forEach((federate, successor) -> {
+            federate.dropCallbacks();
+            restored.members.get(successor.handle).replace(federate);
+        });
+        federation.restore(restored);
+        restored.time.resume();
     }
 
     public void abort() throws RestoreNotInProgress {
@@ -114,6 +133,7 @@ public final class FederationRestore {
         statuses.clear();
         successors.clear();
         federation.postToAll(outcome);
+        federation.time().evaluate();
     }
 
     public void queryStatus(Federate federate) throws SaveInProgress {

@@ -3,7 +3,8 @@ package tovu.local.model;
 import java.util.function.IntPredicate;
 
 /** Values of attributes or parameters, in the bytes in which they arrived: they are never copied on their way. */
-public final class HandleValues {
+@SuppressWarnings("serial") // kept in memory only
+public final class HandleValues implements Saved {
     private final byte[] bytes;
     private final int[] rows; // handle, offset and length of each value
     private final int size;

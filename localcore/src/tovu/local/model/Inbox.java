@@ -7,7 +7,8 @@ import java.util.SortedSet;
 import java.util.TreeSet;
 
 /** The messages that a federate is not to get yet. */
-final class Inbox {
+@SuppressWarnings("serial") // kept in memory only
+final class Inbox implements Saved {
     private final SortedSet<Message> timestamped = new TreeSet<>();
     private final Queue<Message> held = new ArrayDeque<>();
     private final Federate owner;

@@ -10,7 +10,8 @@ import tovu.local.fom.OrderType;
 import tovu.local.fom.Transportation;
 
 /** One attribute of one object instance: who owns it, who wants it, and how its updates travel. */
-final class InstanceAttribute {
+@SuppressWarnings("serial") // kept in memory only
+final class InstanceAttribute implements Saved {
     /** What an owner who wants to be rid of the attribute has come to. */
     enum Divestiture {
         NONE, OFFERED, CONFIRMATION_REQUESTED
@@ -23,7 +24,7 @@ final class InstanceAttribute {
      * @param ifAvailable whether only if nobody has to give it up against its will
      * @param tag         what it told the owner
      */
-    record Candidate(Federate federate, boolean ifAvailable, byte[] tag) {
+    record Candidate(Federate federate, boolean ifAvailable, byte[] tag) implements Saved {
     }
 
     final Attribute definition;
@@ -35,7 +36,7 @@ final class InstanceAttribute {
     Divestiture divestiture = Divestiture.NONE;
     /** Whether it is up for anyone who may own it: it had an owner who left it. */
     boolean abandoned;
-    boolean transportationChanging;
+    transient boolean transportationChanging; // the confirmation is not kept by a save
     /** The update rate at which the owner was told to update, or null when it was told not to, or nothing. */
     String updatesOn;
 

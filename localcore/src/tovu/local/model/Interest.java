@@ -7,7 +7,8 @@ import java.util.Set;
  * One federate's subscription to a class attribute or an interaction class: everywhere, or where certain regions are.
  * Being subscribed everywhere is being subscribed with the default region, which overlaps every other.
  */
-final class Interest {
+@SuppressWarnings("serial") // kept in memory only
+final class Interest implements Saved {
     private boolean everywhere;
     private final Set<Region> regions = new LinkedHashSet<>();
     private boolean active;

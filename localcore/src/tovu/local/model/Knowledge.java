@@ -6,7 +6,8 @@ import tovu.local.fom.Attribute;
 import tovu.local.fom.ObjectClass;
 
 /** What one federate knows of one object instance: as which class, and which attributes it was told are in scope. */
-final class Knowledge {
+@SuppressWarnings("serial") // kept in memory only
+final class Knowledge implements Saved {
     final Federate federate;
     final ObjectInstance object;
     final ObjectClass knownClass;

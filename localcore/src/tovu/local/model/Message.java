@@ -4,7 +4,8 @@ import hla.rti1516e.exceptions.FederateInternalError;
 import tovu.local.fom.OrderType;
 
 /** One reflection, interaction or removal on its way to one federate. */
-abstract class Message implements Callback, Comparable<Message> {
+@SuppressWarnings("serial") // kept in memory only
+abstract class Message implements Callback, Comparable<Message>, Saved {
     /**
      * What is common to all that one service call sends.
      *
@@ -17,7 +18,7 @@ abstract class Message implements Callback, Comparable<Message> {
      * @param tag        the user-supplied tag
      */
     record Sending(Federate sender, long time, boolean timed, OrderType sentOrder, int retraction, long sequence,
-            byte[] tag) {
+            byte[] tag) implements Saved {
     }
 
     final Federate receiver;

@@ -10,7 +10,8 @@ import tovu.local.fom.Attribute;
 import tovu.local.fom.ObjectClass;
 
 /** A registered object instance, and which federates know it. */
-final class ObjectInstance {
+@SuppressWarnings("serial") // kept in memory only
+final class ObjectInstance implements Saved {
     final int handle;
     final String name;
     final ObjectClass objectClass;

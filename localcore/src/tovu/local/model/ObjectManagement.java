@@ -19,6 +19,14 @@ import tovu.local.fom.Transportation;
 public final class ObjectManagement {
     /** What of an update goes out together: all its attributes travel alike. */
     private record Passel(Transportation transportation, OrderType order, Set<Region> regions) {
+        static Passel of(InstanceAttribute attribute) {
+            return new Passel(attribute.transportation(), attribute.order(), attribute.updateRegions());
+        }
+
+        boolean fits(InstanceAttribute attribute) {
+            return transportation == attribute.transportation() && order == attribute.order()
+                    && regions.equals(attribute.updateRegions());
+        }
     }
 
     private final Federation federation;
@@ -54,56 +62,54 @@ public final class ObjectManagement {
         return object.handle;
     }
 
-    /** @param timing how it is timed */
+    /** @return by which the update may be retracted, or 0 */
     public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing)
             throws RTIexception {
         Knowledge own = federation.objects().known(federate, objectHandle);
-        Map<Passel, HandleValues> passels = split(own, values, timing);
-        Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
-        passels.forEach((passel, part) -> {
-            Message.Sending sending = dispatch.sending(passel.order);
-            Supplement supplement = federation.supplement(federate, passel.regions);
-            for (Knowledge each : own.object.knowers()) {
-                if (each != own) {
-                    HandleValues wanted = part.select(attribute -> {
-                        Interest interest = each.interest(attribute);
-                        return interest != null && interest.meets(passel.regions);
-                    });
-                    if (wanted.size() > 0) {
-                        dispatch.send(new Reflection(each, sending, wanted, passel.transportation, supplement));
-                    }
-                }
-            }
-        });
-        return dispatch.retraction();
-    }
-
-    private Map<Passel, HandleValues> split(Knowledge own, HandleValues values, Timing timing) throws RTIexception {
-        Map<Integer, Passel> passelOf = new LinkedHashMap<>();
-        Passel common = null;
+        Passel first = null;
         boolean alike = true;
         for (int i = 0; i < values.size(); ++i) {
             InstanceAttribute attribute = Objects.attribute(own, values.handle(i));
-            if (attribute.owner() != own.federate) {
+            if (attribute.owner() != federate) {
                 throw new AttributeNotOwned("Attribute '" + attribute.definition.name() + "' of " + own.object
-                        + " is not owned by " + own.federate + "; acquire it first, or leave it out of the update");
+                        + " is not owned by " + federate + "; acquire it first, or leave it out of the update");
             }
-            Passel passel = new Passel(attribute.transportation(), attribute.order(), attribute.updateRegions());
-            passelOf.put(attribute.handle(), passel);
-            alike &= common == null || common.equals(passel);
-            common = passel;
+            first = first == null ? Passel.of(attribute) : first;
+            alike &= first.fits(attribute);
         }
-        if (common == null) {
-            return Map.of();
+        Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
+        if (first != null && alike) {
+            send(own, first, values, dispatch);
+        } else if (first != null) {
+            split(own.object, values).forEach((passel, part) -> send(own, passel, part, dispatch));
         }
-        if (alike) {
-            return Map.of(common, values);
-        }
+        return dispatch.retraction();
+    }
+
+    private static Map<Passel, HandleValues> split(ObjectInstance object, HandleValues values) {
         Map<Passel, HandleValues> passels = new LinkedHashMap<>();
-        for (Passel each : passelOf.values()) {
-            passels.computeIfAbsent(each, passel -> values.select(handle -> passelOf.get(handle).equals(passel)));
+        for (int i = 0; i < values.size(); ++i) {
+            passels.computeIfAbsent(Passel.of(object.attribute(values.handle(i))), passel ->
+                    values.select(handle -> passel.fits(object.attribute(handle))));
         }
         return passels;
+    }
+
+    /** Sends a passel to all who want some of it, to each what it wants. */
+    private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch) {
+        Message.Sending sending = dispatch.sending(passel.order);
+        Supplement supplement = federation.supplement(own.federate, passel.regions);
+        for (Knowledge each : own.object.knowers()) {
+            if (each != own) {
+                HandleValues wanted = values.select(attribute -> {
+                    Interest interest = each.interest(attribute);
+                    return interest != null && interest.meets(passel.regions);
+                });
+                if (wanted.size() > 0) {
+                    dispatch.send(new Reflection(each, sending, wanted, passel.transportation, supplement));
+                }
+            }
+        }
     }
 
     public int delete(Federate federate, int objectHandle, byte[] tag, Timing timing) throws RTIexception {

@@ -10,7 +10,8 @@ import java.util.Map;
 import java.util.Set;
 
 /** The names of object instances: those in use, and those that federates have reserved. */
-public final class ObjectNames {
+@SuppressWarnings("serial") // kept in memory only
+public final class ObjectNames implements Saved {
     private static final String FEDERATION_PREFIX = "HLA";
 
     private final Map<String, Federate> reserved = new HashMap<>();

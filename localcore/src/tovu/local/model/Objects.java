@@ -12,7 +12,8 @@ import java.util.Set;
 import tovu.local.fom.ObjectClass;
 
 /** The object instances of a federation, by handle, by name and by class. */
-public final class Objects {
+@SuppressWarnings("serial") // kept in memory only
+public final class Objects implements Saved {
     private final Federation federation;
     private final Map<Integer, ObjectInstance> byHandle = new HashMap<>();
     private final Map<String, ObjectInstance> byName = new HashMap<>();

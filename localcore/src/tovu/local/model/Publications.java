@@ -13,12 +13,14 @@ import tovu.local.fom.OrderType;
 import tovu.local.fom.Transportation;
 
 /** What one federate publishes, and what it was told about whether that is wanted. */
-final class Publications {
+@SuppressWarnings("serial") // kept in memory only
+final class Publications implements Saved {
     /** How a federate sends interactions of a class when that is not what the object model says. */
-    static final class Sending {
+    @SuppressWarnings("serial") // kept in memory only
+    static final class Sending implements Saved {
         Transportation transportation;
         OrderType order;
-        boolean transportationChanging;
+        transient boolean transportationChanging; // the confirmation is not kept by a save
 
         Sending(InteractionClass theClass) {
             transportation = theClass.transportation();

@@ -5,6 +5,7 @@ import tovu.local.fom.InteractionClass;
 import tovu.local.fom.Transportation;
 
 /** An interaction on its way to one federate, as the class that the federate subscribes to. */
+@SuppressWarnings("serial") // kept in memory only
 final class Reception extends Message {
     private final InteractionClass receivedClass;
     private final HandleValues values;

@@ -4,6 +4,7 @@ import hla.rti1516e.exceptions.FederateInternalError;
 import tovu.local.fom.Transportation;
 
 /** Attribute values on their way to one federate. */
+@SuppressWarnings("serial") // kept in memory only
 final class Reflection extends Message {
     private final Knowledge knowledge;
     private final HandleValues values;

@@ -10,7 +10,8 @@ import tovu.local.fom.Dimension;
  * A region of routing space. Its creator changes the specification at will; what counts for delivery is the realization,
  * which is the specification as it was committed last. Ranges contain their lower bound and not their upper one.
  */
-final class Region {
+@SuppressWarnings("serial") // kept in memory only
+final class Region implements Saved {
     final int handle;
     final Federate creator;
     private final List<Dimension> dimensions; // in the order of their handles

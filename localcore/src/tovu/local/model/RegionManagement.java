@@ -22,7 +22,8 @@ import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectClass;
 
 /** Data distribution management: regions, and the services that take them. */
-public final class RegionManagement {
+@SuppressWarnings("serial") // kept in memory only
+public final class RegionManagement implements Saved {
     /**
      * Some attributes and the regions that go with them.
      *

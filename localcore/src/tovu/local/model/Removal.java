@@ -3,6 +3,7 @@ package tovu.local.model;
 import hla.rti1516e.exceptions.FederateInternalError;
 
 /** The news, on its way to one federate, that an object instance is deleted. */
+@SuppressWarnings("serial") // kept in memory only
 final class Removal extends Message {
     private final Knowledge knowledge;
     private final int producer;

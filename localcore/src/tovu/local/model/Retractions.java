@@ -11,9 +11,11 @@ import java.util.PriorityQueue;
 import java.util.Queue;
 
 /** The time-stamped messages that their senders may still retract. */
-public final class Retractions {
+@SuppressWarnings("serial") // kept in memory only
+public final class Retractions implements Saved {
     /** What one service call sent. */
-    static final class Sent implements Comparable<Sent> {
+    @SuppressWarnings("serial") // kept in memory only
+    static final class Sent implements Comparable<Sent>, Saved {
         final int handle;
         final Federate sender;
         final long time;

@@ -8,7 +8,8 @@ import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectClass;
 
 /** What one federate subscribes to. */
-final class Subscriptions {
+@SuppressWarnings("serial") // kept in memory only
+final class Subscriptions implements Saved {
     private final Map<ObjectClass, Map<Integer, Interest>> objectClasses = new HashMap<>();
     private final Map<InteractionClass, Interest> interactionClasses = new HashMap<>();
 

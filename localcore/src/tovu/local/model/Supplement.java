@@ -6,6 +6,6 @@ package tovu.local.model;
  * @param producer    the sending federate's handle, or 0
  * @param sentRegions the regions it was sent with, or null
  */
-public record Supplement(int producer, int[] sentRegions) {
+public record Supplement(int producer, int[] sentRegions) implements Saved {
     static final Supplement NONE = new Supplement(0, null);
 }

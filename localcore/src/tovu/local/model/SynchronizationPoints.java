@@ -11,12 +11,14 @@ import java.util.TreeMap;
 import java.util.TreeSet;
 
 /** The synchronization points of a federation that are not reached yet. */
-public final class SynchronizationPoints {
+@SuppressWarnings("serial") // kept in memory only
+public final class SynchronizationPoints implements Saved {
     private enum Progress {
         ANNOUNCED, SUCCEEDED, FAILED
     }
 
-    private static final class Point {
+    @SuppressWarnings("serial") // kept in memory only
+    private static final class Point implements Saved {
         final String label;
         final byte[] tag;
         final boolean forEveryone;

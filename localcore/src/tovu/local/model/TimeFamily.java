@@ -128,6 +128,11 @@ public enum TimeFamily {
 
     abstract String text(long ordinal);
 
+    /** The time or interval with those bytes, in words. */
+    public String describe(long bits) {
+        return isNumber(bits) ? text(ordinal(bits)) : "not a number";
+    }
+
     long time(long bits) throws InvalidLogicalTime {
         if (!isNumber(bits)) {
             throw new InvalidLogicalTime("The logical time is not a number; give a number");

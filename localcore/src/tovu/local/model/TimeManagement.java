@@ -22,7 +22,8 @@ import tovu.local.model.FederateTime.Switch;
  * Grants time. A constrained federate's GALT is the earliest time that any other regulating federate may still send
  * with; a request is granted once nothing can come any more that should have come before it.
  */
-public final class TimeManagement {
+@SuppressWarnings("serial") // kept in memory only
+public final class TimeManagement implements Saved {
     private final Federation federation;
     private final TimeFamily family;
     private final List<Federate> regulating = new ArrayList<>();
@@ -58,7 +59,12 @@ public final class TimeManagement {
         }
         own.beginRegulation(interval, Math.max(promised, family.plus(start, interval)));
         regulating.add(federate);
-        federate.postChange(() -> own.completeRegulation(start), to -> to.timeRegulationEnabled(time(start)));
+        tellRegulation(federate, start);
+    }
+
+    private void tellRegulation(Federate federate, long start) {
+        federate.postChange(() -> federate.time.completeRegulation(start),
+                to -> to.timeRegulationEnabled(time(start)));
     }
 
     public void disableRegulation(Federate federate) throws TimeRegulationIsNotEnabled {
@@ -196,6 +202,23 @@ public final class TimeManagement {
         waiting.remove(federate);
         stopRegulating(federate);
         evaluate();
+    }
+
+    /** After a restore: what was decided but not told by the time of the save is told now. */
+    void resume() {
+        for (Federate each : federation.members()) {
+            FederateTime own = each.time;
+            if (own.isAdvancing()) {
+                own.undecide();
+                waiting.add(each);
+            }
+            if (own.regulation() == Switch.PENDING) {
+                tellRegulation(each, own.time());
+            }
+            if (own.constraint() == Switch.PENDING) {
+                waiting.add(each);
+            }
+        }
     }
 
     /** What every regulating federate may still send, as the others' requests and messages have it. */

@@ -1,0 +1,26 @@
+package tovu.local.model;
+
+import java.util.Map;
+import java.util.TreeMap;
+
+/** All of a federation that a save keeps and a restore brings back. */
+@SuppressWarnings("serial") // kept in memory only
+final class FederationState implements Saved {
+    final Map<Integer, Federate> members = new TreeMap<>();
+    final SynchronizationPoints synchronizationPoints;
+    final DeclarationManagement declarations;
+    final ObjectNames names = new ObjectNames();
+    final Objects objects;
+    final RegionManagement regions;
+    final Retractions retractions;
+    final TimeManagement time;
+
+    FederationState(Federation federation) {
+        synchronizationPoints = new SynchronizationPoints(federation);
+        declarations = new DeclarationManagement(federation);
+        objects = new Objects(federation);
+        regions = new RegionManagement(federation);
+        retractions = new Retractions(federation);
+        time = new TimeManagement(federation);
+    }
+}

@@ -1,0 +1,99 @@
+package tovu.local.model;
+
+import java.io.ByteArrayInputStream;
+import java.io.ByteArrayOutputStream;
+import java.io.IOException;
+import java.io.InputStream;
+import java.io.ObjectInputStream;
+import java.io.ObjectOutputStream;
+import java.io.OutputStream;
+import java.io.Serializable;
+import tovu.local.fom.Attribute;
+import tovu.local.fom.Dimension;
+import tovu.local.fom.InteractionClass;
+import tovu.local.fom.ObjectClass;
+
+/**
+ * A federation's state as it was, any number of copies of which can be made. The federation and its object model are no
+ * part of it: a snapshot refers to them, so that a copy fits the federation that it is made for.
+ */
+final class Snapshot {
+    /** Stands for something that is not copied. */
+    private record Reference(Kind kind, int handle) implements Serializable {
+    }
+
+    private enum Kind {
+        FEDERATION, OBJECT_CLASS, INTERACTION_CLASS, ATTRIBUTE, DIMENSION
+    }
+
+    private final Federation federation;
+    private final byte[] bytes;
+
+    /** Takes a snapshot of the state that the federation is in. */
+    Snapshot(Federation federation, FederationState state) {
+        this.federation = federation;
+        ByteArrayOutputStream out = new ByteArrayOutputStream();
+        try (Writer writer = new Writer(out)) {
+            writer.writeObject(state);
+        } catch (IOException e) {
+            throw new IllegalStateException("The state of federation '" + federation.name() + "' cannot be kept", e);
+        }
+        bytes = out.toByteArray();
+    }
+
+    FederationState copy() {
+        try (Reader reader = new Reader(new ByteArrayInputStream(bytes), federation)) {
+            return (FederationState) reader.readObject();
+        } catch (IOException | ClassNotFoundException e) {
+            throw new IllegalStateException("The state of federation '" + federation.name() + "' cannot be restored", e);
+        }
+    }
+
+    private static final class Writer extends ObjectOutputStream {
+        Writer(OutputStream out) throws IOException {
+            super(out);
+            enableReplaceObject(true);
+        }
+
+        @Override
+        protected Object replaceObject(Object object) {
+            if (object instanceof Federation) {
+                return new Reference(Kind.FEDERATION, 0);
+            }
+            if (object instanceof ObjectClass theClass) {
+                return new Reference(Kind.OBJECT_CLASS, theClass.handle());
+            }
+            if (object instanceof InteractionClass theClass) {
+                return new Reference(Kind.INTERACTION_CLASS, theClass.handle());
+            }
+            if (object instanceof Attribute attribute) {
+                return new Reference(Kind.ATTRIBUTE, attribute.handle());
+            }
+            if (object instanceof Dimension dimension) {
+                return new Reference(Kind.DIMENSION, dimension.handle());
+            }
+            return object;
+        }
+    }
+
+    private static final class Reader extends ObjectInputStream {
+        private final Federation federation;
+
+        Reader(InputStream in, Federation federation) throws IOException {
+            super(in);
+            this.federation = federation;
+            enableResolveObject(true);
+        }
+
+        @Override
+        protected Object resolveObject(Object object) {
+            return object instanceof Reference reference ? switch (reference.kind) {
+                case FEDERATION -> federation;
+                case OBJECT_CLASS -> federation.objectModel().objectClass(reference.handle);
+                case INTERACTION_CLASS -> federation.objectModel().interactionClass(reference.handle);
+                case ATTRIBUTE -> federation.objectModel().attribute(reference.handle);
+                case DIMENSION -> federation.objectModel().dimension(reference.handle);
+            } : object;
+        }
+    }
+}

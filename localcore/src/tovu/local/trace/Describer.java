@@ -1,0 +1,113 @@
+package tovu.local.trace;
+
+import hla.rti1516e.exceptions.RTIexception;
+import java.util.StringJoiner;
+import java.util.function.IntFunction;
+import java.util.function.IntUnaryOperator;
+import tovu.local.fom.ObjectModel;
+import tovu.local.model.Federate;
+import tovu.local.model.Federation;
+import tovu.local.model.HandleValues;
+
+/** Writes handles as the names of what they stand for, as one federate knows them. */
+public final class Describer {
+    private final Federate federate;
+
+    /** @param federate null for an ambassador that is not joined, to which no handle means anything */
+    public Describer(Federate federate) {
+        this.federate = federate;
+    }
+
+    private interface Name {
+        String of(Federation federation) throws RTIexception;
+    }
+
+    /** A handle without a name, such as one that is wrong, stands as its number. */
+    private String named(int handle, Name name) {
+        if (federate != null) {
+            synchronized (federate.federation()) {
+                try {
+                    return name.of(federate.federation());
+                } catch (RTIexception unknown) {
+                    return "#" + handle;
+                }
+            }
+        }
+        return "#" + handle;
+    }
+
+    public String objectClass(int handle) {
+        return named(handle, federation -> federation.lookups().objectClassName(handle));
+    }
+
+    public String interactionClass(int handle) {
+        return named(handle, federation -> federation.lookups().interactionClassName(handle));
+    }
+
+    public String object(int handle) {
+        return named(handle, federation -> federation.objects().name(federate, handle));
+    }
+
+    public String attribute(int handle) {
+        return named(handle, federation -> {
+            ObjectModel model = federation.objectModel();
+            return model.hasAttribute(handle) ? model.attribute(handle).name() : "#" + handle;
+        });
+    }
+
+    public String parameter(int handle) {
+        return named(handle, federation -> {
+            ObjectModel model = federation.objectModel();
+            return model.hasParameter(handle) ? model.parameter(handle).name() : "#" + handle;
+        });
+    }
+
+    public String dimension(int handle) {
+        return named(handle, federation -> federation.lookups().dimensionName(handle));
+    }
+
+    public String federate(int handle) {
+        return named(handle, federation -> federation.federateName(handle));
+    }
+
+    public String region(int handle) {
+        return "region " + handle;
+    }
+
+    /** A time or interval of the federation's family. */
+    public String time(long bits) {
+        return federate == null ? Long.toHexString(bits) : federate.federation().timeFamily().describe(bits);
+    }
+
+    public String set(int[] handles, IntFunction<String> name) {
+        return set(handles.length, index -> handles[index], name, index -> "");
+    }
+
+    public String values(HandleValues values, IntFunction<String> name) {
+        return set(values.size(), values::handle, name, index -> ": " + bytes(values.value(index)));
+    }
+
+    private static String set(int size, IntUnaryOperator handle, IntFunction<String> name, IntFunction<String> more) {
+        StringJoiner text = new StringJoiner(", ", "{", "}");
+        for (int i = 0; i < size; ++i) {
+            text.add(name.apply(handle.applyAsInt(i)) + more.apply(i));
+        }
+        return text.toString();
+    }
+
+    /** Short data byte by byte, longer data by its length. */
+    public String bytes(byte[] data) {
+        if (data.length > 16) {
+            return data.length + " bytes";
+        }
+        StringBuilder text = new StringBuilder("<");
+        for (byte each : data) {
+            text.append(text.length() == 1 ? "" : " ").append(String.format("%02X", each));
+        }
+        return text.append('>').toString();
+    }
+
+    public String text(String text) {
+        return "\"" + text + "\"";
+    }
+}

@@ -1,0 +1,19 @@
+package tovu.local.trace;
+
+import tovu.local.model.Federate;
+
+/**
+ * The trace of service calls and callbacks on the standard error stream, for a federate's author to see what happens. It
+ * is on when the system property tovu.local.trace is true.
+ */
+public final class Trace {
+    public static final boolean ON = Boolean.getBoolean("tovu.local.trace");
+
+    private Trace() {
+    }
+
+    /** @param federate who calls or is called; null for an ambassador that is not joined */
+    public static void print(Federate federate, String line) {
+        System.err.println("[" + (federate == null ? "not joined" : federate.name()) + "] " + line);
+    }
+}
