@@ -93,6 +93,13 @@ public final class FomReader {
     public FomModule readMim(String designator) throws RTIexception {
         FomModule mim = read(designator);
         requireRoot(mim, "objects", "objectClass", ObjectModel.OBJECT_ROOT);
+        boolean deletable = mim.root().table("objects", "objectClass").stream()
+                .flatMap(each -> each.children("attribute").stream())
+                .anyMatch(each -> each.value("name").equals(ObjectModel.PRIVILEGE_TO_DELETE));
+        if (!deletable) {
+            throw couldNotRead.apply(kind + " '" + designator + "' does not define attribute "
+                    + ObjectModel.PRIVILEGE_TO_DELETE + " of " + ObjectModel.OBJECT_ROOT + "; add it there");
+        }
         requireRoot(mim, "interactions", "interactionClass", ObjectModel.INTERACTION_ROOT);
         return mim;
     }
