@@ -134,16 +134,21 @@ final class FederateTime {
         deliveredUntil = Math.max(deliveredUntil, theTime);
     }
 
-    /** What it has reached, as the earliest time that a message for it may have. */
+    /** The time that it has, or was granted and has yet to hear of. */
     long reached() {
-        long reached = decided ? granted : time;
+        return decided ? granted : time;
+    }
+
+    /** The earliest time that a message for it may have, as far as its grants go. */
+    long earliestNext() {
+        long reached = reached();
         boolean without = decided ? kind.isExclusive() : exclusive;
         return without && reached < TimeFamily.NEVER ? reached + 1 : reached;
     }
 
     /** Earlier than this no message may be sent to it any more: it is told what was before. */
     long promisedUntil() {
-        return Math.max(deliveredUntil, reached());
+        return Math.max(deliveredUntil, earliestNext());
     }
 
     private long bound(long from, boolean without) {

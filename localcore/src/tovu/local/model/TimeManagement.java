@@ -246,7 +246,7 @@ public final class TimeManagement {
 
     private void constrainIfPossible(Federate federate, long galt) {
         FederateTime own = federate.time;
-        if (galt >= own.reached()) {
+        if (galt >= own.earliestNext()) {
             waiting.remove(federate);
             own.beginConstraint();
             federate.postChange(own::completeConstraint, to -> to.timeConstrainedEnabled(time(own.time())));
