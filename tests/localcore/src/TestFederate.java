@@ -15,7 +15,7 @@ import tovu.local.model.ResignAction;
 import tovu.local.model.Session;
 
 /** A federate of the model alone: what it is told it writes down, one line a callback. */
-final class TestFederate implements CallbackSink {
+class TestFederate implements CallbackSink {
     /** Something to do as a member. */
     interface Act {
         void on(Federation federation, Federate me) throws Exception;
@@ -30,8 +30,9 @@ final class TestFederate implements CallbackSink {
     private final Queue<Callback> queue = new ArrayDeque<>();
     private final List<String> lines = new ArrayList<>();
     private final FederateCallbacks callbacks = (FederateCallbacks) Proxy.newProxyInstance(
-            FederateCallbacks.class.getClassLoader(), new Class<?>[] {FederateCallbacks.class}, (proxy, method, args) -> {
-                lines.add(method.getName() + describe(args == null ? new Object[0] : args));
+            FederateCallbacks.class.getClassLoader(), new Class<?>[] {FederateCallbacks.class},
+            (proxy, method, args) -> {
+                hear(method.getName(), args == null ? new Object[0] : args);
                 return null;
             });
 
@@ -46,9 +47,17 @@ final class TestFederate implements CallbackSink {
     }
 
     static TestFederate join(Federations federations, String federation, String name) throws Exception {
-        TestFederate federate = new TestFederate(federations);
-        federate.session.join(name, "type", federation, List.of());
-        return federate;
+        return new TestFederate(federations).joined(federation, name);
+    }
+
+    final TestFederate joined(String federation, String name) throws Exception {
+        session.join(name, "type", federation, List.of());
+        return this;
+    }
+
+    /** What comes of a callback; here, a line. */
+    void hear(String callback, Object[] args) {
+        lines.add(callback + describe(args));
     }
 
     private static String describe(Object[] args) {
@@ -77,7 +86,7 @@ final class TestFederate implements CallbackSink {
     }
 
     /** Takes all callbacks that are there, and gives back their lines. */
-    List<String> told() throws Exception {
+    final List<String> told() throws Exception {
         lines.clear();
         for (Callback next = next(); next != null; next = next()) {
             next.deliver(callbacks);
@@ -85,14 +94,14 @@ final class TestFederate implements CallbackSink {
         return List.copyOf(lines);
     }
 
-    void act(Act act) throws Exception {
+    final void act(Act act) throws Exception {
         ask((federation, me) -> {
             act.on(federation, me);
             return null;
         });
     }
 
-    <R> R ask(Ask<R> ask) throws Exception {
+    final <R> R ask(Ask<R> ask) throws Exception {
         Exception[] failure = new Exception[1];
         R result = session.callOutsideSave((federation, me) -> {
             try {
@@ -108,11 +117,11 @@ final class TestFederate implements CallbackSink {
         return result;
     }
 
-    void resign(ResignAction action) throws Exception {
+    final void resign(ResignAction action) throws Exception {
         session.resign(action);
     }
 
-    int handle() {
+    final int handle() {
         return session.federate().handle();
     }
 }

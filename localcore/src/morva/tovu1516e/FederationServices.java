@@ -105,7 +105,7 @@ abstract class FederationServices extends AmbassadorServices {
     }
 
     public final void requestFederationSave_S_LT(byte[] message) throws RTIexception {
-        throw new hla.rti1516e.exceptions.RTIinternalError("requestFederationSave is not served yet");
+        act(message, (federation, me, in) -> federation.save().request(me, in.text(), in.time()));
     }
 
     public final void federateSaveBegun() throws RTIexception {

@@ -1,6 +1,7 @@
 package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.InvalidLogicalTime;
+import hla.rti1516e.exceptions.InvalidLookahead;
 import java.lang.invoke.MethodHandles;
 import java.lang.invoke.VarHandle;
 import java.nio.ByteOrder;
@@ -11,6 +12,8 @@ import java.util.List;
 import java.util.Set;
 import java.util.TreeSet;
 import tovu.local.model.HandleValues;
+import tovu.local.model.RegionManagement;
+import tovu.local.model.Timing;
 
 /** Reads the arguments of one service message in their order. A message shorter than its arguments is a fault. */
 final class MessageReader {
@@ -120,12 +123,39 @@ final class MessageReader {
         return new HandleValues(message, rows, count);
     }
 
-    /** The eight bytes of a time or interval, which is all the rest of the message. */
+    List<RegionManagement.Pair> regionPairs() {
+        List<RegionManagement.Pair> pairs = new ArrayList<>();
+        for (int left = count(); left > 0; --left) {
+            pairs.add(new RegionManagement.Pair(handles(), handles()));
+        }
+        return pairs;
+    }
+
+    private boolean isTimeLeft() {
+        return message.length - position == Long.BYTES;
+    }
+
+    private String sizeFault(String what) {
+        return "The " + what + "'s encoding has " + (message.length - position)
+                + " bytes, not 8; use one of the federation's own logical time implementation";
+    }
+
+    /** The eight bytes of a time, which is all the rest of the message. */
     long time() throws InvalidLogicalTime {
-        int left = message.length - position;
-        if (left != Long.BYTES) {
-            throw new InvalidLogicalTime("The logical time's encoding has " + left
-                    + " bytes, not 8; use a time of the federation's own implementation");
+        if (!isTimeLeft()) {
+            throw new InvalidLogicalTime(sizeFault("logical time"));
+        }
+        return longInteger();
+    }
+
+    Timing timing() throws InvalidLogicalTime {
+        return Timing.at(time());
+    }
+
+    /** The eight bytes of an interval, which is all the rest of the message. */
+    long interval() throws InvalidLookahead {
+        if (!isTimeLeft()) {
+            throw new InvalidLookahead(sizeFault("lookahead"));
         }
         return longInteger();
     }

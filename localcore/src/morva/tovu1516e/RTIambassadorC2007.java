@@ -1,14 +1,12 @@
 package morva.tovu1516e;
 
-import hla.rti1516e.exceptions.FederateIsExecutionMember;
-import hla.rti1516e.exceptions.RTIexception;
 import java.lang.ref.Cleaner;
 
 /**
  * The core's side of one ambassador. The library holds one of these for each ambassador that a federate has, and lets
  * go of it when the ambassador is destroyed; whatever it was still joined to then is left on its behalf.
  */
-public final class RTIambassadorC2007 extends UnservedServices {
+public final class RTIambassadorC2007 extends RegionServices {
     private static final Cleaner CLEANER = Cleaner.create();
 
     /** @param message one integer without a meaning here */

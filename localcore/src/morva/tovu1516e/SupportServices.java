@@ -3,8 +3,8 @@ package morva.tovu1516e;
 import hla.rti1516e.exceptions.RTIexception;
 import tovu.local.delivery.CallbackDelivery;
 
-/** Support services: names and handles, advisory switches, and the control of callbacks. */
-abstract class SupportServices extends FederationServices {
+/** Support services: what concerns a federate itself, and the control of its callbacks. */
+abstract class SupportServices extends LookupServices {
     public final int getAutomaticResignDirective() throws RTIexception {
         return askAnytime((federation, me, in) -> me.automaticResignDirective().ordinal());
     }

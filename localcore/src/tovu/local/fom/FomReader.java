@@ -5,8 +5,10 @@ import hla.rti1516e.exceptions.CouldNotOpenMIM;
 import hla.rti1516e.exceptions.ErrorReadingFDD;
 import hla.rti1516e.exceptions.ErrorReadingMIM;
 import hla.rti1516e.exceptions.RTIexception;
+import java.io.CharConversionException;
 import java.io.IOException;
 import java.io.InputStream;
+import java.io.UnsupportedEncodingException;
 import java.net.URI;
 import java.net.URISyntaxException;
 import java.nio.file.Files;
@@ -93,6 +95,13 @@ public final class FomReader {
     public FomModule readMim(String designator) throws RTIexception {
         FomModule mim = read(designator);
         requireRoot(mim, "objects", "objectClass", ObjectModel.OBJECT_ROOT);
+        boolean deletable = mim.root().table("objects", "objectClass").stream()
+                .flatMap(each -> each.children("attribute").stream())
+                .anyMatch(each -> each.value("name").equals(ObjectModel.PRIVILEGE_TO_DELETE));
+        if (!deletable) {
+            throw couldNotRead.apply(kind + " '" + designator + "' does not define attribute "
+                    + ObjectModel.PRIVILEGE_TO_DELETE + " of " + ObjectModel.OBJECT_ROOT + "; add it there");
+        }
         requireRoot(mim, "interactions", "interactionClass", ObjectModel.INTERACTION_ROOT);
         return mim;
     }
@@ -124,7 +133,8 @@ public final class FomReader {
             rest = rest.substring("//localhost".length());
         }
         URI uri = new URI("file:" + rest);
-        return uri.isOpaque() ? Path.of("").toUri().resolve(new URI(uri.getRawSchemeSpecificPart())) : uri;
+        URI absolute = uri.isOpaque() ? Path.of("").toUri().resolve(new URI(uri.getRawSchemeSpecificPart())) : uri;
+        return new URI(absolute.toASCIIString());
     }
 
     private FomModule parse(String designator, InputStream in) throws RTIexception, IOException {
@@ -136,7 +146,7 @@ public final class FomReader {
                     + ": " + e.getMessage() + "; correct the XML there");
         } catch (SAXException e) {
             throw couldNotRead.apply(kind + " '" + designator + "' is not XML: " + e.getMessage());
-        } catch (java.io.CharConversionException e) {
+        } catch (CharConversionException | UnsupportedEncodingException e) {
             throw couldNotRead.apply(kind + " '" + designator
                     + "' is not text in the encoding that it declares (" + e.getMessage() + ")");
         }

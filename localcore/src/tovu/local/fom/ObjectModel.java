@@ -13,6 +13,7 @@ import tovu.local.fom.Merger.Table;
  */
 public final class ObjectModel {
     static final String OBJECT_ROOT = "HLAobjectRoot";
+    static final String PRIVILEGE_TO_DELETE = "HLAprivilegeToDeleteObject";
     static final String INTERACTION_ROOT = "HLAinteractionRoot";
 
     final Table<ObjectClass> objectClasses = new Table<>();
@@ -63,6 +64,11 @@ public final class ObjectModel {
     /** The class of that name, with or without the root's name in front, or null. */
     public ObjectClass objectClass(String name) {
         return objectClasses.named(name, OBJECT_ROOT);
+    }
+
+    /** The attribute whose owner may delete an instance. */
+    public Attribute privilegeToDelete() {
+        return objectClass(OBJECT_ROOT).member(PRIVILEGE_TO_DELETE);
     }
 
     public InteractionClass interactionClass(int handle) {

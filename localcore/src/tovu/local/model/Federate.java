@@ -1,14 +1,24 @@
 package tovu.local.model;
 
-/** A joined federate. */
+import java.util.LinkedHashSet;
+import java.util.Set;
+
+/** A joined federate, and its own part of every chapter of the federation's state. */
 public final class Federate {
     private final Federation federation;
     private final int handle;
     private final String name;
     private final String type;
-    private Session session;
-    private CallbackSink sink;
+    private final Session session;
+    private final CallbackSink sink;
     private ResignAction automaticResignDirective;
+    private volatile int messageValidity;
+    final Advisories advisories;
+    final Publications publications;
+    final Subscriptions subscriptions = new Subscriptions();
+    final Set<ObjectInstance> knownObjects = new LinkedHashSet<>();
+    final FederateTime time;
+    final Inbox inbox = new Inbox(this);
 
     Federate(Federation federation, int handle, String name, String type, Session session, CallbackSink sink) {
         this.federation = federation;
@@ -18,6 +28,9 @@ public final class Federate {
         this.session = session;
         this.sink = sink;
         automaticResignDirective = ResignAction.named(federation.switches().automaticResignAction());
+        advisories = new Advisories(federation.switches());
+        publications = new Publications(federation.privilegeToDelete());
+        time = new FederateTime(federation.timeFamily());
     }
 
     public Federation federation() {
@@ -49,8 +62,32 @@ public final class Federate {
         sink.post(callback);
     }
 
-    CallbackSink sink() {
-        return sink;
+    /** Leaves a callback with which a change of state comes about: not when it is left, but when it is delivered. */
+    void postChange(Runnable change, Callback callback) {
+        post(to -> {
+            synchronized (federation) {
+                if (!federation.isMember(this)) {
+                    return;
+                }
+                change.run();
+            }
+            callback.deliver(to);
+        });
+    }
+
+    void dropCallbacks() {
+        sink.dropMembership();
+    }
+
+    /** Changes whenever messages on their way have to be looked at again before they are delivered. */
+    int messageValidity() {
+        return messageValidity;
+    }
+
+    /** Written under the federation's lock only. */
+    @SuppressWarnings("NonAtomicOperationOnVolatileField")
+    void invalidateMessages() {
+        ++messageValidity;
     }
 
     @Override

@@ -4,14 +4,17 @@ import hla.rti1516e.exceptions.FederateHandleNotKnown;
 import hla.rti1516e.exceptions.FederateNameAlreadyInUse;
 import hla.rti1516e.exceptions.FederatesCurrentlyJoined;
 import hla.rti1516e.exceptions.FederationExecutionDoesNotExist;
+import hla.rti1516e.exceptions.FederateOwnsAttributes;
 import hla.rti1516e.exceptions.InvalidFederateHandle;
 import hla.rti1516e.exceptions.NameNotFound;
+import hla.rti1516e.exceptions.OwnershipAcquisitionPending;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RestoreInProgress;
 import hla.rti1516e.exceptions.SaveInProgress;
 import java.util.Collection;
 import java.util.List;
 import java.util.Map;
+import java.util.Set;
 import java.util.TreeMap;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
@@ -32,6 +35,23 @@ public final class Federation {
     private final SynchronizationPoints synchronizationPoints = new SynchronizationPoints(this);
     private final FederationSave save = new FederationSave(this);
     private final FederationRestore restore = new FederationRestore(this);
+    private final DeclarationManagement declarations = new DeclarationManagement(this);
+    private final ObjectNames names = new ObjectNames();
+    private final Objects objects = new Objects(this);
+    private final ObjectManagement objectManagement = new ObjectManagement(this);
+    private final InteractionManagement interactions = new InteractionManagement(this);
+    private final DeliveryChanges deliveryChanges = new DeliveryChanges(this);
+    private final OwnershipManagement ownership = new OwnershipManagement(this);
+    private final RegionManagement regions = new RegionManagement(this);
+    private final Retractions retractions = new Retractions(this);
+    private final Visibility visibility = new Visibility(this);
+    private final Relevance relevance = new Relevance(this);
+    private final AdvisorySwitches advisorySwitches = new AdvisorySwitches(this);
+    private final TimeManagement time;
+    private final SupportLookups lookups;
+    private final Lookup lookup;
+    private final int privilegeToDelete;
+    private long lastSequence;
     private int lastFederate;
     private boolean closed;
 
@@ -40,6 +60,10 @@ public final class Federation {
         this.objectModel = objectModel;
         this.timeFamily = timeFamily;
         switches = objectModel.switches();
+        privilegeToDelete = objectModel.privilegeToDelete().handle();
+        time = new TimeManagement(this);
+        lookup = new Lookup(objectModel);
+        lookups = new SupportLookups(this);
     }
 
     public String name() {
@@ -66,6 +90,85 @@ public final class Federation {
         return restore;
     }
 
+    public DeclarationManagement declarations() {
+        return declarations;
+    }
+
+    public ObjectNames names() {
+        return names;
+    }
+
+    public Objects objects() {
+        return objects;
+    }
+
+    public ObjectManagement objectManagement() {
+        return objectManagement;
+    }
+
+    public InteractionManagement interactions() {
+        return interactions;
+    }
+
+    public DeliveryChanges deliveryChanges() {
+        return deliveryChanges;
+    }
+
+    public OwnershipManagement ownership() {
+        return ownership;
+    }
+
+    public RegionManagement regions() {
+        return regions;
+    }
+
+    public TimeManagement time() {
+        return time;
+    }
+
+    public AdvisorySwitches advisorySwitches() {
+        return advisorySwitches;
+    }
+
+    public SupportLookups lookups() {
+        return lookups;
+    }
+
+    public Retractions retractions() {
+        return retractions;
+    }
+
+    Visibility visibility() {
+        return visibility;
+    }
+
+    Relevance relevance() {
+        return relevance;
+    }
+
+    Lookup lookup() {
+        return lookup;
+    }
+
+    int privilegeToDelete() {
+        return privilegeToDelete;
+    }
+
+    /** A number greater than every one before. */
+    long nextSequence() {
+        return ++lastSequence;
+    }
+
+    /** What messages that a federate sends with those regions tell of their origin. */
+    Supplement supplement(Federate sender, Set<Region> sentRegions) {
+        boolean tellsRegions = switches.conveyRegionDesignatorSets() && !sentRegions.isEmpty();
+        if (!switches.conveyProducingFederate() && !tellsRegions) {
+            return Supplement.NONE;
+        }
+        return new Supplement(switches.conveyProducingFederate() ? sender.handle() : 0,
+                tellsRegions ? sentRegions.stream().mapToInt(region -> region.handle).toArray() : null);
+    }
+
     Switches switches() {
         return switches;
     }
@@ -77,6 +180,10 @@ public final class Federation {
     /** The member with that handle, or null. */
     Federate member(int handle) {
         return members.get(handle);
+    }
+
+    boolean isMember(Federate federate) {
+        return members.get(federate.handle()) == federate;
     }
 
     /** The member of that name, or null. */
@@ -120,6 +227,10 @@ public final class Federation {
         restore.requireNotInProgress();
     }
 
+    boolean isSavingOrRestoring() {
+        return save.isInProgress() || restore.isInProgress();
+    }
+
     Federate join(Session session, CallbackSink sink, String federateName, String federateType,
             List<String> fomModules) throws RTIexception {
         synchronized (this) {
@@ -154,18 +265,49 @@ public final class Federation {
     }
 
     void resign(Federate federate, ResignAction action) throws RTIexception {
-        remove(federate);
+        if (!action.cancels()) {
+            for (ObjectInstance object : federate.knownObjects) {
+                if (ownership.isAcquiring(federate, object)) {
+                    throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + object
+                            + "; cancel the acquisition, or resign with an action that does");
+                }
+            }
+        }
+        if (!action.divests()) {
+            for (ObjectInstance object : federate.knownObjects) {
+                boolean ends = action.deletes() && object.attribute(privilegeToDelete).owner() == federate;
+                if (!ends && object.isOwnedIn(federate)) {
+                    throw new FederateOwnsAttributes(federate + " owns attributes of " + object
+                            + "; divest or delete it, or resign with an action that does");
+                }
+            }
+        }
+        leave(federate, action);
     }
 
-    /** Resigns a federate that is gone, as its automatic resign directive says. */
+    /** Resigns a federate that is gone as its automatic resign directive says, and lets go of whatever that leaves. */
     synchronized void lose(Federate federate) {
-        remove(federate);
+        leave(federate, federate.automaticResignDirective());
     }
 
-    private void remove(Federate federate) {
+    private void leave(Federate federate, ResignAction action) {
+        ownership.cancelAllAcquisitions(federate);
+        if (action.deletes()) {
+            objectManagement.deleteAll(federate);
+        }
+        for (ObjectInstance object : List.copyOf(federate.knownObjects)) {
+            ownership.release(object, object.attributes(each -> each.owner() == federate));
+        }
+        declarations.resigned(federate);
+        for (ObjectInstance object : List.copyOf(federate.knownObjects)) {
+            objects.forget(object.knowledgeOf(federate));
+        }
         members.remove(federate.handle());
-        federate.sink().dropMembership();
+        federate.dropCallbacks();
+        names.resigned(federate);
+        regions.resigned(federate);
         synchronizationPoints.resigned(federate);
+        time.resigned(federate);
         save.resigned(federate);
         restore.resigned(federate);
     }

@@ -1,12 +1,17 @@
 package tovu.local.model;
 
 import hla.rti1516e.exceptions.FederateHasNotBegunSave;
+import hla.rti1516e.exceptions.FederateUnableToUseTime;
+import hla.rti1516e.exceptions.LogicalTimeAlreadyPassed;
+import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RestoreInProgress;
 import hla.rti1516e.exceptions.SaveInProgress;
 import hla.rti1516e.exceptions.SaveNotInProgress;
 import hla.rti1516e.exceptions.SaveNotInitiated;
 import java.util.HashMap;
+import java.util.HashSet;
 import java.util.Map;
+import java.util.Set;
 
 /** The saving of a federation: at most one at a time. */
 public final class FederationSave {
@@ -14,6 +19,9 @@ public final class FederationSave {
     private final Map<Federate, SaveStatus> statuses = new HashMap<>(); // empty while no save is in progress
     private String label;
     private boolean failed;
+    private final Set<Federate> reached = new HashSet<>();
+    private String dueLabel; // null unless a save waits for its time
+    private long dueTime;
 
     FederationSave(Federation federation) {
         this.federation = federation;
@@ -32,7 +40,58 @@ public final class FederationSave {
 
     /** Saves as soon as can be. */
     public void request(String theLabel) {
+        dueLabel = null;
         begin(theLabel, null);
+    }
+
+    /**
+     * Saves when every constrained federate has reached a time; a save that was requested before and has not begun is
+     * forgotten.
+     *
+     * @param timeBits the bytes of the time
+     */
+    public void request(Federate requester, String theLabel, long timeBits) throws RTIexception {
+        if (!requester.time.isRegulating() && !requester.time.isConstrained()) {
+            throw new FederateUnableToUseTime(requester + " is neither time-regulating nor time-constrained;"
+                    + " enable one of them, or request the save without a time");
+        }
+        TimeFamily family = federation.timeFamily();
+        long time = family.time(timeBits);
+        for (Federate each : federation.members()) {
+            if ((each == requester || each.time.isConstrained()) && time < each.time.reached()) {
+                throw new LogicalTimeAlreadyPassed("The save is requested for time " + family.text(time) + " but "
+                        + each + " has passed that already");
+            }
+        }
+        dueLabel = theLabel;
+        dueTime = time;
+        reached.clear();
+        federation.time().evaluate();
+        beginIfDue();
+    }
+
+    /** Whether a federate may not be granted that time before the save that is due. */
+    boolean comesBefore(long time) {
+        return dueLabel != null && time >= dueTime;
+    }
+
+    /** The part of an advance to that time that comes before the save. */
+    long limit(long time) {
+        return dueLabel == null ? time : Math.min(time, dueTime);
+    }
+
+    /** The federate could go on past the time of the save, were it not for the save. */
+    void reached(Federate federate) {
+        reached.add(federate);
+    }
+
+    void beginIfDue() {
+        if (dueLabel != null && federation.members().stream().allMatch(each -> !each.time.isConstrained()
+                || reached.contains(each) || each.time.reached() >= dueTime)) {
+            String theLabel = dueLabel;
+            dueLabel = null;
+            begin(theLabel, new LogicalTime(federation.timeFamily(), dueTime));
+        }
     }
 
     private void begin(String theLabel, LogicalTime time) {
@@ -78,8 +137,11 @@ public final class FederationSave {
     }
 
     void resigned(Federate federate) {
+        reached.remove(federate);
         if (statuses.remove(federate) != null) {
             fail(SaveFailureReason.FEDERATE_RESIGNED);
+        } else {
+            beginIfDue();
         }
     }
 
@@ -90,6 +152,7 @@ public final class FederationSave {
     private void end(Callback outcome) {
         statuses.clear();
         federation.postToAll(outcome);
+        federation.time().evaluate();
     }
 
     public void queryStatus(Federate federate) throws RestoreInProgress {

@@ -1,0 +1,18 @@
+package tovu.local.model;
+
+import tovu.local.fom.Switches;
+
+/** Which notices a federate wants to get; the federation's switches say what it begins with. */
+final class Advisories {
+    boolean objectClassRelevance;
+    boolean attributeRelevance;
+    boolean attributeScope;
+    boolean interactionRelevance;
+
+    Advisories(Switches switches) {
+        objectClassRelevance = switches.objectClassRelevanceAdvisory();
+        attributeRelevance = switches.attributeRelevanceAdvisory();
+        attributeScope = switches.attributeScopeAdvisory();
+        interactionRelevance = switches.interactionRelevanceAdvisory();
+    }
+}

@@ -1,0 +1,15 @@
+package tovu.local.model;
+
+import java.util.List;
+import tovu.local.fom.ObjectClass;
+
+/**
+ * What it takes to undo a deletion that is retracted.
+ *
+ * @param object     the object instance
+ * @param deleter    who deleted it
+ * @param knownClass as which class the deleter knew it
+ * @param owned      the attributes that the deleter owned
+ */
+record Deletion(ObjectInstance object, Federate deleter, ObjectClass knownClass, List<InstanceAttribute> owned) {
+}

@@ -1,0 +1,63 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.InvalidLogicalTime;
+import tovu.local.fom.OrderType;
+
+/** The sending of all messages that come of one service call. */
+final class Dispatch {
+    private final Federation federation;
+    private final Federate sender;
+    private final byte[] tag;
+    private final boolean timed;
+    private final long time;
+    private final boolean mayOrder;
+    private Retractions.Sent sent;
+
+    Dispatch(Federation federation, Federate sender, byte[] tag, Timing timing) throws InvalidLogicalTime {
+        this.federation = federation;
+        this.sender = sender;
+        this.tag = tag;
+        timed = timing.isTimed();
+        time = timed ? federation.time().sendingTime(sender, timing.bits()) : 0;
+        mayOrder = timed && sender.time.regulation() == FederateTime.Switch.ON;
+    }
+
+    /** Sends without a time. */
+    Dispatch(Federation federation, Federate sender, byte[] tag) {
+        this.federation = federation;
+        this.sender = sender;
+        this.tag = tag;
+        timed = false;
+        time = 0;
+        mayOrder = false;
+    }
+
+    /** What is common to the messages of an order: without a time, or a regulating sender, there is no time stamp order. */
+    Message.Sending sending(OrderType preferred) {
+        OrderType order = mayOrder ? preferred : OrderType.RECEIVE;
+        if (order == OrderType.TIMESTAMP && sent == null) {
+            sent = federation.retractions().register(sender, time);
+        }
+        return new Message.Sending(sender, time, timed, order, order == OrderType.TIMESTAMP ? sent.handle : 0,
+                federation.nextSequence(), tag);
+    }
+
+    void send(Message message) {
+        if (message.sending.retraction() != 0) {
+            sent.messages.add(message);
+        }
+        message.receiver.inbox.accept(message);
+    }
+
+    void deletes(Deletion deletion) {
+        if (sent != null) {
+            sent.deletion = deletion;
+            deletion.object().mayReturn = true;
+        }
+    }
+
+    /** By which all of it may be retracted, or 0 when nothing of it may. */
+    int retraction() {
+        return sent == null ? 0 : sent.handle;
+    }
+}

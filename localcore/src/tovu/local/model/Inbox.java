@@ -1,0 +1,75 @@
+package tovu.local.model;
+
+import java.util.ArrayDeque;
+import java.util.ArrayList;
+import java.util.Queue;
+import java.util.SortedSet;
+import java.util.TreeSet;
+
+/** The messages that a federate is not to get yet. */
+final class Inbox {
+    private final SortedSet<Message> timestamped = new TreeSet<>();
+    private final Queue<Message> held = new ArrayDeque<>();
+    private final Federate owner;
+
+    Inbox(Federate owner) {
+        this.owner = owner;
+    }
+
+    void accept(Message message) {
+        if (message.isTimestamped()) {
+            timestamped.add(message);
+            owner.federation().time().messageQueued(owner);
+        } else if (owner.time.holdsReceiveOrder()) {
+            held.add(message);
+        } else {
+            message.post();
+        }
+    }
+
+    /** Takes back a message; false when it is too late for that. */
+    boolean retract(Message message) {
+        return !message.isPosted() && (timestamped.remove(message) || held.remove(message));
+    }
+
+    /** The time of the first time-stamped message, or never. */
+    long firstTime() {
+        return timestamped.isEmpty() ? TimeFamily.NEVER : timestamped.first().sending.time();
+    }
+
+    boolean isEmpty() {
+        return timestamped.isEmpty();
+    }
+
+    /**
+     * Delivers the time-stamped messages up to and including a time.
+     *
+     * @return the time of the last one delivered, or that of nothing yet
+     */
+    long deliverUntil(long time, long nothing) {
+        long last = nothing;
+        while (!timestamped.isEmpty() && timestamped.first().sending.time() <= time) {
+            Message message = timestamped.first();
+            timestamped.remove(message);
+            last = message.sending.time();
+            message.post();
+        }
+        return last;
+    }
+
+    void releaseHeld() {
+        for (Message next = held.poll(); next != null; next = held.poll()) {
+            next.post();
+        }
+    }
+
+    /** Delivers everything, as befits a federate that is not constrained. */
+    void flush() {
+        for (Message message : new ArrayList<>(timestamped)) {
+            message.loseTimestampOrder();
+            message.post();
+        }
+        timestamped.clear();
+        releaseHeld();
+    }
+}

@@ -1,0 +1,56 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.InteractionClassNotPublished;
+import hla.rti1516e.exceptions.RTIexception;
+import java.util.HashSet;
+import java.util.Set;
+import tovu.local.fom.InteractionClass;
+import tovu.local.model.Publications.Sending;
+
+/** The sending of interactions. */
+public final class InteractionManagement {
+    private final Federation federation;
+
+    InteractionManagement(Federation federation) {
+        this.federation = federation;
+    }
+
+    public int send(Federate federate, int classHandle, HandleValues values, byte[] tag, Timing timing)
+            throws RTIexception {
+        return send(federate, federation.lookup().interactionClass(classHandle), values, Set.of(), tag, timing);
+    }
+
+    /** Everyone who subscribes gets it once, as the most specific class that it subscribes to. */
+    int send(Federate federate, InteractionClass theClass, HandleValues values, Set<Region> regions, byte[] tag,
+            Timing timing) throws RTIexception {
+        Lookup.requireParameters(theClass, values);
+        Sending how = requirePublished(federate, theClass);
+        Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
+        Message.Sending sending = dispatch.sending(how.order);
+        Supplement supplement = federation.supplement(federate, regions);
+        Set<Federate> served = new HashSet<>();
+        served.add(federate);
+        for (InteractionClass each = theClass; each != null; each = each.parent()) {
+            InteractionClass received = each;
+            HandleValues known = null;
+            for (Federate receiver : federation.declarations().subscribers(each)) {
+                if (!served.contains(receiver) && receiver.subscriptions.interest(each).meets(regions)) {
+                    served.add(receiver);
+                    known = known != null ? known : received == theClass ? values
+                            : values.select(parameter -> received.member(parameter) != null);
+                    dispatch.send(new Reception(receiver, sending, received, known, how.transportation, supplement));
+                }
+            }
+        }
+        return dispatch.retraction();
+    }
+
+    static Sending requirePublished(Federate federate, InteractionClass theClass)
+            throws InteractionClassNotPublished {
+        if (!federate.publications.publishes(theClass)) {
+            throw new InteractionClassNotPublished(federate + " does not publish interaction class '"
+                    + theClass.name() + "'; publish it first");
+        }
+        return federate.publications.sending(theClass);
+    }
+}

@@ -1,0 +1,40 @@
+package tovu.local.model;
+
+import java.util.Set;
+import java.util.TreeSet;
+import tovu.local.fom.Attribute;
+import tovu.local.fom.ObjectClass;
+
+/** What one federate knows of one object instance: as which class, and which attributes it was told are in scope. */
+final class Knowledge {
+    final Federate federate;
+    final ObjectInstance object;
+    final ObjectClass knownClass;
+    final Set<Integer> toldInScope = new TreeSet<>();
+    /** Set when the federate deleted the object locally: what is on its way is not wanted any more. */
+    boolean renounced;
+
+    Knowledge(Federate federate, ObjectInstance object, ObjectClass knownClass) {
+        this.federate = federate;
+        this.object = object;
+        this.knownClass = knownClass;
+    }
+
+    /** The federate's interest in an attribute at its known class, or null. */
+    Interest interest(int attribute) {
+        return federate.subscriptions.interest(knownClass, attribute);
+    }
+
+    boolean isInScope(InstanceAttribute attribute) {
+        if (attribute.owner() == null || attribute.owner() == federate) {
+            return false;
+        }
+        Interest interest = interest(attribute.handle());
+        return interest != null && interest.meets(attribute.updateRegions());
+    }
+
+    /** Whether the federate publishes the attribute, as owning it takes. */
+    boolean publishes(Attribute attribute) {
+        return federate.publications.publishes(knownClass, attribute.handle());
+    }
+}

@@ -1,0 +1,101 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.FederateInternalError;
+import tovu.local.fom.OrderType;
+
+/** One reflection, interaction or removal on its way to one federate. */
+abstract class Message implements Callback, Comparable<Message> {
+    /**
+     * What is common to all that one service call sends.
+     *
+     * @param sender     who sends
+     * @param time       the ordinal of the time it is sent with, if it is timed
+     * @param timed      whether it is sent with a time
+     * @param sentOrder  the order it is sent in
+     * @param retraction by which it may be retracted, or 0
+     * @param sequence   greater for what is sent later
+     * @param tag        the user-supplied tag
+     */
+    record Sending(Federate sender, long time, boolean timed, OrderType sentOrder, int retraction, long sequence,
+            byte[] tag) {
+    }
+
+    final Federate receiver;
+    final Sending sending;
+    private final int validity;
+    private OrderType receivedOrder;
+    private boolean posted;
+
+    Message(Federate receiver, Sending sending) {
+        this.receiver = receiver;
+        this.sending = sending;
+        validity = receiver.messageValidity();
+        receivedOrder = sending.sentOrder() == OrderType.TIMESTAMP && receiver.time.isConstrained()
+                ? OrderType.TIMESTAMP : OrderType.RECEIVE;
+    }
+
+    final boolean isTimestamped() {
+        return receivedOrder == OrderType.TIMESTAMP;
+    }
+
+    /** For a receiver that is not constrained any more. */
+    final void loseTimestampOrder() {
+        receivedOrder = OrderType.RECEIVE;
+    }
+
+    final boolean isPosted() {
+        return posted;
+    }
+
+    /** Leaves it with the delivery: from here on it cannot be called back. */
+    final void post() {
+        posted = true;
+        left();
+        receiver.post(this);
+    }
+
+    /** What the federation takes for granted once the message cannot be called back. */
+    void left() {
+    }
+
+    final OrderType sentOrder() {
+        return sending.sentOrder();
+    }
+
+    final byte[] tag() {
+        return sending.tag();
+    }
+
+    /** What the receiver is told of its time; null when it has none. */
+    final Stamp stamp() {
+        return sending.timed() ? new Stamp(new LogicalTime(receiver.federation().timeFamily(), sending.time()),
+                receivedOrder, sending.retraction()) : null;
+    }
+
+    @Override
+    public final void deliver(FederateCallbacks to) throws FederateInternalError {
+        if (validity == receiver.messageValidity()) {
+            tell(to);
+            return;
+        }
+        Message valid;
+        synchronized (receiver.federation()) {
+            valid = stillWanted();
+        }
+        if (valid != null) {
+            valid.tell(to);
+        }
+    }
+
+    abstract void tell(FederateCallbacks to) throws FederateInternalError;
+
+    /** The part of it that is wanted after the receiver renounced something since it was sent; null for nothing. */
+    abstract Message stillWanted();
+
+    /** By time, and in the order of sending where the time is the same. */
+    @Override
+    public final int compareTo(Message other) {
+        int byTime = Long.compare(sending.time(), other.sending.time());
+        return byTime != 0 ? byTime : Long.compare(sending.sequence(), other.sending.sequence());
+    }
+}

@@ -1,0 +1,94 @@
+package tovu.local.model;
+
+import java.util.ArrayList;
+import java.util.Collection;
+import java.util.LinkedHashMap;
+import java.util.List;
+import java.util.Map;
+import java.util.function.Predicate;
+import tovu.local.fom.Attribute;
+import tovu.local.fom.ObjectClass;
+
+/** A registered object instance, and which federates know it. */
+final class ObjectInstance {
+    final int handle;
+    final String name;
+    final ObjectClass objectClass;
+    final Federate producer;
+    private final Map<Integer, InstanceAttribute> attributes = new LinkedHashMap<>();
+    private final Map<Federate, Knowledge> knowledge = new LinkedHashMap<>();
+    /** Set from its deletion on; federates that are not told yet still know it. */
+    boolean deleted;
+    /** Set while its deletion may be retracted. */
+    boolean mayReturn;
+
+    ObjectInstance(int handle, String name, ObjectClass objectClass, Federate producer) {
+        this.handle = handle;
+        this.name = name;
+        this.objectClass = objectClass;
+        this.producer = producer;
+        for (Attribute attribute : objectClass.members()) {
+            attributes.put(attribute.handle(), new InstanceAttribute(attribute));
+        }
+    }
+
+    /** The attribute with that handle, or null. A class may have gained attributes since this was registered. */
+    InstanceAttribute attribute(int attributeHandle) {
+        InstanceAttribute attribute = attributes.get(attributeHandle);
+        if (attribute == null) {
+            Attribute definition = objectClass.member(attributeHandle);
+            if (definition != null) {
+                attribute = new InstanceAttribute(definition);
+                attributes.put(attributeHandle, attribute);
+            }
+        }
+        return attribute;
+    }
+
+    Collection<InstanceAttribute> attributes() {
+        return attributes.values();
+    }
+
+    List<InstanceAttribute> attributes(Predicate<InstanceAttribute> wanted) {
+        List<InstanceAttribute> some = new ArrayList<>();
+        for (InstanceAttribute each : attributes.values()) {
+            if (wanted.test(each)) {
+                some.add(each);
+            }
+        }
+        return some;
+    }
+
+    boolean isOwnedIn(Federate federate) {
+        for (InstanceAttribute each : attributes.values()) {
+            if (each.owner() == federate) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /** What that federate knows of it, or null when it does not know it. */
+    Knowledge knowledgeOf(Federate federate) {
+        return knowledge.get(federate);
+    }
+
+    Collection<Knowledge> knowers() {
+        return knowledge.values();
+    }
+
+    void becomeKnown(Federate federate, ObjectClass knownClass) {
+        knowledge.put(federate, new Knowledge(federate, this, knownClass));
+        federate.knownObjects.add(this);
+    }
+
+    void becomeUnknown(Federate federate) {
+        knowledge.remove(federate);
+        federate.knownObjects.remove(this);
+    }
+
+    @Override
+    public String toString() {
+        return "Object '" + name + "' (" + handle + ")";
+    }
+}

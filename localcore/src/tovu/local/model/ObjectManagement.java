@@ -1,0 +1,199 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.AttributeNotOwned;
+import hla.rti1516e.exceptions.DeletePrivilegeNotHeld;
+import hla.rti1516e.exceptions.FederateOwnsAttributes;
+import hla.rti1516e.exceptions.ObjectClassNotPublished;
+import hla.rti1516e.exceptions.OwnershipAcquisitionPending;
+import hla.rti1516e.exceptions.RTIexception;
+import java.util.ArrayList;
+import java.util.LinkedHashMap;
+import java.util.List;
+import java.util.Map;
+import java.util.Set;
+import tovu.local.fom.ObjectClass;
+import tovu.local.fom.OrderType;
+import tovu.local.fom.Transportation;
+
+/** Registration, updates and deletion of object instances. */
+public final class ObjectManagement {
+    /** What of an update goes out together: all its attributes travel alike. */
+    private record Passel(Transportation transportation, OrderType order, Set<Region> regions) {
+    }
+
+    private final Federation federation;
+
+    ObjectManagement(Federation federation) {
+        this.federation = federation;
+    }
+
+    /** @param name null for a name of the federation's choice */
+    public int register(Federate federate, int classHandle, String name) throws RTIexception {
+        return register(federate, federation.lookup().objectClass(classHandle), name, Map.of());
+    }
+
+    /** @param regions for some attributes the regions that their updates are sent with */
+    int register(Federate federate, ObjectClass theClass, String name, Map<Integer, Set<Region>> regions)
+            throws RTIexception {
+        if (!federate.publications.publishes(theClass)) {
+            throw new ObjectClassNotPublished(federate + " does not publish class '" + theClass.name()
+                    + "'; publish some of its attributes first");
+        }
+        if (name != null) {
+            federation.names().requireUsable(federate, name);
+        }
+        ObjectInstance object = federation.objects().add(theClass, name, federate);
+        object.becomeKnown(federate, theClass);
+        for (InstanceAttribute each : object.attributes()) {
+            if (federate.publications.publishes(theClass, each.handle())) {
+                each.giveTo(federate);
+            }
+        }
+        regions.forEach((attribute, set) -> object.attribute(attribute).associate(federate, set));
+        federation.visibility().registered(object);
+        return object.handle;
+    }
+
+    /** @param timing how it is timed */
+    public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing)
+            throws RTIexception {
+        Knowledge own = federation.objects().known(federate, objectHandle);
+        Map<Passel, HandleValues> passels = split(own, values, timing);
+        Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
+        passels.forEach((passel, part) -> {
+            Message.Sending sending = dispatch.sending(passel.order);
+            Supplement supplement = federation.supplement(federate, passel.regions);
+            for (Knowledge each : own.object.knowers()) {
+                if (each != own) {
+                    HandleValues wanted = part.select(attribute -> {
+                        Interest interest = each.interest(attribute);
+                        return interest != null && interest.meets(passel.regions);
+                    });
+                    if (wanted.size() > 0) {
+                        dispatch.send(new Reflection(each, sending, wanted, passel.transportation, supplement));
+                    }
+                }
+            }
+        });
+        return dispatch.retraction();
+    }
+
+    private Map<Passel, HandleValues> split(Knowledge own, HandleValues values, Timing timing) throws RTIexception {
+        Map<Integer, Passel> passelOf = new LinkedHashMap<>();
+        Passel common = null;
+        boolean alike = true;
+        for (int i = 0; i < values.size(); ++i) {
+            InstanceAttribute attribute = Objects.attribute(own, values.handle(i));
+            if (attribute.owner() != own.federate) {
+                throw new AttributeNotOwned("Attribute '" + attribute.definition.name() + "' of " + own.object
+                        + " is not owned by " + own.federate + "; acquire it first, or leave it out of the update");
+            }
+            Passel passel = new Passel(attribute.transportation(), attribute.order(), attribute.updateRegions());
+            passelOf.put(attribute.handle(), passel);
+            alike &= common == null || common.equals(passel);
+            common = passel;
+        }
+        if (common == null) {
+            return Map.of();
+        }
+        if (alike) {
+            return Map.of(common, values);
+        }
+        Map<Passel, HandleValues> passels = new LinkedHashMap<>();
+        for (Passel each : passelOf.values()) {
+            passels.computeIfAbsent(each, passel -> values.select(handle -> passelOf.get(handle).equals(passel)));
+        }
+        return passels;
+    }
+
+    public int delete(Federate federate, int objectHandle, byte[] tag, Timing timing) throws RTIexception {
+        Knowledge own = federation.objects().known(federate, objectHandle);
+        InstanceAttribute privilege = own.object.attribute(federation.privilegeToDelete());
+        if (privilege.owner() != federate) {
+            throw new DeletePrivilegeNotHeld(federate + " does not own the privilege to delete " + own.object
+                    + "; acquire its attribute HLAprivilegeToDeleteObject first");
+        }
+        Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
+        delete(own, dispatch, dispatch.sending(privilege.order()));
+        return dispatch.retraction();
+    }
+
+    private void delete(Knowledge own, Dispatch dispatch, Message.Sending sending) {
+        ObjectInstance object = own.object;
+        Federate federate = own.federate;
+        dispatch.deletes(new Deletion(object, federate, own.knownClass,
+                object.attributes(each -> each.owner() == federate)));
+        object.deleted = true;
+        int producer = federation.supplement(federate, Set.of()).producer();
+        List<Knowledge> others = new ArrayList<>(object.knowers());
+        others.remove(own);
+        federation.objects().forget(own);
+        for (Knowledge each : others) {
+            dispatch.send(new Removal(each, sending, producer));
+        }
+    }
+
+    /** Deletes all that the federate may delete, at once and without a tag. */
+    void deleteAll(Federate federate) {
+        Dispatch dispatch = new Dispatch(federation, federate, Notices.NO_TAG);
+        for (ObjectInstance object : List.copyOf(federate.knownObjects)) {
+            if (object.attribute(federation.privilegeToDelete()).owner() == federate) {
+                delete(object.knowledgeOf(federate), dispatch, dispatch.sending(OrderType.RECEIVE));
+            }
+        }
+    }
+
+    public void deleteLocally(Federate federate, int objectHandle) throws RTIexception {
+        Knowledge own = federation.objects().known(federate, objectHandle);
+        if (own.object.isOwnedIn(federate)) {
+            throw new FederateOwnsAttributes(federate + " owns attributes of " + own.object
+                    + "; divest them first, or delete the object");
+        }
+        if (federation.ownership().isAcquiring(federate, own.object)) {
+            throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + own.object
+                    + "; cancel the acquisition first");
+        }
+        own.renounced = true;
+        federate.invalidateMessages();
+        federation.objects().forget(own);
+        federation.visibility().refreshUpdates(own.object);
+    }
+
+    public void requestUpdate(Federate federate, int objectHandle, int[] attributes, byte[] tag)
+            throws RTIexception {
+        Knowledge own = federation.objects().known(federate, objectHandle);
+        requestUpdate(federate, own.object, Objects.attributes(own, attributes), tag);
+    }
+
+    public void requestClassUpdate(Federate federate, int classHandle, int[] attributes, byte[] tag)
+            throws RTIexception {
+        ObjectClass theClass = federation.lookup().objectClass(classHandle);
+        Map<Integer, Set<Region>> everywhere = new LinkedHashMap<>();
+        Lookup.attributes(theClass, attributes).forEach(attribute -> everywhere.put(attribute, Set.of()));
+        requestClassUpdate(federate, theClass, everywhere, tag);
+    }
+
+    /** @param where for each attribute the regions; none for everywhere */
+    void requestClassUpdate(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where, byte[] tag) {
+        for (ObjectClass each : theClass.subtree()) {
+            for (ObjectInstance object : federation.objects().ofClass(each)) {
+                requestUpdate(federate, object, object.attributes(attribute -> {
+                    Set<Region> regions = where.get(attribute.handle());
+                    return regions != null && (regions.isEmpty() || attribute.updateRegions().isEmpty()
+                            || Region.anyOverlap(regions, attribute.updateRegions()));
+                }), tag);
+            }
+        }
+    }
+
+    private static void requestUpdate(Federate federate, ObjectInstance object, List<InstanceAttribute> attributes,
+            byte[] tag) {
+        Notices wanted = new Notices();
+        for (InstanceAttribute each : attributes) {
+            if (each.owner() != null && each.owner() != federate) {
+                wanted.add(each.owner(), each.handle());
+            }
+        }
+        wanted.post((to, handles, noTag) -> to.provideAttributeValueUpdate(object.handle, handles, tag));
+    }
+}

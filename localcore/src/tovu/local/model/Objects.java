@@ -1,0 +1,133 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.AttributeNotDefined;
+import hla.rti1516e.exceptions.ObjectInstanceNotKnown;
+import java.util.ArrayList;
+import java.util.Collection;
+import java.util.HashMap;
+import java.util.LinkedHashSet;
+import java.util.List;
+import java.util.Map;
+import java.util.Set;
+import tovu.local.fom.ObjectClass;
+
+/** The object instances of a federation, by handle, by name and by class. */
+public final class Objects {
+    private final Federation federation;
+    private final Map<Integer, ObjectInstance> byHandle = new HashMap<>();
+    private final Map<String, ObjectInstance> byName = new HashMap<>();
+    private final Map<ObjectClass, Set<ObjectInstance>> byClass = new HashMap<>();
+    private int lastHandle;
+
+    Objects(Federation federation) {
+        this.federation = federation;
+    }
+
+    /** @param name null for a name of the federation's choice */
+    ObjectInstance add(ObjectClass theClass, String name, Federate producer) {
+        int handle = ++lastHandle;
+        String theName = name == null ? ObjectNames.chosenFor(handle) : name;
+        ObjectInstance object = new ObjectInstance(handle, theName, theClass, producer);
+        byHandle.put(handle, object);
+        byName.put(theName, object);
+        byClass.computeIfAbsent(theClass, key -> new LinkedHashSet<>()).add(object);
+        federation.names().use(theName);
+        return object;
+    }
+
+    Collection<ObjectInstance> ofClass(ObjectClass theClass) {
+        return byClass.getOrDefault(theClass, Set.of());
+    }
+
+    private static ObjectInstanceNotKnown notKnown(Federate federate, String what) {
+        return new ObjectInstanceNotKnown(federate + " knows no object instance " + what
+                + "; use one that it registered or discovered and that is not deleted");
+    }
+
+    Knowledge known(Federate federate, int handle) throws ObjectInstanceNotKnown {
+        ObjectInstance object = byHandle.get(handle);
+        Knowledge knowledge = object == null ? null : object.knowledgeOf(federate);
+        if (knowledge == null) {
+            throw notKnown(federate, "with handle " + handle);
+        }
+        return knowledge;
+    }
+
+    public int handle(Federate federate, String name) throws ObjectInstanceNotKnown {
+        ObjectInstance object = byName.get(name);
+        if (object == null || object.knowledgeOf(federate) == null) {
+            throw notKnown(federate, "named '" + name + "'");
+        }
+        return object.handle;
+    }
+
+    public String name(Federate federate, int handle) throws ObjectInstanceNotKnown {
+        return known(federate, handle).object.name;
+    }
+
+    public int knownClass(Federate federate, int handle) throws ObjectInstanceNotKnown {
+        return known(federate, handle).knownClass.handle();
+    }
+
+    /** The instance attribute, which has to be one of the class that the federate knows the object as. */
+    static InstanceAttribute attribute(Knowledge knowledge, int handle) throws AttributeNotDefined {
+        InstanceAttribute attribute = knowledge.object.attribute(handle);
+        boolean defined = attribute != null && (knowledge.knownClass == knowledge.object.objectClass
+                || knowledge.knownClass.member(handle) != null);
+        if (!defined) {
+            throw Lookup.notDefined(knowledge.knownClass, handle);
+        }
+        return attribute;
+    }
+
+    static List<InstanceAttribute> attributes(Knowledge knowledge, int[] handles) throws AttributeNotDefined {
+        List<InstanceAttribute> attributes = new ArrayList<>(handles.length);
+        for (int handle : handles) {
+            attributes.add(attribute(knowledge, handle));
+        }
+        return attributes;
+    }
+
+    /** Ends what a federate has to do with an object; a deleted object ends with the last federate that knew it. */
+    void forget(Knowledge knowledge) {
+        ObjectInstance object = knowledge.object;
+        Federate federate = knowledge.federate;
+        for (InstanceAttribute each : object.attributes()) {
+            if (each.owner() == federate) {
+                each.giveTo(null);
+            }
+            each.forget(federate);
+        }
+        object.becomeUnknown(federate);
+        endIfForgotten(object);
+    }
+
+    private void endIfForgotten(ObjectInstance object) {
+        if (object.deleted && !object.mayReturn && object.knowers().isEmpty()) {
+            byHandle.remove(object.handle);
+            byName.remove(object.name);
+            ofClass(object.objectClass).remove(object);
+            federation.names().free(object.name);
+        }
+    }
+
+    /** A deletion that was retracted never happened: its news is called back, and the deleter has its own again. */
+    void undo(Deletion deletion) {
+        ObjectInstance object = deletion.object();
+        object.deleted = false;
+        object.mayReturn = false;
+        object.becomeKnown(deletion.deleter(), deletion.knownClass());
+        for (InstanceAttribute each : deletion.owned()) {
+            if (each.owner() == null) {
+                each.giveTo(deletion.deleter());
+            }
+        }
+        federation.visibility().regionsChanged(Set.of(object));
+    }
+
+    /** From here on a deletion is for good. */
+    void confirm(Deletion deletion) {
+        deletion.object().mayReturn = false;
+        endIfForgotten(deletion.object());
+    }
+}

@@ -1,0 +1,34 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.FederateInternalError;
+import tovu.local.fom.Transportation;
+
+/** Attribute values on their way to one federate. */
+final class Reflection extends Message {
+    private final Knowledge knowledge;
+    private final HandleValues values;
+    private final Transportation transportation;
+    private final Supplement supplement;
+
+    Reflection(Knowledge knowledge, Sending sending, HandleValues values, Transportation transportation,
+            Supplement supplement) {
+        super(knowledge.federate, sending);
+        this.knowledge = knowledge;
+        this.values = values;
+        this.transportation = transportation;
+        this.supplement = supplement;
+    }
+
+    @Override
+    void tell(FederateCallbacks to) throws FederateInternalError {
+        to.reflectAttributeValues(knowledge.object.handle, values, tag(), sentOrder(), transportation, stamp(),
+                supplement);
+    }
+
+    @Override
+    Message stillWanted() {
+        HandleValues wanted = values.select(attribute -> knowledge.interest(attribute) != null);
+        boolean nothing = knowledge.renounced || wanted.size() == 0 && values.size() > 0;
+        return nothing ? null : new Reflection(knowledge, sending, wanted, transportation, supplement);
+    }
+}

@@ -1,0 +1,95 @@
+package tovu.local.model;
+
+import java.util.Arrays;
+import java.util.Comparator;
+import java.util.List;
+import java.util.Set;
+import tovu.local.fom.Dimension;
+
+/**
+ * A region of routing space. Its creator changes the specification at will; what counts for delivery is the realization,
+ * which is the specification as it was committed last. Ranges contain their lower bound and not their upper one.
+ */
+final class Region {
+    final int handle;
+    final Federate creator;
+    private final List<Dimension> dimensions; // in the order of their handles
+    private final long[] specification; // a lower and an upper bound for each dimension
+    private long[] realization;
+    private int uses;
+
+    Region(int handle, Federate creator, Set<Dimension> dimensions) {
+        this.handle = handle;
+        this.creator = creator;
+        this.dimensions = dimensions.stream().sorted(Comparator.comparingInt(Dimension::handle)).toList();
+        specification = new long[2 * dimensions.size()];
+        for (int i = 0; i < this.dimensions.size(); ++i) {
+            specification[2 * i + 1] = this.dimensions.get(i).upperBound();
+        }
+        commit();
+    }
+
+    List<Dimension> dimensions() {
+        return dimensions;
+    }
+
+    /** The lower and the upper bound: as specified for the creator, as committed for everyone else. */
+    long[] bounds(Dimension dimension, Federate reader) {
+        int i = 2 * dimensions.indexOf(dimension);
+        return Arrays.copyOfRange(reader == creator ? specification : realization, i, i + 2);
+    }
+
+    void specify(Dimension dimension, long lower, long upper) {
+        int i = 2 * dimensions.indexOf(dimension);
+        specification[i] = lower;
+        specification[i + 1] = upper;
+    }
+
+    void commit() {
+        realization = specification.clone();
+    }
+
+    void retain() {
+        ++uses;
+    }
+
+    void release() {
+        --uses;
+    }
+
+    boolean isInUse() {
+        return uses > 0;
+    }
+
+    /** Whether the two meet in every dimension that both have; regions without a common dimension never meet. */
+    boolean overlaps(Region other) {
+        boolean common = false;
+        for (int i = 0; i < dimensions.size(); ++i) {
+            int j = other.dimensions.indexOf(dimensions.get(i));
+            if (j >= 0) {
+                common = true;
+                if (realization[2 * i] >= other.realization[2 * j + 1]
+                        || other.realization[2 * j] >= realization[2 * i + 1]) {
+                    return false;
+                }
+            }
+        }
+        return common;
+    }
+
+    static boolean anyOverlap(Set<Region> some, Set<Region> others) {
+        for (Region one : some) {
+            for (Region other : others) {
+                if (one.overlaps(other)) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
+    @Override
+    public String toString() {
+        return "region " + handle;
+    }
+}

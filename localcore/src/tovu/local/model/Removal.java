@@ -1,0 +1,30 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.FederateInternalError;
+
+/** The news, on its way to one federate, that an object instance is deleted. */
+final class Removal extends Message {
+    private final Knowledge knowledge;
+    private final int producer;
+
+    Removal(Knowledge knowledge, Sending sending, int producer) {
+        super(knowledge.federate, sending);
+        this.knowledge = knowledge;
+        this.producer = producer;
+    }
+
+    @Override
+    void left() {
+        receiver.federation().objects().forget(knowledge);
+    }
+
+    @Override
+    void tell(FederateCallbacks to) throws FederateInternalError {
+        to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(), producer);
+    }
+
+    @Override
+    Message stillWanted() {
+        return knowledge.renounced ? null : this;
+    }
+}

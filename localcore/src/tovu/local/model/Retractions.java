@@ -1,0 +1,96 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.InvalidMessageRetractionHandle;
+import hla.rti1516e.exceptions.MessageCanNoLongerBeRetracted;
+import hla.rti1516e.exceptions.TimeRegulationIsNotEnabled;
+import java.util.ArrayList;
+import java.util.HashMap;
+import java.util.List;
+import java.util.Map;
+import java.util.PriorityQueue;
+import java.util.Queue;
+
+/** The time-stamped messages that their senders may still retract. */
+public final class Retractions {
+    /** What one service call sent. */
+    static final class Sent implements Comparable<Sent> {
+        final int handle;
+        final Federate sender;
+        final long time;
+        final List<Message> messages = new ArrayList<>(1);
+        /** The deletion that this is the news of, or null. */
+        Deletion deletion;
+
+        Sent(int handle, Federate sender, long time) {
+            this.handle = handle;
+            this.sender = sender;
+            this.time = time;
+        }
+
+        @Override
+        public int compareTo(Sent other) {
+            return Long.compare(time, other.time);
+        }
+    }
+
+    private final Federation federation;
+    private final Map<Integer, Sent> retractable = new HashMap<>();
+    private final Map<Federate, Queue<Sent>> bySender = new HashMap<>();
+    private int lastHandle;
+
+    Retractions(Federation federation) {
+        this.federation = federation;
+    }
+
+    Sent register(Federate sender, long time) {
+        Sent sent = new Sent(++lastHandle, sender, time);
+        retractable.put(sent.handle, sent);
+        bySender.computeIfAbsent(sender, key -> new PriorityQueue<>()).add(sent);
+        return sent;
+    }
+
+    /** Lets go of what a federate sent with a time before that: it has passed it. */
+    void expire(Federate sender, long before) {
+        Queue<Sent> sent = bySender.get(sender);
+        while (sent != null && !sent.isEmpty() && sent.peek().time < before) {
+            drop(sent.poll());
+        }
+    }
+
+    void forget(Federate sender) {
+        Queue<Sent> sent = bySender.remove(sender);
+        if (sent != null) {
+            sent.forEach(this::drop);
+        }
+    }
+
+    private void drop(Sent sent) {
+        retractable.remove(sent.handle);
+        if (sent.deletion != null) {
+            federation.objects().confirm(sent.deletion);
+        }
+    }
+
+    public void retract(Federate federate, int handle) throws TimeRegulationIsNotEnabled,
+            InvalidMessageRetractionHandle, MessageCanNoLongerBeRetracted {
+        federation.time().requireRegulating(federate);
+        Sent sent = retractable.get(handle);
+        if (handle < 1 || handle > lastHandle || sent != null && sent.sender != federate) {
+            throw new InvalidMessageRetractionHandle("Retraction handle " + handle + " was not given to " + federate);
+        }
+        if (sent == null || sent.time < federate.time.sendBound()) {
+            throw new MessageCanNoLongerBeRetracted("The message with retraction handle " + handle
+                    + " was sent with a time that " + federate + " has passed, or is retracted already");
+        }
+        retractable.remove(handle);
+        bySender.get(federate).remove(sent);
+        for (Message message : sent.messages) {
+            if (!message.receiver.inbox.retract(message) && federation.isMember(message.receiver)) {
+                message.receiver.post(to -> to.requestRetraction(handle));
+            }
+        }
+        if (sent.deletion != null) {
+            federation.objects().undo(sent.deletion);
+        }
+    }
+}

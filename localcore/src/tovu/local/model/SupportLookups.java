@@ -1,0 +1,184 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.AttributeNotDefined;
+import hla.rti1516e.exceptions.InteractionParameterNotDefined;
+import hla.rti1516e.exceptions.InvalidAttributeHandle;
+import hla.rti1516e.exceptions.InvalidDimensionHandle;
+import hla.rti1516e.exceptions.InvalidFederateHandle;
+import hla.rti1516e.exceptions.InvalidInteractionClassHandle;
+import hla.rti1516e.exceptions.InvalidObjectClassHandle;
+import hla.rti1516e.exceptions.InvalidOrderName;
+import hla.rti1516e.exceptions.InvalidParameterHandle;
+import hla.rti1516e.exceptions.InvalidTransportationName;
+import hla.rti1516e.exceptions.InvalidUpdateRateDesignator;
+import hla.rti1516e.exceptions.NameNotFound;
+import hla.rti1516e.exceptions.RTIexception;
+import java.util.Set;
+import tovu.local.fom.Attribute;
+import tovu.local.fom.Dimension;
+import tovu.local.fom.InteractionClass;
+import tovu.local.fom.ObjectClass;
+import tovu.local.fom.ObjectModel;
+import tovu.local.fom.OrderType;
+import tovu.local.fom.Parameter;
+import tovu.local.fom.Transportation;
+
+/** Names for handles and handles for names. */
+public final class SupportLookups {
+    private final Federation federation;
+    private final ObjectModel model;
+
+    SupportLookups(Federation federation) {
+        this.federation = federation;
+        model = federation.objectModel();
+    }
+
+    private static <T> T named(T found, String what, String name) throws NameNotFound {
+        if (found == null) {
+            throw new NameNotFound("The federation's FOM modules define no " + what + " '" + name + "'");
+        }
+        return found;
+    }
+
+    private ObjectClass objectClass(int handle) throws InvalidObjectClassHandle {
+        ObjectClass theClass = model.objectClass(handle);
+        if (theClass == null) {
+            throw new InvalidObjectClassHandle("No object class has handle " + handle);
+        }
+        return theClass;
+    }
+
+    private InteractionClass interactionClass(int handle) throws InvalidInteractionClassHandle {
+        InteractionClass theClass = model.interactionClass(handle);
+        if (theClass == null) {
+            throw new InvalidInteractionClassHandle("No interaction class has handle " + handle);
+        }
+        return theClass;
+    }
+
+    private Attribute attribute(int classHandle, int handle)
+            throws InvalidObjectClassHandle, InvalidAttributeHandle, AttributeNotDefined {
+        ObjectClass theClass = objectClass(classHandle);
+        if (!model.hasAttribute(handle)) {
+            throw new InvalidAttributeHandle("No attribute has handle " + handle);
+        }
+        Attribute attribute = theClass.member(handle);
+        if (attribute == null) {
+            throw Lookup.notDefined(theClass, handle);
+        }
+        return attribute;
+    }
+
+    private Dimension dimension(int handle) throws InvalidDimensionHandle {
+        Dimension dimension = model.dimension(handle);
+        if (dimension == null) {
+            throw new InvalidDimensionHandle("No dimension has handle " + handle);
+        }
+        return dimension;
+    }
+
+    public int objectClassHandle(String name) throws NameNotFound {
+        return named(model.objectClass(name), "object class", name).handle();
+    }
+
+    public String objectClassName(int handle) throws InvalidObjectClassHandle {
+        return objectClass(handle).name();
+    }
+
+    public int attributeHandle(int classHandle, String name) throws RTIexception {
+        ObjectClass theClass = objectClass(classHandle);
+        return named(theClass.member(name), "attribute of '" + theClass.name() + "' named", name).handle();
+    }
+
+    public String attributeName(int classHandle, int handle) throws RTIexception {
+        return attribute(classHandle, handle).name();
+    }
+
+    public int interactionClassHandle(String name) throws NameNotFound {
+        return named(model.interactionClass(name), "interaction class", name).handle();
+    }
+
+    public String interactionClassName(int handle) throws InvalidInteractionClassHandle {
+        return interactionClass(handle).name();
+    }
+
+    public int parameterHandle(int classHandle, String name) throws RTIexception {
+        InteractionClass theClass = interactionClass(classHandle);
+        return named(theClass.member(name), "parameter of '" + theClass.name() + "' named", name).handle();
+    }
+
+    public String parameterName(int classHandle, int handle) throws RTIexception {
+        InteractionClass theClass = interactionClass(classHandle);
+        if (!model.hasParameter(handle)) {
+            throw new InvalidParameterHandle("No parameter has handle " + handle);
+        }
+        Parameter parameter = theClass.member(handle);
+        if (parameter == null) {
+            throw new InteractionParameterNotDefined("Class '" + theClass.name() + "' has no parameter with handle "
+                    + handle);
+        }
+        return parameter.name();
+    }
+
+    public int dimensionHandle(String name) throws NameNotFound {
+        return named(model.dimension(name), "dimension", name).handle();
+    }
+
+    public String dimensionName(int handle) throws InvalidDimensionHandle {
+        return dimension(handle).name();
+    }
+
+    public long dimensionUpperBound(int handle) throws InvalidDimensionHandle {
+        return dimension(handle).upperBound();
+    }
+
+    public int[] attributeDimensions(int classHandle, int handle) throws RTIexception {
+        return handles(attribute(classHandle, handle).dimensions());
+    }
+
+    public int[] interactionDimensions(int handle) throws InvalidInteractionClassHandle {
+        return handles(interactionClass(handle).dimensions());
+    }
+
+    private static int[] handles(Set<Dimension> dimensions) {
+        return dimensions.stream().mapToInt(Dimension::handle).toArray();
+    }
+
+    public double updateRate(String designator) throws InvalidUpdateRateDesignator {
+        return federation.lookup().updateRate(designator);
+    }
+
+    /** The rate at which the federate gets updates of an attribute; 0 when there is no limit. */
+    public double updateRate(Federate federate, int object, int attributeHandle) throws RTIexception {
+        Knowledge knowledge = federation.objects().known(federate, object);
+        InstanceAttribute attribute = Objects.attribute(knowledge, attributeHandle);
+        Interest interest = knowledge.interest(attribute.handle());
+        return interest == null ? 0 : federation.lookup().updateRate(interest.updateRate());
+    }
+
+    public OrderType orderType(String name) throws InvalidOrderName {
+        for (OrderType each : OrderType.values()) {
+            if (each.hlaName().equalsIgnoreCase(name)) {
+                return each;
+            }
+        }
+        throw new InvalidOrderName("Order '" + name + "' is unknown; use Receive or TimeStamp");
+    }
+
+    public Transportation transportation(String name) throws InvalidTransportationName {
+        Transportation type = model.transportation(name);
+        if (type == null) {
+            throw new InvalidTransportationName("Transportation type '" + name
+                    + "' is not defined; use HLAreliable or HLAbestEffort");
+        }
+        return type;
+    }
+
+    public long normalizeFederate(int handle) throws InvalidFederateHandle {
+        if (!federation.hasAssigned(handle)) {
+            throw new InvalidFederateHandle("Handle " + handle + " was never given to a federate of federation '"
+                    + federation.name() + "'");
+        }
+        return handle;
+    }
+}

@@ -1,0 +1,288 @@
+package tovu.local.model;
+
+import hla.rti1516e.exceptions.AsynchronousDeliveryAlreadyDisabled;
+import hla.rti1516e.exceptions.AsynchronousDeliveryAlreadyEnabled;
+import hla.rti1516e.exceptions.InTimeAdvancingState;
+import hla.rti1516e.exceptions.InvalidLogicalTime;
+import hla.rti1516e.exceptions.LogicalTimeAlreadyPassed;
+import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.RequestForTimeConstrainedPending;
+import hla.rti1516e.exceptions.RequestForTimeRegulationPending;
+import hla.rti1516e.exceptions.TimeConstrainedAlreadyEnabled;
+import hla.rti1516e.exceptions.TimeConstrainedIsNotEnabled;
+import hla.rti1516e.exceptions.TimeRegulationAlreadyEnabled;
+import hla.rti1516e.exceptions.TimeRegulationIsNotEnabled;
+import java.util.ArrayList;
+import java.util.LinkedHashSet;
+import java.util.List;
+import java.util.Set;
+import tovu.local.model.FederateTime.Switch;
+
+/**
+ * Grants time. A constrained federate's GALT is the earliest time that any other regulating federate may still send
+ * with; a request is granted once nothing can come any more that should have come before it.
+ */
+public final class TimeManagement {
+    private final Federation federation;
+    private final TimeFamily family;
+    private final List<Federate> regulating = new ArrayList<>();
+    private final Set<Federate> waiting = new LinkedHashSet<>(); // for a grant, or for constraint
+
+    TimeManagement(Federation federation) {
+        this.federation = federation;
+        family = federation.timeFamily();
+    }
+
+    private LogicalTime time(long ordinal) {
+        return new LogicalTime(family, ordinal);
+    }
+
+    /** @param lookahead the bytes of the interval */
+    public void enableRegulation(Federate federate, long lookahead) throws RTIexception {
+        FederateTime own = federate.time;
+        if (own.regulation() == Switch.ON) {
+            throw new TimeRegulationAlreadyEnabled(federate + " is time-regulating already");
+        }
+        requireNoRegulationPending(federate);
+        requireNotAdvancing(federate);
+        long interval = family.lookahead(lookahead);
+        long promised = own.time();
+        for (Federate each : federation.members()) {
+            if (each != federate && each.time.isConstrained()) {
+                promised = Math.max(promised, each.time.promisedUntil());
+            }
+        }
+        long start = Math.max(own.time(), family.minus(promised, interval));
+        if (own.isConstrained() && start > own.time()) {
+            own.deliveredUntil(federate.inbox.deliverUntil(start, Long.MIN_VALUE));
+        }
+        own.beginRegulation(interval, Math.max(promised, family.plus(start, interval)));
+        regulating.add(federate);
+        federate.postChange(() -> own.completeRegulation(start), to -> to.timeRegulationEnabled(time(start)));
+    }
+
+    public void disableRegulation(Federate federate) throws TimeRegulationIsNotEnabled {
+        requireRegulating(federate);
+        stopRegulating(federate);
+        evaluate();
+    }
+
+    private void stopRegulating(Federate federate) {
+        federate.time.endRegulation();
+        regulating.remove(federate);
+        federation.retractions().forget(federate);
+    }
+
+    public void enableConstrained(Federate federate) throws RTIexception {
+        if (federate.time.constraint() == Switch.ON) {
+            throw new TimeConstrainedAlreadyEnabled(federate + " is time-constrained already");
+        }
+        requireNoConstraintPending(federate);
+        requireNotAdvancing(federate);
+        federate.time.requestConstraint();
+        waiting.add(federate);
+        evaluate();
+    }
+
+    public void disableConstrained(Federate federate) throws TimeConstrainedIsNotEnabled {
+        if (federate.time.constraint() != Switch.ON) {
+            throw new TimeConstrainedIsNotEnabled(federate + " is not time-constrained");
+        }
+        federate.time.endConstraint();
+        federate.inbox.flush();
+        evaluate();
+    }
+
+    /** @param requestedTime the bytes of the time */
+    public void advance(Federate federate, AdvanceKind kind, long requestedTime) throws RTIexception {
+        requireNoConstraintPending(federate);
+        requireNoRegulationPending(federate);
+        requireNotAdvancing(federate);
+        long requested = family.time(requestedTime);
+        if (requested < federate.time.time()) {
+            throw new LogicalTimeAlreadyPassed(federate + " asks for time " + family.text(requested)
+                    + " but has reached " + family.text(federate.time.time()) + " already");
+        }
+        federate.time.request(kind, requested);
+        federate.inbox.releaseHeld();
+        waiting.add(federate);
+        evaluate();
+    }
+
+    public void setAsynchronousDelivery(Federate federate, boolean on) throws RTIexception {
+        if (federate.time.asynchronousDelivery == on) {
+            String message = "Asynchronous delivery to " + federate + " is " + (on ? "enabled" : "disabled")
+                    + " already";
+            throw on ? new AsynchronousDeliveryAlreadyEnabled(message)
+                    : new AsynchronousDeliveryAlreadyDisabled(message);
+        }
+        federate.time.asynchronousDelivery = on;
+        if (on) {
+            federate.inbox.releaseHeld();
+        }
+    }
+
+    public LogicalTime logicalTime(Federate federate) {
+        return time(federate.time.time());
+    }
+
+    /** The greatest available logical time, or null when nobody else regulates. */
+    public LogicalTime galt(Federate federate) {
+        long galt = new Bounds().galt(federate);
+        return galt == TimeFamily.NEVER ? null : time(galt);
+    }
+
+    /** The least incoming time stamp, or null when nothing can come in. */
+    public LogicalTime lits(Federate federate) {
+        long lits = Math.min(new Bounds().galt(federate), federate.inbox.firstTime());
+        return lits == TimeFamily.NEVER ? null : time(lits);
+    }
+
+    public void modifyLookahead(Federate federate, long lookahead) throws RTIexception {
+        requireRegulating(federate);
+        requireNotAdvancing(federate);
+        federate.time.modifyLookahead(family.lookahead(lookahead));
+        evaluate();
+    }
+
+    public LogicalTime lookahead(Federate federate) throws TimeRegulationIsNotEnabled {
+        requireRegulating(federate);
+        return time(federate.time.actualLookahead());
+    }
+
+    void requireRegulating(Federate federate) throws TimeRegulationIsNotEnabled {
+        if (federate.time.regulation() != Switch.ON) {
+            throw new TimeRegulationIsNotEnabled(federate + " is not time-regulating; enable time regulation first");
+        }
+    }
+
+    private static void requireNotAdvancing(Federate federate) throws InTimeAdvancingState {
+        if (federate.time.isAdvancing()) {
+            throw new InTimeAdvancingState(federate + " is advancing its time; wait for the grant");
+        }
+    }
+
+    private static void requireNoRegulationPending(Federate federate) throws RequestForTimeRegulationPending {
+        if (federate.time.regulation() == Switch.PENDING) {
+            throw new RequestForTimeRegulationPending(federate + " waits to become time-regulating; wait for the callback");
+        }
+    }
+
+    private static void requireNoConstraintPending(Federate federate) throws RequestForTimeConstrainedPending {
+        if (federate.time.constraint() == Switch.PENDING) {
+            throw new RequestForTimeConstrainedPending(federate
+                    + " waits to become time-constrained; wait for the callback");
+        }
+    }
+
+    /** The ordinal of a time that the federate sends with; a regulating federate must not send too early. */
+    long sendingTime(Federate federate, long bits) throws InvalidLogicalTime {
+        long time = family.time(bits);
+        if (federate.time.regulation() == Switch.ON && time < federate.time.sendBound()) {
+            throw new InvalidLogicalTime(federate + " sends with time " + family.text(time)
+                    + " but promised to send nothing before " + family.text(federate.time.sendBound()));
+        }
+        return time;
+    }
+
+    /** A message for a federate that waits for just that may end its wait. */
+    void messageQueued(Federate federate) {
+        if (federate.time.isWaiting() && federate.time.kind() == AdvanceKind.NEXT_MESSAGE_AVAILABLE) {
+            evaluate();
+        }
+    }
+
+    void resigned(Federate federate) {
+        waiting.remove(federate);
+        stopRegulating(federate);
+        evaluate();
+    }
+
+    /** What every regulating federate may still send, as the others' requests and messages have it. */
+    private final class Bounds {
+        private Federate lowestFederate;
+        private long lowest = TimeFamily.NEVER;
+        private long second = TimeFamily.NEVER;
+
+        Bounds() {
+            for (Federate each : regulating) {
+                long bound = each.time.outBound(each.inbox.firstTime());
+                if (lowestFederate == null || bound < lowest) {
+                    lowestFederate = each;
+                    lowest = bound;
+                }
+            }
+            for (Federate each : regulating) {
+                if (each != lowestFederate) {
+                    // Who follows its messages may be sent one by the lowest, and answer that.
+                    long first = each.time.follows() ? Math.min(lowest, each.inbox.firstTime())
+                            : each.inbox.firstTime();
+                    second = Math.min(second, each.time.outBound(first));
+                }
+            }
+        }
+
+        long galt(Federate federate) {
+            return federate == lowestFederate ? second : lowest;
+        }
+    }
+
+    /** Grants whatever can be granted now. */
+    void evaluate() {
+        if (waiting.isEmpty() || federation.isSavingOrRestoring()) {
+            return;
+        }
+        Bounds bounds = new Bounds();
+        for (Federate each : new ArrayList<>(waiting)) {
+            long galt = bounds.galt(each);
+            if (each.time.constraint() == Switch.PENDING) {
+                constrainIfPossible(each, galt);
+            } else {
+                grantIfPossible(each, each.time.isConstrained() ? galt : TimeFamily.NEVER);
+            }
+        }
+        federation.save().beginIfDue();
+    }
+
+    private void constrainIfPossible(Federate federate, long galt) {
+        FederateTime own = federate.time;
+        if (galt >= own.earliestNext()) {
+            waiting.remove(federate);
+            own.beginConstraint();
+            federate.postChange(own::completeConstraint, to -> to.timeConstrainedEnabled(time(own.time())));
+        }
+    }
+
+    private void grantIfPossible(Federate federate, long galt) {
+        FederateTime own = federate.time;
+        AdvanceKind kind = own.kind();
+        long target = own.requested();
+        if (kind == AdvanceKind.FLUSH_QUEUE) {
+            target = Math.max(own.time(), Math.min(Math.min(target, galt), federate.inbox.firstTime()));
+        } else if (kind.stopsAtMessage()) {
+            target = Math.min(target, federate.inbox.firstTime());
+        }
+        boolean due = galt == TimeFamily.NEVER || kind == AdvanceKind.FLUSH_QUEUE
+                || (kind.isExclusive() ? target < galt : target <= galt);
+        boolean held = own.isConstrained() && federation.save().comesBefore(target);
+        if (!due || held) {
+            if (!kind.stopsAtMessage()) { // what cannot be overtaken any more need not wait for the grant
+                long until = Math.min(federation.save().limit(target), galt - 1);
+                own.deliveredUntil(federate.inbox.deliverUntil(until, Long.MIN_VALUE));
+            }
+            if (due) {
+                federation.save().reached(federate);
+            }
+            return;
+        }
+        waiting.remove(federate);
+        long last = kind == AdvanceKind.FLUSH_QUEUE ? TimeFamily.NEVER : target;
+        federate.inbox.deliverUntil(last, target);
+        own.decide(target);
+        long reached = target;
+        federate.postChange(() -> {
+            own.reach();
+            federation.retractions().expire(federate, own.sendBound());
+        }, to -> to.timeAdvanceGrant(time(reached)));
+    }
+}

@@ -1,0 +1,200 @@
+package tovu.local.model;
+
+import java.util.Collection;
+import java.util.List;
+import java.util.Map;
+import java.util.Set;
+import java.util.TreeMap;
+import java.util.TreeSet;
+import tovu.local.fom.ObjectClass;
+
+/**
+ * Who gets to see what: discovers objects for those who subscribe to their classes, and keeps federates informed of
+ * which attributes are in scope for them and which of their own updates anyone wants.
+ */
+final class Visibility {
+    private final Federation federation;
+
+    Visibility(Federation federation) {
+        this.federation = federation;
+    }
+
+    void registered(ObjectInstance object) {
+        for (ObjectClass each : object.objectClass.lineage()) {
+            for (Federate subscriber : federation.declarations().subscribers(each)) {
+                discover(object, subscriber);
+            }
+        }
+        refreshUpdates(object);
+    }
+
+    void subscriptionChanged(Federate federate, ObjectClass theClass) {
+        for (ObjectClass each : theClass.subtree()) {
+            for (ObjectInstance object : List.copyOf(federation.objects().ofClass(each))) {
+                reconsider(object, federate);
+                refreshUpdates(object);
+            }
+        }
+    }
+
+    /** Objects may have come into sight, because of where their updates are sent or because they are there again. */
+    void regionsChanged(Collection<ObjectInstance> objects) {
+        for (ObjectInstance object : objects) {
+            for (ObjectClass each : object.objectClass.lineage()) {
+                for (Federate subscriber : federation.declarations().subscribers(each)) {
+                    discover(object, subscriber);
+                }
+            }
+            ownershipChanged(object);
+        }
+    }
+
+    void ownershipChanged(ObjectInstance object) {
+        for (Knowledge each : object.knowers()) {
+            refreshScope(each);
+        }
+        refreshUpdates(object);
+    }
+
+    private void reconsider(ObjectInstance object, Federate federate) {
+        Knowledge knowledge = object.knowledgeOf(federate);
+        if (knowledge == null) {
+            discover(object, federate);
+        } else {
+            refreshScope(knowledge);
+        }
+    }
+
+    /** Makes the object known as the most specific class at which the federate wants an attribute of it. */
+    private void discover(ObjectInstance object, Federate federate) {
+        if (object.deleted || object.knowledgeOf(federate) != null) {
+            return;
+        }
+        for (ObjectClass each : object.objectClass.lineage()) {
+            if (wantsAny(object, federate.subscriptions.interests(each))) {
+                discoverAs(each, object, federate);
+                return;
+            }
+        }
+    }
+
+    private static boolean wantsAny(ObjectInstance object, Map<Integer, Interest> interests) {
+        for (Map.Entry<Integer, Interest> each : interests.entrySet()) {
+            if (each.getValue().meets(object.attribute(each.getKey()).updateRegions())) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    private void discoverAs(ObjectClass knownClass, ObjectInstance object, Federate federate) {
+        object.becomeKnown(federate, knownClass);
+        int producer = federation.switches().conveyProducingFederate() ? object.producer.handle() : 0;
+        federate.post(to -> to.discoverObjectInstance(object.handle, knownClass.handle(), object.name, producer));
+        Knowledge knowledge = object.knowledgeOf(federate);
+        refreshScope(knowledge);
+        federation.ownership().offerAbandoned(knowledge, federate.publications.attributes(knownClass));
+        if (federation.switches().autoProvide()) {
+            Notices wanted = new Notices();
+            for (int attribute : federate.subscriptions.interests(knownClass).keySet()) {
+                Federate owner = object.attribute(attribute).owner();
+                if (owner != null && owner != federate) {
+                    wanted.add(owner, attribute);
+                }
+            }
+            wanted.post((to, attributes, tag) -> to.provideAttributeValueUpdate(object.handle, attributes, tag));
+        }
+    }
+
+    private static void refreshScope(Knowledge knowledge) {
+        Federate federate = knowledge.federate;
+        if (!federate.advisories.attributeScope) {
+            return;
+        }
+        Set<Integer> inScope = new TreeSet<>();
+        for (int attribute : federate.subscriptions.interests(knowledge.knownClass).keySet()) {
+            if (knowledge.isInScope(knowledge.object.attribute(attribute))) {
+                inScope.add(attribute);
+            }
+        }
+        int object = knowledge.object.handle;
+        int[] gone = difference(knowledge.toldInScope, inScope);
+        int[] come = difference(inScope, knowledge.toldInScope);
+        knowledge.toldInScope.clear();
+        knowledge.toldInScope.addAll(inScope);
+        if (gone.length > 0) {
+            federate.post(to -> to.attributesOutOfScope(object, gone));
+        }
+        if (come.length > 0) {
+            federate.post(to -> to.attributesInScope(object, come));
+        }
+    }
+
+    private static int[] difference(Set<Integer> some, Set<Integer> others) {
+        return some.stream().filter(each -> !others.contains(each)).mapToInt(Integer::intValue).toArray();
+    }
+
+    /** Tells owners, as far as they want to be told, which of their updates are wanted. */
+    void refreshUpdates(ObjectInstance object) {
+        Map<String, Notices> turnedOn = new TreeMap<>(); // by rate
+        Notices turnedOff = new Notices();
+        for (InstanceAttribute each : object.attributes()) {
+            Federate owner = each.owner();
+            if (owner == null || !owner.advisories.attributeRelevance) {
+                continue;
+            }
+            String wanted = wantedRate(object, each);
+            if (wanted == null && each.updatesOn != null) {
+                turnedOff.add(owner, each.handle());
+            } else if (wanted != null && !wanted.equals(each.updatesOn)) {
+                turnedOn.computeIfAbsent(wanted, key -> new Notices()).add(owner, each.handle());
+            }
+            each.updatesOn = wanted;
+        }
+        turnedOff.post((to, attributes, tag) -> to.turnUpdatesOffForObjectInstance(object.handle, attributes));
+        turnedOn.forEach((rate, notices) -> notices.post(
+                (to, attributes, tag) -> to.turnUpdatesOnForObjectInstance(object.handle, attributes, rate)));
+    }
+
+    /** The designator of the highest rate that anyone wants, empty for all updates, or null when nobody wants any. */
+    private String wantedRate(ObjectInstance object, InstanceAttribute attribute) {
+        String wanted = null;
+        for (Knowledge each : object.knowers()) {
+            Interest interest = each.isInScope(attribute) ? each.interest(attribute.handle()) : null;
+            if (interest != null && interest.isActive()) {
+                wanted = higher(wanted, interest.updateRate());
+            }
+        }
+        return wanted;
+    }
+
+    private String higher(String one, String other) {
+        if (one == null || other.isEmpty()) {
+            return other;
+        }
+        if (one.isEmpty()) {
+            return one;
+        }
+        return federation.objectModel().updateRate(other) > federation.objectModel().updateRate(one) ? other : one;
+    }
+
+    /** A switch that is put on begins with telling what is so now. */
+    void scopeSwitched(Federate federate) {
+        for (ObjectInstance object : federate.knownObjects) {
+            Knowledge knowledge = object.knowledgeOf(federate);
+            knowledge.toldInScope.clear();
+            refreshScope(knowledge);
+        }
+    }
+
+    void updatesSwitched(Federate federate) {
+        for (ObjectInstance object : federate.knownObjects) {
+            for (InstanceAttribute each : object.attributes()) {
+                if (each.owner() == federate) {
+                    each.updatesOn = null;
+                }
+            }
+            refreshUpdates(object);
+        }
+    }
+}
