@@ -1,7 +1,6 @@
 package tovu.local.model;
 
 import java.util.ArrayDeque;
-import java.util.ArrayList;
 import java.util.Queue;
 import java.util.SortedSet;
 import java.util.TreeSet;
@@ -30,7 +29,15 @@ final class Inbox implements Saved {
 
     /** Takes back a message; false when it is too late for that. */
     boolean retract(Message message) {
-        return !message.isPosted() && (timestamped.remove(message) || held.remove(message));
+        timestamped.remove(message);
+        held.remove(message);
+        return !message.isPosted();
+    }
+
+    /** Drops what was still to come of an object that is removed. */
+    void discard(Knowledge knowledge) {
+        timestamped.removeIf(each -> each.concerns(knowledge));
+        held.removeIf(each -> each.concerns(knowledge));
     }
 
     /** The time of the first time-stamped message, or never. */
@@ -66,11 +73,12 @@ final class Inbox implements Saved {
 
     /** Delivers everything, as befits a federate that is not constrained. */
     void flush() {
-        for (Message message : new ArrayList<>(timestamped)) {
+        while (!timestamped.isEmpty()) {
+            Message message = timestamped.first();
+            timestamped.remove(message);
             message.loseTimestampOrder();
             message.post();
         }
-        timestamped.clear();
         releaseHeld();
     }
 }

@@ -88,6 +88,11 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
         }
     }
 
+    /** Whether it makes sense only to who knows that object. */
+    boolean concerns(Knowledge knowledge) {
+        return false;
+    }
+
     abstract void tell(FederateCallbacks to) throws FederateInternalError;
 
     /** The part of it that is wanted after the receiver renounced something since it was sent; null for nothing. */

@@ -100,6 +100,7 @@ public final class Objects implements Saved {
             each.forget(federate);
         }
         object.becomeUnknown(federate);
+        federate.inbox.discard(knowledge);
         endIfForgotten(object);
     }
 
@@ -118,11 +119,7 @@ public final class Objects implements Saved {
         object.deleted = false;
         object.mayReturn = false;
         object.becomeKnown(deletion.deleter(), deletion.knownClass());
-        for (InstanceAttribute each : deletion.owned()) {
-            if (each.owner() == null) {
-                each.giveTo(deletion.deleter());
-            }
-        }
+        federation.ownership().giveBack(deletion);
         federation.visibility().regionsChanged(Set.of(object));
     }
 

@@ -225,7 +225,7 @@ public final class OwnershipManagement {
         OwnershipNotices notices = new OwnershipNotices();
         for (InstanceAttribute each : wanted) {
             each.candidates.removeIf(earlier -> earlier.federate() == candidate.federate());
-            if (each.owner() == null) {
+            if (each.owner() == null && !knowledge.object.deleted) {
                 each.candidates.add(0, candidate);
                 handOver(each, null, notices);
             } else if (each.isDivesting()) {
@@ -238,7 +238,9 @@ public final class OwnershipManagement {
                 notices.unavailable.add(candidate.federate(), each.handle());
             } else {
                 each.candidates.add(candidate);
-                notices.wanted.add(each.owner(), each.handle(), candidate.tag());
+                if (each.owner() != null) { // else the object is deleted, and this federate soon told so
+                    notices.wanted.add(each.owner(), each.handle(), candidate.tag());
+                }
             }
         }
         notices.post(knowledge.object);
@@ -311,6 +313,16 @@ public final class OwnershipManagement {
                         each.owner() == federate && !knowledge.publishes(each.definition)));
             }
         }
+    }
+
+    /** Gives a deleter its own again. Who asked for it in between has to ask the deleter. */
+    void giveBack(Deletion deletion) {
+        OwnershipNotices notices = new OwnershipNotices();
+        for (InstanceAttribute each : deletion.owned()) {
+            each.giveTo(deletion.deleter());
+            keep(each, notices);
+        }
+        notices.post(deletion.object());
     }
 
     boolean isAcquiring(Federate federate, ObjectInstance object) {

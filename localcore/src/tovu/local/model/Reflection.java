@@ -21,6 +21,11 @@ final class Reflection extends Message {
     }
 
     @Override
+    boolean concerns(Knowledge what) {
+        return what == knowledge;
+    }
+
+    @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
         to.reflectAttributeValues(knowledge.object.handle, values, tag(), sentOrder(), transportation, stamp(),
                 supplement);

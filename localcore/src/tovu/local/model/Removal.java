@@ -20,6 +20,11 @@ final class Removal extends Message {
     }
 
     @Override
+    boolean concerns(Knowledge what) {
+        return what == knowledge;
+    }
+
+    @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
         to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(), producer);
     }
