@@ -76,13 +76,16 @@ final class ObjectTest {
     private void discovery() throws Exception {
         Harness.refuses("ObjectClassNotPublished", () -> a.register("Vehicle"), "Vehicle");
         a.publish("Vehicle.Aircraft", "altitude");
-        int early = a.register("Vehicle.Aircraft");
+        int unseen = a.register("Vehicle.Aircraft");
         b.subscribe("Vehicle", "colour");
+        Harness.equal(b.told(), List.of()); // nobody owns what it would see
+        a.publish("Vehicle.Aircraft", "colour");
+        int early = a.register("Vehicle.Aircraft");
         int late = a.register("Vehicle.Aircraft");
         Harness.equal(b.told(), List.of(discover(early, vehicle), discover(late, vehicle)));
         b.subscribe("Vehicle.Aircraft", "altitude");
         int specific = a.register("Vehicle.Aircraft");
-        Harness.equal(b.told(), List.of(discover(specific, aircraft)));
+        Harness.equal(b.told(), List.of(discover(unseen, aircraft), discover(specific, aircraft)));
         Harness.equal(a.told(), List.of());
         Harness.equal(b.ask((federation, me) -> federation.objects().knownClass(me, early)), vehicle);
         b.act((federation, me) -> federation.objectManagement().deleteLocally(me, early));

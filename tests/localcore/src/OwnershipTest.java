@@ -96,7 +96,7 @@ final class OwnershipTest {
         a.act((federation, me) -> federation.ownership().denyRelease(me, object, colour));
         Harness.that(owns(a) && b.told().isEmpty(), "denied");
         Harness.equal(divestIfWanted(a).length, 1);
-        Harness.equal(b.told(), List.of("attributeOwnershipAcquisitionNotification" + arguments + ", 't')",
+        Harness.equal(b.told(), List.of("attributeOwnershipAcquisitionNotification" + arguments + ", '')",
                 "requestAttributeOwnershipRelease" + arguments + ", 't')"));
         Harness.that(owns(b) && !owns(a), "the first who asked owns it");
         cancel(c);
@@ -140,7 +140,7 @@ final class OwnershipTest {
         divest(c);
         TestFederate late = TestFederate.join(federations, "f", "late");
         late.publish("Vehicle", "colour");
-        late.subscribe("Vehicle", "colour");
+        late.subscribe("Vehicle", "colour", "HLAprivilegeToDeleteObject");
         Harness.equal(late.told().get(1), "requestAttributeOwnershipAssumption" + arguments + ", '')");
         acquire(late);
         Harness.that(owns(late), "what nobody owns is had for the asking");

@@ -32,9 +32,14 @@ final class Dispatch {
         mayOrder = false;
     }
 
-    /** What is common to the messages of an order: without a time, or a regulating sender, there is no time stamp order. */
+    /** Without a time, or a regulating sender, there is no time stamp order. */
+    OrderType sentOrder(OrderType preferred) {
+        return mayOrder ? preferred : OrderType.RECEIVE;
+    }
+
+    /** What is common to the messages that go out in an order. */
     Message.Sending sending(OrderType preferred) {
-        OrderType order = mayOrder ? preferred : OrderType.RECEIVE;
+        OrderType order = sentOrder(preferred);
         if (order == OrderType.TIMESTAMP && sent == null) {
             sent = federation.retractions().register(sender, time);
         }

@@ -19,12 +19,13 @@ import tovu.local.fom.Transportation;
 public final class ObjectManagement {
     /** What of an update goes out together: all its attributes travel alike. */
     private record Passel(Transportation transportation, OrderType order, Set<Region> regions) {
-        static Passel of(InstanceAttribute attribute) {
-            return new Passel(attribute.transportation(), attribute.order(), attribute.updateRegions());
+        static Passel of(InstanceAttribute attribute, Dispatch dispatch) {
+            return new Passel(attribute.transportation(), dispatch.sentOrder(attribute.order()),
+                    attribute.updateRegions());
         }
 
-        boolean fits(InstanceAttribute attribute) {
-            return transportation == attribute.transportation() && order == attribute.order()
+        boolean fits(InstanceAttribute attribute, Dispatch dispatch) {
+            return transportation == attribute.transportation() && order == dispatch.sentOrder(attribute.order())
                     && regions.equals(attribute.updateRegions());
         }
     }
@@ -66,6 +67,7 @@ public final class ObjectManagement {
     public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing)
             throws RTIexception {
         Knowledge own = federation.objects().known(federate, objectHandle);
+        Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
         Passel first = null;
         boolean alike = true;
         for (int i = 0; i < values.size(); ++i) {
@@ -74,23 +76,23 @@ public final class ObjectManagement {
                 throw new AttributeNotOwned("Attribute '" + attribute.definition.name() + "' of " + own.object
                         + " is not owned by " + federate + "; acquire it first, or leave it out of the update");
             }
-            first = first == null ? Passel.of(attribute) : first;
-            alike &= first.fits(attribute);
+            first = first == null ? Passel.of(attribute, dispatch) : first;
+            alike &= first.fits(attribute, dispatch);
         }
-        Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
         if (first != null && alike) {
             send(own, first, values, dispatch);
         } else if (first != null) {
-            split(own.object, values).forEach((passel, part) -> send(own, passel, part, dispatch));
+            split(own.object, values, dispatch).forEach((passel, part) -> send(own, passel, part, dispatch));
         }
         return dispatch.retraction();
     }
 
-    private static Map<Passel, HandleValues> split(ObjectInstance object, HandleValues values) {
+    private static Map<Passel, HandleValues> split(ObjectInstance object, HandleValues values,
+            Dispatch dispatch) {
         Map<Passel, HandleValues> passels = new LinkedHashMap<>();
         for (int i = 0; i < values.size(); ++i) {
-            passels.computeIfAbsent(Passel.of(object.attribute(values.handle(i))), passel ->
-                    values.select(handle -> passel.fits(object.attribute(handle))));
+            passels.computeIfAbsent(Passel.of(object.attribute(values.handle(i)), dispatch), passel ->
+                    values.select(handle -> passel.fits(object.attribute(handle), dispatch)));
         }
         return passels;
     }

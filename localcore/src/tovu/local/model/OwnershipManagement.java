@@ -62,18 +62,18 @@ public final class OwnershipManagement {
                 each.giveTo(null);
                 offer(object, each, former, Notices.NO_TAG, notices);
             } else {
-                handOver(each, null, notices);
+                handOver(each, Notices.NO_TAG, notices);
             }
         }
         notices.post(object);
         federation.visibility().ownershipChanged(object);
     }
 
-    /** Gives an attribute to its first candidate, with that tag, or with the candidate's own when there is none. */
+    /** Gives an attribute to its first candidate, with the tag of the divestiture that this completes. */
     private static void handOver(InstanceAttribute attribute, byte[] tag, OwnershipNotices notices) {
         Candidate first = attribute.candidates.remove(0);
         attribute.giveTo(first.federate());
-        notices.acquired.add(first.federate(), attribute.handle(), tag == null ? first.tag() : tag);
+        notices.acquired.add(first.federate(), attribute.handle(), tag);
         keep(attribute, notices);
     }
 
@@ -227,7 +227,7 @@ public final class OwnershipManagement {
             each.candidates.removeIf(earlier -> earlier.federate() == candidate.federate());
             if (each.owner() == null && !knowledge.object.deleted) {
                 each.candidates.add(0, candidate);
-                handOver(each, null, notices);
+                handOver(each, Notices.NO_TAG, notices);
             } else if (each.isDivesting()) {
                 each.candidates.add(candidate);
                 if (each.divestiture == Divestiture.OFFERED) {

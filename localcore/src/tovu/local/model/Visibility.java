@@ -20,11 +20,7 @@ final class Visibility {
     }
 
     void registered(ObjectInstance object) {
-        for (ObjectClass each : object.objectClass.lineage()) {
-            for (Federate subscriber : federation.declarations().subscribers(each)) {
-                discover(object, subscriber);
-            }
-        }
+        discover(object);
         refreshUpdates(object);
     }
 
@@ -39,17 +35,11 @@ final class Visibility {
 
     /** Objects may have come into sight, because of where their updates are sent or because they are there again. */
     void regionsChanged(Collection<ObjectInstance> objects) {
-        for (ObjectInstance object : objects) {
-            for (ObjectClass each : object.objectClass.lineage()) {
-                for (Federate subscriber : federation.declarations().subscribers(each)) {
-                    discover(object, subscriber);
-                }
-            }
-            ownershipChanged(object);
-        }
+        objects.forEach(this::ownershipChanged);
     }
 
     void ownershipChanged(ObjectInstance object) {
+        discover(object);
         for (Knowledge each : object.knowers()) {
             refreshScope(each);
         }
@@ -65,22 +55,33 @@ final class Visibility {
         }
     }
 
+    private void discover(ObjectInstance object) {
+        for (ObjectClass each : object.objectClass.lineage()) {
+            for (Federate subscriber : federation.declarations().subscribers(each)) {
+                discover(object, subscriber);
+            }
+        }
+    }
+
     /** Makes the object known as the most specific class at which the federate wants an attribute of it. */
     private void discover(ObjectInstance object, Federate federate) {
         if (object.deleted || object.knowledgeOf(federate) != null) {
             return;
         }
         for (ObjectClass each : object.objectClass.lineage()) {
-            if (wantsAny(object, federate.subscriptions.interests(each))) {
+            if (seesAny(federate, object, federate.subscriptions.interests(each))) {
                 discoverAs(each, object, federate);
                 return;
             }
         }
     }
 
-    private static boolean wantsAny(ObjectInstance object, Map<Integer, Interest> interests) {
+    /** An attribute that nobody owns, or only the federate itself, is nothing to discover an object for. */
+    private static boolean seesAny(Federate federate, ObjectInstance object, Map<Integer, Interest> interests) {
         for (Map.Entry<Integer, Interest> each : interests.entrySet()) {
-            if (each.getValue().meets(object.attribute(each.getKey()).updateRegions())) {
+            InstanceAttribute attribute = object.attribute(each.getKey());
+            boolean ownedByAnother = attribute.owner() != null && attribute.owner() != federate;
+            if (ownedByAnother && each.getValue().meets(attribute.updateRegions())) {
                 return true;
             }
         }
