@@ -32,7 +32,9 @@ final class Dispatch {
         mayOrder = false;
     }
 
-    /** What is common to the messages of an order: without a time, or a regulating sender, there is no time stamp order. */
+    /**
+     * What is common to the messages of an order. There is no time stamp order without a time and a regulating sender.
+     */
     Message.Sending sending(OrderType preferred) {
         OrderType order = mayOrder ? preferred : OrderType.RECEIVE;
         if (order == OrderType.TIMESTAMP && sent == null) {

@@ -7,8 +7,9 @@ import java.util.Set;
 import tovu.local.fom.Dimension;
 
 /**
- * A region of routing space. Its creator changes the specification at will; what counts for delivery is the realization,
- * which is the specification as it was committed last. Ranges contain their lower bound and not their upper one.
+ * A region of routing space. Its creator changes the specification at will; what counts for delivery is the
+ * realization, which is the specification as it was committed last. Ranges contain their lower bound and not their
+ * upper one.
  */
 @SuppressWarnings("serial") // kept in memory only
 final class Region implements Saved {

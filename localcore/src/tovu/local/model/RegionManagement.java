@@ -52,7 +52,8 @@ public final class RegionManagement implements Saved {
             chosen.add(dimension);
         }
         if (chosen.isEmpty()) {
-            throw new InvalidDimensionHandle("A region needs at least one dimension; give the handles of its dimensions");
+            throw new InvalidDimensionHandle(
+                    "A region needs at least one dimension; give the handles of its dimensions");
         }
         Region region = new Region(++lastHandle, federate, chosen);
         regions.put(region.handle, region);
