@@ -193,7 +193,8 @@ final class CallbackEncoder implements FederateCallbacks {
 
     @Override
     public void receiveInteraction(int interactionClass, HandleValues parameterValues, byte[] tag,
-            OrderType sentOrder, Transportation transportation, Stamp stamp, Supplement supplement) throws FederateInternalError {
+            OrderType sentOrder, Transportation transportation, Stamp stamp, Supplement supplement)
+            throws FederateInternalError {
         message.begin().integer(interactionClass).values(parameterValues).bytes(tag).order(sentOrder)
                 .transportation(transportation);
         if (stamp == null) {
