@@ -155,7 +155,7 @@ public final class RegionManagement implements Saved {
                     + dimension.name() + "'; give a lower bound below the upper one, and an upper bound of at most "
                     + dimension.upperBound());
         }
-        region.specify(dimension, lower, upper);
+        region.draft(dimension, lower, upper);
     }
 
     /** The regions that pairs name for each attribute of a class. */
