@@ -106,7 +106,8 @@ public final class CallbackDelivery implements CallbackSink {
     }
 
     /**
-     * Delivers one callback, for which it waits no longer than that. Immediate delivery needs no evoking and ignores it.
+     * Delivers one callback, for which it waits no longer than that. Immediate delivery needs no evoking, and
+     * ignores it.
      *
      * @return whether more are pending
      */
@@ -185,8 +186,9 @@ public final class CallbackDelivery implements CallbackSink {
         return pending.poll();
     }
 
+    /** Whether evoking again would deliver something. */
     private synchronized boolean isPending() {
-        return !immediate && !pending.isEmpty();
+        return enabled && !immediate && !pending.isEmpty();
     }
 
     /** A callback that fails is told and is over; the ones behind it are delivered all the same. */

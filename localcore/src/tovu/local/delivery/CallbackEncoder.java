@@ -175,8 +175,8 @@ final class CallbackEncoder implements FederateCallbacks {
     }
 
     @Override
-    public void reflectAttributeValues(int object, HandleValues attributeValues, byte[] tag, OrderType sentOrder, Transportation transportation, Stamp stamp, Supplement supplement)
-            throws FederateInternalError {
+    public void reflectAttributeValues(int object, HandleValues attributeValues, byte[] tag, OrderType sentOrder,
+            Transportation transportation, Stamp stamp, Supplement supplement) throws FederateInternalError {
         message.begin().integer(object).values(attributeValues).bytes(tag).order(sentOrder)
                 .transportation(transportation);
         if (stamp == null) {
@@ -186,12 +186,14 @@ final class CallbackEncoder implements FederateCallbacks {
             natives.reflectAttributeValues_OIH_AHVM_BX_OT_TTH_LT_OT_FASRI_Native(message.supplement(supplement).end());
         } else {
             message.time(stamp.time()).order(stamp.receivedOrder()).retraction(stamp.retraction());
-            natives.reflectAttributeValues_OIH_AHVM_BX_OT_TTH_LT_OT_MRH_FASRI_Native(message.supplement(supplement).end());
+            natives.reflectAttributeValues_OIH_AHVM_BX_OT_TTH_LT_OT_MRH_FASRI_Native(
+                    message.supplement(supplement).end());
         }
     }
 
     @Override
-    public void receiveInteraction(int interactionClass, HandleValues parameterValues, byte[] tag, OrderType sentOrder, Transportation transportation, Stamp stamp, Supplement supplement)
+    public void receiveInteraction(int interactionClass, HandleValues parameterValues, byte[] tag,
+            OrderType sentOrder, Transportation transportation, Stamp stamp, Supplement supplement)
             throws FederateInternalError {
         message.begin().integer(interactionClass).values(parameterValues).bytes(tag).order(sentOrder)
                 .transportation(transportation);

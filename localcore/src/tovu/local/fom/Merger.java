@@ -234,10 +234,10 @@ final class Merger {
     /** Two definitions of one thing may leave out its delivery; where both state it, they must agree. */
     private void requireSameDelivery(FomElement row, String what, Transportation transportation, OrderType order,
             Set<Dimension> dimensions) throws InconsistentFDD {
+        boolean otherDimensions = !dimensions.isEmpty() && !row.children("dimensions").isEmpty()
+                && !dimensionsOf(row).equals(dimensions);
         String differing = differs(transportation(row), transportation) ? "transportation"
-                : differs(order(row), order) ? "order"
-                : !dimensions.isEmpty() && !row.children("dimensions").isEmpty() && !dimensionsOf(row).equals(dimensions)
-                        ? "dimensions" : null;
+                : differs(order(row), order) ? "order" : otherDimensions ? "dimensions" : null;
         if (differing != null) {
             throw inconsistent(row, "the " + differing + " of " + what
                     + " is not what an earlier module gives it; make them agree");

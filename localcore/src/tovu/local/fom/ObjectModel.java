@@ -47,8 +47,15 @@ public final class ObjectModel {
             ObjectModel trial = new ObjectModel();
             trial.add(modules);
             trial.add(more);
-            add(more);
+            if (trial.size() != size()) { // federates often bring along what the federation was made of
+                add(more);
+            }
         }
+    }
+
+    private int size() {
+        return objectClasses.nextHandle() + interactionClasses.nextHandle() + dimensions.nextHandle()
+                + attributes.size() + parameters.size() + updateRates.size() + transportations.size() + switches.size();
     }
 
     private void add(List<FomModule> more) throws InconsistentFDD {

@@ -87,6 +87,7 @@ public final class DeliveryChanges {
     }
 
     public void changeInteractionOrder(Federate federate, int classHandle, OrderType order) throws RTIexception {
-        InteractionManagement.requirePublished(federate, federation.lookup().interactionClass(classHandle)).order = order;
+        InteractionClass theClass = federation.lookup().interactionClass(classHandle);
+        InteractionManagement.requirePublished(federate, theClass).order = order;
     }
 }

@@ -93,7 +93,6 @@ public final class Federate implements Saved {
     }
 
     /** Written under the federation's lock only. */
-    @SuppressWarnings("NonAtomicOperationOnVolatileField")
     void invalidateMessages() {
         ++messageValidity;
     }

@@ -215,7 +215,8 @@ public final class OwnershipManagement {
         for (InstanceAttribute each : wanted) {
             if (!knowledge.publishes(each.definition)) {
                 throw new AttributeNotPublished(knowledge.federate + " does not publish attribute '"
-                        + each.definition.name() + "' of class '" + knowledge.knownClass.name() + "'; publish it first");
+                        + each.definition.name() + "' of class '" + knowledge.knownClass.name()
+                        + "'; publish it first");
             }
         }
         return wanted;

@@ -7,15 +7,16 @@ import java.util.Set;
 import tovu.local.fom.Dimension;
 
 /**
- * A region of routing space. Its creator changes the specification at will; what counts for delivery is the realization,
- * which is the specification as it was committed last. Ranges contain their lower bound and not their upper one.
+ * A region of routing space. Its creator changes the draft at will; what counts for delivery is the
+ * realization, which is the draft as it was committed last. Ranges contain their lower bound and not their
+ * upper one.
  */
 @SuppressWarnings("serial") // kept in memory only
 final class Region implements Saved {
     final int handle;
     final Federate creator;
     private final List<Dimension> dimensions; // in the order of their handles
-    private final long[] specification; // a lower and an upper bound for each dimension
+    private final long[] draft; // a lower and an upper bound for each dimension
     private long[] realization;
     private int uses;
 
@@ -23,9 +24,9 @@ final class Region implements Saved {
         this.handle = handle;
         this.creator = creator;
         this.dimensions = dimensions.stream().sorted(Comparator.comparingInt(Dimension::handle)).toList();
-        specification = new long[2 * dimensions.size()];
+        draft = new long[2 * dimensions.size()];
         for (int i = 0; i < this.dimensions.size(); ++i) {
-            specification[2 * i + 1] = this.dimensions.get(i).upperBound();
+            draft[2 * i + 1] = this.dimensions.get(i).upperBound();
         }
         commit();
     }
@@ -34,20 +35,20 @@ final class Region implements Saved {
         return dimensions;
     }
 
-    /** The lower and the upper bound: as specified for the creator, as committed for everyone else. */
+    /** The lower and the upper bound: as drafted for the creator, as committed for everyone else. */
     long[] bounds(Dimension dimension, Federate reader) {
         int i = 2 * dimensions.indexOf(dimension);
-        return Arrays.copyOfRange(reader == creator ? specification : realization, i, i + 2);
+        return Arrays.copyOfRange(reader == creator ? draft : realization, i, i + 2);
     }
 
-    void specify(Dimension dimension, long lower, long upper) {
+    void draft(Dimension dimension, long lower, long upper) {
         int i = 2 * dimensions.indexOf(dimension);
-        specification[i] = lower;
-        specification[i + 1] = upper;
+        draft[i] = lower;
+        draft[i + 1] = upper;
     }
 
     void commit() {
-        realization = specification.clone();
+        realization = draft.clone();
     }
 
     void retain() {

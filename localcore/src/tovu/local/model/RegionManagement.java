@@ -52,7 +52,8 @@ public final class RegionManagement implements Saved {
             chosen.add(dimension);
         }
         if (chosen.isEmpty()) {
-            throw new InvalidDimensionHandle("A region needs at least one dimension; give the handles of its dimensions");
+            throw new InvalidDimensionHandle(
+                    "A region needs at least one dimension; give the handles of its dimensions");
         }
         Region region = new Region(++lastHandle, federate, chosen);
         regions.put(region.handle, region);
@@ -154,7 +155,7 @@ public final class RegionManagement implements Saved {
                     + dimension.name() + "'; give a lower bound below the upper one, and an upper bound of at most "
                     + dimension.upperBound());
         }
-        region.specify(dimension, lower, upper);
+        region.draft(dimension, lower, upper);
     }
 
     /** The regions that pairs name for each attribute of a class. */

@@ -110,7 +110,7 @@ public final class Session {
         if (member != null) {
             Federation federation = member.federation();
             synchronized (federation) {
-                member = federate; // another thread may have resigned it, or a restore may have put another in its place
+                member = federate; // meanwhile it may have resigned, or been replaced by a restore
                 if (member != null && member.federation() == federation) {
                     return service.serve(federation, member);
                 }

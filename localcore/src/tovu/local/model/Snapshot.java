@@ -45,7 +45,8 @@ final class Snapshot {
         try (Reader reader = new Reader(new ByteArrayInputStream(bytes), federation)) {
             return (FederationState) reader.readObject();
         } catch (IOException | ClassNotFoundException e) {
-            throw new IllegalStateException("The state of federation '" + federation.name() + "' cannot be restored", e);
+            throw new IllegalStateException("The state of federation '" + federation.name()
+                    + "' cannot be restored", e);
         }
     }
 

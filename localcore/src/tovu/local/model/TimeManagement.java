@@ -170,7 +170,8 @@ public final class TimeManagement implements Saved {
 
     private static void requireNoRegulationPending(Federate federate) throws RequestForTimeRegulationPending {
         if (federate.time.regulation() == Switch.PENDING) {
-            throw new RequestForTimeRegulationPending(federate + " waits to become time-regulating; wait for the callback");
+            throw new RequestForTimeRegulationPending(federate
+                    + " waits to become time-regulating; wait for the callback");
         }
     }
 

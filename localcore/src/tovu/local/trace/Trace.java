@@ -3,8 +3,8 @@ package tovu.local.trace;
 import tovu.local.model.Federate;
 
 /**
- * The trace of service calls and callbacks on the standard error stream, for a federate's author to see what happens. It
- * is on when the system property tovu.local.trace is true.
+ * The trace of service calls and callbacks on the standard error stream, for a federate's author to see what happens.
+ * It is on when the system property tovu.local.trace is true.
  */
 public final class Trace {
     public static final boolean ON = Boolean.getBoolean("tovu.local.trace");
