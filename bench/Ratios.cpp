@@ -8,7 +8,7 @@ void Medians::ReportRuns(std::vector<Run> const& runs)
 {
    for (Run const& run : runs) {
       if (run.aggregate_name == "median") {
-         _nanoseconds[run.run_name.function_name] = run.GetAdjustedRealTime();
+         _nanoseconds[run.run_name.function_name] = run.GetAdjustedCPUTime();
       }
    }
    ConsoleReporter::ReportRuns(runs);

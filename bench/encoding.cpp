@@ -8,28 +8,11 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cstdlib>
 #include <functional>
-#include <new>
-
-namespace {
-
-long allocations = 0;
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-   ++allocations;
-   if (void* const memory = std::malloc(size)) {
-      return memory;
-   }
-   throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace bench {
+
+using rti1516e::EncoderException;
 
 // The fields in the order of HLAfixedRecord, at the offsets that their boundaries give.
 void MixedCells::store(std::vector<char>& buffer) const
@@ -49,12 +32,11 @@ void MixedCells::store(std::vector<char>& buffer) const
    put(to + 42, octet->get());
 }
 
-void MixedCells::load(std::vector<char> const& buffer)
+void MixedCells::load(char const* from, std::size_t size)
 {
-   if (buffer.size() < 43) {
-      throw std::bad_alloc();
+   if (size < length) {
+      throw EncoderException(L"too short");
    }
-   char const* const from = buffer.data();
    x->set(get<double>(from));
    y->set(get<double>(from + 8));
    id->set(get<std::int32_t>(from + 16));
@@ -76,22 +58,14 @@ using namespace bench;
 
 std::vector<Claim> claims;
 
-void measure(std::string const& name, std::function<void(benchmark::State&)> loop)
-{
-   benchmark::RegisterBenchmark(name.c_str(), std::move(loop));
-}
-
 template <class Operation>
-void measureOperation(std::string const& name, Operation operation)
+void measure(std::string const& name, Operation operation)
 {
-   measure(name, [operation](benchmark::State& state) mutable {
-      long const before = allocations;
+   benchmark::RegisterBenchmark(name.c_str(), [operation](benchmark::State& state) mutable {
       for (auto _ : state) {
          operation();
          benchmark::ClobberMemory();
       }
-      state.counters["allocations"] =
-         static_cast<double>(allocations - before) / static_cast<double>(state.iterations());
    });
 }
 
@@ -112,16 +86,16 @@ HLAvariableArray arrayOf(std::vector<Number> const& numbers)
 
 void measureCoding(std::string const& name, std::shared_ptr<DataElement> element)
 {
-   measureOperation("encodeInto/" + name, [element, buffer = std::vector<char>()]() mutable {
+   measure("encodeInto/" + name, [element, buffer = std::vector<char>()]() mutable {
       buffer.clear();
       element->encodeInto(buffer);
    });
-   measureOperation("encode/" + name, [element]() { benchmark::DoNotOptimize(element->encode().data()); });
+   measure("encode/" + name, [element]() { benchmark::DoNotOptimize(element->encode().data()); });
    VariableLengthData const data = element->encode();
    auto const begin = static_cast<char const*>(data.data());
    std::vector<char> const encoded(begin, begin + data.size());
-   measureOperation("decodeFrom/" + name, [element, encoded]() { element->decodeFrom(encoded, 0); });
-   measureOperation("decode/" + name, [element, data]() { element->decode(data); });
+   measure("decodeFrom/" + name, [element, encoded]() { element->decodeFrom(encoded, 0); });
+   measure("decode/" + name, [element, data]() { element->decode(data); });
 }
 
 template <class Element, class Number>
@@ -132,20 +106,20 @@ void measureArray(std::string const& name)
       numbers[i] = static_cast<Number>(i);
    }
    std::vector<char> room(numbers.size() * sizeof(Number));
-   measureOperation("store/" + name, [numbers, room]() mutable { storeAll(numbers, room.data()); });
-   measureOperation("load/" + name, [numbers, room]() mutable { loadAll(numbers, room.data()); });
+   measure("store/" + name, [numbers, room]() mutable { storeAll(numbers, room.data()); });
+   measure("load/" + name, [numbers, room]() mutable { loadAll(numbers, room.data()); });
 
    auto const cells = std::make_shared<Cells<Number>>();
    for (Number const number : numbers) {
       cells->push_back(makeCell(number));
    }
-   measureOperation("virtual store/" + name, [cells, room]() mutable { storeAll(*cells, room.data()); });
-   measureOperation("virtual load/" + name, [cells, room]() { loadAll(*cells, room.data()); });
+   measure("virtual store/" + name, [cells, room]() mutable { storeAll(*cells, room.data()); });
+   measure("virtual load/" + name, [cells, room]() { loadAll(*cells, room.data()); });
 
    auto const array = std::make_shared<HLAvariableArray>(arrayOf<Element>(numbers));
    measureCoding(name, array);
    VariableLengthData const data = array->encode();
-   measureOperation("decode anew/" + name, [data]() {
+   measure("decode anew/" + name, [data]() {
       HLAvariableArray fresh{Element()};
       fresh.decode(data);
    });
@@ -174,24 +148,24 @@ void measureArray(std::string const& name)
 void measureStrings()
 {
    std::string const text(10000, 'x');
-   measureOperation("copy/text", [text] {
+   measure("copy/text", [text] {
       std::unique_ptr<char[]> const room(new char[text.size()]);
       std::memcpy(room.get(), text.data(), text.size());
       benchmark::DoNotOptimize(room.get());
    });
-   measureOperation("copy from/text", [encoded = std::vector<char>(10000, 'x')] {
+   measure("copy from/text", [encoded = std::vector<char>(10000, 'x')] {
       std::string const copy(encoded.data(), encoded.size());
       benchmark::DoNotOptimize(copy.data());
    });
    std::wstring wide(10000, L'x');
-   measureOperation("narrow/text", [wide] {
+   measure("narrow/text", [wide] {
       std::unique_ptr<char[]> const room(new char[2 * wide.size()]);
       for (std::size_t i = 0; i < wide.size(); ++i) {
          put(room.get() + 2 * i, static_cast<std::uint16_t>(wide[i]));
       }
       benchmark::DoNotOptimize(room.get());
    });
-   measureOperation("widen/text", [encoded = std::vector<char>(20000, 'x'), wide]() mutable {
+   measure("widen/text", [encoded = std::vector<char>(20000, 'x'), wide]() mutable {
       for (std::size_t i = 0; i < wide.size(); ++i) {
          wide[i] = static_cast<wchar_t>(get<std::uint16_t>(encoded.data() + 2 * i));
       }
@@ -203,7 +177,7 @@ void measureStrings()
          std::tuple(std::shared_ptr<DataElement>(new HLAunicodeString(wide)), "HLAunicodeString",
                     "narrow/text", "widen/text")}) {
       measureCoding(name, element);
-      measureOperation(std::string("encodeInto anew/") + name, [element = element] {
+      measure(std::string("encodeInto anew/") + name, [element = element] {
          std::vector<char> buffer;
          element->encodeInto(buffer);
          benchmark::DoNotOptimize(buffer.data());
@@ -234,62 +208,124 @@ void measureRecord()
 {
    auto const cells = std::make_shared<MixedCells>();
    std::vector<char> buffer;
-   measureOperation("virtual store/record", [cells, buffer]() mutable { cells->store(buffer); });
-   measureOperation("virtual load/record",
-                    [cells, encoded = std::vector<char>(48)] { cells->load(encoded); });
-   measureOperation("virtual store anew/record", [cells] {
+   measure("virtual store/record", [cells, buffer]() mutable { cells->store(buffer); });
+   std::vector<char> const encoded(MixedCells::length);
+   measure("virtual load/record", [cells, encoded] { cells->load(encoded.data(), encoded.size()); });
+   VariableLengthData const data(encoded.data(), MixedCells::length);
+   measure("virtual load from data/record",
+           [cells, data] { cells->load(static_cast<char const*>(data.data()), data.size()); });
+   measure("virtual store anew/record", [cells] {
       std::vector<char> fresh;
       cells->store(fresh);
-      benchmark::DoNotOptimize(VariableLengthData(fresh.data(), 43).data());
+      benchmark::DoNotOptimize(VariableLengthData(fresh.data(), MixedCells::length).data());
    });
    measureCoding("record", std::make_shared<HLAfixedRecord>(mixedRecord()));
    claim("encodeInto/record", "virtual store/record", 2);
    claim("encode/record", "virtual store anew/record", 2);
    claim("decodeFrom/record", "virtual load/record", 2);
-   claim("decode/record", "virtual load/record", 2);
+   claim("decode/record", "virtual load from data/record", 2);
 }
 
-// Leaves in four levels of arrays: as many as there are, by 4 by 5 by 5.
-HLAvariableArray nested(std::size_t leaves)
+// Four levels of arrays around the leaves, ten of each within the other but for the outermost.
+struct Nesting
 {
-   HLAvariableArray innermost{HLAinteger32BE()};
-   for (int i = 0; i < 5; ++i) {
-      innermost.addElement(HLAinteger32BE(i));
+   explicit Nesting(std::size_t leaves)
+      : outermost(std::max<std::size_t>(leaves / 1000, 1)), next(leaves / outermost / 100)
+   {}
+
+   std::size_t outermost;
+   std::size_t next;
+};
+
+HLAvariableArray repeated(DataElement const& element, std::size_t times)
+{
+   HLAvariableArray array(element);
+   for (; times != 0; --times) {
+      array.addElement(element);
    }
-   auto const repeated = [](DataElement const& element, std::size_t times) {
-      HLAvariableArray array(element);
-      for (; times != 0; --times) {
-         array.addElement(element);
-      }
-      return array;
-   };
-   DataElement const& first = innermost;
-   HLAvariableArray const second = repeated(first, 5);
-   HLAvariableArray const third = repeated(static_cast<DataElement const&>(second), 4);
-   return repeated(static_cast<DataElement const&>(third), leaves / 100);
+   return array;
 }
 
+HLAvariableArray nestedArrays(Nesting const& nesting)
+{
+   HLAvariableArray const innermost = repeated(HLAinteger32BE(7), 10);
+   HLAvariableArray const second = repeated(static_cast<DataElement const&>(innermost), 10);
+   HLAvariableArray const third = repeated(static_cast<DataElement const&>(second), nesting.next);
+   return repeated(static_cast<DataElement const&>(third), nesting.outermost);
+}
+
+// The same by hand: plain vectors in vectors of pointers, as elements that are made one by one have to be.
+template <class Inner>
+using Level = std::vector<std::unique_ptr<Inner>>;
+using NestedCells = Level<Level<Level<Cells<int>>>>;
+
+NestedCells nestedCells(Nesting const& nesting)
+{
+   NestedCells outermost;
+   for (std::size_t i = 0; i < nesting.outermost; ++i) {
+      Level<Level<Cells<int>>>& third = *outermost.emplace_back(new Level<Level<Cells<int>>>);
+      for (std::size_t j = 0; j < nesting.next; ++j) {
+         Level<Cells<int>>& second = *third.emplace_back(new Level<Cells<int>>);
+         for (int k = 0; k < 10; ++k) {
+            Cells<int>& innermost = *second.emplace_back(new Cells<int>);
+            for (int l = 0; l < 10; ++l) {
+               innermost.push_back(makeCell(7));
+            }
+         }
+      }
+   }
+   return outermost;
+}
+
+char* storeNested(Cells<int> const& cells, char* to)
+{
+   put(to, static_cast<std::int32_t>(cells.size()));
+   storeAll(cells, to + 4);
+   return to + 4 + cells.size() * sizeof(int);
+}
+
+template <class Inner>
+char* storeNested(Level<Inner> const& level, char* to)
+{
+   put(to, static_cast<std::int32_t>(level.size()));
+   to += 4;
+   for (auto const& inner : level) {
+      to = storeNested(*inner, to);
+   }
+   return to;
+}
+
+// A larger number of leaves, and how the time grows from each to the next. That of the loops by hand tells
+// how much of it is the machine's, whose caches hold only so much.
 void measureGrowth()
 {
+   std::vector<std::string> const byHand = {"virtual store/flat ", "virtual store/nested "};
+   std::vector<std::string> const byLibrary = {"encodeInto/", "encode/", "decodeFrom/", "decode/"};
    for (std::size_t leaves = 100; leaves <= 1000000; leaves *= 10) {
+      std::string const ofLeaves = std::to_string(leaves);
+      std::vector<char> room(2 * leaves * sizeof(int));
       std::vector<int> const numbers(leaves, 7);
       auto const cells = std::make_shared<Cells<int>>();
       for (int const number : numbers) {
          cells->push_back(makeCell(number));
       }
-      std::vector<char> room(leaves * sizeof(int));
-      std::string const ofLeaves = std::to_string(leaves);
-      measureOperation("virtual store/" + ofLeaves,
-                       [cells, room]() mutable { storeAll(*cells, room.data()); });
+      measure(byHand[0] + ofLeaves, [cells, room]() mutable { storeAll(*cells, room.data()); });
       measureCoding("flat " + ofLeaves, std::make_shared<HLAvariableArray>(arrayOf<HLAinteger32BE>(numbers)));
-      measureCoding("nested " + ofLeaves, std::make_shared<HLAvariableArray>(nested(leaves)));
-      if (leaves > 100) {
-         std::string const ofTenth = std::to_string(leaves / 10);
-         claim("virtual store/" + ofLeaves, "virtual store/" + ofTenth, 0);
-         for (std::string const operation : {"encodeInto/", "encode/", "decodeFrom/", "decode/"}) {
-            for (std::string const form : {"flat ", "nested "}) {
-               claim(operation + form + ofLeaves, operation + form + ofTenth, 11);
-            }
+
+      Nesting const nesting(leaves);
+      auto const inCells = std::make_shared<NestedCells>(nestedCells(nesting));
+      measure(byHand[1] + ofLeaves, [inCells, room]() mutable { storeNested(*inCells, room.data()); });
+      measureCoding("nested " + ofLeaves, std::make_shared<HLAvariableArray>(nestedArrays(nesting)));
+      if (leaves == 100) {
+         continue;
+      }
+      std::string const ofTenth = std::to_string(leaves / 10);
+      for (std::string const& loop : byHand) {
+         claim(loop + ofLeaves, loop + ofTenth, 0);
+      }
+      for (std::string const& operation : byLibrary) {
+         for (std::string const form : {"flat ", "nested "}) {
+            claim(operation + form + ofLeaves, operation + form + ofTenth, 11);
          }
       }
    }

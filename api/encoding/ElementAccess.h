@@ -23,7 +23,7 @@ struct ElementAccess
    static void remove(Element* element) noexcept
    {
       element->_body = nullptr;
-      element->~Element();
+      element->Element::~Element();
    }
 };
 

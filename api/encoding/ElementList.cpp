@@ -174,11 +174,8 @@ void ElementList::accountAll() noexcept
    }
 }
 
-Extent ElementList::measure(Wanted wanted) const
+Extent ElementList::measureEach(Wanted wanted) const
 {
-   if (_allOfOneLength || (_allOfOneBoundary && wanted == Wanted::boundary)) {
-      return {_length, _boundary, false};
-   }
    Extent all{_start, 1, false};
    for (Entry const& entry : _entries) {
       all.append(entry.measure(wanted));

@@ -50,11 +50,16 @@ public:
    void truncate(std::size_t size) noexcept;
 
    // The body's operations. The length is that from position 0 to the end of the last element.
-   Extent measure(Wanted wanted) const;
+   Extent measure(Wanted wanted) const
+   {
+      bool const known = _allOfOneLength || (_allOfOneBoundary && wanted == Wanted::boundary);
+      return known ? Extent{_length, _boundary, false} : measureEach(wanted);
+   }
    void write(Output& out) const;
    std::size_t read(Input const& in, std::size_t index);
 
 private:
+   Extent measureEach(Wanted wanted) const;
    bool mayKeepInBlocks(Kind kind) const noexcept;
    void reserve(std::size_t number);
    void appendToBlocks(DataElement const& element, Kind kind, std::size_t number);

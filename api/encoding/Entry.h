@@ -46,15 +46,11 @@ public:
    }
    unsigned int boundary() const noexcept { return _boundary.load(std::memory_order_relaxed); }
 
-   void write(Output& out) const
-   {
-      out.align(boundary());
-      rowOf(_kind).write(*_element, out);
-   }
+   void write(Output& out) const { rowOf(_kind).write(*_element, boundary(), out); }
    // Skips the padding in front of the element.
    std::size_t read(Input const& in, std::size_t index)
    {
-      return rowOf(_kind).read(*_element, in, alignUp(index, boundary()));
+      return rowOf(_kind).read(*_element, boundary(), in, index);
    }
 
 private:

@@ -8,7 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <vector>
 
 namespace rti1516e {
@@ -46,14 +46,18 @@ public:
 
    std::vector<char> const& buffer() const
    {
-      return _buffer != nullptr ? *_buffer : _copy.has_value() ? *_copy : _copy.emplace(_data, _data + _size);
+      if (_buffer == nullptr) {
+         _copy = std::make_unique<std::vector<char>>(_data, _data + _size);
+         _buffer = _copy.get();
+      }
+      return *_buffer;
    }
 
 private:
    char const* _data;
    std::size_t _size;
-   std::vector<char> const* _buffer = nullptr;
-   std::optional<std::vector<char>> mutable _copy;
+   mutable std::vector<char> const* _buffer = nullptr;
+   mutable std::unique_ptr<std::vector<char>> _copy;
 };
 
 } // namespace rti1516e

@@ -15,15 +15,31 @@
 #include <RTI/encoding/HLAvariantRecord.h>
 
 #include <algorithm>
+#include <iterator>
+#include <type_traits>
 
 namespace rti1516e {
 
 namespace {
 
+// The octet boundary of all elements of a class; 0 if it depends on what is in them.
+template <class Element, class = void>
+constexpr unsigned int commonBoundary = 0;
+template <class Element>
+constexpr unsigned int commonBoundary<Element, std::void_t<decltype(RowOf<Element>::boundary)>> =
+   RowOf<Element>::boundary;
+template <>
+constexpr unsigned int commonBoundary<HLAopaqueData> = OpaqueBytes::boundary;
+
 // The operations of the body in an element of a known class.
 template <class Element>
 struct Known
 {
+   // The compiler knows better than a variable what to align basic elements to.
+   static constexpr unsigned int known(unsigned int boundary)
+   {
+      return commonBoundary<Element> != 0 ? commonBoundary<Element> : boundary;
+   }
    static auto const& body(DataElement const& element)
    {
       return ElementAccess::body(static_cast<Element const&>(element));
@@ -31,10 +47,14 @@ struct Known
    static auto& body(DataElement& element) { return ElementAccess::body(static_cast<Element&>(element)); }
 
    static Extent measure(DataElement const& element, Wanted wanted) { return body(element).measure(wanted); }
-   static void write(DataElement const& element, Output& out) { body(element).write(out); }
-   static std::size_t read(DataElement& element, Input const& in, std::size_t index)
+   static void write(DataElement const& element, unsigned int boundary, Output& out)
    {
-      return body(element).read(in, index);
+      out.align(known(boundary));
+      body(element).write(out);
+   }
+   static std::size_t read(DataElement& element, unsigned int boundary, Input const& in, std::size_t index)
+   {
+      return body(element).read(in, alignUp(index, known(boundary)));
    }
    static void assign(DataElement& element, DataElement const& other)
    {
@@ -49,10 +69,10 @@ struct Foreign
       std::size_t const length = wanted == Wanted::lengthInAnyCase ? element.getEncodedLength() : 0;
       return {length, std::max(element.getOctetBoundary(), 1U), true};
    }
-   static void write(DataElement const& element, Output& out) { out.foreign(element); }
-   static std::size_t read(DataElement& element, Input const& in, std::size_t index)
+   static void write(DataElement const& element, unsigned int, Output& out) { out.foreign(element); }
+   static std::size_t read(DataElement& element, unsigned int boundary, Input const& in, std::size_t index)
    {
-      return element.decodeFrom(in.buffer(), index);
+      return element.decodeFrom(in.buffer(), alignUp(index, boundary));
    }
 };
 
@@ -63,32 +83,26 @@ constexpr KindRow row(std::type_info const& type, unsigned int boundary)
 }
 
 template <class Element>
-constexpr KindRow basicRow()
+constexpr KindRow rowOfElement()
 {
-   KindRow basic = row<Known<Element>>(typeid(Element), RowOf<Element>::boundary);
+   return row<Known<Element>>(typeid(Element), commonBoundary<Element>);
+}
+
+template <class Element>
+constexpr KindRow rowOfBasicElement()
+{
+   KindRow basic = rowOfElement<Element>();
    basic.fixedLength = RowOf<Element>::fixedLength;
    basic.makeBlock = BasicBlock<Element>::make;
    basic.assign = Known<Element>::assign;
    return basic;
 }
 
-// Of opaque data, every element has the same boundary; what the others hold may be of any.
-template <class Element>
-constexpr KindRow constructedRow()
-{
-   return row<Known<Element>>(typeid(Element), 0);
-}
-template <>
-constexpr KindRow constructedRow<HLAopaqueData>()
-{
-   return row<Known<HLAopaqueData>>(typeid(HLAopaqueData), OpaqueBytes::boundary);
-}
-
 } // namespace
 
 constexpr KindRow kindRows[] = {row<Foreign>(typeid(DataElement), 0),
-#define RTI_BASIC_ROW(Name, Value) basicRow<Name>(),
-#define RTI_CONSTRUCTED_ROW(Name) constructedRow<Name>(),
+#define RTI_BASIC_ROW(Name, Value) rowOfBasicElement<Name>(),
+#define RTI_CONSTRUCTED_ROW(Name) rowOfElement<Name>(),
                                 RTI_FOR_EACH_BASIC_ELEMENT(RTI_BASIC_ROW)
                                    RTI_FOR_EACH_CONSTRUCTED_ELEMENT(RTI_CONSTRUCTED_ROW)
 #undef RTI_CONSTRUCTED_ROW

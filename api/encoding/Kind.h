@@ -48,8 +48,9 @@ struct KindRow
 
    // As those of a body; of a foreign element, by its virtual operations.
    Extent (*measure)(DataElement const&, Wanted);
-   void (*write)(DataElement const&, Output&);
-   std::size_t (*read)(DataElement&, Input const&, std::size_t);
+   // The padding in front of the element included.
+   void (*write)(DataElement const&, unsigned int boundary, Output&);
+   std::size_t (*read)(DataElement&, unsigned int boundary, Input const&, std::size_t);
 
    // Where an array keeps elements of the kind, if it does not make them singly.
    std::unique_ptr<ElementBlock> (*makeBlock)(std::size_t capacity);
