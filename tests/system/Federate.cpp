@@ -37,7 +37,7 @@ static Detail by(Info const& info)
 template <class Info>
 static Detail from(Info const& info)
 {
-   return {by(info).text + (info.hasSentRegions ? ", from " + show(info.sentRegions) : "")};
+   return {by(info).text + (info.sentRegions.empty() ? "" : ", from " + show(info.sentRegions))};
 }
 
 static Detail from(SupplementalRemoveInfo const& info) { return by(info); }

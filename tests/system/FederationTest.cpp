@@ -15,10 +15,6 @@ std::string uniqueName()
    return "federation-" + std::to_string(++count);
 }
 
-FederationTest::FederationTest() = default;
-
-FederationTest::~FederationTest() { end(); }
-
 Federate& FederationTest::connected(std::string const& name)
 {
    auto& federate = _federates[name];

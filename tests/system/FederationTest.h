@@ -28,8 +28,7 @@ std::string uniqueName();
 class FederationTest : public testing::TestWithParam<rti1516e::CallbackModel>
 {
 protected:
-   FederationTest();
-   ~FederationTest() override;
+   void TearDown() override { end(); }
 
    // Connected, and joined too. Each name is one federate.
    Federate& connected(std::string const& name);

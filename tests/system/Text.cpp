@@ -127,8 +127,14 @@ std::string show(FederationExecutionInformation const& federation)
    return narrow(federation.federationExecutionName + L":" + federation.logicalTimeImplementationName);
 }
 
+// A handle's own text does not tell its kind.
+static std::string showHandle(char const* kind, std::wstring const& text)
+{
+   return kind + narrow(text.substr(text.find(L'<')));
+}
+
 #define SYSTEM_TESTS_SHOW(Handle) \
-   std::string show(rti1516e::Handle const& handle) { return narrow(handle.toString()); }
+   std::string show(rti1516e::Handle const& handle) { return showHandle(#Handle, handle.toString()); }
 RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
 #undef SYSTEM_TESTS_SHOW
 

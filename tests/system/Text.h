@@ -76,6 +76,7 @@ std::string show(std::map<Key, Value> const& entries)
 class Names
 {
 public:
+   // Also for a text in place of a handle.
    template <class Handle>
    void add(Handle const& handle, std::string const& name)
    {

@@ -1,0 +1,155 @@
+#include "RoadTest.h"
+
+namespace {
+
+using namespace rti1516e;
+using namespace system_tests;
+
+class Declaration : public RoadTest
+{};
+IN_BOTH_CALLBACK_MODELS(Declaration);
+
+TEST_P(Declaration, IsOfClassesAndAttributesThatThereAre)
+{
+   AttributeHandleSet const wrong{position, load}; // a car has no load
+   ObjectClassHandle const noClass;
+   InteractionClassHandle const noInteraction;
+   struct
+   {
+      char const* name;
+      std::function<void(ObjectClassHandle, AttributeHandleSet const&)> call;
+   } const services[] = {
+      {"publish", [&](auto c, auto const& a) { alpha->publishObjectClassAttributes(c, a); }},
+      {"unpublish", [&](auto c, auto const& a) { alpha->unpublishObjectClassAttributes(c, a); }},
+      {"subscribe", [&](auto c, auto const& a) { alpha->subscribeObjectClassAttributes(c, a); }},
+      {"unsubscribe", [&](auto c, auto const& a) { alpha->unsubscribeObjectClassAttributes(c, a); }}};
+   for (auto const& service : services) {
+      EXPECT_EQ(refusal([&] { service.call(car, wrong); }), "AttributeNotDefined") << service.name;
+      EXPECT_EQ(refusal([&] { service.call(car, {AttributeHandle()}); }), "AttributeNotDefined")
+         << service.name;
+      EXPECT_EQ(refusal([&] { service.call(noClass, ofVehicle); }), "ObjectClassNotDefined") << service.name;
+   }
+   EXPECT_EQ(refusal([&] { alpha->unpublishObjectClass(noClass); }), "ObjectClassNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->unsubscribeObjectClass(noClass); }), "ObjectClassNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->subscribeObjectClassAttributes(car, ofVehicle, true, L"Breakneck"); }),
+             "InvalidUpdateRateDesignator");
+   EXPECT_EQ(refusal([&] { alpha->publishInteractionClass(noInteraction); }), "InteractionClassNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->unpublishInteractionClass(noInteraction); }), "InteractionClassNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->subscribeInteractionClass(noInteraction); }), "InteractionClassNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->unsubscribeInteractionClass(noInteraction); }),
+             "InteractionClassNotDefined");
+}
+
+TEST_P(Declaration, OfPublicationAllowsToRegisterAndToSend)
+{
+   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(car); }), "ObjectClassNotPublished");
+   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(ObjectClassHandle()); }), "ObjectClassNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->sendInteraction(message, {}, {}); }), "InteractionClassNotPublished");
+
+   alpha->publishObjectClassAttributes(vehicle, {position});
+   alpha->publishInteractionClass(message);
+   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(car); }), "ObjectClassNotPublished");
+   EXPECT_EQ(refusal([&] { alpha->sendInteraction(urgent, {}, {}); }), "InteractionClassNotPublished");
+   EXPECT_EQ(refusal([&] { beta->registerObjectInstance(vehicle); }), "ObjectClassNotPublished");
+   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(vehicle); }), "nothing");
+   EXPECT_EQ(refusal([&] { alpha->sendInteraction(message, {}, {}); }), "nothing");
+
+   alpha->unpublishObjectClass(vehicle);
+   alpha->unpublishInteractionClass(message);
+   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(vehicle); }), "ObjectClassNotPublished");
+   EXPECT_EQ(refusal([&] { alpha->sendInteraction(message, {}, {}); }), "InteractionClassNotPublished");
+}
+
+TEST_P(Declaration, OfPublicationAddsUpAndEndsWithOwnership)
+{
+   alpha->publishObjectClassAttributes(car, {position});
+   alpha->publishObjectClassAttributes(car, {speed, fuel});
+   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   auto const owned = [&] {
+      AttributeHandleSet result;
+      for (AttributeHandle const attribute : {position, speed, fuel, passengers, privilege}) {
+         if (alpha->isAttributeOwnedByFederate(object, attribute)) {
+            result.insert(attribute);
+         }
+      }
+      return result;
+   };
+   EXPECT_EQ(owned(), (AttributeHandleSet{position, speed, fuel, privilege}));
+   alpha->unpublishObjectClassAttributes(car, {speed, passengers});
+   EXPECT_EQ(owned(), (AttributeHandleSet{position, fuel, privilege}));
+   EXPECT_EQ(refusal([&] {
+                alpha->updateAttributeValues(object, values({{speed, "5"}}), {});
+             }),
+             "AttributeNotOwned");
+   alpha->unpublishObjectClass(car);
+   EXPECT_EQ(owned(), AttributeHandleSet());
+}
+
+TEST_P(Declaration, IsNotTakenBackWhileOwnershipIsBeingAcquired)
+{
+   alpha->publishObjectClassAttributes(car, ofVehicle);
+   beta->publishObjectClassAttributes(car, ofVehicle);
+   beta->subscribeObjectClassAttributes(car, ofVehicle);
+   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+   beta->attributeOwnershipAcquisition(object, {speed}, {});
+   EXPECT_EQ(refusal([&] { beta->unpublishObjectClass(car); }), "OwnershipAcquisitionPending");
+   EXPECT_EQ(refusal([&] {
+                beta->unpublishObjectClassAttributes(car, {speed, fuel});
+             }),
+             "OwnershipAcquisitionPending");
+   EXPECT_EQ(refusal([&] { beta->unpublishObjectClassAttributes(car, {fuel}); }), "nothing");
+}
+
+TEST_P(Declaration, IsToldToPublishersWhoWantToKnowWhetherToRegister)
+{
+   alpha->enableObjectClassRelevanceAdvisorySwitch();
+   alpha->publishObjectClassAttributes(car, {position, speed});
+   expectNothing(alpha);
+
+   beta->subscribeObjectClassAttributes(car, {passengers}); // which alpha does not publish
+   beta->subscribeObjectClassAttributes(truck, {position});
+   beta->subscribeObjectClassAttributes(car, {position}, false); // passively
+   expectNothing(alpha);
+   beta->subscribeObjectClassAttributes(vehicle, {position});
+   expect(alpha, {"startRegistrationForObjectClass(Car)"});
+   joined("gamma")->subscribeObjectClassAttributes(car, {speed});
+   expectNothing(alpha);
+   beta->unsubscribeObjectClass(vehicle);
+   expectNothing(alpha);
+   joined("gamma")->resignFederationExecution(NO_ACTION);
+   expect(alpha, {"stopRegistrationForObjectClass(Car)"});
+
+   beta->subscribeObjectClassAttributes(vehicle, {fuel});
+   expectNothing(alpha);
+   alpha->publishObjectClassAttributes(car, {fuel});
+   expect(alpha, {"startRegistrationForObjectClass(Car)"});
+   alpha->disableObjectClassRelevanceAdvisorySwitch();
+   beta->unsubscribeObjectClass(vehicle);
+   expectNothing(alpha);
+   expectNothing(beta);
+}
+
+TEST_P(Declaration, IsToldToPublishersWhoWantToKnowWhetherToSend)
+{
+   alpha->enableInteractionRelevanceAdvisorySwitch();
+   beta->subscribeInteractionClass(message);
+   expectNothing(alpha);
+   alpha->publishInteractionClass(urgent);
+   expect(alpha, {"turnInteractionsOn(Urgent)"});
+   beta->subscribeInteractionClass(urgent);
+   beta->unsubscribeInteractionClass(message);
+   expectNothing(alpha);
+   beta->unsubscribeInteractionClass(urgent);
+   expect(alpha, {"turnInteractionsOff(Urgent)"});
+   beta->subscribeInteractionClass(urgent, false); // passively
+   alpha->subscribeInteractionClass(urgent);       // nobody sends to himself
+   beta->subscribeInteractionClass(accident);
+   expectNothing(alpha);
+   beta->subscribeInteractionClass(urgent);
+   expect(alpha, {"turnInteractionsOn(Urgent)"});
+   beta->resignFederationExecution(NO_ACTION);
+   expect(alpha, {"turnInteractionsOff(Urgent)"});
+}
+
+} // namespace

@@ -1,0 +1,369 @@
+#include "RoadTest.h"
+
+namespace {
+
+using namespace rti1516e;
+using namespace system_tests;
+
+class Objects : public RoadTest
+{
+protected:
+   // A car of alpha's that beta knows as a vehicle.
+   ObjectInstanceHandle aCar()
+   {
+      alpha->publishObjectClassAttributes(car, {position, speed, fuel, passengers});
+      beta->subscribeObjectClassAttributes(vehicle, ofVehicle);
+      ObjectInstanceHandle const object = registered(alpha, car, "car");
+      expect(beta, {"discoverObjectInstance(car, Vehicle, car, alpha)"});
+      return object;
+   }
+};
+IN_BOTH_CALLBACK_MODELS(Objects);
+
+TEST_P(Objects, HaveNamesThatAreReservedOnce)
+{
+   alpha->publishObjectClassAttributes(car, ofVehicle);
+   beta->publishObjectClassAttributes(car, ofVehicle);
+   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(car, L"herbie"); }),
+             "ObjectInstanceNameNotReserved");
+   EXPECT_EQ(refusal([&] { alpha->reserveObjectInstanceName(L"HLAherbie"); }), "IllegalName");
+   EXPECT_EQ(refusal([&] { alpha->releaseObjectInstanceName(L"herbie"); }), "ObjectInstanceNameNotReserved");
+
+   alpha->reserveObjectInstanceName(L"herbie");
+   expect(alpha, {"objectInstanceNameReservationSucceeded(herbie)"});
+   beta->reserveObjectInstanceName(L"herbie");
+   expect(beta, {"objectInstanceNameReservationFailed(herbie)"});
+   EXPECT_EQ(refusal([&] { beta->registerObjectInstance(car, L"herbie"); }), "ObjectInstanceNameNotReserved");
+   alpha->releaseObjectInstanceName(L"herbie");
+   beta->reserveObjectInstanceName(L"herbie");
+   expect(beta, {"objectInstanceNameReservationSucceeded(herbie)"});
+
+   ObjectInstanceHandle const herbie = beta->registerObjectInstance(car, L"herbie");
+   EXPECT_EQ(beta->getObjectInstanceName(herbie), L"herbie");
+   EXPECT_EQ(beta->getObjectInstanceHandle(L"herbie"), herbie);
+   EXPECT_EQ(refusal([&] { alpha->getObjectInstanceHandle(L"herbie"); }), "ObjectInstanceNotKnown");
+   EXPECT_EQ(refusal([&] { beta->registerObjectInstance(car, L"herbie"); }), "ObjectInstanceNameInUse");
+   alpha->reserveObjectInstanceName(L"herbie");
+   expect(alpha, {"objectInstanceNameReservationFailed(herbie)"});
+}
+
+TEST_P(Objects, HaveNamesThatAreReservedTogetherOrNotAtAll)
+{
+   EXPECT_EQ(refusal([&] { alpha->reserveMultipleObjectInstanceName({}); }), "NameSetWasEmpty");
+   EXPECT_EQ(refusal([&] { alpha->reserveMultipleObjectInstanceName({L"a", L"HLAb"}); }), "IllegalName");
+   alpha->reserveMultipleObjectInstanceName({L"a", L"b"});
+   expect(alpha, {"multipleObjectInstanceNameReservationSucceeded({a b})"});
+   beta->reserveMultipleObjectInstanceName({L"b", L"c"});
+   expect(beta, {"multipleObjectInstanceNameReservationFailed({b c})"});
+   alpha->reserveObjectInstanceName(L"c");
+   expect(alpha, {"objectInstanceNameReservationSucceeded(c)"});
+   EXPECT_EQ(refusal([&] {
+                alpha->releaseMultipleObjectInstanceName({L"a", L"d"});
+             }),
+             "ObjectInstanceNameNotReserved");
+   alpha->releaseMultipleObjectInstanceName({L"a", L"b", L"c"});
+   beta->reserveMultipleObjectInstanceName({L"a", L"b", L"c"});
+   expect(beta, {"multipleObjectInstanceNameReservationSucceeded({a b c})"});
+   beta->resignFederationExecution(NO_ACTION);
+   alpha->reserveObjectInstanceName(L"a");
+   expect(alpha, {"objectInstanceNameReservationSucceeded(a)"});
+}
+
+TEST_P(Objects, AreDiscoveredAsTheMostSpecificSubscribedClass)
+{
+   Federate& gamma = joined("gamma");
+   Federate& delta = joined("delta");
+   beta->subscribeObjectClassAttributes(vehicle, {position});
+   gamma->subscribeObjectClassAttributes(vehicle, {position});
+   gamma->subscribeObjectClassAttributes(car, {passengers});
+   delta->subscribeObjectClassAttributes(truck, {position});
+   alpha->publishObjectClassAttributes(taxi, {position, passengers, fare});
+   alpha->subscribeObjectClassAttributes(taxi, {position});
+   ObjectInstanceHandle const cab = registered(alpha, taxi, "cab");
+   expect(beta, {"discoverObjectInstance(cab, Vehicle, cab, alpha)"});
+   expect(gamma, {"discoverObjectInstance(cab, Car, cab, alpha)"});
+   expectNothing(delta);
+   expectNothing(alpha);
+   EXPECT_EQ(alpha->getKnownObjectClassHandle(cab), taxi);
+   EXPECT_EQ(beta->getKnownObjectClassHandle(cab), vehicle);
+   EXPECT_EQ(gamma->getKnownObjectClassHandle(cab), car);
+   EXPECT_EQ(gamma->getObjectInstanceName(cab), alpha->getObjectInstanceName(cab));
+   EXPECT_EQ(gamma->getObjectInstanceHandle(alpha->getObjectInstanceName(cab)), cab);
+   EXPECT_EQ(refusal([&] { delta->getKnownObjectClassHandle(cab); }), "ObjectInstanceNotKnown");
+   EXPECT_EQ(refusal([&] { delta->getObjectInstanceName(cab); }), "ObjectInstanceNotKnown");
+
+   beta->subscribeObjectClassAttributes(taxi, {position}); // too late
+   expectNothing(beta);
+   EXPECT_EQ(beta->getKnownObjectClassHandle(cab), vehicle);
+   delta->subscribeObjectClassAttributes(taxi, {fare}); // in time
+   expect(delta, {"discoverObjectInstance(cab, Taxi, cab, alpha)"});
+}
+
+TEST_P(Objects, AreDiscoveredForAnAttributeThatSomebodyOwns)
+{
+   beta->subscribeObjectClassAttributes(car, {fuel});
+   alpha->publishObjectClassAttributes(car, {position});
+   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   expectNothing(beta);
+   alpha->publishObjectClassAttributes(car, {fuel});
+   alpha->attributeOwnershipAcquisitionIfAvailable(object, {fuel});
+   expect(alpha, {"attributeOwnershipAcquisitionNotification(car, {Fuel}, )"});
+   expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+}
+
+TEST_P(Objects, AreReflectedToSubscribersByTheirAttributes)
+{
+   ObjectInstanceHandle const object = aCar();
+   Federate& gamma = joined("gamma");
+   gamma->subscribeObjectClassAttributes(car, {fuel, passengers}, false); // passively, which is as good
+   expect(gamma, {"discoverObjectInstance(car, Car, car, alpha)"});
+
+   alpha->updateAttributeValues(
+      object, values({{position, "1"}, {speed, "2"}, {fuel, "3"}, {passengers, "4"}}), bytes("tag"));
+   expectInAnyOrder(beta, {"reflectAttributeValues(car, {Fuel=3 Position=1}, tag, RO, reliable, by alpha)",
+                           "reflectAttributeValues(car, {Speed=2}, tag, RO, best-effort, by alpha)"});
+   expect(gamma, {"reflectAttributeValues(car, {Fuel=3 Passengers=4}, tag, RO, reliable, by alpha)"});
+   expectNothing(alpha);
+
+   beta->unsubscribeObjectClassAttributes(vehicle, {fuel});
+   gamma->unsubscribeObjectClass(car);
+   alpha->updateAttributeValues(object, values({{fuel, "5"}}), bytes("tag"));
+   alpha->updateAttributeValues(object, values({{position, ""}}), bytes(""));
+   expect(beta, {"reflectAttributeValues(car, {Position=}, , RO, reliable, by alpha)"});
+   expectNothing(gamma);
+
+   gamma->subscribeObjectClassAttributes(car, {fuel});
+   alpha->updateAttributeValues(object, values({{fuel, "6"}}), bytes("tag"));
+   expect(gamma, {"reflectAttributeValues(car, {Fuel=6}, tag, RO, reliable, by alpha)"});
+}
+
+TEST_P(Objects, AreUpdatedByTheirOwnerAlone)
+{
+   ObjectInstanceHandle const object = aCar();
+   auto const update = [&](Federate& federate, ObjectInstanceHandle what, AttributeHandle attribute) {
+      return refusal([&] { federate->updateAttributeValues(what, values({{attribute, "1"}}), {}); });
+   };
+   EXPECT_EQ(update(beta, object, position), "AttributeNotOwned");
+   EXPECT_EQ(update(beta, object, passengers), "AttributeNotDefined"); // of a vehicle, which it is to beta
+   EXPECT_EQ(update(alpha, object, load), "AttributeNotDefined");
+   EXPECT_EQ(update(joined("gamma"), object, position), "ObjectInstanceNotKnown");
+   EXPECT_EQ(update(alpha, ObjectInstanceHandle(), position), "ObjectInstanceNotKnown");
+   expectNothing(beta);
+}
+
+TEST_P(Objects, AreDeletedByWhoHasThePrivilege)
+{
+   ObjectInstanceHandle const object = aCar();
+   EXPECT_EQ(refusal([&] { beta->deleteObjectInstance(object, {}); }), "DeletePrivilegeNotHeld");
+   EXPECT_EQ(refusal([&] { joined("gamma")->deleteObjectInstance(object, {}); }), "ObjectInstanceNotKnown");
+   alpha->deleteObjectInstance(object, bytes("scrapped"));
+   expect(beta, {"removeObjectInstance(car, scrapped, RO, by alpha)"});
+   expectNothing(alpha);
+   for (Federate* const federate : {&alpha, &beta}) {
+      EXPECT_EQ(refusal([&] { (*federate)->deleteObjectInstance(object, {}); }), "ObjectInstanceNotKnown");
+      EXPECT_EQ(refusal([&] { (*federate)->getObjectInstanceName(object); }), "ObjectInstanceNotKnown");
+   }
+   registered(alpha, car, "second");
+   expect(beta, {"discoverObjectInstance(second, Vehicle, second, alpha)"});
+}
+
+TEST_P(Objects, AreForgottenByOneFederateAndDiscoveredAnew)
+{
+   ObjectInstanceHandle const object = aCar();
+   EXPECT_EQ(refusal([&] { alpha->localDeleteObjectInstance(object); }), "FederateOwnsAttributes");
+   beta->publishObjectClassAttributes(vehicle, ofVehicle);
+   beta->attributeOwnershipAcquisition(object, {fuel}, {});
+   EXPECT_EQ(refusal([&] { beta->localDeleteObjectInstance(object); }), "OwnershipAcquisitionPending");
+   beta->cancelAttributeOwnershipAcquisition(object, {fuel});
+   expect(beta, {"confirmAttributeOwnershipAcquisitionCancellation(car, {Fuel})"});
+
+   beta->unsubscribeObjectClass(vehicle);
+   beta->localDeleteObjectInstance(object);
+   EXPECT_EQ(refusal([&] { beta->localDeleteObjectInstance(object); }), "ObjectInstanceNotKnown");
+   expectNothing(beta);
+   beta->subscribeObjectClassAttributes(car, {passengers});
+   expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+   alpha.callbacks();
+   alpha->updateAttributeValues(object, values({{passengers, "2"}}), bytes("tag"));
+   expect(beta, {"reflectAttributeValues(car, {Passengers=2}, tag, RO, reliable, by alpha)"});
+}
+
+TEST_P(Objects, AreAskedForTheirValues)
+{
+   ObjectInstanceHandle const object = aCar();
+   beta->publishObjectClassAttributes(truck, {position, load});
+   ObjectInstanceHandle const lorry = registered(beta, truck, "lorry");
+   Federate& gamma = joined("gamma");
+   gamma->subscribeObjectClassAttributes(vehicle, {position});
+   gamma.callbacks(2);
+
+   beta->requestAttributeValueUpdate(object, {position, fuel}, bytes("please"));
+   expect(alpha, {"provideAttributeValueUpdate(car, {Fuel Position}, please)"});
+   gamma->requestAttributeValueUpdate(vehicle, {position, speed}, bytes("all"));
+   expect(alpha, {"provideAttributeValueUpdate(car, {Position Speed}, all)"});
+   expect(beta, {"provideAttributeValueUpdate(lorry, {Position}, all)"});
+   gamma->requestAttributeValueUpdate(car, {passengers}, bytes("cars"));
+   expect(alpha, {"provideAttributeValueUpdate(car, {Passengers}, cars)"});
+   expectNothing(beta);
+   expectNothing(gamma);
+
+   EXPECT_EQ(refusal([&] { beta->requestAttributeValueUpdate(object, {passengers}, {}); }),
+             "AttributeNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->requestAttributeValueUpdate(lorry, {position}, {}); }),
+             "ObjectInstanceNotKnown");
+   EXPECT_EQ(refusal([&] { beta->requestAttributeValueUpdate(car, {load}, {}); }), "AttributeNotDefined");
+   EXPECT_EQ(refusal([&] { beta->requestAttributeValueUpdate(ObjectClassHandle(), {position}, {}); }),
+             "ObjectClassNotDefined");
+}
+
+TEST_P(Objects, ComeIntoScopeAndGoOutOfIt)
+{
+   beta->enableAttributeScopeAdvisorySwitch();
+   alpha->publishObjectClassAttributes(car, {position, speed});
+   beta->subscribeObjectClassAttributes(car, {position, fuel});
+   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   expect(beta, {"discoverObjectInstance(car, Car, car, alpha)", "attributesInScope(car, {Position})"});
+   beta->subscribeObjectClassAttributes(car, {speed});
+   expect(beta, {"attributesInScope(car, {Speed})"});
+   beta->unsubscribeObjectClassAttributes(car, {position});
+   expect(beta, {"attributesOutOfScope(car, {Position})"});
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {speed});
+   expect(beta, {"attributesOutOfScope(car, {Speed})"});
+   beta->disableAttributeScopeAdvisorySwitch();
+   beta->subscribeObjectClassAttributes(car, {position});
+   expectNothing(beta);
+}
+
+TEST_P(Objects, HaveOwnersWhoWantToKnowWhetherToUpdate)
+{
+   alpha->enableAttributeRelevanceAdvisorySwitch();
+   alpha->publishObjectClassAttributes(car, {position, speed});
+   registered(alpha, car, "car");
+   expectNothing(alpha);
+   beta->subscribeObjectClassAttributes(car, {position, fuel}, false); // passively
+   expectNothing(alpha);
+   beta->subscribeObjectClassAttributes(vehicle, {speed});
+   beta->unsubscribeObjectClass(vehicle);
+   beta->subscribeObjectClassAttributes(car, {position, fuel});
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position})"});
+   beta->unsubscribeObjectClassAttributes(car, {position});
+   expect(alpha, {"turnUpdatesOffForObjectInstance(car, {Position})"});
+   beta->subscribeObjectClassAttributes(car, {speed}, true, L"Fast");
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Speed}, Fast)"});
+   beta->resignFederationExecution(NO_ACTION);
+   expect(alpha, {"turnUpdatesOffForObjectInstance(car, {Speed})"});
+}
+
+TEST_P(Objects, TravelAsTheirOwnerHasThemTravel)
+{
+   ObjectInstanceHandle const object = aCar();
+   alpha->requestAttributeTransportationTypeChange(object, {position}, BEST_EFFORT);
+   expect(alpha, {"confirmAttributeTransportationTypeChange(car, {Position}, best-effort)"});
+   beta->queryAttributeTransportationType(object, position);
+   beta->queryAttributeTransportationType(object, fuel);
+   expect(beta, {"reportAttributeTransportationType(car, Position, best-effort)",
+                 "reportAttributeTransportationType(car, Fuel, reliable)"});
+   alpha->updateAttributeValues(object, values({{position, "1"}, {speed, "2"}, {fuel, "3"}}), bytes(""));
+   expectInAnyOrder(beta, {"reflectAttributeValues(car, {Fuel=3}, , RO, reliable, by alpha)",
+                           "reflectAttributeValues(car, {Position=1 Speed=2}, , RO, best-effort, by alpha)"});
+
+   EXPECT_EQ(refusal([&] { beta->requestAttributeTransportationTypeChange(object, {fuel}, BEST_EFFORT); }),
+             "AttributeNotOwned");
+   EXPECT_EQ(refusal([&] { alpha->requestAttributeTransportationTypeChange(object, {load}, BEST_EFFORT); }),
+             "AttributeNotDefined");
+   EXPECT_EQ(refusal([&] { beta->queryAttributeTransportationType(object, passengers); }),
+             "AttributeNotDefined");
+   EXPECT_EQ(refusal([&] { beta->queryAttributeTransportationType({}, position); }),
+             "ObjectInstanceNotKnown");
+}
+
+TEST_P(Objects, OfAnEagerFederationTellWithoutBeingAsked)
+{
+   std::string const eager = uniqueName();
+   Federate& owner = connected("owner");
+   Federate& reader = connected("reader");
+   owner->createFederationExecution(wide(eager), fom("Eager.xml"));
+   owner.join(eager);
+   reader.join(eager);
+   ObjectClassHandle const buoy = owner->getObjectClassHandle(L"HLAobjectRoot.Buoy");
+   AttributeHandle const drift = owner->getAttributeHandle(buoy, L"Drift");
+   Names& aliases = names();
+   aliases.add(buoy, "Buoy");
+   aliases.add(drift, "Drift");
+
+   owner->publishObjectClassAttributes(buoy, {drift});
+   ObjectInstanceHandle const first = owner->registerObjectInstance(buoy);
+   call(owner, first, "first");
+   expectNothing(owner);
+   reader->subscribeObjectClassAttributes(buoy, {drift});
+   expectInAnyOrder(owner, {"startRegistrationForObjectClass(Buoy)",
+                            "turnUpdatesOnForObjectInstance(first, {Drift})",
+                            "provideAttributeValueUpdate(first, {Drift}, )"});
+   Federate::Callbacks const seen = reader.callbacks(2);
+   EXPECT_EQ(seen.at(1), "attributesInScope(first, {Drift})");
+   EXPECT_EQ(seen.at(0).find("discoverObjectInstance(first, Buoy, first"), 0u) << seen[0];
+   EXPECT_EQ(owner->getAutomaticResignDirective(), DELETE_OBJECTS_THEN_DIVEST);
+   forget("owner"); // which resigns as the FOM has it
+   EXPECT_TRUE(reader.await([&] { return reader.waiting() > 0; }));
+   EXPECT_EQ(reader.callbacks().at(0).find("removeObjectInstance(first, "), 0u);
+   reader->resignFederationExecution(NO_ACTION);
+   reader->destroyFederationExecution(wide(eager));
+}
+
+class Interactions : public RoadTest
+{};
+IN_BOTH_CALLBACK_MODELS(Interactions);
+
+TEST_P(Interactions, AreReceivedAsTheMostSpecificSubscribedClass)
+{
+   Federate& gamma = joined("gamma");
+   Federate& delta = joined("delta");
+   alpha->publishInteractionClass(urgent);
+   alpha->subscribeInteractionClass(message);
+   beta->subscribeInteractionClass(message);
+   gamma->subscribeInteractionClass(message);
+   gamma->subscribeInteractionClass(urgent, false); // passively, which is as good
+   delta->subscribeInteractionClass(accident);
+   alpha->sendInteraction(urgent, values({{words, "fire"}, {level, "9"}}), bytes("tag"));
+   expect(beta, {"receiveInteraction(Message, {Words=fire}, tag, RO, best-effort, by alpha)"});
+   expect(gamma, {"receiveInteraction(Urgent, {Level=9 Words=fire}, tag, RO, best-effort, by alpha)"});
+   expectNothing(delta);
+   expectNothing(alpha);
+
+   gamma->unsubscribeInteractionClass(urgent);
+   beta->unsubscribeInteractionClass(message);
+   alpha->sendInteraction(urgent, {}, bytes(""));
+   expect(gamma, {"receiveInteraction(Message, {}, , RO, best-effort, by alpha)"});
+   expectNothing(beta);
+}
+
+TEST_P(Interactions, AreSentAsPublished)
+{
+   alpha->publishInteractionClass(message);
+   EXPECT_EQ(refusal([&] {
+                alpha->sendInteraction(message, values({{level, "9"}}), {});
+             }),
+             "InteractionParameterNotDefined");
+   EXPECT_EQ(refusal([&] {
+                alpha->sendInteraction(message, {{ParameterHandle(), {}}}, {});
+             }),
+             "InteractionParameterNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->sendInteraction(InteractionClassHandle(), {}, {}); }),
+             "InteractionClassNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->changeInteractionOrderType(accident, RECEIVE); }),
+             "InteractionClassNotPublished");
+   EXPECT_EQ(refusal([&] { alpha->requestInteractionTransportationTypeChange(accident, RELIABLE); }),
+             "InteractionClassNotPublished");
+
+   beta->subscribeInteractionClass(message);
+   alpha->requestInteractionTransportationTypeChange(message, BEST_EFFORT);
+   expect(alpha, {"confirmInteractionTransportationTypeChange(Message, best-effort)"});
+   alpha->sendInteraction(message, values({{words, "hush"}}), bytes(""));
+   beta->queryInteractionTransportationType(alpha.handle(), message);
+   expect(beta, {"receiveInteraction(Message, {Words=hush}, , RO, best-effort, by alpha)",
+                 "reportInteractionTransportationType(alpha, Message, best-effort)"});
+   beta->queryInteractionTransportationType(beta.handle(), message);
+   expect(beta, {"reportInteractionTransportationType(beta, Message, reliable)"});
+}
+
+} // namespace

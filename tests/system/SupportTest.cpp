@@ -1,0 +1,190 @@
+#include "RoadTest.h"
+
+#include <set>
+
+namespace {
+
+using namespace rti1516e;
+using namespace system_tests;
+
+class Support : public RoadTest
+{};
+IN_BOTH_CALLBACK_MODELS(Support);
+
+TEST_P(Support, KnowsClassesAndAttributesByNameAndHandle)
+{
+   struct
+   {
+      std::wstring name;
+      ObjectClassHandle handle;
+   } const classes[] = {{L"HLAobjectRoot", alpha->getObjectClassHandle(L"HLAobjectRoot")},
+                        {L"HLAobjectRoot.Vehicle", vehicle},
+                        {L"HLAobjectRoot.Vehicle.Car", car},
+                        {L"HLAobjectRoot.Vehicle.Car.Taxi", taxi}};
+   std::set<ObjectClassHandle> distinct;
+   for (auto const& row : classes) {
+      EXPECT_EQ(beta->getObjectClassHandle(row.name), row.handle);
+      EXPECT_EQ(beta->getObjectClassName(row.handle), row.name);
+      EXPECT_EQ(beta->decodeObjectClassHandle(row.handle.encode()), row.handle);
+      distinct.insert(row.handle);
+   }
+   EXPECT_EQ(distinct.size(), 4u);
+   EXPECT_EQ(beta->getObjectClassHandle(L"Vehicle.Car"), car); // the root goes without saying
+   EXPECT_EQ(refusal([&] { beta->getObjectClassHandle(L"HLAobjectRoot.Car"); }), "NameNotFound");
+   EXPECT_EQ(refusal([&] { beta->getObjectClassHandle(L""); }), "NameNotFound");
+   EXPECT_EQ(refusal([&] { beta->getObjectClassName({}); }), "InvalidObjectClassHandle");
+
+   EXPECT_EQ(beta->getAttributeHandle(taxi, L"Position"), position);
+   EXPECT_EQ(beta->getAttributeName(taxi, position), L"Position");
+   EXPECT_EQ(beta->getAttributeName(taxi, fare), L"Fare");
+   EXPECT_EQ(beta->decodeAttributeHandle(fare.encode()), fare);
+   EXPECT_EQ(refusal([&] { beta->getAttributeHandle(vehicle, L"Fare"); }), "NameNotFound");
+   EXPECT_EQ(refusal([&] { beta->getAttributeHandle({}, L"Fare"); }), "InvalidObjectClassHandle");
+   EXPECT_EQ(refusal([&] { beta->getAttributeName(vehicle, fare); }), "AttributeNotDefined");
+   EXPECT_EQ(refusal([&] { beta->getAttributeName(vehicle, {}); }), "InvalidAttributeHandle");
+   EXPECT_EQ(refusal([&] { beta->getAttributeName({}, fare); }), "InvalidObjectClassHandle");
+}
+
+TEST_P(Support, KnowsInteractionsAndParametersByNameAndHandle)
+{
+   EXPECT_EQ(beta->getInteractionClassHandle(L"HLAinteractionRoot.Message.Urgent"), urgent);
+   EXPECT_EQ(beta->getInteractionClassHandle(L"Message.Urgent"), urgent);
+   EXPECT_EQ(beta->getInteractionClassName(urgent), L"HLAinteractionRoot.Message.Urgent");
+   EXPECT_EQ(beta->decodeInteractionClassHandle(urgent.encode()), urgent);
+   EXPECT_EQ(refusal([&] { beta->getInteractionClassHandle(L"Urgent"); }), "NameNotFound");
+   EXPECT_EQ(refusal([&] { beta->getInteractionClassName({}); }), "InvalidInteractionClassHandle");
+
+   EXPECT_EQ(beta->getParameterHandle(urgent, L"Words"), words);
+   EXPECT_EQ(beta->getParameterName(urgent, words), L"Words");
+   EXPECT_EQ(beta->decodeParameterHandle(words.encode()), words);
+   EXPECT_EQ(refusal([&] { beta->getParameterHandle(message, L"Level"); }), "NameNotFound");
+   EXPECT_EQ(refusal([&] { beta->getParameterHandle({}, L"Level"); }), "InvalidInteractionClassHandle");
+   EXPECT_EQ(refusal([&] { beta->getParameterName(message, level); }), "InteractionParameterNotDefined");
+   EXPECT_EQ(refusal([&] { beta->getParameterName(message, {}); }), "InvalidParameterHandle");
+   EXPECT_EQ(refusal([&] { beta->getParameterName({}, level); }), "InvalidInteractionClassHandle");
+}
+
+TEST_P(Support, KnowsOrdersTransportationsAndUpdateRates)
+{
+   EXPECT_EQ(alpha->getOrderType(L"Receive"), RECEIVE);
+   EXPECT_EQ(alpha->getOrderType(L"TimeStamp"), TIMESTAMP);
+   EXPECT_EQ(alpha->getOrderName(RECEIVE), L"Receive");
+   EXPECT_EQ(alpha->getOrderName(TIMESTAMP), L"TimeStamp");
+   EXPECT_EQ(refusal([&] { alpha->getOrderType(L"Chaos"); }), "InvalidOrderName");
+   EXPECT_EQ(alpha->getTransportationTypeHandle(L"HLAreliable"), RELIABLE);
+   EXPECT_EQ(alpha->getTransportationTypeHandle(L"HLAbestEffort"), BEST_EFFORT);
+   EXPECT_EQ(alpha->getTransportationTypeName(RELIABLE), L"HLAreliable");
+   EXPECT_EQ(alpha->getTransportationTypeName(BEST_EFFORT), L"HLAbestEffort");
+   EXPECT_EQ(refusal([&] { alpha->getTransportationTypeHandle(L"Pigeon"); }), "InvalidTransportationName");
+   EXPECT_DOUBLE_EQ(alpha->getUpdateRateValue(L"Slow"), 0.5);
+   EXPECT_DOUBLE_EQ(alpha->getUpdateRateValue(L"Fast"), 50.0);
+   EXPECT_EQ(refusal([&] { alpha->getUpdateRateValue(L"Breakneck"); }), "InvalidUpdateRateDesignator");
+
+   alpha->publishObjectClassAttributes(car, ofVehicle);
+   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   beta->subscribeObjectClassAttributes(car, {position}, true, L"Fast");
+   beta.callbacks(1);
+   EXPECT_DOUBLE_EQ(beta->getUpdateRateValueForAttribute(object, position), 50.0);
+   EXPECT_EQ(refusal([&] { beta->getUpdateRateValueForAttribute({}, position); }), "ObjectInstanceNotKnown");
+   EXPECT_EQ(refusal([&] { beta->getUpdateRateValueForAttribute(object, load); }), "AttributeNotDefined");
+   EXPECT_EQ(alpha->decodeObjectInstanceHandle(object.encode()), object);
+}
+
+TEST_P(Support, KnowsDimensions)
+{
+   EXPECT_EQ(beta->getDimensionHandle(L"Lane"), lane);
+   EXPECT_EQ(beta->getDimensionName(lane), L"Lane");
+   EXPECT_EQ(beta->getDimensionUpperBound(lane), 8u);
+   EXPECT_EQ(beta->getDimensionUpperBound(distance), 1000u);
+   EXPECT_EQ(beta->decodeDimensionHandle(lane.encode()), lane);
+   EXPECT_EQ(refusal([&] { beta->getDimensionHandle(L"Depth"); }), "NameNotFound");
+   EXPECT_EQ(refusal([&] { beta->getDimensionName({}); }), "InvalidDimensionHandle");
+   EXPECT_EQ(refusal([&] { beta->getDimensionUpperBound({}); }), "InvalidDimensionHandle");
+
+   EXPECT_EQ(beta->getAvailableDimensionsForClassAttribute(taxi, position),
+             (DimensionHandleSet{lane, distance}));
+   EXPECT_EQ(beta->getAvailableDimensionsForClassAttribute(taxi, speed), (DimensionHandleSet{lane}));
+   EXPECT_EQ(beta->getAvailableDimensionsForClassAttribute(taxi, fuel), DimensionHandleSet());
+   EXPECT_EQ(beta->getAvailableDimensionsForInteractionClass(accident), (DimensionHandleSet{lane, distance}));
+   EXPECT_EQ(beta->getAvailableDimensionsForInteractionClass(message), DimensionHandleSet());
+   EXPECT_EQ(refusal([&] { beta->getAvailableDimensionsForClassAttribute(car, load); }),
+             "AttributeNotDefined");
+   EXPECT_EQ(refusal([&] { beta->getAvailableDimensionsForClassAttribute({}, load); }),
+             "InvalidObjectClassHandle");
+   EXPECT_EQ(refusal([&] { beta->getAvailableDimensionsForInteractionClass({}); }),
+             "InvalidInteractionClassHandle");
+}
+
+TEST_P(Support, NormalizesWithinTheDimensionsOfTheManagementObjectModel)
+{
+   unsigned long const bound = alpha->getDimensionUpperBound(alpha->getDimensionHandle(L"HLAfederate"));
+   unsigned long const one = alpha->normalizeFederateHandle(alpha.handle());
+   EXPECT_LT(one, bound);
+   EXPECT_EQ(beta->normalizeFederateHandle(alpha.handle()), one);
+   EXPECT_NE(beta->normalizeFederateHandle(beta.handle()), one);
+   EXPECT_EQ(refusal([&] { alpha->normalizeFederateHandle({}); }), "InvalidFederateHandle");
+   EXPECT_EQ(alpha->decodeFederateHandle(beta.handle().encode()), beta.handle());
+
+   unsigned long const groups = alpha->getDimensionUpperBound(alpha->getDimensionHandle(L"HLAserviceGroup"));
+   std::set<unsigned long> normalized;
+   for (ServiceGroup const group :
+        {FEDERATION_MANAGEMENT, DECLARATION_MANAGEMENT, OBJECT_MANAGEMENT, OWNERSHIP_MANAGEMENT,
+         TIME_MANAGEMENT, DATA_DISTRIBUTION_MANAGEMENT, SUPPORT_SERVICES}) {
+      EXPECT_LT(alpha->normalizeServiceGroup(group), groups);
+      normalized.insert(alpha->normalizeServiceGroup(group));
+   }
+   EXPECT_EQ(normalized.size(), 7u);
+}
+
+TEST_P(Support, HasAdvisorySwitchesThatEachFederateTurns)
+{
+   struct
+   {
+      std::string name;
+      void (RTIambassador::*enable)();
+      void (RTIambassador::*disable)();
+   } const switches[] = {
+      {"ObjectClassRelevance", &RTIambassador::enableObjectClassRelevanceAdvisorySwitch,
+       &RTIambassador::disableObjectClassRelevanceAdvisorySwitch},
+      {"AttributeRelevance", &RTIambassador::enableAttributeRelevanceAdvisorySwitch,
+       &RTIambassador::disableAttributeRelevanceAdvisorySwitch},
+      {"AttributeScope", &RTIambassador::enableAttributeScopeAdvisorySwitch,
+       &RTIambassador::disableAttributeScopeAdvisorySwitch},
+      {"InteractionRelevance", &RTIambassador::enableInteractionRelevanceAdvisorySwitch,
+       &RTIambassador::disableInteractionRelevanceAdvisorySwitch},
+   };
+   for (auto const& row : switches) {
+      auto const enable = [&](Federate& federate) { return refusal([&] { ((*federate).*row.enable)(); }); };
+      auto const disable = [&](Federate& federate) { return refusal([&] { ((*federate).*row.disable)(); }); };
+      EXPECT_EQ(disable(alpha), row.name + "AdvisorySwitchIsOff");
+      EXPECT_EQ(enable(alpha), "nothing");
+      EXPECT_EQ(enable(alpha), row.name + "AdvisorySwitchIsOn");
+      EXPECT_EQ(disable(beta), row.name + "AdvisorySwitchIsOff");
+      EXPECT_EQ(disable(alpha), "nothing");
+   }
+}
+
+TEST_P(Support, KnowsTheManagementObjectModel)
+{
+   EXPECT_TRUE(alpha->getObjectClassHandle(L"HLAobjectRoot.HLAmanager.HLAfederate").isValid());
+   EXPECT_TRUE(alpha->getObjectClassHandle(L"HLAobjectRoot.HLAmanager.HLAfederation").isValid());
+   InteractionClassHandle const report = alpha->getInteractionClassHandle(
+      L"HLAinteractionRoot.HLAmanager.HLAfederate.HLAreport.HLAreportException");
+   EXPECT_TRUE(alpha->getParameterHandle(report, L"HLAfederate").isValid());
+}
+
+TEST_P(Support, KnowsWhatAnotherModuleBringsAlong)
+{
+   EXPECT_EQ(refusal([&] { alpha->getObjectClassHandle(L"HLAobjectRoot.Cloud"); }), "NameNotFound");
+   connected("gamma").join(federation(), {fom("Weather.xml")});
+   ObjectClassHandle const cloud = alpha->getObjectClassHandle(L"HLAobjectRoot.Cloud");
+   names().add(cloud, "Cloud");
+   AttributeHandle const rain = beta->getAttributeHandle(cloud, L"Rain");
+   alpha->publishObjectClassAttributes(cloud, {rain});
+   beta->subscribeObjectClassAttributes(cloud, {rain});
+   registered(alpha, cloud, "nimbus");
+   expect(beta, {"discoverObjectInstance(nimbus, Cloud, nimbus, alpha)"});
+   EXPECT_EQ(alpha->getObjectClassHandle(L"HLAobjectRoot.Vehicle"), vehicle);
+}
+
+} // namespace

@@ -1,0 +1,536 @@
+#include "RoadTest.h"
+
+namespace {
+
+using namespace rti1516e;
+using namespace system_tests;
+
+class TimeManagement : public RoadTest
+{
+protected:
+   TimeManagement()
+   {
+      for (Federate* const federate : {&alpha, &beta}) {
+         (*federate)->publishObjectClassAttributes(car, ofVehicle);
+         (*federate)->publishInteractionClass(accident);
+         (*federate)->publishInteractionClass(message);
+      }
+      beta->subscribeObjectClassAttributes(car, ofVehicle);
+      beta->subscribeInteractionClass(accident);
+      beta->subscribeInteractionClass(message);
+      object = registered(alpha, car, "car");
+      expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+   }
+
+   void regulate(Federate& federate, int lookahead)
+   {
+      federate->enableTimeRegulation(interval(lookahead));
+      expect(federate, {"timeRegulationEnabled(0)"});
+   }
+
+   static void constrain(Federate& federate)
+   {
+      federate->enableTimeConstrained();
+      expect(federate, {"timeConstrainedEnabled(0)"});
+   }
+
+   // For a federate that nobody holds back.
+   void advance(Federate& federate, int to)
+   {
+      federate->timeAdvanceRequest(time(to));
+      expect(federate, {granted(to)});
+   }
+
+   static std::string granted(int when) { return "timeAdvanceGrant(" + std::to_string(when) + ")"; }
+
+   // An update of alpha's car and what beta makes of it when it is sent and received in time stamp order.
+   MessageRetractionHandle update(std::string const& value, int when)
+   {
+      return alpha->updateAttributeValues(object, values({{position, value}}), bytes(""), time(when));
+   }
+   static std::string reflected(std::string const& value, int when)
+   {
+      return "reflectAttributeValues(car, {Position=" + value + "}, , TSO, reliable, at " +
+             std::to_string(when) + " TSO retractable, by alpha)";
+   }
+
+   void say(std::string const& value)
+   {
+      alpha->sendInteraction(message, values({{words, value}}), bytes(""));
+   }
+   static std::string said(std::string const& value)
+   {
+      return "receiveInteraction(Message, {Words=" + value + "}, , RO, reliable, by alpha)";
+   }
+
+   std::string galt(Federate& federate) { return show(federate->queryGALT()); }
+   std::string lits(Federate& federate) { return show(federate->queryLITS()); }
+   static std::string now(Federate& federate) { return system_tests::show(*federate->queryLogicalTime()); }
+   static std::string lookahead(Federate& federate)
+   {
+      return system_tests::show(*federate->queryLookahead());
+   }
+
+   ObjectInstanceHandle object;
+
+private:
+   static std::string show(TimeQueryReturn const& answer)
+   {
+      return answer.timeIsValid ? system_tests::show(*answer.time) : "none";
+   }
+};
+IN_BOTH_CALLBACK_MODELS(TimeManagement);
+
+using Advance = void (RTIambassador::*)(LogicalTime const&);
+constexpr Advance advances[] = {
+   &RTIambassador::timeAdvanceRequest, &RTIambassador::timeAdvanceRequestAvailable,
+   &RTIambassador::nextMessageRequest, &RTIambassador::nextMessageRequestAvailable,
+   &RTIambassador::flushQueueRequest};
+
+TEST_P(TimeManagement, IsTakenUpAndGivenUp)
+{
+   EXPECT_EQ(refusal([&] { alpha->disableTimeRegulation(); }), "TimeRegulationIsNotEnabled");
+   EXPECT_EQ(refusal([&] { alpha->disableTimeConstrained(); }), "TimeConstrainedIsNotEnabled");
+   EXPECT_EQ(refusal([&] { alpha->queryLookahead(); }), "TimeRegulationIsNotEnabled");
+   EXPECT_EQ(refusal([&] { alpha->modifyLookahead(interval(1)); }), "TimeRegulationIsNotEnabled");
+   EXPECT_EQ(refusal([&] { alpha->enableTimeRegulation(interval(-1)); }), "InvalidLookahead");
+   EXPECT_EQ(refusal([&] { alpha->disableAsynchronousDelivery(); }), "AsynchronousDeliveryAlreadyDisabled");
+
+   regulate(alpha, 3);
+   constrain(alpha);
+   alpha->enableAsynchronousDelivery();
+   EXPECT_EQ(lookahead(alpha), "3");
+   EXPECT_EQ(refusal([&] { alpha->enableTimeRegulation(interval(1)); }), "TimeRegulationAlreadyEnabled");
+   EXPECT_EQ(refusal([&] { alpha->enableTimeConstrained(); }), "TimeConstrainedAlreadyEnabled");
+   EXPECT_EQ(refusal([&] { alpha->modifyLookahead(interval(-1)); }), "InvalidLookahead");
+   EXPECT_EQ(refusal([&] { alpha->enableAsynchronousDelivery(); }), "AsynchronousDeliveryAlreadyEnabled");
+
+   alpha->disableTimeRegulation();
+   alpha->disableTimeConstrained();
+   alpha->disableAsynchronousDelivery();
+   EXPECT_EQ(refusal([&] { alpha->disableTimeRegulation(); }), "TimeRegulationIsNotEnabled");
+   EXPECT_EQ(refusal([&] { alpha->disableTimeConstrained(); }), "TimeConstrainedIsNotEnabled");
+   regulate(alpha, 0);
+   constrain(alpha);
+}
+
+TEST_P(TimeManagement, IsTakenUpWhenTheCallbackSaysSo)
+{
+   alpha->disableCallbacks();
+   alpha->enableTimeRegulation(interval(1));
+   EXPECT_EQ(refusal([&] { alpha->enableTimeRegulation(interval(1)); }), "RequestForTimeRegulationPending");
+   for (Advance const request : advances) {
+      EXPECT_EQ(refusal([&] { ((*alpha).*request)(time(5)); }), "RequestForTimeRegulationPending");
+   }
+   beta->disableCallbacks();
+   beta->enableTimeConstrained();
+   EXPECT_EQ(refusal([&] { beta->enableTimeConstrained(); }), "RequestForTimeConstrainedPending");
+   for (Advance const request : advances) {
+      EXPECT_EQ(refusal([&] { ((*beta).*request)(time(5)); }), "RequestForTimeConstrainedPending");
+   }
+   alpha->enableCallbacks();
+   beta->enableCallbacks();
+   expect(alpha, {"timeRegulationEnabled(0)"});
+   expect(beta, {"timeConstrainedEnabled(0)"});
+}
+
+TEST_P(TimeManagement, AdvancesAtWillWhereNothingHoldsBack)
+{
+   EXPECT_EQ(now(alpha), "0");
+   int to = 0;
+   for (Advance const request : advances) {
+      ((*alpha).*request)(time(++to));
+      expect(alpha, {granted(to)});
+      EXPECT_EQ(now(alpha), std::to_string(to));
+      for (Advance const backwards : advances) {
+         EXPECT_EQ(refusal([&] { ((*alpha).*backwards)(time(to - 1)); }), "LogicalTimeAlreadyPassed");
+      }
+   }
+   advance(alpha, to);
+   regulate(beta, 1); // which does not hold back who is not constrained
+   advance(alpha, 100);
+   advance(beta, 50);
+}
+
+TEST_P(TimeManagement, HoldsConstrainedFederatesBack)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   beta->timeAdvanceRequest(time(10));
+   expectNothing(beta);
+   EXPECT_EQ(now(beta), "0");
+   for (Advance const request : advances) {
+      EXPECT_EQ(refusal([&] { ((*beta).*request)(time(20)); }), "InTimeAdvancingState");
+   }
+   EXPECT_EQ(refusal([&] { beta->enableTimeRegulation(interval(1)); }), "InTimeAdvancingState");
+   advance(alpha, 9); // from 10 on there may be more
+   expectNothing(beta);
+   advance(alpha, 10);
+   expect(beta, {granted(10)});
+   EXPECT_EQ(now(beta), "10");
+}
+
+TEST_P(TimeManagement, LetsGoWithTheLastRegulatingFederate)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   beta->timeAdvanceRequest(time(10));
+   expectNothing(beta);
+   alpha->disableTimeRegulation();
+   expect(beta, {granted(10)});
+
+   alpha->enableTimeRegulation(interval(1));
+   alpha.callbacks(1);
+   EXPECT_EQ(refusal([&] { update("1", 10); }), "InvalidLogicalTime"); // or beta's past would change
+   beta->timeAdvanceRequest(time(20));
+   expectNothing(beta);
+   alpha->resignFederationExecution(DELETE_OBJECTS);
+   expectInAnyOrder(beta, {granted(20), "removeObjectInstance(car, , RO, by alpha)"});
+}
+
+TEST_P(TimeManagement, TellsHowFarMessagesCanCome)
+{
+   EXPECT_EQ(galt(alpha), "none");
+   EXPECT_EQ(lits(alpha), "none");
+   regulate(alpha, 2);
+   EXPECT_EQ(galt(alpha), "none"); // nobody sends to himself
+   EXPECT_EQ(galt(beta), "2");
+   constrain(beta);
+   advance(alpha, 5);
+   update("1", 9);
+   update("2", 8);
+   EXPECT_EQ(galt(beta), "7");
+   EXPECT_EQ(lits(beta), "7");
+   advance(alpha, 20);
+   EXPECT_EQ(galt(beta), "22");
+   EXPECT_EQ(lits(beta), "8");
+   regulate(beta, 30);
+   EXPECT_EQ(galt(alpha), "30");
+   EXPECT_EQ(galt(beta), "22");
+}
+
+TEST_P(TimeManagement, DeliversInTheOrderOfTime)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   EXPECT_TRUE(update("c", 7).isValid());
+   update("a", 5);
+   alpha->sendInteraction(accident, values({{damage, "b"}}), bytes(""), time(6));
+   update("d", 11);
+   beta->timeAdvanceRequest(time(6));
+   expectNothing(beta);
+   advance(alpha, 10);
+   expect(beta, {reflected("a", 5),
+                 "receiveInteraction(Accident, {Damage=b}, , TSO, reliable, at 6 TSO retractable, by alpha)",
+                 granted(6)});
+   advance(alpha, 20);
+   expectNothing(beta);
+   beta->timeAdvanceRequest(time(11));
+   expect(beta, {reflected("c", 7), reflected("d", 11), granted(11)});
+   alpha->deleteObjectInstance(object, bytes("gone"), time(25));
+   advance(alpha, 30);
+   EXPECT_EQ(beta->getKnownObjectClassHandle(object), car); // as yet
+   beta->timeAdvanceRequest(time(30));
+   expect(beta, {"removeObjectInstance(car, gone, TSO, at 25 TSO retractable, by alpha)", granted(30)});
+}
+
+TEST_P(TimeManagement, OrdersOnlyWhatIsSentAndReceivedInOrder)
+{
+   // Not regulating: without order, though with a time.
+   EXPECT_FALSE(update("1", 5).isValid());
+   expect(beta, {"reflectAttributeValues(car, {Position=1}, , RO, reliable, at 5 RO, by alpha)"});
+   regulate(alpha, 1);
+   // Not constrained: without order on arrival.
+   update("2", 5);
+   expect(beta,
+          {"reflectAttributeValues(car, {Position=2}, , TSO, reliable, at 5 RO retractable, by alpha)"});
+
+   constrain(beta);
+   beta->enableAsynchronousDelivery();
+   auto const updateAll = [&] {
+      return alpha->updateAttributeValues(object, values({{position, "1"}, {fuel, "2"}}), bytes(""), time(5));
+   };
+   EXPECT_TRUE(updateAll().isValid());
+   expect(beta, {"reflectAttributeValues(car, {Fuel=2}, , RO, reliable, at 5 RO, by alpha)"});
+   alpha->changeAttributeOrderType(object, {position}, RECEIVE);
+   alpha->changeAttributeOrderType(object, {fuel}, TIMESTAMP);
+   alpha->changeInteractionOrderType(message, TIMESTAMP);
+   alpha->changeInteractionOrderType(accident, RECEIVE);
+   updateAll();
+   alpha->sendInteraction(message, {}, bytes(""), time(7));
+   EXPECT_FALSE(alpha->sendInteraction(accident, {}, bytes(""), time(7)).isValid());
+   expect(beta, {"reflectAttributeValues(car, {Position=1}, , RO, reliable, at 5 RO, by alpha)",
+                 "receiveInteraction(Accident, {}, , RO, reliable, at 7 RO, by alpha)"});
+   advance(alpha, 10);
+   beta->timeAdvanceRequest(time(10));
+   expect(beta,
+          {reflected("1", 5),
+           "reflectAttributeValues(car, {Fuel=2}, , TSO, reliable, at 5 TSO retractable, by alpha)",
+           "receiveInteraction(Message, {}, , TSO, reliable, at 7 TSO retractable, by alpha)", granted(10)});
+   EXPECT_EQ(refusal([&] { beta->changeAttributeOrderType(object, {fuel}, RECEIVE); }), "AttributeNotOwned");
+   EXPECT_EQ(refusal([&] { alpha->changeAttributeOrderType(object, {load}, RECEIVE); }),
+             "AttributeNotDefined");
+   EXPECT_EQ(refusal([&] { alpha->changeAttributeOrderType({}, {fuel}, RECEIVE); }),
+             "ObjectInstanceNotKnown");
+}
+
+TEST_P(TimeManagement, KeepsSendersToTheirLookahead)
+{
+   auto const refusalAt = [&](int when) { return refusal([&] { update("1", when); }); };
+   beta->unsubscribeObjectClass(car);
+   regulate(alpha, 3);
+   constrain(alpha);
+   EXPECT_EQ(refusalAt(2), "InvalidLogicalTime");
+   EXPECT_EQ(refusalAt(3), "nothing");
+   regulate(beta, 1);
+   alpha->timeAdvanceRequest(time(10));
+   EXPECT_EQ(refusalAt(12), "InvalidLogicalTime"); // as if the time were there already
+   EXPECT_EQ(refusalAt(13), "nothing");
+   EXPECT_EQ(refusal([&] { alpha->sendInteraction(accident, {}, {}, time(12)); }), "InvalidLogicalTime");
+   EXPECT_EQ(refusal([&] { alpha->deleteObjectInstance(object, {}, time(12)); }), "InvalidLogicalTime");
+   beta->disableTimeRegulation();
+   alpha.callbacks(1);
+   EXPECT_EQ(refusalAt(12), "InvalidLogicalTime");
+
+   alpha->modifyLookahead(interval(0));
+   advance(alpha, 20);
+   EXPECT_EQ(refusalAt(20), "InvalidLogicalTime"); // granted up to and with 20
+   EXPECT_EQ(refusalAt(21), "nothing");
+   alpha->timeAdvanceRequestAvailable(time(30));
+   expect(alpha, {granted(30)});
+   EXPECT_EQ(refusalAt(30), "nothing");
+}
+
+TEST_P(TimeManagement, ShortensALookaheadAsTimeGoesBy)
+{
+   regulate(alpha, 5);
+   alpha->modifyLookahead(interval(8));
+   EXPECT_EQ(lookahead(alpha), "8");
+   alpha->modifyLookahead(interval(2));
+   EXPECT_EQ(lookahead(alpha), "8");
+   EXPECT_EQ(galt(beta), "8");
+   advance(alpha, 3);
+   EXPECT_EQ(lookahead(alpha), "5");
+   EXPECT_EQ(galt(beta), "8");
+   advance(alpha, 10);
+   EXPECT_EQ(lookahead(alpha), "2");
+   EXPECT_EQ(galt(beta), "12");
+}
+
+TEST_P(TimeManagement, GoesToTheNextMessage)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   update("a", 4);
+   update("b", 4);
+   update("c", 6);
+   advance(alpha, 4);
+   beta->nextMessageRequest(time(10));
+   expect(beta, {reflected("a", 4), reflected("b", 4), granted(4)});
+   beta->nextMessageRequest(time(5));
+   expectNothing(beta); // there may be more at 5
+   advance(alpha, 5);
+   expect(beta, {granted(5)});
+   beta->nextMessageRequest(time(10));
+   expectNothing(beta);
+   update("d", 9); // c is still the next
+   advance(alpha, 20);
+   expect(beta, {reflected("c", 6), granted(6)});
+   beta->nextMessageRequest(time(10));
+   expect(beta, {reflected("d", 9), granted(9)});
+   beta->nextMessageRequest(time(10));
+   expect(beta, {granted(10)});
+}
+
+TEST_P(TimeManagement, GoesAsFarAsMessagesAreAvailable)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   advance(alpha, 4);
+   beta->timeAdvanceRequestAvailable(time(5));
+   expect(beta, {granted(5)});
+   update("a", 5);
+   beta->timeAdvanceRequestAvailable(time(6));
+   expectNothing(beta);
+   advance(alpha, 5);
+   expect(beta, {reflected("a", 5), granted(6)});
+   update("b", 6);
+   beta->nextMessageRequestAvailable(time(10));
+   expect(beta, {reflected("b", 6), granted(6)});
+   update("c", 6);
+   beta->nextMessageRequestAvailable(time(10));
+   expect(beta, {reflected("c", 6), granted(6)});
+   beta->nextMessageRequest(time(10));
+   expectNothing(beta);
+   advance(alpha, 20);
+   expect(beta, {granted(10)});
+}
+
+TEST_P(TimeManagement, FlushesTheQueue)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   advance(alpha, 5);
+   update("b", 30);
+   update("a", 8);
+   beta->flushQueueRequest(time(10));
+   expect(beta, {reflected("a", 8), reflected("b", 30), granted(6)});
+   advance(alpha, 50);
+   update("c", 55);
+   beta->flushQueueRequest(time(20));
+   expect(beta, {reflected("c", 55), granted(20)});
+   update("d", 52);
+   beta->flushQueueRequest(time(100));
+   expect(beta, {reflected("d", 52), granted(51)});
+}
+
+TEST_P(TimeManagement, NeverWaitsForItself)
+{
+   for (Federate* const federate : {&alpha, &beta}) {
+      regulate(*federate, 0);
+      constrain(*federate);
+   }
+   int to = 0;
+   for (Advance const ofAlpha : advances) {
+      for (Advance const ofBeta : advances) {
+         to += 10;
+         ((*alpha).*ofAlpha)(time(to));
+         ((*beta).*ofBeta)(time(to));
+         if (ofAlpha == ofBeta && ofAlpha != &RTIambassador::flushQueueRequest) {
+            expectEach({&alpha, &beta}, {granted(to)});
+         }
+         // Who is granted, be it less than he asked for, goes on; so both must get on.
+         for (int round = 0; round < 4; ++round) {
+            for (Federate* const federate : {&alpha, &beta}) {
+               federate->callbacks();
+               refusal([&] { (*federate)->timeAdvanceRequest(time(to + 5)); });
+            }
+         }
+         alpha.callbacks();
+         beta.callbacks();
+         EXPECT_EQ(now(alpha), std::to_string(to + 5));
+         EXPECT_EQ(now(beta), std::to_string(to + 5));
+      }
+   }
+}
+
+TEST_P(TimeManagement, DeliversWithoutOrderOnlyToWhoIsAdvancing)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   say("early");
+   expectNothing(beta);
+   beta->timeAdvanceRequest(time(5));
+   expect(beta, {said("early")});
+   say("meanwhile");
+   expect(beta, {said("meanwhile")});
+   advance(alpha, 10);
+   expect(beta, {granted(5)});
+   say("late");
+   expectNothing(beta);
+   beta->enableAsynchronousDelivery();
+   expect(beta, {said("late")});
+   say("any time");
+   expect(beta, {said("any time")});
+   beta->disableAsynchronousDelivery();
+   say("later");
+   expectNothing(beta);
+   beta->disableTimeConstrained();
+   expect(beta, {said("later")});
+}
+
+TEST_P(TimeManagement, TakesMessagesBack)
+{
+   Federate& gamma = joined("gamma"); // is not constrained
+   gamma->subscribeObjectClassAttributes(car, ofVehicle);
+   gamma.callbacks(1);
+   EXPECT_EQ(refusal([&] { alpha->retract(MessageRetractionHandle()); }), "TimeRegulationIsNotEnabled");
+   regulate(alpha, 1);
+   constrain(beta);
+   EXPECT_EQ(refusal([&] { alpha->retract(MessageRetractionHandle()); }), "InvalidMessageRetractionHandle");
+
+   MessageRetractionHandle const first = update("a", 5);
+   MessageRetractionHandle const second = update("b", 6);
+   MessageRetractionHandle const third = update("c", 7);
+   EXPECT_FALSE(first == second);
+   gamma.callbacks(3);
+   names().add(second, "second");
+   alpha->retract(second);
+   expect(gamma, {"requestRetraction(second)"});
+   EXPECT_EQ(refusal([&] { alpha->retract(second); }), "MessageCanNoLongerBeRetracted");
+   advance(alpha, 5);
+   EXPECT_EQ(refusal([&] { alpha->retract(first); }), "MessageCanNoLongerBeRetracted");
+   beta->flushQueueRequest(time(5));
+   expect(beta, {reflected("a", 5), reflected("c", 7), granted(5)});
+   names().add(third, "third");
+   alpha->retract(third); // which beta has received
+   expectEach({&beta, &gamma}, {"requestRetraction(third)"});
+   EXPECT_EQ(refusal([&] { beta->retract(third); }), "TimeRegulationIsNotEnabled");
+}
+
+TEST_P(TimeManagement, SavesAtATime)
+{
+   for (Federate* const federate : {&alpha, &beta}) {
+      regulate(*federate, 1);
+      constrain(*federate);
+   }
+   advance(alpha, 0);
+   alpha->requestFederationSave(L"noon", time(10));
+   update("before", 9);
+   update("after", 12);
+   alpha->timeAdvanceRequest(time(20));
+   beta->timeAdvanceRequest(time(20));
+   expect(beta, {reflected("before", 9), "initiateFederateSave(noon, 10)"});
+   expect(alpha, {"initiateFederateSave(noon, 10)"});
+   for (Federate* const federate : {&alpha, &beta}) {
+      (*federate)->federateSaveBegun();
+      (*federate)->federateSaveComplete();
+   }
+   expect(alpha, {"federationSaved()", granted(20)});
+   expect(beta, {"federationSaved()", reflected("after", 12), granted(20)});
+   EXPECT_EQ(refusal([&] { alpha->requestFederationSave(L"past", time(5)); }), "LogicalTimeAlreadyPassed");
+}
+
+TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
+{
+   for (Federate* const federate : {&alpha, &beta}) {
+      regulate(*federate, 1);
+      constrain(*federate);
+   }
+   alpha->timeAdvanceRequest(time(10));
+   beta->timeAdvanceRequest(time(10));
+   expectEach({&alpha, &beta}, {granted(10)});
+   update("kept", 15);
+   beta->requestFederationSave(L"noon");
+   expectEach({&alpha, &beta}, {"initiateFederateSave(noon)"});
+   for (Federate* const federate : {&alpha, &beta}) {
+      (*federate)->federateSaveBegun();
+      (*federate)->federateSaveComplete();
+   }
+   expectEach({&alpha, &beta}, {"federationSaved()"});
+
+   alpha->deleteObjectInstance(object, bytes(""));
+   alpha->timeAdvanceRequest(time(30));
+   beta->timeAdvanceRequest(time(30));
+   expect(alpha, {granted(30)});
+   EXPECT_EQ(beta.callbacks(3).back(), granted(30));
+   alpha->disableTimeRegulation();
+
+   alpha->requestFederationRestore(L"noon");
+   alpha.callbacks(3);
+   beta.callbacks(2);
+   alpha->federateRestoreComplete();
+   beta->federateRestoreComplete();
+   expectEach({&alpha, &beta}, {"federationRestored()"});
+   EXPECT_EQ(now(alpha), "10");
+   EXPECT_EQ(now(beta), "10");
+   EXPECT_EQ(lookahead(alpha), "1");
+   EXPECT_TRUE(alpha->isAttributeOwnedByFederate(object, position));
+   EXPECT_EQ(beta->getKnownObjectClassHandle(object), car);
+   alpha->timeAdvanceRequest(time(20));
+   beta->timeAdvanceRequest(time(20));
+   expect(alpha, {granted(20)});
+   expect(beta, {reflected("kept", 15), granted(20)});
+}
+
+} // namespace
