@@ -23,8 +23,4 @@
 #define RTI_AUTO_PTR_END
 #endif
 
-namespace rti1516e {
-typedef long long Integer64; // signed, 64 bits on every supported machine
-} // namespace rti1516e
-
 #endif

@@ -4,6 +4,7 @@
 #include <RTI/LogicalTimeInterval.h>
 #include <RTI/SpecificConfig.h>
 #include <RTI/VariableLengthData.h>
+#include <RTI/encoding/EncodingConfig.h>
 
 #include <cstddef>
 #include <memory>

@@ -4,6 +4,7 @@
 #include <RTI/LogicalTimeFactory.h>
 #include <RTI/SpecificConfig.h>
 #include <RTI/VariableLengthData.h>
+#include <RTI/encoding/EncodingConfig.h>
 #include <RTI/time/HLAinteger64Interval.h>
 #include <RTI/time/HLAinteger64Time.h>
 

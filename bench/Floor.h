@@ -1,0 +1,60 @@
+// The crossing into Java and back, written by hand and doing no more than it must: what the library is
+// measured against.
+#pragma once
+
+#include <RTI/RTI1516.h>
+
+#include <jni.h>
+
+#include <cstddef>
+#include <vector>
+
+namespace bench {
+
+// One call of a method of a core whose methods return at once: attach, make the array, pin it, copy
+// ready-made bytes, unpin, call, delete the reference.
+class ServiceFloor
+{
+public:
+   // A method of the core's ambassador, and the bytes it is called with; none if it takes no message.
+   ServiceFloor(char const* method, char const* signature, std::size_t messageSize);
+
+   void callVoid() const;
+   jint callInt() const;
+   std::wstring callText() const;
+   void callMessageHandle() const;
+   std::auto_ptr<rti1516e::LogicalTime> callTime(rti1516e::LogicalTimeFactory& factory) const;
+
+private:
+   JNIEnv* attach() const;
+   jbyteArray newMessage(JNIEnv* env) const;
+
+   JavaVM* _vm = nullptr;
+   jobject _peer = nullptr;
+   jmethodID _method = nullptr;
+   std::vector<char> _bytes;
+   bool _hasMessage;
+};
+
+// A Java loop that calls one native a thousand times with the same message.
+class CallbackLoop
+{
+public:
+   static constexpr int times = 1000;
+
+   CallbackLoop(char const* loop, std::vector<unsigned char> const& message);
+   void run() const;
+
+private:
+   jclass _class = nullptr;
+   jmethodID _loop = nullptr;
+   jbyteArray _message = nullptr;
+};
+
+// The environment of the calling thread in the VM that the library has started.
+JNIEnv* environment();
+
+// Registers the natives that the library's callbacks are measured against, which call the federate.
+void registerFloorNatives(rti1516e::FederateAmbassador& federate, rti1516e::LogicalTimeFactory& factory);
+
+} // namespace bench
