@@ -153,6 +153,11 @@ TEST_F(CallbackTest, DecodesAwkwardValues)
            {"multipleObjectInstanceNameReservationFailed_S_Native",
             Bytes().int32(2).text(u"same").text(u"same"),
             L"multipleObjectInstanceNameReservationFailed({\"same\"})"},
+           {"receiveInteraction_ICH_PHVM_BX_OT_TTH_FASRI_Native",
+            Bytes("00000001 00000003 00000009 00000001 AA 00000005 00000001 CC 00000009 00000002 BBBB")
+               .append(Bytes("00000000 00000000 00000001 00000000 00000000")),
+            L"receiveInteraction(#00000001, {#00000005=cc, #00000009=aa}, , 1, 1, "
+            L"by nobody #00000000 in none of {})"},
            {"reportFederationExecutions_FEIS_Native", Bytes("FFFFFFFF"), L"reportFederationExecutions({})"},
            {"federationSaveStatusResponse_FHSSPX_Native",
             Bytes("00000002 00000001 00000000 00000001 00000003"),
