@@ -2,6 +2,7 @@
 #include "Samples.h"
 #include "Services.h"
 
+#include <dlfcn.h>
 #include <stdexcept>
 #include <thread>
 
@@ -32,6 +33,15 @@ TEST_P(NativeTest, PassesOnWhatTheFederateThrows)
    member.federate.inCallback = [] { throw FederateInternalError(L"x"); };
    EXPECT_EQ(core.deliver(delivery), (JavaException{hlaClass("FederateInternalError"), u"x"}));
    EXPECT_EQ(member.federate.takeCalled(), expected);
+}
+
+// The VM finds natives with plain names by itself, in whichever library has them first.
+TEST_P(NativeTest, IsExportedUnderItsCxxNameAlone)
+{
+   auto const name = "Java_morva_tovu1516e_FederateAmbassadorC2007_" + native;
+   auto const cxxName = "_Z" + std::to_string(name.size()) + name + "P7JNIEnv_P8_jobjectP11_jbyteArray";
+   EXPECT_NE(dlsym(RTLD_DEFAULT, cxxName.c_str()), nullptr);
+   EXPECT_EQ(dlsym(RTLD_DEFAULT, name.c_str()), nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, NativeTest, testing::ValuesIn(nativeNames()),
@@ -312,6 +322,12 @@ TEST_F(CallbackTest, ReachesTheFederateOfTheLatestConnectEvenIfThatFailed)
    EXPECT_EQ(deliver("federationSaved_Native", Bytes()), std::nullopt);
    EXPECT_EQ(second.takeCalled().size(), 1U);
    EXPECT_TRUE(member.federate.takeCalled().empty());
+}
+
+TEST_F(CallbackTest, StillArrivesAfterDisconnect)
+{
+   rti.disconnect();
+   EXPECT_EQ(delivered("connectionLost_S_Native", Bytes().text(u"late")), L"connectionLost(\"late\")");
 }
 
 } // namespace
