@@ -125,7 +125,8 @@ struct Decoder<std::vector<Element>>
    }
 };
 
-// Values are read where they stand in the map. The core sends them in the order of their handles.
+// Values are read where they stand in the map. The core sends them in the order of their handles. Of two with
+// the same handle the first stays.
 template <class Key, class Value>
 struct Decoder<std::map<Key, Value>>
 {
@@ -133,7 +134,10 @@ struct Decoder<std::map<Key, Value>>
    {
       readElements(from, [&] {
          auto const key = readValue<Key>(from);
-         Decoder<Value>::read(from, value.try_emplace(value.end(), key)->second);
+         auto const before = value.size();
+         auto const place = value.try_emplace(value.end(), key);
+         Value repeated;
+         Decoder<Value>::read(from, value.size() != before ? place->second : repeated);
       });
    }
 };

@@ -2,6 +2,7 @@
 #include "Samples.h"
 #include "Services.h"
 
+#include <dlfcn.h>
 #include <stdexcept>
 #include <thread>
 
@@ -32,6 +33,15 @@ TEST_P(NativeTest, PassesOnWhatTheFederateThrows)
    member.federate.inCallback = [] { throw FederateInternalError(L"x"); };
    EXPECT_EQ(core.deliver(delivery), (JavaException{hlaClass("FederateInternalError"), u"x"}));
    EXPECT_EQ(member.federate.takeCalled(), expected);
+}
+
+// The VM finds natives with plain names by itself, in whichever library has them first.
+TEST_P(NativeTest, IsExportedUnderItsCxxNameAlone)
+{
+   auto const name = "Java_morva_tovu1516e_FederateAmbassadorC2007_" + native;
+   auto const cxxName = "_Z" + std::to_string(name.size()) + name + "P7JNIEnv_P8_jobjectP11_jbyteArray";
+   EXPECT_NE(dlsym(RTLD_DEFAULT, cxxName.c_str()), nullptr);
+   EXPECT_EQ(dlsym(RTLD_DEFAULT, name.c_str()), nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, NativeTest, testing::ValuesIn(nativeNames()),
@@ -153,6 +163,11 @@ TEST_F(CallbackTest, DecodesAwkwardValues)
            {"multipleObjectInstanceNameReservationFailed_S_Native",
             Bytes().int32(2).text(u"same").text(u"same"),
             L"multipleObjectInstanceNameReservationFailed({\"same\"})"},
+           {"receiveInteraction_ICH_PHVM_BX_OT_TTH_FASRI_Native",
+            Bytes("00000001 00000003 00000009 00000001 AA 00000005 00000001 CC 00000009 00000002 BBBB")
+               .append(Bytes("00000000 00000000 00000001 00000000 00000000")),
+            L"receiveInteraction(#00000001, {#00000005=cc, #00000009=aa}, , 1, 1, "
+            L"by nobody #00000000 in none of {})"},
            {"reportFederationExecutions_FEIS_Native", Bytes("FFFFFFFF"), L"reportFederationExecutions({})"},
            {"federationSaveStatusResponse_FHSSPX_Native",
             Bytes("00000002 00000001 00000000 00000001 00000003"),
@@ -307,6 +322,12 @@ TEST_F(CallbackTest, ReachesTheFederateOfTheLatestConnectEvenIfThatFailed)
    EXPECT_EQ(deliver("federationSaved_Native", Bytes()), std::nullopt);
    EXPECT_EQ(second.takeCalled().size(), 1U);
    EXPECT_TRUE(member.federate.takeCalled().empty());
+}
+
+TEST_F(CallbackTest, StillArrivesAfterDisconnect)
+{
+   rti.disconnect();
+   EXPECT_EQ(delivered("connectionLost_S_Native", Bytes().text(u"late")), L"connectionLost(\"late\")");
 }
 
 } // namespace
