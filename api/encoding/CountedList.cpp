@@ -9,7 +9,7 @@ Extent CountedList::measure(Wanted wanted) const
    Extent extent = _elements.measure(wanted);
    extent.include({0, countLength, false});
    if (_elements.empty()) {
-      extent.include(_prototype.measure(Wanted::boundary));
+      extent.include(_prototype->measure(Wanted::boundary));
       extent.foreign = false;
    }
    return extent;
@@ -33,9 +33,9 @@ std::size_t CountedList::read(Input const& in, std::size_t index)
    if (number < _elements.size()) {
       _elements.truncate(number);
    } else if (number > _elements.size()) {
-      _prototype.measure(
+      _prototype->measure(
          Wanted::boundary); // for the clones, which remember the boundaries of what they are made from
-      _elements.appendClones(_prototype, number - _elements.size());
+      _elements.appendClones(*_prototype, number - _elements.size());
    }
    return _elements.read(in, index);
 }

@@ -3,18 +3,18 @@
 
 #include "api/encoding/ElementList.h"
 
+#include <memory>
+
 namespace rti1516e {
 
 class CountedList
 {
 public:
-   explicit CountedList(DataElement const& prototype) : _prototype(Entry::clone(prototype)) {}
-   CountedList(CountedList const& other)
-      : _prototype(Entry::clone(other._prototype)), _elements(other._elements)
+   explicit CountedList(DataElement const& prototype)
+      : _prototype(std::make_shared<Entry const>(Entry::clone(prototype)))
    {}
-   CountedList& operator=(CountedList const&) = delete;
 
-   DataElement const& prototype() const noexcept { return _prototype.element(); }
+   DataElement const& prototype() const noexcept { return _prototype->element(); }
    ElementList& elements() noexcept { return _elements; }
 
    Extent measure(Wanted wanted) const;
@@ -24,7 +24,8 @@ public:
 private:
    static constexpr unsigned int countLength = 4;
 
-   Entry _prototype;
+   // Nobody can change it, so that copies of the array have it in common.
+   std::shared_ptr<Entry const> _prototype;
    ElementList _elements{ElementList::For::array, countLength};
 };
 

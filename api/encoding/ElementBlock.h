@@ -3,7 +3,6 @@
 
 #include "api/encoding/BasicBody.h"
 #include "api/encoding/ElementAccess.h"
-#include "api/encoding/Entry.h"
 
 #include <RTI/encoding/DataElement.h>
 
@@ -12,13 +11,12 @@
 #include <limits>
 #include <memory>
 #include <new>
-#include <vector>
 
 namespace rti1516e {
 
 // A large array of basic elements made one by one would be two small pieces of memory for each, and an
 // encoding would wait for each of them. A block is one piece of memory for the values, side by side, and the
-// elements, side by side, and its encoding goes over the values alone.
+// elements, side by side, and its encoding goes over the values alone. It belongs to a row of blocks.
 class ElementBlock
 {
 public:
@@ -29,20 +27,22 @@ public:
    std::size_t capacity() const noexcept { return _capacity; }
    std::size_t size() const noexcept { return _size; }
    std::size_t room() const noexcept { return _capacity - _size; }
+   virtual DataElement& at(std::size_t index) const noexcept = 0;
 
-   // Makes elements of the value of another of the kind, no more than there is room for, and entries of them
-   // in a list that has room as well. A failure leaves those that were made before.
-   virtual void append(DataElement const& original, Kind kind, std::size_t number,
-                       std::vector<Entry>& entries) = 0;
-   // Takes the last element away.
+   // Makes elements of the value of another of the kind, or of the values in another block of the kind, no
+   // more than there is room for. A failure leaves those that were made before.
+   virtual void append(DataElement const& original, std::size_t number) = 0;
+   virtual void append(ElementBlock const& originals) = 0;
    virtual void removeLast() noexcept = 0;
 
-   // All elements, one after another.
+   // The operations of a body, upon all elements one after another.
+   virtual void measure(Wanted wanted, Extent& all) const = 0;
    virtual void write(Output& out) const = 0;
    virtual std::size_t read(Input const& in, std::size_t index) = 0;
 
-   // The block behind this one.
    std::unique_ptr<ElementBlock> next;
+   ElementBlock* previous = nullptr;
+   std::size_t first = 0; // the index of its first element in the row
 
 protected:
    explicit ElementBlock(std::size_t capacity) noexcept : _capacity(capacity) {}
@@ -76,16 +76,20 @@ public:
       }
    }
 
-   void append(DataElement const& original, Kind kind, std::size_t number,
-               std::vector<Entry>& entries) override
+   DataElement& at(std::size_t index) const noexcept override { return elements()[index]; }
+
+   void append(DataElement const& original, std::size_t number) override
    {
       auto const& value = ElementAccess::body(static_cast<Element const&>(original)).value();
       for (; number != 0; --number) {
-         Body* const body = new (bodies() + _size) Body(value);
-         Element* const element = ElementAccess::place<Element>(elements() + _size, *body);
-         ++_size;
-         entries.push_back(Entry::inBlock(*element, kind));
+         append(value);
       }
+   }
+
+   void append(ElementBlock const& originals) override
+   {
+      auto const& block = static_cast<BasicBlock const&>(originals);
+      std::for_each_n(block.bodies(), block._size, [this](Body const& body) { append(body.value()); });
    }
 
    void removeLast() noexcept override
@@ -93,6 +97,12 @@ public:
       --_size;
       ElementAccess::remove(elements() + _size);
       bodies()[_size].~Body();
+   }
+
+   void measure(Wanted wanted, Extent& all) const override
+   {
+      std::for_each_n(bodies(), _size,
+                      [wanted, &all](Body const& body) { all.append(body.measure(wanted)); });
    }
 
    void write(Output& out) const override
@@ -149,15 +159,19 @@ private:
 
    explicit BasicBlock(std::size_t capacity) noexcept : ElementBlock(capacity) {}
 
+   void append(typename Row::Value const& value)
+   {
+      Body* const body = new (bodies() + _size) Body(value);
+      ElementAccess::place<Element>(elements() + _size, *body);
+      ++_size;
+   }
+
    Body* bodies() const noexcept
    {
       static_assert(alignof(Body) <= alignof(BasicBlock) && alignof(Element) <= alignof(BasicBlock));
-      return std::launder(reinterpret_cast<Body*>(const_cast<BasicBlock*>(this) + 1));
+      return reinterpret_cast<Body*>(const_cast<BasicBlock*>(this) + 1);
    }
-   Element* elements() const noexcept
-   {
-      return std::launder(reinterpret_cast<Element*>(bodies() + capacity()));
-   }
+   Element* elements() const noexcept { return reinterpret_cast<Element*>(bodies() + capacity()); }
 };
 
 } // namespace rti1516e

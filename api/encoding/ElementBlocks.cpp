@@ -5,38 +5,74 @@
 
 namespace rti1516e {
 
-void ElementBlocks::append(DataElement const& original, Kind kind, std::size_t number,
-                           std::vector<Entry>& entries)
+namespace {
+
+constexpr std::size_t smallestBlock = 4;
+
+} // namespace
+
+ElementBlocks::ElementBlocks(ElementBlocks const& other) : _kind(other._kind)
 {
+   if (other.size() != 0) {
+      addBlock(other.size());
+   }
+   for (ElementBlock const* block = other._first.get(); block != nullptr; block = block->next.get()) {
+      _last->append(*block);
+   }
+}
+
+DataElement& ElementBlocks::at(std::size_t index) const noexcept
+{
+   // Half of all elements stand in the last block.
+   ElementBlock const* block = _last;
+   while (index < block->first) {
+      block = block->previous;
+   }
+   return block->at(index - block->first);
+}
+
+void ElementBlocks::append(DataElement const& original, Kind kind, std::size_t number)
+{
+   if (size() == 0) {
+      truncate(0); // a block of another kind may be left from a failure
+      _kind = kind;
+   }
    while (number != 0) {
       if (_last == nullptr || _last->room() == 0) {
-         std::unique_ptr<ElementBlock>& end = _last == nullptr ? _first : _last->next;
-         end = rowOf(kind).makeBlock(entries.capacity() - entries.size());
-         _last = end.get();
+         addBlock(std::max({number, size(), smallestBlock}));
       }
       std::size_t const fitting = std::min(number, _last->room());
-      _last->append(original, kind, fitting, entries);
+      _last->append(original, fitting);
       number -= fitting;
    }
 }
 
-void ElementBlocks::removeLast() noexcept
+void ElementBlocks::addBlock(std::size_t capacity)
 {
-   if (_last->size() == 0) {
-      ElementBlock* before = _first.get();
-      while (before->next.get() != _last) {
-         before = before->next.get();
-      }
-      before->next.reset();
-      _last = before;
-   }
-   _last->removeLast();
+   std::unique_ptr<ElementBlock> block = rowOf(_kind).makeBlock(capacity);
+   block->first = size();
+   block->previous = _last;
+   ElementBlock* const added = block.get();
+   (_last == nullptr ? _first : _last->next) = std::move(block);
+   _last = added;
 }
 
-void ElementBlocks::clear() noexcept
+void ElementBlocks::truncate(std::size_t size) noexcept
 {
-   _first.reset();
-   _last = nullptr;
+   while (_last != nullptr && _last->first >= size) {
+      _last = _last->previous;
+      (_last == nullptr ? _first : _last->next).reset();
+   }
+   while (this->size() > size) {
+      _last->removeLast();
+   }
+}
+
+void ElementBlocks::measure(Wanted wanted, Extent& all) const
+{
+   for (ElementBlock const* block = _first.get(); block != nullptr; block = block->next.get()) {
+      block->measure(wanted, all);
+   }
 }
 
 void ElementBlocks::write(Output& out) const

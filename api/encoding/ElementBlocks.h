@@ -2,31 +2,43 @@
 #pragma once
 
 #include "api/encoding/ElementBlock.h"
+#include "api/encoding/Kind.h"
 
 #include <cstddef>
 #include <memory>
-#include <vector>
 
 namespace rti1516e {
 
-// Blocks that grow as a list of entries grows, so that there are few of them.
+// A row of blocks, each about as large as all before it, so that there are few of them. An element stays
+// where it is as long as it lives.
 class ElementBlocks
 {
 public:
-   // Makes elements of the value of another of the kind, and their entries, for which the list has room. A
-   // failure leaves those that were made before.
-   void append(DataElement const& original, Kind kind, std::size_t number, std::vector<Entry>& entries);
-   // Takes the last element away.
-   void removeLast() noexcept;
-   void clear() noexcept;
+   ElementBlocks() noexcept = default;
+   // Copies the values.
+   ElementBlocks(ElementBlocks const& other);
+   ElementBlocks& operator=(ElementBlocks const&) = delete;
 
-   // All elements, one after another.
+   std::size_t size() const noexcept { return _last == nullptr ? 0 : _last->first + _last->size(); }
+   // If there are elements.
+   Kind kind() const noexcept { return _kind; }
+   DataElement& at(std::size_t index) const noexcept;
+
+   // Makes elements of the value of another of the kind. A failure leaves those that were made before.
+   void append(DataElement const& original, Kind kind, std::size_t number);
+   void truncate(std::size_t size) noexcept;
+
+   // The operations of a body, upon all elements one after another.
+   void measure(Wanted wanted, Extent& all) const;
    void write(Output& out) const;
    std::size_t read(Input const& in, std::size_t index);
 
 private:
+   void addBlock(std::size_t capacity);
+
    std::unique_ptr<ElementBlock> _first;
    ElementBlock* _last = nullptr;
+   Kind _kind = Kind::foreign;
 };
 
 } // namespace rti1516e

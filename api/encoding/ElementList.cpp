@@ -8,47 +8,45 @@
 
 namespace rti1516e {
 
-namespace {
-
-constexpr std::size_t smallestRoom = 4; // for a list that grows element by element
-
-} // namespace
-
-ElementList::ElementList(ElementList const& other) : ElementList(other._use, other._start)
+ElementList::ElementList(ElementList const& other)
+   : _blocks(other.inBlocks() ? ElementBlocks(other._blocks) : ElementBlocks()),
+     _use(other._use),
+     _start(other._start)
 {
-   reserve(other.size());
+   accountAll();
+   _entries.reserve(other._entries.size());
    for (Entry const& entry : other._entries) {
-      if (mayKeepInBlocks(entry.kind())) {
-         appendToBlocks(entry.element(), entry.kind(), 1);
-      } else {
-         appendSingly(Entry::clone(entry));
-      }
+      appendClones(entry, 1);
    }
 }
 
 DataElement& ElementList::at(std::size_t index) const
 {
-   if (index >= _entries.size()) {
+   if (index >= size()) {
       failure::raise(failure::arrayIndexOutOfBounds);
    }
-   return _entries[index].element();
+   return inBlocks() ? _blocks.at(index) : _entries[index].element();
 }
 
 void ElementList::append(DataElement const& element)
 {
-   reserve(1);
-   Kind const kind = kindOf(element, empty() ? Kind::foreign : _entries.back().kind());
+   Kind const kind = kindOf(element, _entries.empty() ? _blocks.kind() : _entries.back().kind());
    if (mayKeepInBlocks(kind)) {
-      appendToBlocks(element, kind, 1);
+      _blocks.append(element, kind, 1);
+      account(kind, 1);
    } else {
-      appendSingly(Entry::clone(element));
+      append(Entry::clone(element));
    }
 }
 
-void ElementList::append(DataElement* element)
+void ElementList::append(DataElement* element) { append(Entry::lent(element)); }
+
+void ElementList::append(Entry entry)
 {
-   reserve(1);
-   appendSingly(Entry::lent(element));
+   leaveBlocks();
+   Kind const kind = entry.kind();
+   _entries.push_back(std::move(entry));
+   account(kind, 1);
 }
 
 void ElementList::appendClones(DataElement const& prototype, std::size_t number)
@@ -58,18 +56,21 @@ void ElementList::appendClones(DataElement const& prototype, std::size_t number)
 
 void ElementList::appendClones(Entry const& prototype, std::size_t number)
 {
-   if (number == 0) {
-      return;
-   }
    std::size_t const before = size();
-   reserve(number);
    try {
-      if (mayKeepInBlocks(prototype.kind())) {
-         appendToBlocks(prototype.element(), prototype.kind(), number);
-      } else {
-         for (; number != 0; --number) {
-            appendSingly(Entry::clone(prototype));
-         }
+      if (mayKeepInBlocks(prototype.kind()) && number != 0) {
+         _blocks.append(prototype.element(), prototype.kind(), number);
+         account(prototype.kind(), number);
+         return;
+      }
+      if (number > _entries.max_size() - before) {
+         throw std::bad_alloc();
+      }
+      if (before + number > _entries.capacity()) {
+         _entries.reserve(std::max(before + number, std::min(2 * before, _entries.max_size())));
+      }
+      for (; number != 0; --number) {
+         append(Entry::clone(prototype));
       }
    } catch (...) {
       truncate(before);
@@ -79,25 +80,21 @@ void ElementList::appendClones(Entry const& prototype, std::size_t number)
 
 void ElementList::replace(std::size_t index, DataElement const& element)
 {
-   Entry const& entry = _entries[index];
-   Kind const kind = kindOf(element, entry.kind());
-   if (_inBlocks && kind == entry.kind()) {
-      rowOf(kind).assign(entry.element(), element);
+   Kind const kind = kindOf(element, inBlocks() ? _blocks.kind() : _entries[index].kind());
+   if (inBlocks() && kind == _blocks.kind()) {
+      rowOf(kind).assign(_blocks.at(index), element);
    } else {
-      replaceEntry(index, Entry::clone(element));
+      replace(index, Entry::clone(element));
    }
 }
 
-void ElementList::replace(std::size_t index, DataElement* element)
-{
-   replaceEntry(index, Entry::lent(element));
-}
+void ElementList::replace(std::size_t index, DataElement* element) { replace(index, Entry::lent(element)); }
 
-void ElementList::replaceEntry(std::size_t index, Entry entry) noexcept
+void ElementList::replace(std::size_t index, Entry entry)
 {
+   leaveBlocks();
    bool const sameKind = entry.kind() == _entries[index].kind();
    _entries[index] = std::move(entry);
-   _inBlocks = false;
    if (!sameKind) {
       accountAll();
    }
@@ -105,14 +102,14 @@ void ElementList::replaceEntry(std::size_t index, Entry entry) noexcept
 
 void ElementList::truncate(std::size_t size) noexcept
 {
-   for (; _entries.size() > size; _entries.pop_back()) {
-      if (_inBlocks) {
-         _blocks.removeLast();
-      }
+   if (inBlocks()) {
+      _blocks.truncate(size);
    }
-   if (empty()) {
-      _blocks.clear();
-      _inBlocks = false;
+   while (_entries.size() > size) {
+      _entries.pop_back();
+   }
+   if (_entries.empty() && size == 0) {
+      _blocks.truncate(0);
    }
    accountAll();
 }
@@ -120,37 +117,21 @@ void ElementList::truncate(std::size_t size) noexcept
 bool ElementList::mayKeepInBlocks(Kind kind) const noexcept
 {
    return _use == For::array && rowOf(kind).makeBlock != nullptr &&
-          (empty() || (_inBlocks && kind == _entries.back().kind()));
+          (empty() || (inBlocks() && kind == _blocks.kind()));
 }
 
-void ElementList::reserve(std::size_t number)
+void ElementList::leaveBlocks()
 {
-   if (number > _entries.max_size() - size()) {
-      throw std::bad_alloc();
+   if (!inBlocks()) {
+      return;
    }
-   std::size_t const needed = size() + number;
-   if (needed > _entries.capacity()) {
-      std::size_t const doubled = std::min(2 * size(), _entries.max_size());
-      _entries.reserve(std::max({needed, doubled, number == 1 ? smallestRoom : 0}));
+   std::size_t const size = _blocks.size();
+   std::vector<Entry> entries;
+   entries.reserve(2 * size);
+   for (std::size_t i = 0; i < size; ++i) {
+      entries.push_back(Entry::inBlock(_blocks.at(i), _blocks.kind()));
    }
-}
-
-void ElementList::appendToBlocks(DataElement const& element, Kind kind, std::size_t number)
-{
-   if (empty()) {
-      _blocks.clear(); // one of another kind may be left from a failure
-      _inBlocks = true;
-   }
-   _blocks.append(element, kind, number, _entries);
-   account(kind, number);
-}
-
-void ElementList::appendSingly(Entry entry)
-{
-   Kind const kind = entry.kind();
-   _entries.push_back(std::move(entry));
-   _inBlocks = false;
-   account(kind, 1);
+   _entries = std::move(entries);
 }
 
 void ElementList::account(Kind kind, std::size_t number) noexcept
@@ -169,6 +150,9 @@ void ElementList::accountAll() noexcept
    _allOfOneBoundary = true;
    _boundary = 1;
    _length = _start;
+   if (inBlocks()) {
+      account(_blocks.kind(), _blocks.size());
+   }
    for (Entry const& entry : _entries) {
       account(entry.kind(), 1);
    }
@@ -177,6 +161,9 @@ void ElementList::accountAll() noexcept
 Extent ElementList::measureEach(Wanted wanted) const
 {
    Extent all{_start, 1, false};
+   if (inBlocks()) {
+      _blocks.measure(wanted, all);
+   }
    for (Entry const& entry : _entries) {
       all.append(entry.measure(wanted));
    }
@@ -185,9 +172,8 @@ Extent ElementList::measureEach(Wanted wanted) const
 
 void ElementList::write(Output& out) const
 {
-   if (_inBlocks) {
+   if (inBlocks()) {
       _blocks.write(out);
-      return;
    }
    for (Entry const& entry : _entries) {
       entry.write(out);
@@ -196,8 +182,8 @@ void ElementList::write(Output& out) const
 
 std::size_t ElementList::read(Input const& in, std::size_t index)
 {
-   if (_inBlocks) {
-      return _blocks.read(in, index);
+   if (inBlocks()) {
+      index = _blocks.read(in, index);
    }
    for (Entry& entry : _entries) {
       index = entry.read(in, index);

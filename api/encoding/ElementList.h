@@ -14,13 +14,13 @@ namespace rti1516e {
 // Elements that are encoded one after another, each aligned to its own boundary: the body of a fixed array
 // and of a fixed record, and the greater part of a variable array's.
 //
-// Lists for arrays keep clones of one basic kind in blocks, as long as all elements are such clones in the
-// blocks' order. As soon as something else comes in, the blocks are closed: what is in them stays until the
-// list goes, and is reached through the entries like all others.
+// A list for an array keeps its elements in blocks alone, as long as all of them are clones of one basic
+// kind. As soon as something else comes in, there is an entry for each element, and what is in the blocks
+// stays there.
 class ElementList
 {
 public:
-   enum class For
+   enum class For : std::uint8_t
    {
       record,
       array
@@ -33,8 +33,8 @@ public:
    ElementList(ElementList const& other);
    ElementList& operator=(ElementList const&) = delete;
 
-   std::size_t size() const noexcept { return _entries.size(); }
-   bool empty() const noexcept { return _entries.empty(); }
+   std::size_t size() const noexcept { return _entries.empty() ? _blocks.size() : _entries.size(); }
+   bool empty() const noexcept { return size() == 0; }
 
    // Fails if there is no such element.
    DataElement& at(std::size_t index) const;
@@ -59,17 +59,17 @@ public:
    std::size_t read(Input const& in, std::size_t index);
 
 private:
-   Extent measureEach(Wanted wanted) const;
+   bool inBlocks() const noexcept { return _entries.empty() && _blocks.size() != 0; }
    bool mayKeepInBlocks(Kind kind) const noexcept;
-   void reserve(std::size_t number);
-   void appendToBlocks(DataElement const& element, Kind kind, std::size_t number);
-   void appendSingly(Entry entry);
-   void replaceEntry(std::size_t index, Entry entry) noexcept;
+   void leaveBlocks();
+   void append(Entry entry);
+   void replace(std::size_t index, Entry entry);
+   Extent measureEach(Wanted wanted) const;
    void account(Kind kind, std::size_t number) noexcept;
    void accountAll() noexcept;
 
-   std::vector<Entry> _entries;
    ElementBlocks _blocks;
+   std::vector<Entry> _entries; // of all elements, or none
 
    // What the elements' kinds tell of the list, so that most lists need not be looked through: where they
    // end, if each kind has one length, and their boundary, if each has one.
@@ -77,8 +77,6 @@ private:
    unsigned int _boundary = 1;
    bool _allOfOneLength = true;
    bool _allOfOneBoundary = true;
-
-   bool _inBlocks = false; // all elements are those of the blocks, and there are some
    For _use;
    std::uint8_t _start;
 };
