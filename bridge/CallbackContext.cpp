@@ -5,6 +5,8 @@
 #include <RTI/Exception.h>
 
 #include <array>
+#include <chrono>
+#include <thread>
 #include <utility>
 
 namespace tovu1516e {
@@ -19,6 +21,9 @@ std::array<CallbackContextSlot, slotCount> slots;
 
 // Where the search for a free slot starts, so that a slot is used again as late as can be.
 std::atomic<std::uint32_t> nextSlot{0};
+
+// The chain of references that live on this thread.
+[[gnu::tls_model("initial-exec")]] thread_local CallbackContextReference const* innermost = nullptr;
 
 CallbackContextSlot& slotOf(CallbackToken token) noexcept { return slots[token.value % slotCount]; }
 
@@ -64,6 +69,13 @@ void CallbackContextSlot::vacate() noexcept
 {
    std::uint64_t state = _state.load();
    while (!_state.compare_exchange_weak(state, users(state))) {
+   }
+   std::uint64_t remaining = 1;
+   for (auto const* reference = innermost; reference != nullptr; reference = reference->_outer) {
+      remaining += reference->_slot == this ? 1U : 0U;
+   }
+   while (users(_state.load()) > remaining) {
+      std::this_thread::sleep_for(std::chrono::microseconds(100));
    }
    release();
 }
@@ -172,6 +184,7 @@ bool CallbackContextReference::find(CallbackToken token) noexcept
    CallbackContextSlot& slot = slotOf(token);
    if (slot.acquire(token.value >> slotBits)) {
       _slot = &slot;
+      _outer = std::exchange(innermost, this);
    }
    return _slot != nullptr;
 }
@@ -179,6 +192,7 @@ bool CallbackContextReference::find(CallbackToken token) noexcept
 CallbackContextReference::~CallbackContextReference()
 {
    if (_slot != nullptr) {
+      innermost = _outer;
       _slot->release();
    }
 }

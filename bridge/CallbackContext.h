@@ -51,7 +51,8 @@ public:
    // Takes the slot for an ambassador if it is free; returns the generation, or 0 if the slot is taken.
    std::uint32_t occupy() noexcept;
 
-   // The ambassador is gone: from now on no token leads here. The slot is free again once nobody uses it.
+   // The ambassador is gone: from now on no token leads here. Waits until no other thread uses the slot; it is
+   // free again once this thread does not either.
    void vacate() noexcept;
 
    // Uses the slot if it is still of that generation, until release.
@@ -76,7 +77,8 @@ private:
    std::uint32_t _lastGeneration = 0; // of whoever occupies the slot alone
 };
 
-// An ambassador's place in the table, for as long as the ambassador lives.
+// An ambassador's place in the table, for as long as the ambassador lives. Once it is destroyed no callback
+// runs on another thread, so that the federate's objects may go; one of this thread's own may be underway.
 class CallbackContext
 {
 public:
@@ -124,7 +126,10 @@ public:
    std::uint16_t controlWord() const noexcept { return _slot->controlWord.load(std::memory_order_relaxed); }
 
 private:
+   friend class CallbackContextSlot;
+
    CallbackContextSlot* _slot = nullptr;
+   CallbackContextReference const* _outer = nullptr; // this thread's reference before this one
 };
 
 } // namespace tovu1516e

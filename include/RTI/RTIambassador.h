@@ -53,8 +53,9 @@ struct RTI_EXPORT TimeQueryReturn
 // arguments take more throws RTIinternalError. Arguments are copied before a service returns, and results
 // belong to the caller.
 //
-// Destroying the ambassador disconnects it. It must not be destroyed while another thread is in one of its
-// services.
+// Destroying the ambassador disconnects it and waits for those of its callbacks that other threads are in, so
+// that the federate's objects may go next. It may be destroyed in one of its own callbacks. It must not be
+// destroyed while another thread is in one of its services.
 class RTI_EXPORT RTIambassador
 {
 protected:

@@ -91,6 +91,27 @@ TEST(CallbackContexts, OutliveTheirAmbassadorForACallbackThatRuns)
    EXPECT_EQ(livingFactories, 0);
 }
 
+TEST(CallbackContexts, GoOnlyWhenNoOtherThreadIsInACallback)
+{
+   auto context = std::make_unique<CallbackContext>();
+   std::atomic<bool> inside{false};
+   std::atomic<bool> left{false};
+   std::thread callback([&inside, &left, token = context->token()] {
+      CallbackContextReference const reference(token);
+      inside = true;
+      while (CallbackContextReference(token)) { // until the ambassador begins to go
+      }
+      left = true;
+   });
+   while (!inside) {
+      std::this_thread::yield();
+   }
+   CallbackContextReference const own(context->token());
+   context.reset();
+   EXPECT_TRUE(left);
+   callback.join();
+}
+
 TEST(CallbackContexts, StandManyThreads)
 {
    constexpr int ambassadors = 4;
