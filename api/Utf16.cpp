@@ -1,4 +1,4 @@
-#include "api/encoding/Utf16.h"
+#include "api/Utf16.h"
 
 namespace rti1516e::utf16 {
 
@@ -23,6 +23,22 @@ void joinPairs(std::wstring& text)
    text.resize(kept);
 }
 
+template <class Unit>
+void assignUnits(std::wstring& text, std::size_t units, Unit unitAt)
+{
+   text.resize(units);
+   wchar_t* const characters = text.data();
+   std::uint32_t surrogates = 0;
+   for (std::size_t i = 0; i < units; ++i) {
+      std::uint32_t const unit = unitAt(i);
+      surrogates |= static_cast<std::uint32_t>(isSurrogate(unit));
+      characters[i] = static_cast<wchar_t>(unit);
+   }
+   if (surrogates != 0) {
+      joinPairs(text);
+   }
+}
+
 } // namespace
 
 std::size_t length(std::wstring const& text) noexcept
@@ -34,40 +50,38 @@ std::size_t length(std::wstring const& text) noexcept
    return text.size() + pairs;
 }
 
-void store(std::wstring const& text, char* room) noexcept
+void store(std::wstring const& text, void* room) noexcept
 {
-   forEachUnit(text, [&room](std::uint16_t unit) {
-      storeBigEndian(room, unit);
-      room += 2;
+   auto* to = static_cast<unsigned char*>(room);
+   forEachUnit(text, [&to](std::uint16_t unit) {
+      storeBigEndian(to, unit);
+      to += 2;
    });
 }
 
-bool storeBasicPlane(std::wstring const& text, char* room) noexcept
+bool storeBasicPlane(std::wstring const& text, void* room) noexcept
 {
+   auto* const to = static_cast<unsigned char*>(room);
    wchar_t const* const characters = text.data();
    std::size_t const count = text.size();
    std::uint32_t seen = 0;
    for (std::size_t i = 0; i < count; ++i) {
       std::uint32_t const code = codeOf(characters[i]);
       seen |= code;
-      storeBigEndian(room + 2 * i, static_cast<std::uint16_t>(code));
+      storeBigEndian(to + 2 * i, static_cast<std::uint16_t>(code));
    }
    return seen <= lastUnit;
 }
 
-void load(std::wstring& text, char const* from, std::size_t units)
+void load(std::wstring& text, void const* from, std::size_t units)
 {
-   text.resize(units);
-   wchar_t* const characters = text.data();
-   std::uint32_t surrogates = 0;
-   for (std::size_t i = 0; i < units; ++i) {
-      std::uint32_t const unit = loadBigEndian<std::uint16_t>(from + 2 * i);
-      surrogates |= static_cast<std::uint32_t>((unit & 0xF800) == 0xD800);
-      characters[i] = static_cast<wchar_t>(unit);
-   }
-   if (surrogates != 0) {
-      joinPairs(text);
-   }
+   auto const* const bytes = static_cast<unsigned char const*>(from);
+   assignUnits(text, units, [bytes](std::size_t i) { return loadBigEndian<std::uint16_t>(bytes + 2 * i); });
+}
+
+void assign(std::wstring& text, std::uint16_t const* from, std::size_t units)
+{
+   assignUnits(text, units, [from](std::size_t i) { return from[i]; });
 }
 
 } // namespace rti1516e::utf16
