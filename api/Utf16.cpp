@@ -43,9 +43,15 @@ void assignUnits(std::wstring& text, std::size_t units, Unit unitAt)
 
 std::size_t length(std::wstring const& text) noexcept
 {
-   std::size_t pairs = 0;
+   std::uint32_t seen = 0;
    for (wchar_t const character : text) {
-      pairs += codeOf(character) - (lastUnit + 1) <= lastCharacter - (lastUnit + 1);
+      seen |= codeOf(character);
+   }
+   std::size_t pairs = 0;
+   if (seen > lastUnit) {
+      for (wchar_t const character : text) {
+         pairs += codeOf(character) - (lastUnit + 1) <= lastCharacter - (lastUnit + 1);
+      }
    }
    return text.size() + pairs;
 }

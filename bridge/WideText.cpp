@@ -70,15 +70,16 @@ std::optional<std::wstring> utf8Characters(std::string const& text)
 
 bool readJavaText(JNIEnv* env, jstring javaText, std::wstring& text)
 {
-   text.clear();
    if (javaText == nullptr) {
+      text.clear();
       return true;
    }
    auto const length = static_cast<std::size_t>(env->GetStringLength(javaText));
-   text.reserve(length); // nothing is allocated while the units are pinned
+   text.resize(length); // nothing is allocated while the units are pinned
    jchar const* const units = env->GetStringCritical(javaText, nullptr);
    if (units == nullptr) {
       env->ExceptionClear();
+      text.clear();
       return false;
    }
    utf16::assign(text, units, length);
