@@ -31,21 +31,26 @@ double Medians::ratio(std::string const& measured, std::string const& floor) con
 int Medians::judge(std::vector<Claim> const& claims) const
 {
    int broken = 0;
-   std::printf("\n| %-44s | %12s | %-44s | %12s | %7s | %8s | %6s |\n", "measured", "ns", "against", "ns", "ratio",
-               "relative", "bound");
-   std::printf("|:--|--:|:--|--:|--:|--:|--:|\n");
+   std::printf("\n| %-44s | %12s | %-44s | %12s | %6s | %5s |\n", "measured", "ns", "against", "ns", "ratio",
+               "bound");
+   std::printf("|:--|--:|:--|--:|--:|--:|\n");
    for (Claim const& claim : claims) {
-      double const plain = ratio(claim.measured, claim.floor);
-      double const base = claim.measuredBase.empty() ? 1 : ratio(claim.measuredBase, claim.floorBase);
-      if (plain == 0 || base == 0) {
+      bool const growth = !claim.measuredBase.empty();
+      double const base = growth ? ratio(claim.measuredBase, claim.floorBase) : 1;
+      double const judged = base == 0 ? 0 : ratio(claim.measured, claim.floor) / base;
+      if (judged == 0) {
          continue;
       }
-      bool const holds = claim.bound == 0 || plain / base <= claim.bound;
+      bool const holds = claim.bound == 0 || judged <= claim.bound;
       broken += !holds;
-      std::printf("| %-44s | %12.1f | %-44s | %12.1f | %7.2f |", claim.measured.c_str(), time(claim.measured),
-                  claim.floor.c_str(), time(claim.floor), plain);
-      std::printf(claim.measuredBase.empty() ? " %8s |" : " %8.2f |", plain / base);
-      std::printf(claim.bound == 0 ? " %6s |\n" : " %6.2f%s |\n", claim.bound, holds ? "" : " EXCEEDED");
+      std::printf("| %-44s | %12.1f | %-44s | %12.1f | %6.2f |",
+                  (claim.measured + (growth ? ", growth" : "")).c_str(), time(claim.measured),
+                  claim.floor.c_str(), time(claim.floor), judged);
+      if (claim.bound == 0) {
+         std::printf(" %5s |\n", "");
+      } else {
+         std::printf(" %5.2f%s |\n", claim.bound, holds ? "" : " EXCEEDED");
+      }
    }
    return broken;
 }
