@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/install-tools.sh
+scripts/install-tools.sh bench
 build=build/bench
 results=bench/RESULTS.md
 cmake --preset release -Wno-dev -B $build -DRTI1516E_BENCH=ON >/dev/null
@@ -26,7 +26,7 @@ cmake --build $build --target $targets
   echo "| system | $(uname -sr), $(. /etc/os-release && echo "$PRETTY_NAME") |"
   echo "| compiler | $(sed -n 's/^CMAKE_CXX_COMPILER:[A-Z]*=//p' $build/CMakeCache.txt | head -1 | xargs -I{} {} --version | head -1), $(sed -n 's/^CMAKE_CXX_FLAGS_RELEASE:[A-Z]*=//p' $build/CMakeCache.txt) |"
   echo "| Java | $(java -version 2>&1 | sed -n 2p) |"
-  echo "| load | $(cut -d' ' -f1-3 /proc/loadavg) before the first run |"
+  echo "| load | $(cut -d' ' -f1-3 /proc/loadavg), of other programs before the first run |"
 } >$results
 
 failed=0

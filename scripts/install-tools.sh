@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and is missing, from Debian's packages, as root or through sudo. With
-# the word lint, also what the checks of the sources need.
+# the word lint, also what the checks of the sources need; with the word bench, what the benchmarks need.
 set -euo pipefail
 
 # A command, or the path of a file, that tells that a package is there; and the package.
@@ -14,6 +14,8 @@ needs=(
 )
 if [ "${1:-}" = lint ]; then
   needs+=("clang-format clang-format" "clang-tidy clang-tidy")
+elif [ "${1:-}" = bench ]; then
+  needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev")
 fi
 missing=()
 for need in "${needs[@]}"; do
