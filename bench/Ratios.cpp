@@ -9,9 +9,8 @@ void Medians::ReportRuns(std::vector<Run> const& runs)
    for (Run const& run : runs) {
       if (run.aggregate_name == "median") {
          auto const& threads = run.run_name.threads;
-         std::string const name = run.run_name.function_name + (threads.empty() ? "" : "/" + threads);
-         _nanoseconds[name] = run.GetAdjustedCPUTime();
-         _nanoseconds[name + ", wall"] = run.GetAdjustedRealTime();
+         _nanoseconds[run.run_name.function_name + (threads.empty() ? "" : "/" + threads)] =
+            run.GetAdjustedCPUTime();
       }
    }
    ConsoleReporter::ReportRuns(runs);

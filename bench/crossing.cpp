@@ -121,8 +121,6 @@ private:
       for (char const* const count : {"/threads:2", "/threads:4", "/threads:8"}) {
          _claims.push_back(
             {measured + count, measured + " floor" + count, 1.1, measured + one, measured + " floor" + one});
-         _claims.push_back({measured + count + ", wall", measured + " floor" + count + ", wall", 0,
-                            measured + one + ", wall", measured + " floor" + one + ", wall"});
       }
    }
 

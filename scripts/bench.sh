@@ -12,6 +12,7 @@ targets=$(ninja -C $build -t targets all | sed -n 's/^\([a-z]*_bench\): phony$/\
 # shellcheck disable=SC2086
 cmake --build $build --target $targets
 
+cached() { sed -n "s/^$1:[A-Z]*=//p" $build/CMakeCache.txt; }
 {
   echo "# Results of the benchmarks"
   echo
@@ -24,7 +25,7 @@ cmake --build $build --target $targets
   echo "| processor | $(sed -n 's/^model name.*: //p;' /proc/cpuinfo | head -1), $(nproc) cores |"
   echo "| memory | $(awk '/MemTotal/ {printf "%d GB", $2 / 1e6}' /proc/meminfo) |"
   echo "| system | $(uname -sr), $(. /etc/os-release && echo "$PRETTY_NAME") |"
-  echo "| compiler | $(sed -n 's/^CMAKE_CXX_COMPILER:[A-Z]*=//p' $build/CMakeCache.txt | head -1 | xargs -I{} {} --version | head -1), $(sed -n 's/^CMAKE_CXX_FLAGS_RELEASE:[A-Z]*=//p' $build/CMakeCache.txt) |"
+  echo "| compiler | $("$(cached CMAKE_CXX_COMPILER)" --version | head -1), $(cached CMAKE_CXX_FLAGS_RELEASE) |"
   echo "| Java | $(java -version 2>&1 | sed -n 2p) |"
   echo "| load | $(cut -d' ' -f1-3 /proc/loadavg), of other programs before the first run |"
 } >$results
