@@ -111,6 +111,38 @@ TEST_P(CallbackControl, GoesOnAfterACallbackThatThrows)
    EXPECT_EQ(beta.callbacks(6).size(), 6u);
 }
 
+TEST_P(CallbackControl, IsOverWhenTheFederateIsDisconnected)
+{
+   for (int round = 0; round < 20; ++round) {
+      Federate& alpha = connected("alpha");
+      std::atomic<bool> inside{false};
+      std::atomic<bool> disconnected{false};
+      std::atomic<bool> late{false};
+      alpha.onCallback = [&](std::string const&) {
+         inside = true;
+         std::this_thread::sleep_for(1ms);
+         refusal([&] { alpha->listFederationExecutions(); }); // nothing that a callback may do is in the way
+         late = late || disconnected;
+      };
+      for (int i = 0; i < 5; ++i) {
+         alpha->listFederationExecutions();
+      }
+      std::thread evoking([&] {
+         if (GetParam() == HLA_EVOKED) {
+            refusal([&] { alpha->evokeMultipleCallbacks(1.0, 1.0); });
+         }
+      });
+      while (!inside) {
+         std::this_thread::yield();
+      }
+      alpha->disconnect();
+      disconnected = true;
+      evoking.join();
+      EXPECT_FALSE(late);
+      forget("alpha");
+   }
+}
+
 class EvokedCallbacks : public FederationTest
 {};
 INSTANTIATE_TEST_SUITE_P(, EvokedCallbacks, testing::Values(HLA_EVOKED), modelName);

@@ -311,9 +311,12 @@ final class TimeTest {
         Clock b = new Clock("b").both(1);
         Clock unconstrained = new Clock("unconstrained");
         int first = a.send(1, 5);
+        Harness.equal(unconstrained.hear(), List.of("receive"));
         int second = a.send(2, 6);
+        int unheard = a.send(3, 7);
         a.act((federation, me) -> federation.retractions().retract(me, first));
-        Harness.equal(unconstrained.hear(), List.of("receive", "receive", "requestRetraction"));
+        a.act((federation, me) -> federation.retractions().retract(me, unheard));
+        Harness.equal(unconstrained.hear(), List.of("receive", "requestRetraction"));
         Harness.refuses("MessageCanNoLongerBeRetracted", () -> a.act((federation, me) ->
                 federation.retractions().retract(me, first)));
         Harness.refuses("InvalidMessageRetractionHandle", () -> b.act((federation, me) ->

@@ -117,7 +117,7 @@ public final class DeclarationManagement implements Saved {
     /** @param where for each attribute the regions, or null for all of them */
     void unsubscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where) {
         where.forEach((attribute, regions) -> federate.subscriptions.remove(theClass, attribute, regions));
-        federate.invalidateMessages();
+        federate.dropUnwantedMessages();
         subscriptionChanged(federate, theClass);
     }
 
@@ -142,7 +142,7 @@ public final class DeclarationManagement implements Saved {
 
     void unsubscribe(Federate federate, InteractionClass theClass, Set<Region> where) {
         federate.subscriptions.remove(theClass, where);
-        federate.invalidateMessages();
+        federate.dropUnwantedMessages();
         subscriptionChanged(federate, theClass);
     }
 

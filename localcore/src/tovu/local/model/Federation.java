@@ -283,6 +283,7 @@ public final class Federation {
     }
 
     private void leave(Federate federate, ResignAction action) {
+        federate.inbox.clear();
         ownership.cancelAllAcquisitions(federate);
         if (action.deletes()) {
             objectManagement.deleteAll(federate);

@@ -69,6 +69,12 @@ final class ObjectInstance implements Saved {
         return false;
     }
 
+    boolean mayBeOffered(InstanceAttribute attribute, Federate federate) {
+        Knowledge known = knowledge.get(federate);
+        return !deleted && known != null && attribute.owner() != federate && attribute.candidate(federate) == null
+                && known.publishes(attribute.definition);
+    }
+
     /** What that federate knows of it, or null when it does not know it. */
     Knowledge knowledgeOf(Federate federate) {
         return knowledge.get(federate);

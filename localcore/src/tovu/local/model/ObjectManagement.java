@@ -135,6 +135,7 @@ public final class ObjectManagement {
         int producer = federation.supplement(federate, Set.of()).producer();
         List<Knowledge> others = new ArrayList<>(object.knowers());
         others.remove(own);
+        own.renounce();
         federation.objects().forget(own);
         for (Knowledge each : others) {
             dispatch.send(new Removal(each, sending, producer));
@@ -161,8 +162,7 @@ public final class ObjectManagement {
             throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + own.object
                     + "; cancel the acquisition first");
         }
-        own.renounced = true;
-        federate.invalidateMessages();
+        own.renounce();
         federation.objects().forget(own);
         federation.visibility().refreshUpdates(own.object);
     }
@@ -196,12 +196,12 @@ public final class ObjectManagement {
 
     private static void requestUpdate(Federate federate, ObjectInstance object, List<InstanceAttribute> attributes,
             byte[] tag) {
-        Notices wanted = new Notices();
+        Notices wanted = Notices.untilHandedOver();
         for (InstanceAttribute each : attributes) {
             if (each.owner() != null && each.owner() != federate) {
-                wanted.add(each.owner(), each.handle());
+                wanted.add(each.owner(), each);
             }
         }
-        wanted.post((to, handles, noTag) -> to.provideAttributeValueUpdate(object.handle, handles, tag));
+        wanted.post(object, (to, handles, noTag) -> to.provideAttributeValueUpdate(object.handle, handles, tag));
     }
 }

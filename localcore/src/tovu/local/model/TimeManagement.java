@@ -28,6 +28,7 @@ public final class TimeManagement implements Saved {
     private final TimeFamily family;
     private final List<Federate> regulating = new ArrayList<>();
     private final Set<Federate> waiting = new LinkedHashSet<>(); // for a grant, or for constraint
+    private boolean stale;
 
     TimeManagement(Federation federation) {
         this.federation = federation;
@@ -95,6 +96,7 @@ public final class TimeManagement implements Saved {
             throw new TimeConstrainedIsNotEnabled(federate + " is not time-constrained");
         }
         federate.time.endConstraint();
+        federate.invalidateMessages();
         federate.inbox.flush();
         evaluate();
     }
@@ -195,6 +197,18 @@ public final class TimeManagement implements Saved {
     /** A message for a federate that waits for just that may end its wait. */
     void messageQueued(Federate federate) {
         if (federate.time.isWaiting() && federate.time.kind() == AdvanceKind.NEXT_MESSAGE_AVAILABLE) {
+            reconsider();
+        }
+    }
+
+    /** Messages have come or gone that decide how far somebody can get: at the end of this service it is looked at. */
+    void reconsider() {
+        stale = true;
+    }
+
+    /** The end of a service. */
+    void settle() {
+        if (stale) {
             evaluate();
         }
     }
@@ -251,8 +265,15 @@ public final class TimeManagement implements Saved {
         }
     }
 
-    /** Grants whatever can be granted now. */
+    /** Grants whatever can be granted now; what that delivers can make way for more. */
     void evaluate() {
+        do {
+            stale = false;
+            grantAll();
+        } while (stale);
+    }
+
+    private void grantAll() {
         if (waiting.isEmpty() || federation.isSavingOrRestoring()) {
             return;
         }
