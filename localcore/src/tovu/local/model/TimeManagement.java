@@ -58,14 +58,14 @@ public final class TimeManagement implements Saved {
         if (own.isConstrained() && start > own.time()) {
             own.deliveredUntil(federate.inbox.deliverUntil(start, Long.MIN_VALUE));
         }
-        own.beginRegulation(interval, Math.max(promised, family.plus(start, interval)));
+        own.beginRegulation(interval, start, Math.max(promised, family.plus(start, interval)));
         regulating.add(federate);
-        tellRegulation(federate, start);
+        tellRegulation(federate);
     }
 
-    private void tellRegulation(Federate federate, long start) {
-        federate.postChange(() -> federate.time.completeRegulation(start),
-                to -> to.timeRegulationEnabled(time(start)));
+    private void tellRegulation(Federate federate) {
+        federate.postChange(federate.time::completeRegulation,
+                to -> to.timeRegulationEnabled(time(federate.time.time())));
     }
 
     public void disableRegulation(Federate federate) throws TimeRegulationIsNotEnabled {
@@ -228,7 +228,7 @@ public final class TimeManagement implements Saved {
                 waiting.add(each);
             }
             if (own.regulation() == Switch.PENDING) {
-                tellRegulation(each, own.time());
+                tellRegulation(each);
             }
             if (own.constraint() == Switch.PENDING) {
                 waiting.add(each);
