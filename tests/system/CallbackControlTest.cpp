@@ -74,12 +74,13 @@ TEST_P(CallbackControl, RefusesFromWithinACallbackWhatWouldTangle)
 
    alpha.onCallback = [&](std::string const&) {
       refusals = {refusal([&] { alpha.join(federation()); }), refusal([&] { alpha->disconnect(); }),
+                  refusal([&] { alpha.connect(); }),
                   refusal([&] { alpha->destroyFederationExecution(L"no such federation"); })};
    };
    alpha->resignFederationExecution(NO_ACTION);
    alpha->listFederationExecutions();
    EXPECT_EQ(alpha.callbacks(1).size(), 1u);
-   EXPECT_EQ(refusals, (std::vector<std::string>{no, no, "FederationExecutionDoesNotExist"}));
+   EXPECT_EQ(refusals, (std::vector<std::string>{no, no, no, "FederationExecutionDoesNotExist"}));
 }
 
 TEST_P(CallbackControl, GoesOnAfterACallbackThatThrows)

@@ -80,14 +80,14 @@ public final class DeclarationManagement implements Saved {
 
     public void subscribeObjectClass(Federate federate, int classHandle, int[] attributes, boolean active,
             String updateRate) throws RTIexception {
+        federation.lookup().updateRate(updateRate);
         ObjectClass theClass = federation.lookup().objectClass(classHandle);
         subscribe(federate, theClass, everyRegion(Lookup.attributes(theClass, attributes)), active, updateRate);
     }
 
     /** @param where for each attribute the regions, or null for everywhere */
     void subscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where, boolean active,
-            String updateRate) throws RTIexception {
-        federation.lookup().updateRate(updateRate);
+            String updateRate) {
         where.forEach((attribute, regions) ->
                 federate.subscriptions.add(theClass, attribute, regions, active, updateRate));
         subscriptionChanged(federate, theClass);

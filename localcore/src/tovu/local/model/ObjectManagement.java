@@ -67,15 +67,20 @@ public final class ObjectManagement {
     public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing)
             throws RTIexception {
         Knowledge own = federation.objects().known(federate, objectHandle);
+        InstanceAttribute foreign = null;
+        for (int i = 0; i < values.size(); ++i) {
+            InstanceAttribute attribute = Objects.attribute(own, values.handle(i));
+            foreign = attribute.owner() == federate ? foreign : attribute;
+        }
+        if (foreign != null) {
+            throw new AttributeNotOwned("Attribute '" + foreign.definition.name() + "' of " + own.object
+                    + " is not owned by " + federate + "; acquire it first, or leave it out of the update");
+        }
         Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
         Passel first = null;
         boolean alike = true;
         for (int i = 0; i < values.size(); ++i) {
-            InstanceAttribute attribute = Objects.attribute(own, values.handle(i));
-            if (attribute.owner() != federate) {
-                throw new AttributeNotOwned("Attribute '" + attribute.definition.name() + "' of " + own.object
-                        + " is not owned by " + federate + "; acquire it first, or leave it out of the update");
-            }
+            InstanceAttribute attribute = own.object.attribute(values.handle(i));
             first = first == null ? Passel.of(attribute, dispatch) : first;
             alike &= first.fits(attribute, dispatch);
         }
