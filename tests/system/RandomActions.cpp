@@ -62,30 +62,25 @@ std::unique_ptr<HLAinteger64Time> timeToSendAt(Player& player)
    return std::make_unique<HLAinteger64Time>(player.furthest() + lookahead + 1 + player.below(6));
 }
 
-// dueFor says which parts another player has to receive. In the end the services send with a time or without.
-template <class DueFor, class Timed, class Untimed>
-void send(Player& player, ObjectInstanceHandle const& object, DueFor&& dueFor, Timed&& timed,
-          Untimed&& untimed)
+// dueFor says which parts another player has to receive; call sends, with a time if there is one.
+template <class DueFor, class Call>
+void send(Player& player, ObjectInstanceHandle const& object, DueFor&& dueFor, Call&& call)
 {
+   Ledger& ledger = player.ledger;
    auto const at = timeToSendAt(player);
-   std::size_t const id = player.ledger.add({player.handle, object});
-   VariableLengthData const tag = bytes(std::to_string(id));
-   MessageRetractionHandle handle;
-   if (at) {
-      handle = timed(tag, *at);
-   } else {
-      untimed(tag);
-   }
+   std::size_t const id = ledger.messages++;
+   MessageRetractionHandle const handle = call(std::to_string(id), at.get());
    if (handle.isValid()) {
-      player.ledger.mayRetract(handle, id);
       player.sent.push_back(handle);
+      Ledger::Lock const lock(ledger.mutex);
+      if (!ledger.retractable.emplace(handle, id).second) {
+         player.fault("is given a retraction handle that is taken");
+      }
    }
-   if (!player.ledger.concurrent) {
-      for (Player* const other : player.ledger.players) {
-         Attributes const parts = other != &player && other->isJoined ? dueFor(*other) : Attributes(0);
-         if (parts != 0) {
-            other->due[id] = parts;
-         }
+   for (Player* const other : ledger.concurrent ? std::vector<Player*>() : ledger.players) {
+      Attributes const parts = other != &player && other->isJoined ? dueFor(*other) : Attributes(0);
+      if (parts != 0) {
+         other->due[id] = {object, parts};
       }
    }
 }
@@ -93,66 +88,63 @@ void send(Player& player, ObjectInstanceHandle const& object, DueFor&& dueFor, T
 void update(Player& player, Draw const& draw)
 {
    Attributes const updated = player.some(without(draw.owned, privilegeToDelete));
-   if (updated == 0) {
-      return;
-   }
-   auto const values = [&](VariableLengthData const& value) {
-      AttributeHandleValueMap map;
-      for (auto const& attribute : player.setOf(updated)) {
-         map[attribute] = value;
-      }
-      return map;
+   auto const dueFor = [&](Player const& other) {
+      auto const found = other.known.find(draw.object);
+      return found == other.known.end() ? Attributes(0)
+                                        : static_cast<Attributes>(updated & other.subscribed[found->second]);
    };
-   send(
-      player, draw.object,
-      [&](Player const& other) {
-         auto const known = other.known.find(draw.object);
-         return static_cast<Attributes>(
-            known == other.known.end() ? 0 : updated & other.subscribed[known->second]);
-      },
-      [&](auto const& tag, auto const& at) {
-         return player.rti().updateAttributeValues(draw.object, values(tag), tag, at);
-      },
-      [&](auto const& tag) { player.rti().updateAttributeValues(draw.object, values(tag), tag); });
+   auto const call = [&](std::string const& id, LogicalTime const* at) {
+      AttributeHandleValueMap values;
+      for (auto const& attribute : player.setOf(updated)) {
+         values[attribute] = bytes(id + " of " + show(draw.object));
+      }
+      if (at != nullptr) {
+         return player.rti().updateAttributeValues(draw.object, values, bytes(id), *at);
+      }
+      player.rti().updateAttributeValues(draw.object, values, bytes(id));
+      return MessageRetractionHandle();
+   };
+   if (updated != 0) {
+      send(player, draw.object, dueFor, call);
+   }
 }
 
 void sendInteraction(Player& player, Draw const& draw)
 {
-   if (!player.publishedInteractions[draw.k]) {
-      return;
-   }
    InteractionClassHandle const theClass = player.interactions[draw.k];
+   RegionHandleSet const where = {draw.region};
    bool const inRegion = draw.k == withRegions && draw.region.isValid() && draw.flag;
-   send(
-      player, {}, [&](Player const& other) { return static_cast<Attributes>(other.isSubscribed(draw.k)); },
-      [&](auto const& tag, auto const& at) {
-         return inRegion ? player.rti().sendInteractionWithRegions(theClass, {}, {draw.region}, tag, at)
-                         : player.rti().sendInteraction(theClass, {}, tag, at);
-      },
-      [&](auto const& tag) {
-         inRegion ? player.rti().sendInteractionWithRegions(theClass, {}, {draw.region}, tag)
-                  : player.rti().sendInteraction(theClass, {}, tag);
-      });
+   auto const dueFor = [&](Player const& other) {
+      return static_cast<Attributes>(other.isSubscribed(draw.k));
+   };
+   auto const call = [&](std::string const& id, LogicalTime const* at) {
+      if (at != nullptr) {
+         return inRegion ? player.rti().sendInteractionWithRegions(theClass, {}, where, bytes(id), *at)
+                         : player.rti().sendInteraction(theClass, {}, bytes(id), *at);
+      }
+      inRegion ? player.rti().sendInteractionWithRegions(theClass, {}, where, bytes(id))
+               : player.rti().sendInteraction(theClass, {}, bytes(id));
+      return MessageRetractionHandle();
+   };
+   if (player.publishedInteractions[draw.k]) {
+      send(player, {}, dueFor, call);
+   }
 }
 
-void retract(Player& player)
+void retract(Player& player, Draw const&)
 {
+   if (player.sent.empty()) {
+      return;
+   }
    MessageRetractionHandle const handle = player.sent.back();
    player.sent.pop_back();
    player.rti().retract(handle);
-   std::size_t const id = player.ledger.retractable(handle);
-   player.ledger.retract(id);
-   if (!player.ledger.concurrent) {
-      for (Player* const other : player.ledger.players) {
-         other->due.erase(id);
-      }
+   Ledger::Lock const lock(player.ledger.mutex);
+   std::size_t const id = player.ledger.retractable.at(handle);
+   player.ledger.retracted.insert(id);
+   for (Player* const other : player.ledger.concurrent ? std::vector<Player*>() : player.ledger.players) {
+      other->due.erase(id);
    }
-}
-
-void registered(Player& player, ObjectInstanceHandle const& object, std::size_t theClass)
-{
-   player.known[object] = theClass;
-   player.owned[object] = with(player.published[theClass], privilegeToDelete);
 }
 
 void forget(Player& player, ObjectInstanceHandle const& object)
@@ -221,27 +213,21 @@ Row const rows[] = {
        p.subscribedInteractionSomewhere &= d.k != withRegions;
        p.expectNoMore(nullptr);
     }},
-   {"registerObjectInstance", 15, "",
+   {"registerObjectInstance", 25, "",
     [](Player& p, Draw const& d) {
        if (p.published[d.c] != 0 && p.known.size() < 30) {
-          registered(p, p.rti().registerObjectInstance(p.classes[d.c]), d.c);
-       }
-    }},
-   {"registerObjectInstanceWithRegions", 10, "",
-    [](Player& p, Draw const& d) {
-       if (p.published[d.c] != 0 && p.known.size() < 30 && d.region.isValid()) {
-          AttributeHandleSet const both = p.setOf(p.published[d.c] & withLanes);
-          registered(p, p.rti().registerObjectInstanceWithRegions(p.classes[d.c], {{both, {d.region}}}), d.c);
+          AttributeHandleSet const laned = p.setOf(p.published[d.c] & withLanes);
+          auto const object =
+             d.region.isValid() && d.flag
+                ? p.rti().registerObjectInstanceWithRegions(p.classes[d.c], {{laned, {d.region}}})
+                : p.rti().registerObjectInstance(p.classes[d.c]);
+          p.known[object] = d.c;
+          p.owned[object] = with(p.published[d.c], privilegeToDelete);
        }
     }},
    {"updateAttributeValues", 300, "", update},
    {"sendInteraction", 150, "", sendInteraction},
-   {"retract", 15, "MessageCanNoLongerBeRetracted TimeRegulationIsNotEnabled",
-    [](Player& p, Draw const&) {
-       if (!p.sent.empty()) {
-          retract(p);
-       }
-    }},
+   {"retract", 15, "MessageCanNoLongerBeRetracted TimeRegulationIsNotEnabled", retract},
    {"deleteObjectInstance", 6, "",
     [](Player& p, Draw const& d) {
        if ((d.owned & privilegeToDelete) != 0) {
@@ -372,14 +358,6 @@ Row const rows[] = {
           p.rti().enableAsynchronousDelivery();
        }
     }},
-   {"queryGALT and queryLITS", 5, "",
-    [](Player& p, Draw const&) {
-       TimeQueryReturn const lits = p.rti().queryLITS();
-       TimeQueryReturn const galt = p.rti().queryGALT();
-       if (!p.ledger.concurrent && galt.timeIsValid && (!lits.timeIsValid || *lits.time > *galt.time)) {
-          p.fault("has a least incoming time stamp beyond its greatest available time");
-       }
-    }},
    {"an advance", 150, pending, [](Player& p, Draw const&) { advance(p, p.below(5), p.now + p.below(8)); }},
    {"createRegion", 6, "",
     [](Player& p, Draw const&) {
@@ -434,16 +412,8 @@ Row const rows[] = {
           p.rti().unassociateRegionsForUpdates(d.object, d.inLanes);
        }
     }},
-   {"enableAttributeScopeAdvisorySwitch", 2, "AttributeScopeAdvisorySwitchIsOn",
-    [](Player& p, Draw const&) { p.rti().enableAttributeScopeAdvisorySwitch(); }},
    {"enableAttributeRelevanceAdvisorySwitch", 2, "AttributeRelevanceAdvisorySwitchIsOn",
     [](Player& p, Draw const&) { p.rti().enableAttributeRelevanceAdvisorySwitch(); }},
-   {"registerFederationSynchronizationPoint", 3, "",
-    [](Player& p, Draw const& d) {
-       p.rti().registerFederationSynchronizationPoint(d.flag ? L"a" : L"b", bytes(""));
-    }},
-   {"synchronizationPointAchieved", 6, "SynchronizationPointLabelNotAnnounced",
-    [](Player& p, Draw const& d) { p.rti().synchronizationPointAchieved(d.flag ? L"a" : L"b"); }},
    {"resignFederationExecution", 2, "OwnershipAcquisitionPending FederateOwnsAttributes",
     [](Player& p, Draw const&) {
        p.rti().resignFederationExecution(static_cast<ResignAction>(p.below(6)));

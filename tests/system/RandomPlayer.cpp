@@ -25,20 +25,15 @@ void Player::join(std::string const& federation)
 {
    std::wstring const name = L"player " + std::to_wstring(index) + L" in life " + std::to_wstring(++_lives);
    static_cast<Life&>(*this) = Life();
-   firstMessage = ledger.count();
+   firstMessage = ledger.messages;
    handle = rti().joinFederationExecution(name, L"player", wide(federation));
    isJoined = true;
-   auto const& mostSpecific = {2, 3};
    for (std::size_t i = 0; i < classes.size(); ++i) {
       classes[i] = _rti->getObjectClassHandle(playedClasses[i].name);
    }
    for (std::size_t i = 0; i < attributes.size(); ++i) {
-      for (int const c : mostSpecific) {
-         auto const theClass = static_cast<std::size_t>(c);
-         if (with(playedClasses[theClass].attributes, privilegeToDelete) >> i & 1) {
-            attributes[i] = _rti->getAttributeHandle(classes[theClass], playedAttributes[i]);
-         }
-      }
+      attributes[i] =
+         _rti->getAttributeHandle(classes[playedAttributes[i].ofClass], playedAttributes[i].name);
    }
    for (std::size_t i = 0; i < interactions.size(); ++i) {
       interactions[i] = _rti->getInteractionClassHandle(playedInteractions[i].name);
@@ -95,7 +90,7 @@ bool Player::isSubscribed(std::size_t interaction) const
 void Player::expectNoMore(ObjectInstanceHandle const* ofObject)
 {
    for (auto each = due.begin(); each != due.end();) {
-      bool const concerned = ofObject == nullptr || ledger.message(each->first).object == *ofObject;
+      bool const concerned = ofObject == nullptr || each->second.object == *ofObject;
       each = concerned ? due.erase(each) : std::next(each);
    }
 }
@@ -133,22 +128,18 @@ void Player::checkOwned(char const* callback, ObjectInstanceHandle const& object
    }
 }
 
-void Player::received(VariableLengthData const& tag, ObjectInstanceHandle const& object, Attributes parts,
-                      FederateHandle const& producer, Stamp const& stamp)
+void Player::received(VariableLengthData const& tag, Attributes parts, Stamp const& stamp)
 {
    std::size_t const id = std::stoul(show(tag));
-   Ledger::Message const message = ledger.message(id);
    std::string const what = "receives message " + std::to_string(id);
    checkTime(stamp);
-   if (message.object != object || message.producer != producer) {
-      fault(what + " as somebody else's or of another object");
-   }
    if (!ledger.concurrent && (id < firstMessage || !isJoined)) {
       fault(what + ", which is not from this life");
    }
    if (stamp.sent == TIMESTAMP) { // and so it can be retracted
       toTakeBack.insert(id);
-      if (message.retracted && !ledger.concurrent) {
+      Ledger::Lock const lock(ledger.mutex);
+      if (!ledger.concurrent && ledger.retracted.count(id) != 0) {
          fault(what + ", which is retracted");
       }
    }
@@ -157,20 +148,20 @@ void Player::received(VariableLengthData const& tag, ObjectInstanceHandle const&
    }
    got[id] = with(got[id], parts);
    auto const left = due.find(id);
-   if (left != due.end() && (left->second = without(left->second, parts)) == 0) {
+   if (left != due.end() && (left->second.parts = without(left->second.parts, parts)) == 0) {
       due.erase(left);
    }
 }
 
 void Player::reflected(ObjectInstanceHandle const& object, AttributeHandleValueMap const& values,
-                       VariableLengthData const& tag, FederateHandle const& producer, Stamp const& stamp)
+                       VariableLengthData const& tag, Stamp const& stamp)
 {
    Lock const lock(mutex);
    AttributeHandleSet seen;
    for (auto const& [attribute, value] : values) {
       seen.insert(attribute);
-      if (show(value) != show(tag)) {
-         fault("sees another value than was sent");
+      if (show(value) != show(tag) + " of " + show(object)) {
+         fault("sees another value than was sent, or of another object");
       }
    }
    Attributes const parts = maskOf(seen);
@@ -181,11 +172,11 @@ void Player::reflected(ObjectInstanceHandle const& object, AttributeHandleValueM
               without(parts, with(subscribed[found->second], subscribedSomewhere[found->second])) != 0) {
       fault("sees attributes that it is not subscribed to");
    }
-   received(tag, object, parts, producer, stamp);
+   received(tag, parts, stamp);
 }
 
 void Player::interaction(InteractionClassHandle const& theClass, VariableLengthData const& tag,
-                         FederateHandle const& producer, Stamp const& stamp)
+                         Stamp const& stamp)
 {
    Lock const lock(mutex);
    auto const k = static_cast<std::size_t>(std::find(interactions.begin(), interactions.end(), theClass) -
@@ -195,7 +186,7 @@ void Player::interaction(InteractionClassHandle const& theClass, VariableLengthD
    if (!wanted && !ledger.concurrent) {
       fault("receives an interaction that it is not subscribed to");
    }
-   received(tag, {}, 1, producer, stamp);
+   received(tag, 1, stamp);
 }
 
 // Neither late nor early nor out of order.
@@ -314,7 +305,8 @@ void Player::timeAdvanceGrant(LogicalTime const& time)
 void Player::requestRetraction(MessageRetractionHandle retracted)
 {
    Lock const lock(mutex);
-   std::size_t const id = ledger.retractable(retracted);
+   Ledger::Lock const ledgerLock(ledger.mutex);
+   std::size_t const id = ledger.retractable.at(retracted);
    if (toTakeBack.erase(id) == 0) {
       fault("is asked to take back a message that it has not received, or took back already");
    }

@@ -25,9 +25,19 @@
 
 namespace system_tests {
 
-// Sets of attributes have a bit for each of these, in their order.
-constexpr wchar_t const* playedAttributes[] = {
-   L"Position", L"Speed", L"Fuel", L"Passengers", L"Fare", L"Load", L"HLAprivilegeToDeleteObject"};
+// Sets of attributes have a bit for each of these, in their order, with a class that has it.
+struct PlayedAttribute
+{
+   wchar_t const* name;
+   std::size_t ofClass;
+};
+constexpr PlayedAttribute playedAttributes[] = {{L"Position", 0},
+                                                {L"Speed", 0},
+                                                {L"Fuel", 0},
+                                                {L"Passengers", 1},
+                                                {L"Fare", 2},
+                                                {L"Load", 3},
+                                                {L"HLAprivilegeToDeleteObject", 0}};
 using Attributes = std::uint8_t;
 constexpr Attributes withLanes = 0x03;
 constexpr Attributes privilegeToDelete = 0x40;
@@ -77,7 +87,12 @@ struct Life
    std::set<rti1516e::ObjectInstanceHandle> doubts; // heard to be known no more, and so to be removed
 
    // Messages by their numbers: the parts that are still to come, and those that have.
-   std::map<std::size_t, Attributes> due;
+   struct Due
+   {
+      rti1516e::ObjectInstanceHandle object;
+      Attributes parts;
+   };
+   std::map<std::size_t, Due> due;
    std::map<std::size_t, Attributes> got;
    std::set<std::size_t> toTakeBack; // when they are retracted
 
@@ -126,7 +141,7 @@ public:
 
    rti1516e::AttributeHandleSet setOf(Attributes attributes) const;
    Attributes maskOf(rti1516e::AttributeHandleSet const& attributes) const;
-   bool isSubscribed(std::size_t interaction) const;
+   bool isSubscribed(std::size_t interaction) const; // or to a class above
    // The infrastructure may have enabled something that this player has yet to hear of.
    bool isBehind() const { return ledger.concurrent && enabling > 0; }
    std::int64_t furthest() const { return std::max(requested, now); }
@@ -154,16 +169,14 @@ private:
       rti1516e::OrderType received;
    };
 
-   void received(rti1516e::VariableLengthData const& tag, Object const& object, Attributes parts,
-                 rti1516e::FederateHandle const& producer, Stamp const& stamp);
+   void received(rti1516e::VariableLengthData const& tag, Attributes parts, Stamp const& stamp);
    void checkTime(Stamp const& stamp);
    void checkOwned(char const* callback, Object const& object, rti1516e::AttributeHandleSet const& some);
    void enabled(rti1516e::LogicalTime const& time);
    void reflected(Object const& object, rti1516e::AttributeHandleValueMap const& values,
-                  rti1516e::VariableLengthData const& tag, rti1516e::FederateHandle const& producer,
-                  Stamp const& stamp);
+                  rti1516e::VariableLengthData const& tag, Stamp const& stamp);
    void interaction(rti1516e::InteractionClassHandle const& theClass, rti1516e::VariableLengthData const& tag,
-                    rti1516e::FederateHandle const& producer, Stamp const& stamp);
+                    Stamp const& stamp);
    void removed(Object const& object, Stamp const& stamp);
 
    using Tag = rti1516e::VariableLengthData const&;
@@ -191,49 +204,42 @@ private:
       discoverObjectInstance(object, theClass, name);
    }
    void reflectAttributeValues(Object object, Values values, Tag tag, Order sentOrder, Way, Time time,
-                               Order order, Retraction, ReflectInfo info) override
+                               Order order, Retraction, ReflectInfo) override
    {
-      Stamp const stamp{sentOrder, &time, order};
-      reflected(object, values, tag, info.producingFederate, stamp);
+      reflected(object, values, tag, {sentOrder, &time, order});
    }
    void reflectAttributeValues(Object object, Values values, Tag tag, Order sentOrder, Way, Time time,
-                               Order order, ReflectInfo info) override
+                               Order order, ReflectInfo) override
    {
-      Stamp const stamp{sentOrder, &time, order};
-      reflected(object, values, tag, info.producingFederate, stamp);
+      reflected(object, values, tag, {sentOrder, &time, order});
    }
    void reflectAttributeValues(Object object, Values values, Tag tag, Order sentOrder, Way,
-                               ReflectInfo info) override
+                               ReflectInfo) override
    {
-      reflected(object, values, tag, info.producingFederate, {sentOrder, nullptr, rti1516e::RECEIVE});
+      reflected(object, values, tag, {sentOrder, nullptr, rti1516e::RECEIVE});
    }
    void receiveInteraction(Class theClass, Parameters, Tag tag, Order sentOrder, Way, Time time, Order order,
-                           Retraction, ReceiveInfo info) override
+                           Retraction, ReceiveInfo) override
    {
-      Stamp const stamp{sentOrder, &time, order};
-      interaction(theClass, tag, info.producingFederate, stamp);
+      interaction(theClass, tag, {sentOrder, &time, order});
    }
    void receiveInteraction(Class theClass, Parameters, Tag tag, Order sentOrder, Way, Time time, Order order,
-                           ReceiveInfo info) override
+                           ReceiveInfo) override
    {
-      Stamp const stamp{sentOrder, &time, order};
-      interaction(theClass, tag, info.producingFederate, stamp);
+      interaction(theClass, tag, {sentOrder, &time, order});
    }
-   void receiveInteraction(Class theClass, Parameters, Tag tag, Order sentOrder, Way,
-                           ReceiveInfo info) override
+   void receiveInteraction(Class theClass, Parameters, Tag tag, Order sentOrder, Way, ReceiveInfo) override
    {
-      interaction(theClass, tag, info.producingFederate, {sentOrder, nullptr, rti1516e::RECEIVE});
+      interaction(theClass, tag, {sentOrder, nullptr, rti1516e::RECEIVE});
    }
    void removeObjectInstance(Object object, Tag, Order sentOrder, Time time, Order order, Retraction,
                              RemoveInfo) override
    {
-      Stamp const stamp{sentOrder, &time, order};
-      removed(object, stamp);
+      removed(object, {sentOrder, &time, order});
    }
    void removeObjectInstance(Object object, Tag, Order sentOrder, Time time, Order order, RemoveInfo) override
    {
-      Stamp const stamp{sentOrder, &time, order};
-      removed(object, stamp);
+      removed(object, {sentOrder, &time, order});
    }
    void removeObjectInstance(Object object, Tag, Order sentOrder, RemoveInfo) override
    {

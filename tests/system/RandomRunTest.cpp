@@ -24,8 +24,9 @@ long fromEnvironment(char const* name, long otherwise)
 class RandomRun : public FederationTest
 {
 protected:
-   RandomRun() : _ledger(GetParam() == HLA_IMMEDIATE)
+   RandomRun()
    {
+      _ledger.concurrent = GetParam() == HLA_IMMEDIATE;
       create({fom("Road.xml")}, "HLAinteger64Time");
       for (int i = 0; i < playerCount; ++i) {
          _players.push_back(
@@ -38,7 +39,7 @@ protected:
    void playInTurns()
    {
       std::mt19937 random(_seed);
-      for (long pause = _calls / 20; calls() < _calls && _ledger.faults().empty();) {
+      for (long pause = _calls / 20; calls() < _calls && _ledger.isFaultless();) {
          actAtRandom(*_players[random() % playerCount], federation());
          if (random() % 3 == 0) {
             _players[random() % playerCount]->evoke();
@@ -57,7 +58,7 @@ protected:
       std::vector<std::thread> threads;
       for (auto const& player : _players) {
          threads.emplace_back([&] {
-            while (player->calls() < _calls / playerCount && _ledger.faults().empty()) {
+            while (player->calls() < _calls / playerCount && _ledger.isFaultless()) {
                if (!player->isJoined) {
                   player->drain(GetParam()); // a callback may still be on its way
                }
@@ -86,12 +87,12 @@ protected:
             player->fault("has not received message " + std::to_string(player->due.begin()->first));
          }
          for (std::size_t const id : player->toTakeBack) {
-            if (_ledger.message(id).retracted) {
+            if (_ledger.retracted.count(id) != 0) {
                player->fault("is not asked to take back message " + std::to_string(id));
             }
          }
       }
-      EXPECT_EQ(_ledger.faults(), std::vector<std::string>()) << "with the seed " << _seed;
+      EXPECT_EQ(_ledger.faults, std::vector<std::string>()) << "with the seed " << _seed;
       for (auto const& player : _players) {
          refusal([&] { player->rti().resignFederationExecution(CANCEL_THEN_DELETE_THEN_DIVEST); });
          player->rti().disconnect();
