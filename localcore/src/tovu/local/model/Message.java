@@ -78,7 +78,8 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
 
     @Override
     public final void deliver(FederateCallbacks to) throws FederateInternalError {
-        if ((validity == receiver.messageValidity() || review()) && commit()) {
+        boolean wanted = validity == receiver.messageValidity() || review();
+        if (wanted && (sending.retraction() == 0 || commit())) {
             tell(to);
         }
     }
