@@ -27,7 +27,8 @@ struct Draw
          object = picked.first;
          knownClass = picked.second;
          owned = player.owned[object];
-         ownable = without(player.published[knownClass], owned);
+         given = player.some(owned);
+         wanted = player.some(without(player.published[knownClass], owned));
       }
       player.subject = object;
    }
@@ -41,7 +42,8 @@ struct Draw
    ObjectInstanceHandle object;
    std::size_t knownClass = 0;
    Attributes owned = 0;
-   Attributes ownable = 0;
+   Attributes given = 0;
+   Attributes wanted = 0;
 };
 
 void lose(Player& player, ObjectInstanceHandle const& object, Attributes attributes)
@@ -154,6 +156,61 @@ void forget(Player& player, ObjectInstanceHandle const& object)
    player.expectNoMore(&object);
 }
 
+void registerObject(Player& player, Draw const& draw)
+{
+   Attributes const published = player.published[draw.c];
+   ObjectClassHandle const theClass = player.classes[draw.c];
+   if (published != 0 && player.known.size() < 30) {
+      AttributeHandleSet const laned = player.setOf(published & withLanes);
+      ObjectInstanceHandle const object =
+         draw.region.isValid() && draw.flag
+            ? player.rti().registerObjectInstanceWithRegions(theClass, {{laned, {draw.region}}})
+            : player.rti().registerObjectInstance(theClass);
+      player.known[object] = draw.c;
+      player.owned[object] = with(published, privilegeToDelete);
+   }
+}
+
+void remove(Player& player, Draw const& draw)
+{
+   if ((draw.owned & privilegeToDelete) != 0) {
+      if (auto const at = timeToSendAt(player)) {
+         player.rti().deleteObjectInstance(draw.object, bytes(""), *at);
+      } else {
+         player.rti().deleteObjectInstance(draw.object, bytes(""));
+      }
+      forget(player, draw.object);
+   }
+}
+
+// Alone, for it might be discovered again before this player knows that it has forgotten it.
+void removeLocally(Player& player, Draw const& draw)
+{
+   if (draw.object.isValid() && !player.ledger.concurrent) {
+      player.rti().localDeleteObjectInstance(draw.object);
+      forget(player, draw.object);
+      if (draw.owned != 0) {
+         player.fault("forgets an object that it owns a part of");
+      }
+   }
+}
+
+void confirm(Player& player, Draw const&)
+{
+   if (player.toConfirm.empty()) {
+      return;
+   }
+   auto const asked = player.toConfirm.back();
+   player.toConfirm.pop_back();
+   player.subject = asked.first;
+   auto const found = player.owned.find(asked.first);
+   unsigned int const given = found == player.owned.end() ? 0U : asked.second & found->second;
+   if (given != 0) {
+      player.rti().confirmDivestiture(asked.first, player.setOf(with(given, 0)), bytes(""));
+      lose(player, asked.first, with(given, 0));
+   }
+}
+
 std::string const pending =
    "InTimeAdvancingState RequestForTimeRegulationPending RequestForTimeConstrainedPending ";
 
@@ -165,262 +222,160 @@ struct Row
    void (*call)(Player& p, Draw const& d);
 };
 
+using P = Player;
+using D = Draw const;
+
 // A service that makes no sense for what was drawn is not called.
+// clang-format off
 Row const rows[] = {
-   {"publishObjectClassAttributes", 15, "",
-    [](Player& p, Draw const& d) {
-       p.rti().publishObjectClassAttributes(p.classes[d.c], p.setOf(d.some));
-       p.published[d.c] = with(p.published[d.c], d.some);
-    }},
-   {"unpublishObjectClass", 1, "OwnershipAcquisitionPending",
-    [](Player& p, Draw const& d) {
-       p.rti().unpublishObjectClass(p.classes[d.c]);
-       p.published[d.c] = 0;
-       for (auto const& [object, knownClass] : p.known) {
-          p.owned[object] = knownClass == d.c ? Attributes(0) : p.owned[object];
-       }
-    }},
-   {"subscribeObjectClassAttributes", 15, "",
-    [](Player& p, Draw const& d) {
-       p.rti().subscribeObjectClassAttributes(p.classes[d.c], p.setOf(d.some), d.flag);
-       p.subscribed[d.c] = with(p.subscribed[d.c], d.some);
-    }},
-   {"unsubscribeObjectClass", 3, "",
-    [](Player& p, Draw const& d) {
-       p.rti().unsubscribeObjectClass(p.classes[d.c]);
-       p.subscribed[d.c] = p.subscribedSomewhere[d.c] = 0;
-       p.expectNoMore(nullptr);
-    }},
-   {"publishInteractionClass", 5, "",
-    [](Player& p, Draw const& d) {
-       p.rti().publishInteractionClass(p.interactions[d.k]);
-       p.publishedInteractions[d.k] = true;
-    }},
-   {"unpublishInteractionClass", 1, "",
-    [](Player& p, Draw const& d) {
-       p.rti().unpublishInteractionClass(p.interactions[d.k]);
-       p.publishedInteractions[d.k] = false;
-    }},
-   {"subscribeInteractionClass", 10, "",
-    [](Player& p, Draw const& d) {
-       p.rti().subscribeInteractionClass(p.interactions[d.k], d.flag);
-       p.subscribedInteractions[d.k] = true;
-    }},
-   {"unsubscribeInteractionClass", 2, "",
-    [](Player& p, Draw const& d) {
-       p.rti().unsubscribeInteractionClass(p.interactions[d.k]);
-       p.subscribedInteractions[d.k] = false;
-       p.subscribedInteractionSomewhere &= d.k != withRegions;
-       p.expectNoMore(nullptr);
-    }},
-   {"registerObjectInstance", 25, "",
-    [](Player& p, Draw const& d) {
-       if (p.published[d.c] != 0 && p.known.size() < 30) {
-          AttributeHandleSet const laned = p.setOf(p.published[d.c] & withLanes);
-          auto const object =
-             d.region.isValid() && d.flag
-                ? p.rti().registerObjectInstanceWithRegions(p.classes[d.c], {{laned, {d.region}}})
-                : p.rti().registerObjectInstance(p.classes[d.c]);
-          p.known[object] = d.c;
-          p.owned[object] = with(p.published[d.c], privilegeToDelete);
-       }
-    }},
+   {"publishObjectClassAttributes", 15, "", [](P& p, D& d) {
+      p.rti().publishObjectClassAttributes(p.classes[d.c], p.setOf(d.some));
+      p.published[d.c] = with(p.published[d.c], d.some); }},
+   {"unpublishObjectClass", 1, "OwnershipAcquisitionPending", [](P& p, D& d) {
+      p.rti().unpublishObjectClass(p.classes[d.c]);
+      p.published[d.c] = 0;
+      for (auto const& [object, knownClass] : p.known) {
+         p.owned[object] = knownClass == d.c ? Attributes(0) : p.owned[object];
+      } }},
+   {"subscribeObjectClassAttributes", 15, "", [](P& p, D& d) {
+      p.rti().subscribeObjectClassAttributes(p.classes[d.c], p.setOf(d.some), d.flag);
+      p.subscribed[d.c] = with(p.subscribed[d.c], d.some); }},
+   {"unsubscribeObjectClass", 3, "", [](P& p, D& d) {
+      p.rti().unsubscribeObjectClass(p.classes[d.c]);
+      p.subscribed[d.c] = p.subscribedSomewhere[d.c] = 0;
+      p.expectNoMore(nullptr); }},
+   {"publishInteractionClass", 5, "", [](P& p, D& d) {
+      p.rti().publishInteractionClass(p.interactions[d.k]);
+      p.publishedInteractions[d.k] = true; }},
+   {"subscribeInteractionClass", 10, "", [](P& p, D& d) {
+      p.rti().subscribeInteractionClass(p.interactions[d.k], d.flag);
+      p.subscribedInteractions[d.k] = true; }},
+   {"unsubscribeInteractionClass", 2, "", [](P& p, D& d) {
+      p.rti().unsubscribeInteractionClass(p.interactions[d.k]);
+      p.subscribedInteractions[d.k] = false;
+      p.subscribedInteractionSomewhere &= d.k != withRegions;
+      p.expectNoMore(nullptr); }},
+   {"registerObjectInstance", 25, "", registerObject},
    {"updateAttributeValues", 300, "", update},
    {"sendInteraction", 150, "", sendInteraction},
    {"retract", 15, "MessageCanNoLongerBeRetracted TimeRegulationIsNotEnabled", retract},
-   {"deleteObjectInstance", 6, "",
-    [](Player& p, Draw const& d) {
-       if ((d.owned & privilegeToDelete) != 0) {
-          auto const at = timeToSendAt(p);
-          at ? static_cast<void>(p.rti().deleteObjectInstance(d.object, bytes(""), *at))
-             : p.rti().deleteObjectInstance(d.object, bytes(""));
-          forget(p, d.object);
-       }
-    }},
-   {"localDeleteObjectInstance", 4, "OwnershipAcquisitionPending FederateOwnsAttributes",
-    [](Player& p, Draw const& d) {
-       // Alone, for it might be discovered again before this player knows that it has forgotten it.
-       if (d.object.isValid() && !p.ledger.concurrent) {
-          p.rti().localDeleteObjectInstance(d.object);
-          forget(p, d.object);
-          if (d.owned != 0) {
-             p.fault("forgets an object that it owns a part of");
-          }
-       }
-    }},
-   {"requestAttributeValueUpdate", 8, "",
-    [](Player& p, Draw const& d) {
-       p.rti().requestAttributeValueUpdate(p.classes[d.c], p.setOf(d.some), bytes(""));
-    }},
-   {"requestAttributeTransportationTypeChange", 8, "AttributeAlreadyBeingChanged",
-    [](Player& p, Draw const& d) {
-       if (d.owned != 0) {
-          p.rti().requestAttributeTransportationTypeChange(d.object, p.setOf(d.owned),
-                                                           d.flag ? RELIABLE : BEST_EFFORT);
-       }
-    }},
-   {"changeAttributeOrderType", 8, "",
-    [](Player& p, Draw const& d) {
-       if (d.owned != 0) {
-          p.rti().changeAttributeOrderType(d.object, p.setOf(d.owned), d.flag ? RECEIVE : TIMESTAMP);
-       }
-    }},
-   {"unconditionalAttributeOwnershipDivestiture", 10, "",
-    [](Player& p, Draw const& d) {
-       if (Attributes const given = p.some(d.owned)) {
-          p.rti().unconditionalAttributeOwnershipDivestiture(d.object, p.setOf(given));
-          lose(p, d.object, given);
-       }
-    }},
-   {"negotiatedAttributeOwnershipDivestiture", 20, "AttributeAlreadyBeingDivested",
-    [](Player& p, Draw const& d) {
-       if (Attributes const given = p.some(d.owned)) {
-          p.rti().negotiatedAttributeOwnershipDivestiture(d.object, p.setOf(given), bytes(""));
-       }
-    }},
-   {"confirmDivestiture", 60, "NoAcquisitionPending AttributeDivestitureWasNotRequested",
-    [](Player& p, Draw const&) {
-       if (!p.toConfirm.empty()) {
-          auto const asked = p.toConfirm.back();
-          p.toConfirm.pop_back();
-          p.subject = asked.first;
-          Attributes const given = p.known.count(asked.first) == 0
-                                      ? Attributes(0)
-                                      : static_cast<Attributes>(asked.second & p.owned[asked.first]);
-          if (given != 0) {
-             p.rti().confirmDivestiture(asked.first, p.setOf(given), bytes(""));
-             lose(p, asked.first, given);
-          }
-       }
-    }},
+   {"deleteObjectInstance", 6, "", remove},
+   {"localDeleteObjectInstance", 4, "OwnershipAcquisitionPending FederateOwnsAttributes", removeLocally},
+   {"requestAttributeValueUpdate", 8, "", [](P& p, D& d) {
+      p.rti().requestAttributeValueUpdate(p.classes[d.c], p.setOf(d.some), bytes("")); }},
+   {"requestAttributeTransportationTypeChange", 8, "AttributeAlreadyBeingChanged", [](P& p, D& d) {
+      if (d.owned != 0) {
+         auto const type = d.flag ? RELIABLE : BEST_EFFORT;
+         p.rti().requestAttributeTransportationTypeChange(d.object, p.setOf(d.owned), type);
+      } }},
+   {"changeAttributeOrderType", 8, "", [](P& p, D& d) {
+      if (d.owned != 0) {
+         p.rti().changeAttributeOrderType(d.object, p.setOf(d.owned), d.flag ? RECEIVE : TIMESTAMP);
+      } }},
+   {"unconditionalAttributeOwnershipDivestiture", 10, "", [](P& p, D& d) {
+      if (d.given != 0) {
+         p.rti().unconditionalAttributeOwnershipDivestiture(d.object, p.setOf(d.given));
+         lose(p, d.object, d.given);
+      } }},
+   {"negotiatedAttributeOwnershipDivestiture", 20, "AttributeAlreadyBeingDivested", [](P& p, D& d) {
+      if (d.given != 0) {
+         p.rti().negotiatedAttributeOwnershipDivestiture(d.object, p.setOf(d.given), bytes(""));
+      } }},
+   {"confirmDivestiture", 60, "NoAcquisitionPending AttributeDivestitureWasNotRequested", confirm},
    {"cancelNegotiatedAttributeOwnershipDivestiture", 8, "AttributeDivestitureWasNotRequested",
-    [](Player& p, Draw const& d) {
-       if (d.owned != 0) {
-          p.rti().cancelNegotiatedAttributeOwnershipDivestiture(d.object, p.setOf(p.some(d.owned)));
-       }
-    }},
-   {"attributeOwnershipDivestitureIfWanted", 10, "",
-    [](Player& p, Draw const& d) {
-       AttributeHandleSet divested;
-       if (Attributes const given = p.some(d.owned)) {
-          p.rti().attributeOwnershipDivestitureIfWanted(d.object, p.setOf(given), divested);
-          lose(p, d.object, p.maskOf(divested));
-       }
-    }},
-   {"attributeOwnershipAcquisition", 40, "FederateOwnsAttributes",
-    [](Player& p, Draw const& d) {
-       if (Attributes const wanted = p.some(d.ownable)) {
-          p.rti().attributeOwnershipAcquisition(d.object, p.setOf(wanted), bytes(""));
-       }
-    }},
+    [](P& p, D& d) {
+      if (d.given != 0) {
+         p.rti().cancelNegotiatedAttributeOwnershipDivestiture(d.object, p.setOf(d.given));
+      } }},
+   {"attributeOwnershipDivestitureIfWanted", 10, "", [](P& p, D& d) {
+      AttributeHandleSet divested;
+      if (d.given != 0) {
+         p.rti().attributeOwnershipDivestitureIfWanted(d.object, p.setOf(d.given), divested);
+         lose(p, d.object, p.maskOf(divested));
+      } }},
+   {"attributeOwnershipAcquisition", 40, "FederateOwnsAttributes", [](P& p, D& d) {
+      if (d.wanted != 0) {
+         p.rti().attributeOwnershipAcquisition(d.object, p.setOf(d.wanted), bytes(""));
+      } }},
    {"attributeOwnershipAcquisitionIfAvailable", 20, "AttributeAlreadyBeingAcquired FederateOwnsAttributes",
-    [](Player& p, Draw const& d) {
-       if (Attributes const wanted = p.some(d.ownable)) {
-          p.rti().attributeOwnershipAcquisitionIfAvailable(d.object, p.setOf(wanted));
-       }
-    }},
+    [](P& p, D& d) {
+      if (d.wanted != 0) {
+         p.rti().attributeOwnershipAcquisitionIfAvailable(d.object, p.setOf(d.wanted));
+      } }},
    {"cancelAttributeOwnershipAcquisition", 15, "AttributeAcquisitionWasNotRequested AttributeAlreadyOwned",
-    [](Player& p, Draw const& d) {
-       if (Attributes const wanted = p.some(d.ownable)) {
-          p.rti().cancelAttributeOwnershipAcquisition(d.object, p.setOf(wanted));
-       }
-    }},
-   {"enableTimeRegulation", 10, pending + "TimeRegulationAlreadyEnabled",
-    [](Player& p, Draw const&) {
-       p.rti().enableTimeRegulation(HLAinteger64Interval(p.below(5)));
-       ++p.enabling;
-    }},
-   {"enableTimeConstrained", 10, pending + "TimeConstrainedAlreadyEnabled",
-    [](Player& p, Draw const&) {
-       p.rti().enableTimeConstrained();
-       ++p.enabling;
-    }},
-   {"disableTimeRegulation", 1, "TimeRegulationIsNotEnabled",
-    [](Player& p, Draw const&) {
-       if (!p.isBehind()) {
-          p.rti().disableTimeRegulation();
-          p.regulating = false;
-       }
-    }},
-   {"disableTimeConstrained", 1, "TimeConstrainedIsNotEnabled",
-    [](Player& p, Draw const&) {
-       if (!p.isBehind()) {
-          p.rti().disableTimeConstrained();
-          p.constrained = false;
-       }
-    }},
-   {"modifyLookahead", 5, "InTimeAdvancingState TimeRegulationIsNotEnabled",
-    [](Player& p, Draw const&) { p.rti().modifyLookahead(HLAinteger64Interval(p.below(5))); }},
-   {"enableAsynchronousDelivery", 2, "AsynchronousDeliveryAlreadyEnabled",
-    [](Player& p, Draw const&) {
-       if (p.index % 2 == 0) { // what the others receive is checked more closely
-          p.asynchronous = true;
-          p.rti().enableAsynchronousDelivery();
-       }
-    }},
-   {"an advance", 150, pending, [](Player& p, Draw const&) { advance(p, p.below(5), p.now + p.below(8)); }},
-   {"createRegion", 6, "",
-    [](Player& p, Draw const&) {
-       if (p.regions.size() < 3) {
-          p.regions.push_back(p.rti().createRegion({p.lane}));
-       }
-    }},
-   {"commitRegionModifications", 12, "",
-    [](Player& p, Draw const& d) {
-       if (d.region.isValid()) {
-          auto const lower = static_cast<unsigned long>(p.below(7));
-          p.rti().setRangeBounds(d.region, p.lane, RangeBounds(lower, lower + 1));
-          p.rti().commitRegionModifications({d.region});
-       }
-    }},
-   {"deleteRegion", 3, "RegionInUseForUpdateOrSubscription",
-    [](Player& p, Draw const& d) {
-       if (d.region.isValid()) {
-          p.rti().deleteRegion(d.region);
-          p.regions.erase(std::find(p.regions.begin(), p.regions.end(), d.region));
-       }
-    }},
-   {"subscribeObjectClassAttributesWithRegions", 6, "",
-    [](Player& p, Draw const& d) {
-       if (d.region.isValid()) {
-          p.rti().subscribeObjectClassAttributesWithRegions(p.classes[d.c], d.inLanes);
-          p.subscribedSomewhere[d.c] = with(p.subscribedSomewhere[d.c], p.maskOf(d.inLanes[0].first));
-       }
-    }},
-   {"unsubscribeObjectClassAttributesWithRegions", 3, "",
-    [](Player& p, Draw const& d) {
-       if (d.region.isValid()) {
-          p.rti().unsubscribeObjectClassAttributesWithRegions(p.classes[d.c], d.inLanes);
-       }
-    }},
-   {"subscribeInteractionClassWithRegions", 5, "",
-    [](Player& p, Draw const& d) {
-       if (d.region.isValid()) {
-          p.rti().subscribeInteractionClassWithRegions(p.interactions[withRegions], {d.region});
-          p.subscribedInteractionSomewhere = true;
-       }
-    }},
-   {"associateRegionsForUpdates", 8, "",
-    [](Player& p, Draw const& d) {
-       if (d.region.isValid() && d.object.isValid()) {
-          p.rti().associateRegionsForUpdates(d.object, d.inLanes);
-       }
-    }},
-   {"unassociateRegionsForUpdates", 5, "",
-    [](Player& p, Draw const& d) {
-       if (d.region.isValid() && d.object.isValid()) {
-          p.rti().unassociateRegionsForUpdates(d.object, d.inLanes);
-       }
-    }},
-   {"enableAttributeRelevanceAdvisorySwitch", 2, "AttributeRelevanceAdvisorySwitchIsOn",
-    [](Player& p, Draw const&) { p.rti().enableAttributeRelevanceAdvisorySwitch(); }},
-   {"resignFederationExecution", 2, "OwnershipAcquisitionPending FederateOwnsAttributes",
-    [](Player& p, Draw const&) {
-       p.rti().resignFederationExecution(static_cast<ResignAction>(p.below(6)));
-       p.isJoined = false;
-       p.due.clear();
-    }},
+    [](P& p, D& d) {
+      if (d.wanted != 0) {
+         p.rti().cancelAttributeOwnershipAcquisition(d.object, p.setOf(d.wanted));
+      } }},
+   {"enableTimeRegulation", 10, pending + "TimeRegulationAlreadyEnabled", [](P& p, D&) {
+      p.rti().enableTimeRegulation(HLAinteger64Interval(p.below(5)));
+      ++p.enabling; }},
+   {"enableTimeConstrained", 10, pending + "TimeConstrainedAlreadyEnabled", [](P& p, D&) {
+      p.rti().enableTimeConstrained();
+      ++p.enabling; }},
+   {"disableTimeRegulation", 1, "TimeRegulationIsNotEnabled", [](P& p, D&) {
+      if (!p.isBehind()) {
+         p.rti().disableTimeRegulation();
+         p.regulating = false;
+      } }},
+   {"disableTimeConstrained", 1, "TimeConstrainedIsNotEnabled", [](P& p, D&) {
+      if (!p.isBehind()) {
+         p.rti().disableTimeConstrained();
+         p.constrained = false;
+      } }},
+   {"modifyLookahead", 5, "InTimeAdvancingState TimeRegulationIsNotEnabled", [](P& p, D&) {
+      p.rti().modifyLookahead(HLAinteger64Interval(p.below(5))); }},
+   {"enableAsynchronousDelivery", 2, "AsynchronousDeliveryAlreadyEnabled", [](P& p, D&) {
+      if (p.index % 2 == 0) { // what the others receive is checked more closely
+         p.asynchronous = true;
+         p.rti().enableAsynchronousDelivery();
+      } }},
+   {"an advance", 150, pending, [](P& p, D&) { advance(p, p.below(5), p.now + p.below(8)); }},
+   {"createRegion", 6, "", [](P& p, D&) {
+      if (p.regions.size() < 3) {
+         p.regions.push_back(p.rti().createRegion({p.lane}));
+      } }},
+   {"commitRegionModifications", 12, "", [](P& p, D& d) {
+      if (d.region.isValid()) {
+         auto const lower = static_cast<unsigned long>(p.below(7));
+         p.rti().setRangeBounds(d.region, p.lane, RangeBounds(lower, lower + 1));
+         p.rti().commitRegionModifications({d.region});
+      } }},
+   {"deleteRegion", 3, "RegionInUseForUpdateOrSubscription", [](P& p, D& d) {
+      if (d.region.isValid()) {
+         p.rti().deleteRegion(d.region);
+         p.regions.erase(std::find(p.regions.begin(), p.regions.end(), d.region));
+      } }},
+   {"subscribeObjectClassAttributesWithRegions", 6, "", [](P& p, D& d) {
+      if (d.region.isValid()) {
+         p.rti().subscribeObjectClassAttributesWithRegions(p.classes[d.c], d.inLanes);
+         p.subscribedSomewhere[d.c] = with(p.subscribedSomewhere[d.c], p.maskOf(d.inLanes[0].first));
+      } }},
+   {"unsubscribeObjectClassAttributesWithRegions", 3, "", [](P& p, D& d) {
+      if (d.region.isValid()) {
+         p.rti().unsubscribeObjectClassAttributesWithRegions(p.classes[d.c], d.inLanes);
+      } }},
+   {"subscribeInteractionClassWithRegions", 5, "", [](P& p, D& d) {
+      if (d.region.isValid()) {
+         p.rti().subscribeInteractionClassWithRegions(p.interactions[withRegions], {d.region});
+         p.subscribedInteractionSomewhere = true;
+      } }},
+   {"associateRegionsForUpdates", 8, "", [](P& p, D& d) {
+      if (d.region.isValid() && d.object.isValid()) {
+         p.rti().associateRegionsForUpdates(d.object, d.inLanes);
+      } }},
+   {"unassociateRegionsForUpdates", 5, "", [](P& p, D& d) {
+      if (d.region.isValid() && d.object.isValid()) {
+         p.rti().unassociateRegionsForUpdates(d.object, d.inLanes);
+      } }},
+   {"enableAttributeRelevanceAdvisorySwitch", 2, "AttributeRelevanceAdvisorySwitchIsOn", [](P& p, D&) {
+      p.rti().enableAttributeRelevanceAdvisorySwitch(); }},
+   {"resignFederationExecution", 2, "OwnershipAcquisitionPending FederateOwnsAttributes", [](P& p, D&) {
+      p.rti().resignFederationExecution(static_cast<ResignAction>(p.below(6)));
+      p.isJoined = false;
+      p.due.clear(); }},
 };
+// clang-format on
 
 // What another thread's player does at the same time may come in between.
 std::string const raced =

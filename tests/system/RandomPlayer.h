@@ -183,6 +183,8 @@ private:
    using Set = rti1516e::AttributeHandleSet const&;
    using Values = rti1516e::AttributeHandleValueMap const&;
    using Parameters = rti1516e::ParameterHandleValueMap const&;
+   using ObjectClass = rti1516e::ObjectClassHandle;
+   using Producer = rti1516e::FederateHandle;
    using Class = rti1516e::InteractionClassHandle;
    using Order = rti1516e::OrderType;
    using Way = rti1516e::TransportationType;
@@ -192,67 +194,41 @@ private:
    using ReceiveInfo = rti1516e::SupplementalReceiveInfo;
    using RemoveInfo = rti1516e::SupplementalRemoveInfo;
 
+   // clang-format off
    void reportFederationExecutions(rti1516e::FederationExecutionInformationVector const&) override
-   {
-      _drained = true;
-   }
-   void discoverObjectInstance(Object object, rti1516e::ObjectClassHandle theClass,
-                               std::wstring const&) override;
-   void discoverObjectInstance(Object object, rti1516e::ObjectClassHandle theClass, std::wstring const& name,
-                               rti1516e::FederateHandle) override
-   {
-      discoverObjectInstance(object, theClass, name);
-   }
-   void reflectAttributeValues(Object object, Values values, Tag tag, Order sentOrder, Way, Time time,
-                               Order order, Retraction, ReflectInfo) override
-   {
-      reflected(object, values, tag, {sentOrder, &time, order});
-   }
-   void reflectAttributeValues(Object object, Values values, Tag tag, Order sentOrder, Way, Time time,
-                               Order order, ReflectInfo) override
-   {
-      reflected(object, values, tag, {sentOrder, &time, order});
-   }
-   void reflectAttributeValues(Object object, Values values, Tag tag, Order sentOrder, Way,
+   { _drained = true; }
+   void discoverObjectInstance(Object object, ObjectClass theClass, std::wstring const&) override;
+   void discoverObjectInstance(Object object, ObjectClass theClass, std::wstring const& name,
+                               Producer) override
+   { discoverObjectInstance(object, theClass, name); }
+   void reflectAttributeValues(Object object, Values values, Tag tag, Order how, Way, Time time, Order order,
+                               Retraction, ReflectInfo) override
+   { reflected(object, values, tag, {how, &time, order}); }
+   void reflectAttributeValues(Object object, Values values, Tag tag, Order how, Way, Time time, Order order,
                                ReflectInfo) override
-   {
-      reflected(object, values, tag, {sentOrder, nullptr, rti1516e::RECEIVE});
-   }
-   void receiveInteraction(Class theClass, Parameters, Tag tag, Order sentOrder, Way, Time time, Order order,
+   { reflected(object, values, tag, {how, &time, order}); }
+   void reflectAttributeValues(Object object, Values values, Tag tag, Order how, Way, ReflectInfo) override
+   { reflected(object, values, tag, {how, nullptr, rti1516e::RECEIVE}); }
+   void receiveInteraction(Class theClass, Parameters, Tag tag, Order how, Way, Time time, Order order,
                            Retraction, ReceiveInfo) override
-   {
-      interaction(theClass, tag, {sentOrder, &time, order});
-   }
-   void receiveInteraction(Class theClass, Parameters, Tag tag, Order sentOrder, Way, Time time, Order order,
+   { interaction(theClass, tag, {how, &time, order}); }
+   void receiveInteraction(Class theClass, Parameters, Tag tag, Order how, Way, Time time, Order order,
                            ReceiveInfo) override
-   {
-      interaction(theClass, tag, {sentOrder, &time, order});
-   }
-   void receiveInteraction(Class theClass, Parameters, Tag tag, Order sentOrder, Way, ReceiveInfo) override
-   {
-      interaction(theClass, tag, {sentOrder, nullptr, rti1516e::RECEIVE});
-   }
-   void removeObjectInstance(Object object, Tag, Order sentOrder, Time time, Order order, Retraction,
+   { interaction(theClass, tag, {how, &time, order}); }
+   void receiveInteraction(Class theClass, Parameters, Tag tag, Order how, Way, ReceiveInfo) override
+   { interaction(theClass, tag, {how, nullptr, rti1516e::RECEIVE}); }
+   void removeObjectInstance(Object object, Tag, Order how, Time time, Order order, Retraction,
                              RemoveInfo) override
-   {
-      removed(object, {sentOrder, &time, order});
-   }
-   void removeObjectInstance(Object object, Tag, Order sentOrder, Time time, Order order, RemoveInfo) override
-   {
-      removed(object, {sentOrder, &time, order});
-   }
-   void removeObjectInstance(Object object, Tag, Order sentOrder, RemoveInfo) override
-   {
-      removed(object, {sentOrder, nullptr, rti1516e::RECEIVE});
-   }
+   { removed(object, {how, &time, order}); }
+   void removeObjectInstance(Object object, Tag, Order how, Time time, Order order, RemoveInfo) override
+   { removed(object, {how, &time, order}); }
+   void removeObjectInstance(Object object, Tag, Order how, RemoveInfo) override
+   { removed(object, {how, nullptr, rti1516e::RECEIVE}); }
    void provideAttributeValueUpdate(Object object, Set some, Tag) override
-   {
-      checkOwned("provides", object, some);
-   }
+   { checkOwned("provides", object, some); }
    void requestAttributeOwnershipRelease(Object object, Set some, Tag) override
-   {
-      checkOwned("releases", object, some);
-   }
+   { checkOwned("releases", object, some); }
+   // clang-format on
    void requestDivestitureConfirmation(Object object, Set some) override;
    void attributeOwnershipAcquisitionNotification(Object object, Set some, Tag) override;
    void timeRegulationEnabled(Time time) override;
