@@ -12,19 +12,19 @@ using namespace rti1516e;
 
 namespace {
 
-Integer32 const climbPerStep = 5; // flight levels
+Integer32 const climbPerReport = 3; // flight levels
 
 Position movedOn(Position const& from, FlightPlan const& plan, Integer32 level)
 {
-   double const seconds = static_cast<double>(step);
-   Integer32 const climb = std::clamp(level - from.flightLevel, -climbPerStep, climbPerStep);
+   double const seconds = static_cast<double>(reportInterval);
+   Integer32 const climb = std::clamp(level - from.flightLevel, -climbPerReport, climbPerReport);
    return {from.easting + plan.eastward * seconds, from.northing + plan.northward * seconds,
            from.flightLevel + climb};
 }
 
 } // namespace
 
-Airline::Airline(AirlinePlan const& plan) : Federate(plan.name)
+Airline::Airline(AirlinePlan const& plan) : Federate(plan.name, step)
 {
    for (FlightPlan const& each : plan.flights) {
       _flights.push_back({each, each.start, each.start.flightLevel, {}, {}});
@@ -53,7 +53,10 @@ void Airline::send()
 {
    for (Flight& each : _flights) {
       if (each.isFlying()) {
-         move(each);
+         for (Integer64 at = time() + reportInterval; at <= nextTime() && each.isFlying();
+              at += reportInterval) {
+            move(each, at);
+         }
       } else if (each.plan.entry == time()) {
          enter(each);
       }
@@ -68,11 +71,11 @@ void Airline::enter(Flight& flight)
    ++_entered;
 }
 
-void Airline::move(Flight& flight)
+void Airline::move(Flight& flight, Integer64 at)
 {
    Position const next = movedOn(flight.position, flight.plan, flight.clearedLevel);
    if (!airspace.contains(next)) {
-      leave(flight);
+      leave(flight, at);
       return;
    }
    _crossings += &sectorOf(next) != &sectorOf(flight.position);
@@ -80,13 +83,13 @@ void Airline::move(Flight& flight)
    // Who is sent an update is settled when it is sent: first the region, then the update.
    moveRegion(flight.region, Area::around(next));
    rti().updateAttributeValues(flight.aircraft, {{fom().position, encode(next)}}, VariableLengthData(),
-                               HLAinteger64Time(nextTime()));
+                               HLAinteger64Time(at));
    _sentPositions.push_back(next);
 }
 
-void Airline::leave(Flight& flight)
+void Airline::leave(Flight& flight, Integer64 at)
 {
-   rti().deleteObjectInstance(flight.aircraft, VariableLengthData(), HLAinteger64Time(nextTime()));
+   rti().deleteObjectInstance(flight.aircraft, VariableLengthData(), HLAinteger64Time(at));
    rti().deleteRegion(flight.region);
    flight.aircraft = ObjectInstanceHandle();
 }

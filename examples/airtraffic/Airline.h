@@ -45,8 +45,8 @@ private:
    void multipleObjectInstanceNameReservationSucceeded(std::set<std::wstring> const& names) override;
 
    void enter(Flight& flight);
-   void move(Flight& flight);
-   void leave(Flight& flight);
+   void move(Flight& flight, rti1516e::Integer64 at);
+   void leave(Flight& flight, rti1516e::Integer64 at);
 
    std::vector<Flight> _flights;
    bool _callsignsReserved = false;

@@ -10,7 +10,7 @@ namespace airtraffic {
 
 using namespace rti1516e;
 
-Controller::Controller(Sector const& sector) : Federate(sector.name), _sector(sector) {}
+Controller::Controller(Sector const& sector) : Federate(sector.name, step), _sector(sector) {}
 
 bool Controller::controls(std::wstring const& callsign) const
 {

@@ -16,7 +16,7 @@ using rti1516e::Integer64;
 
 namespace {
 
-std::chrono::milliseconds const pause{60}; // between the frames of a moving picture
+std::chrono::milliseconds const pause{30}; // between the frames of a moving picture
 Integer64 const stillInterval = 300;       // seconds of logical time between still ones
 wchar_t const* const clearTerminal = L"\x1b[H\x1b[J";
 

@@ -20,8 +20,8 @@ std::chrono::seconds const patience{20};
 
 } // namespace
 
-Federate::Federate(std::wstring const& name)
-   : _name(name), _rti(RTIambassadorFactory().createRTIambassador().release())
+Federate::Federate(std::wstring const& name, Integer64 period)
+   : _name(name), _period(period), _rti(RTIambassadorFactory().createRTIambassador().release())
 {
    _rti->connect(*this, HLA_EVOKED);
 }
@@ -66,7 +66,7 @@ void Federate::run()
 
 void Federate::enableTimeManagement()
 {
-   _rti->enableTimeRegulation(HLAinteger64Interval(step));
+   _rti->enableTimeRegulation(HLAinteger64Interval(reportInterval));
    await("time regulation", [this] { return _regulating; });
    _rti->enableTimeConstrained();
    await("time constraint", [this] { return _constrained; });

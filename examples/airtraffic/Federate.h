@@ -20,7 +20,8 @@ namespace airtraffic {
 class Federate : private MessageForms
 {
 public:
-   explicit Federate(std::wstring const& name);
+   // Advances by so many seconds at a time.
+   Federate(std::wstring const& name, rti1516e::Integer64 period);
    ~Federate() override;
    Federate(Federate const&) = delete;
    Federate& operator=(Federate const&) = delete;
@@ -51,7 +52,7 @@ protected:
    rti1516e::RTIambassador& rti() { return *_rti; }
    Vocabulary const& fom() const { return *_fom; }
    rti1516e::Integer64 time() const { return _time; }
-   rti1516e::Integer64 nextTime() const { return _time + step; }
+   rti1516e::Integer64 nextTime() const { return _time + _period; }
 
    // Evokes callbacks until they have brought about what is awaited, but not for ever.
    void await(std::string const& what, std::function<bool()> const& condition);
@@ -75,6 +76,7 @@ private:
    void timeAdvanceGrant(rti1516e::LogicalTime const& time) override;
 
    std::wstring const _name;
+   rti1516e::Integer64 const _period;
    std::set<std::wstring> _announced;
    std::set<std::wstring> _synchronized;
    bool _regulating = false;

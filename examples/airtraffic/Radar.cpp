@@ -8,7 +8,7 @@ namespace airtraffic {
 
 using namespace rti1516e;
 
-Radar::Radar() : Federate(L"Radar") {}
+Radar::Radar() : Federate(L"Radar", reportInterval) {}
 
 void Radar::prepare()
 {
@@ -16,7 +16,7 @@ void Radar::prepare()
    rti().subscribeObjectClassAttributes(fom().aircraft, {fom().controller});
 }
 
-// Shows who was seen since the last time.
+// Shows who has reported last.
 void Radar::send()
 {
    std::vector<Track> seen;

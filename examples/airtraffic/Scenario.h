@@ -57,9 +57,12 @@ Area const radarCoverage{60, 180, 15, 105};
 // that is about to be handed over.
 unsigned long const handOverMargin = 10;
 
-// Everybody advances by the step, and sends for the end of the next one: the step is the lookahead, too.
+// Seconds. Aircraft report so often that there are several reports in each step by which airlines and
+// controllers advance; the radar advances from report to report. Nobody sends for a time before the next
+// report: that is the lookahead. The end is a multiple of all.
+rti1516e::Integer64 const reportInterval = 5;
 rti1516e::Integer64 const step = 10;
-rti1516e::Integer64 const end = 1100; // a multiple of the step
+rti1516e::Integer64 const end = 1100;
 
 std::vector<Sector> const& sectors();
 
