@@ -51,8 +51,8 @@ public:
    // Takes the slot for an ambassador if it is free; returns the generation, or 0 if the slot is taken.
    std::uint32_t occupy() noexcept;
 
-   // The ambassador is gone: from now on no token leads here. Waits until no other thread uses the slot; it is
-   // free again once this thread does not either.
+   // The ambassador is gone: from now on no token leads here. Waits until no other thread uses the slot; it
+   // is free again once this thread does not either.
    void vacate() noexcept;
 
    // Uses the slot if it is still of that generation, until release.
