@@ -2,6 +2,7 @@
 
 #include "bridge/JavaVMHost.h"
 #include "bridge/SetupFailure.h"
+#include "bridge/WideText.h"
 #include "gen/cpp/FederateAmbassadorC.h"
 
 #include <RTI/Exception.h>
