@@ -207,7 +207,7 @@ std::vector<Claim> addBenchmarks()
    measure(bare, &RoundTrip::run);
 
    auto const reflectedTo = [](std::size_t count) {
-      return "update reflected to " + std::to_string(count) + " federates";
+      return "update reflected to " + std::to_string(count) + (count == 1 ? " federate" : " federates");
    };
    std::size_t const one = 1;
    for (std::size_t const count : {1u, 10u}) {
