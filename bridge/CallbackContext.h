@@ -51,13 +51,32 @@ public:
    // Takes the slot for an ambassador if it is free; returns the generation, or 0 if the slot is taken.
    std::uint32_t occupy() noexcept;
 
-   // The ambassador is gone: from now on no token leads here. Waits until no other thread uses the slot; it is
-   // free again once this thread does not either.
+   // The ambassador is gone: from now on no token leads here. Waits until no other thread uses the slot; it
+   // is free again once this thread does not either.
    void vacate() noexcept;
 
    // Uses the slot if it is still of that generation, until release.
-   bool acquire(std::uint32_t generation) noexcept;
-   void release() noexcept;
+   bool acquire(std::uint32_t generation) noexcept
+   {
+      std::uint64_t state = _state.load();
+      do {
+         if (generation == 0 || generationIn(state) != generation) {
+            return false;
+         }
+      } while (!_state.compare_exchange_weak(state, state + 1));
+      return true;
+   }
+
+   void release() noexcept
+   {
+      // An ambassador that lives uses the slot too, and until its end waits for the other users. So this is
+      // not the last one, and has nothing to clean up but factories that were replaced.
+      if (generationIn(_state.load()) != 0 && _retired.load() == nullptr) {
+         _state.fetch_sub(1);
+      } else {
+         releaseAndCleanUp();
+      }
+   }
 
    void setTimeFactory(std::unique_ptr<TimeFactory> factory) noexcept;
    TimeFactory* timeFactory() const noexcept { return _timeFactory.load(); }
@@ -66,6 +85,12 @@ public:
    std::atomic<std::uint16_t> controlWord{0};
 
 private:
+   static constexpr std::uint32_t generationIn(std::uint64_t state) noexcept
+   {
+      return static_cast<std::uint32_t>(state >> 32);
+   }
+
+   void releaseAndCleanUp() noexcept;
    void retire(TimeFactory* factories) noexcept;
    void cleanUp() noexcept;
 

@@ -9,9 +9,9 @@
 #pragma once
 
 #include "api/BigEndian.h"
+#include "api/Utf16.h"
 #include "api/encoding/Failure.h"
 #include "api/encoding/Output.h"
-#include "api/encoding/Utf16.h"
 
 #include <RTI/encoding/BasicDataElements.h>
 
