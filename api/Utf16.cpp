@@ -28,10 +28,11 @@ void assignUnits(std::wstring& text, std::size_t units, Unit unitAt)
 {
    text.resize(units);
    wchar_t* const characters = text.data();
-   std::uint32_t surrogates = 0;
+   std::int16_t surrogates = 0; // as wide as the units, so that as many are tested at once as are taken
    for (std::size_t i = 0; i < units; ++i) {
-      std::uint32_t const unit = unitAt(i);
-      surrogates |= static_cast<std::uint32_t>(isSurrogate(unit));
+      std::uint16_t const unit = unitAt(i);
+      auto const marked = static_cast<std::int16_t>(unit & 0xF800);
+      surrogates |= marked == static_cast<std::int16_t>(0xD800) ? std::int16_t{-1} : std::int16_t{0};
       characters[i] = static_cast<wchar_t>(unit);
    }
    if (surrogates != 0) {
