@@ -23,7 +23,8 @@ echo "== clang-format"
 xargs clang-format --dry-run -Werror <<<"$sources"
 
 echo "== shellcheck"
-git ls-files '*.sh' .ci | xargs shellcheck
+# Dollars and backquotes in single quotes are meant (SC2016).
+git ls-files '*.sh' .ci | xargs shellcheck --exclude=SC2016
 
 library=$(git ls-files api bridge fedtime gen | grep '\.cpp$')
 echo "== cppcheck"
