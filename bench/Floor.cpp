@@ -335,6 +335,22 @@ void CallbackLoop::run() const
    environment()->CallStaticVoidMethod(_class, _loop, _message, static_cast<jint>(times));
 }
 
+RoundTrip::RoundTrip() : _vm(theVM())
+{
+   JNIEnv* const env = environment();
+   _class =
+      static_cast<jclass>(env->NewGlobalRef(require(env->FindClass("floor/RoundTrip"), "no round trip")));
+   static char name[] = "callback";
+   static char signature[] = "([B)V";
+   JNINativeMethod const native{name, signature, reinterpret_cast<void*>(&pinAndUnpin)};
+   env->RegisterNatives(_class, &native, 1);
+   _service = require(env->GetStaticMethodID(_class, "service", signature), "no service");
+   jsize const envelope = 12; // what every callback brings along
+   _message = static_cast<jbyteArray>(env->NewGlobalRef(env->NewByteArray(envelope)));
+}
+
+void RoundTrip::run() { attach(_vm)->CallStaticVoidMethod(_class, _service, _message); }
+
 void registerFloorNatives(FederateAmbassador& federate, LogicalTimeFactory& factory)
 {
    federateToCall = &federate;

@@ -77,6 +77,21 @@ private:
    jbyteArray _message = nullptr;
 };
 
+// The bare crossing: a service that does nothing but call back, and a callback that does nothing but pin its
+// message and let it go. The core, whichever it is, has no part in it.
+class RoundTrip
+{
+public:
+   RoundTrip();
+   void run();
+
+private:
+   JavaVM* _vm = nullptr;
+   jclass _class = nullptr;
+   jmethodID _service = nullptr;
+   jbyteArray _message = nullptr;
+};
+
 // The environment of the calling thread in the VM that the library has started.
 JNIEnv* environment();
 

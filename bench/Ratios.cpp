@@ -3,6 +3,16 @@
 #include <cstdio>
 
 namespace bench {
+namespace {
+
+std::string hundredths(double value)
+{
+   char text[32];
+   std::snprintf(text, sizeof text, "%.2f", value);
+   return text;
+}
+
+} // namespace
 
 void Medians::ReportRuns(std::vector<Run> const& runs)
 {
@@ -45,11 +55,8 @@ int Medians::judge(std::vector<Claim> const& claims) const
       std::printf("| %-44s | %12.1f | %-44s | %12.1f | %6.2f |",
                   (claim.measured + (growth ? ", growth" : "")).c_str(), time(claim.measured),
                   claim.floor.c_str(), time(claim.floor), judged);
-      if (claim.bound == 0) {
-         std::printf(" %5s |\n", "");
-      } else {
-         std::printf(" %5.2f%s |\n", claim.bound, holds ? "" : " EXCEEDED");
-      }
+      std::printf(" %5s%s |\n", claim.bound == 0 ? "" : hundredths(claim.bound).c_str(),
+                  holds ? "" : " EXCEEDED");
    }
    return broken;
 }
