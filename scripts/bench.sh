@@ -24,7 +24,7 @@ cached() { sed -n "s/^$1:[A-Z]*=//p" $build/CMakeCache.txt; }
   echo "| date | $(date +%F) |"
   echo "| processor | $(sed -n 's/^model name.*: //p;' /proc/cpuinfo | head -1), $(nproc) cores |"
   echo "| memory | $(awk '/MemTotal/ {printf "%d GB", $2 / 1e6}' /proc/meminfo) |"
-  echo "| system | $(uname -sr), $(. /etc/os-release && echo "$PRETTY_NAME") |"
+  echo "| system | $(uname -sr), $(sed -n 's/^PRETTY_NAME="\(.*\)"/\1/p' /etc/os-release) |"
   echo "| compiler | $("$(cached CMAKE_CXX_COMPILER)" --version | head -1), $(cached CMAKE_CXX_FLAGS_RELEASE) |"
   echo "| Java | $(java -version 2>&1 | sed -n 2p) |"
   echo "| load | $(cut -d' ' -f1-3 /proc/loadavg), of other programs before the first run |"
