@@ -44,13 +44,14 @@ public:
       throw std::logic_error("a service that should have been refused was not");
    }
 
-   // A service that is refused while an earlier callback has not come.
-   template <class Refusal, class Service>
-   void callOrLeave(Service service)
+   // Refused while an earlier callback has not come.
+   void requestTimeAdvance(LogicalTime const& time)
    {
       try {
-         call(service);
-      } catch (Refusal const&) {
+         call([&](RTIambassador& rti) { rti.timeAdvanceRequest(time); });
+      } catch (InTimeAdvancingState const&) {
+         ++_tally.refusals;
+      } catch (RequestForTimeConstrainedPending const&) {
          ++_tally.refusals;
       }
    }
@@ -186,8 +187,7 @@ void leadALife(std::wstring const& federation, std::wstring const& fomModule, in
       sender.callInVain<ObjectInstanceNotKnown>(
          [&](RTIambassador& rti) { rti.updateAttributeValues(ObjectInstanceHandle(), values, tag); });
       for (Federate* const federate : {&sender, &receiver}) {
-         federate->callOrLeave<InTimeAdvancingState>(
-            [&](RTIambassador& rti) { rti.timeAdvanceRequest(HLAinteger64Time(round)); });
+         federate->requestTimeAdvance(HLAinteger64Time(round));
          federate->evoke();
       }
    }

@@ -1,9 +1,6 @@
 import java.nio.file.Files;
 import java.nio.file.Path;
-import java.nio.charset.StandardCharsets;
-import java.util.Arrays;
 import java.util.List;
-import java.util.Random;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
 import tovu.local.fom.OrderType;
@@ -24,7 +21,6 @@ final class FomTest {
         harness.run("contradictions", FomTest::contradictions);
         harness.run("joining extends", FomTest::joiningExtends);
         harness.run("mim", FomTest::mim);
-        harness.run("mutations", FomTest::mutations);
         harness.finish();
     }
 
@@ -157,34 +153,5 @@ final class FomTest {
         Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(TestFom.file("x")));
         Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(TestFom.file(TestFom.AIR)),
                 "HLAprivilegeToDeleteObject");
-    }
-
-    /** Whatever is done to a module's bytes, reading it ends in a model or in one of three exceptions. */
-    private static void mutations() throws Exception {
-        byte[] original = TestFom.AIR.getBytes();
-        byte[] markup = "<>/&\"'=!?[]name\0\u00ff".getBytes(StandardCharsets.ISO_8859_1);
-        Random random = new Random(20240229);
-        Path path = Files.createTempFile("mutant", ".xml");
-        int read = 0;
-        for (int round = 0; round < 1000; ++round) {
-            byte[] mutant = original.clone();
-            for (int left = 1 + random.nextInt(4); left > 0; --left) {
-                int at = random.nextInt(mutant.length);
-                int length = Math.min(1 + random.nextInt(30), mutant.length - at);
-                switch (random.nextInt(3)) {
-                    case 0 -> mutant[at] = markup[random.nextInt(markup.length)];
-                    case 1 -> System.arraycopy(original, random.nextInt(original.length - length), mutant, at, length);
-                    default -> mutant = Arrays.copyOf(mutant, Math.max(1, at));
-                }
-            }
-            Files.write(path, mutant);
-            try {
-                model(path.toString());
-                ++read;
-            } catch (hla.rti1516e.exceptions.ErrorReadingFDD | hla.rti1516e.exceptions.InconsistentFDD expected) {
-                Harness.that(expected.getMessage().contains(path.toString()), "the file is not named: " + expected);
-            }
-        }
-        Harness.that(read > 10 && read < 990, "the mutations hit nothing or everything: " + read);
     }
 }
