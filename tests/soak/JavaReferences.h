@@ -23,6 +23,8 @@ public:
       _tools->AddCapabilities(&capabilities);
    }
 
+   // The local ones are those of threads outside Java: what threads inside have, they give back when they
+   // leave.
    struct Count
    {
       long globals = 0;
@@ -42,12 +44,12 @@ public:
 
 private:
    // Called for each root of the heap; what hangs on it is of no interest.
-   static jint JNICALL visit(jvmtiHeapReferenceKind kind, jvmtiHeapReferenceInfo const*, jlong, jlong, jlong,
-                             jlong*, jlong*, jint, void* found)
+   static jint JNICALL visit(jvmtiHeapReferenceKind kind, jvmtiHeapReferenceInfo const* info, jlong, jlong,
+                             jlong, jlong*, jlong*, jint, void* found)
    {
       auto& count = *static_cast<Count*>(found);
       count.globals += kind == JVMTI_HEAP_REFERENCE_JNI_GLOBAL ? 1 : 0;
-      count.locals += kind == JVMTI_HEAP_REFERENCE_JNI_LOCAL ? 1 : 0;
+      count.locals += kind == JVMTI_HEAP_REFERENCE_JNI_LOCAL && info->jni_local.depth == 0 ? 1 : 0;
       return 0;
    }
 
