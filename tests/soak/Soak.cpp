@@ -25,8 +25,7 @@ namespace {
 
 constexpr int threadCount = 8;
 constexpr int looks = 10;
-constexpr long ofTheVM =
-   8; // references that the VM itself has now and then, to compilers' threads for example
+constexpr long ofTheVM = 8; // global references that the VM itself has now and then
 
 // In kilobytes.
 long residentMemory()
