@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and is missing, from Debian's packages, as root or through sudo. With
-# the word lint, also what the checks of the sources need.
+# the word lint, also what the checks of the sources need; with the word fuzz, what fuzzing needs.
 set -euo pipefail
 
 # A command, or the path of a file, that tells that a package is there; and the package.
@@ -14,6 +14,9 @@ needs=(
 )
 if [ "${1:-}" = lint ]; then
   needs+=("clang-format clang-format" "clang-tidy clang-tidy")
+fi
+if [ "${1:-}" = fuzz ]; then
+  needs+=("clang++ clang" "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a libclang-rt-14-dev")
 fi
 missing=()
 for need in "${needs[@]}"; do

@@ -11,6 +11,8 @@ import tovu.local.model.Federations;
 final class FomTest {
     private static final String ROOT = "<objects><objectClass><name>HLAobjectRoot</name>%s</objectClass></objects>";
     private static final String VEHICLE = String.format(ROOT, "<objectClass><name>Vehicle</name>%s</objectClass>");
+    private static final String REPORT = "<interactions><interactionClass><name>HLAinteractionRoot</name>"
+            + "<interactionClass><name>Report</name>%s</interactionClass></interactionClass></interactions>";
 
     public static void main(String[] arguments) {
         Harness harness = new Harness();
@@ -102,6 +104,7 @@ final class FomTest {
                 {"<dimensions><dimension><name>Z</name><upperBound>many</upperBound></dimension></dimensions>", "many"},
                 {"<updateRates><updateRate><name>fast</name><rate>11</rate></updateRate></updateRates>", "fast"},
                 {"<updateRates><updateRate><name>odd</name><rate>x</rate></updateRate></updateRates>", "odd"},
+                {"<updateRates><updateRate><name>odd</name><rate>NaN</rate></updateRate></updateRates>", "NaN"},
                 {"<transportations><transportation><name>HLAlow</name><reliable>No</reliable></transportation>"
                         + "<transportation><name>HLAlow</name><reliable>Yes</reliable></transportation></transportations>",
                         "HLAlow"},
@@ -114,17 +117,17 @@ final class FomTest {
                 {String.format(ROOT, "<objectClass><name>B</name><attribute><name>a</name>"
                         + "<dimensions><dimension>W</dimension></dimensions></attribute></objectClass>"), "'W'"},
                 {String.format(VEHICLE, "<objectClass><name>Car</name>" + colour + "</objectClass>"), "colour"},
-                {"<interactions><interactionClass><name>HLAinteractionRoot</name><interactionClass><name>Report</name>"
-                        + "<order>Receive</order></interactionClass></interactionClass></interactions>", "order"},
-                {"<interactions><interactionClass><name>HLAinteractionRoot</name><interactionClass><name>Report</name>"
-                        + "<parameter><name>other</name></parameter></interactionClass></interactionClass></interactions>",
-                        "other"},
+                {String.format(REPORT, "<order>Receive</order>"), "order"},
+                {String.format(REPORT, "<parameter><name>other</name></parameter>"), "other"},
         };
         for (String[] row : rows) {
             String module = TestFom.module(row[0]);
             Harness.refuses("InconsistentFDD", () -> model(air, module), module, "line", row[1]);
         }
         model(air, air);
+        String silent = TestFom.module(String.format(REPORT, "<dimensions></dimensions>"));
+        model(air, silent);
+        model(silent, air, silent);
         String scaffold = TestFom.module(String.format(VEHICLE, "<objectClass><name>Car</name></objectClass>"));
         for (ObjectModel merged : List.of(model(air, scaffold), model(scaffold, air))) {
             Harness.that(merged.objectClass("Vehicle.Car").member("position") != null, "modules extend each other");
