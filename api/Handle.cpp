@@ -1,6 +1,5 @@
 #include "api/BigEndian.h"
 #include "api/HandleAccess.h"
-#include "api/OwnedBytes.h"
 
 #include <RTI/Exception.h>
 
@@ -52,7 +51,7 @@ std::uint32_t numberIn(Implementation const* implementation) noexcept
    {                                                                                                         \
       unsigned char bytes[encodedSize];                                                                      \
       storeBigEndian(bytes, _value);                                                                         \
-      return ownedBytes(bytes, encodedSize);                                                                 \
+      return VariableLengthData(bytes, encodedSize);                                                         \
    }                                                                                                         \
    size_t HandleKind::encode(void* buffer, size_t bufferSize) const                                          \
    {                                                                                                         \

@@ -1,6 +1,5 @@
 #include "api/BigEndian.h"
 #include "api/HandleAccess.h"
-#include "api/OwnedBytes.h"
 
 #include <RTI/Exception.h>
 
@@ -106,7 +105,7 @@ VariableLengthData MessageRetractionHandle::encode() const
 {
    std::vector<unsigned char> bytes(encodedLength());
    encode(bytes.data(), bytes.size());
-   return ownedBytes(bytes.data(), static_cast<unsigned int>(bytes.size()));
+   return VariableLengthData(bytes.data(), static_cast<unsigned int>(bytes.size()));
 }
 
 size_t MessageRetractionHandle::encode(void* buffer, size_t bufferSize) const

@@ -1,65 +1,65 @@
-#include <RTI/VariableLengthData.h>
+#include "api/VariableLengthRecord.h"
 
 #include <cstring>
-#include <memory>
 #include <new>
+#include <type_traits>
 #include <utility>
 
 namespace rti1516e {
 
-struct VariableLengthData::Bytes
+namespace {
+
+using Record = VariableLengthRecord;
+static_assert(std::is_trivially_destructible_v<Record>);
+
+Record* copyOf(void const* data, unsigned int size)
 {
-   void* data;
-   unsigned int size;
-   void (*deleter)(void*);
-   bool owns;
-
-   void letGo() const noexcept
-   {
-      if (!owns) {
-         return;
-      }
-      if (deleter != nullptr) {
-         deleter(data);
-      } else {
-         delete[] static_cast<char*>(data);
-      }
+   void* const memory = ::operator new(sizeof(Record) + size);
+   void* const copy = static_cast<char*>(memory) + sizeof(Record);
+   if (size != 0) {
+      std::memcpy(copy, data, size);
    }
+   return new (memory) Record{copy, size, false, nullptr};
+}
 
-   // Null where memory for the record is wanting.
-   static Bytes* copyOf(void const* data, unsigned int size)
-   {
-      std::unique_ptr<char[]> copy(new char[size]);
-      if (size != 0) {
-         std::memcpy(copy.get(), data, size);
-      }
-      Bytes* const bytes = new (std::nothrow) Bytes{copy.get(), size, nullptr, true};
-      if (bytes != nullptr) {
-         copy.release();
-      }
-      return bytes;
-   }
-};
-
-void VariableLengthData::release(Bytes* bytes) noexcept
+// Null where memory is wanting.
+Record* referTo(void* data, unsigned int size, bool owns, void (*deleter)(void*)) noexcept
 {
-   if (bytes != nullptr) {
-      bytes->letGo();
-      delete bytes;
+   void* const memory = ::operator new(sizeof(Record), std::nothrow);
+   return memory == nullptr ? nullptr : new (memory) Record{data, size, owns, deleter};
+}
+
+void releaseBytes(void* data, void (*deleter)(void*)) noexcept
+{
+   if (deleter != nullptr) {
+      deleter(data);
+   } else {
+      delete[] static_cast<char*>(data);
    }
 }
 
+void release(Record* record) noexcept
+{
+   if (record == nullptr) {
+      return;
+   }
+   if (record->owns) {
+      releaseBytes(record->data, record->deleter);
+   }
+   ::operator delete(record);
+}
+
+} // namespace
+
 // What is new is complete before what is old goes, so that a failure loses nothing.
-void VariableLengthData::replace(Bytes* bytes) noexcept { release(std::exchange(_bytes, bytes)); }
+void VariableLengthData::replace(Record* record) noexcept { release(std::exchange(_record, record)); }
 
-VariableLengthData::VariableLengthData() noexcept : _bytes(nullptr) {}
+VariableLengthData::VariableLengthData() noexcept : _record(nullptr) {}
 
-VariableLengthData::VariableLengthData(void const* data, unsigned int size)
-   : _bytes(Bytes::copyOf(data, size))
-{}
+VariableLengthData::VariableLengthData(void const* data, unsigned int size) : _record(copyOf(data, size)) {}
 
 VariableLengthData::VariableLengthData(VariableLengthData const& other)
-   : _bytes(other._bytes == nullptr ? nullptr : Bytes::copyOf(other.data(), other.size()))
+   : _record(other._record == nullptr ? nullptr : copyOf(other._record->data, other._record->size))
 {}
 
 VariableLengthData& VariableLengthData::operator=(VariableLengthData const& other)
@@ -69,36 +69,35 @@ VariableLengthData& VariableLengthData::operator=(VariableLengthData const& othe
 }
 
 VariableLengthData::VariableLengthData(VariableLengthData&& other) noexcept
-   : _bytes(std::exchange(other._bytes, nullptr))
+   : _record(std::exchange(other._record, nullptr))
 {}
 
 VariableLengthData& VariableLengthData::operator=(VariableLengthData&& other) noexcept
 {
-   replace(std::exchange(other._bytes, nullptr));
+   replace(std::exchange(other._record, nullptr));
    return *this;
 }
 
-VariableLengthData::~VariableLengthData() { release(_bytes); }
+VariableLengthData::~VariableLengthData() { release(_record); }
 
-void const* VariableLengthData::data() const noexcept { return _bytes == nullptr ? nullptr : _bytes->data; }
+void const* VariableLengthData::data() const noexcept { return VariableLengthDataAccess::data(*this); }
 
-unsigned int VariableLengthData::size() const noexcept { return _bytes == nullptr ? 0 : _bytes->size; }
+unsigned int VariableLengthData::size() const noexcept { return VariableLengthDataAccess::size(*this); }
 
-void VariableLengthData::setData(void const* data, unsigned int size) { replace(Bytes::copyOf(data, size)); }
+void VariableLengthData::setData(void const* data, unsigned int size) { replace(copyOf(data, size)); }
 
 void VariableLengthData::setDataPointer(void* data, unsigned int size)
 {
-   replace(new (std::nothrow) Bytes{data, size, nullptr, false});
+   replace(referTo(data, size, false, nullptr));
 }
 
 void VariableLengthData::takeDataPointer(void* data, unsigned int size, void (*deleter)(void*))
 {
-   Bytes const taken{data, size, deleter, true};
-   Bytes* const bytes = new (std::nothrow) Bytes(taken);
-   if (bytes == nullptr) {
-      taken.letGo(); // they are ours already, and nothing holds them
+   Record* const record = referTo(data, size, true, deleter);
+   if (record == nullptr) {
+      releaseBytes(data, deleter); // they are ours already, and nothing holds them
    }
-   replace(bytes);
+   replace(record);
 }
 
 } // namespace rti1516e

@@ -8,31 +8,44 @@ void Medians::ReportRuns(std::vector<Run> const& runs)
 {
    for (Run const& run : runs) {
       if (run.aggregate_name == "median") {
-         _nanoseconds[run.run_name.function_name] = run.GetAdjustedCPUTime();
+         auto const& threads = run.run_name.threads;
+         std::string const name = run.run_name.function_name + (threads.empty() ? "" : "/" + threads);
+         _nanoseconds[name] = run.GetAdjustedCPUTime();
+         _nanoseconds[name + ", wall"] = run.GetAdjustedRealTime();
       }
    }
    ConsoleReporter::ReportRuns(runs);
 }
 
+double Medians::time(std::string const& name) const
+{
+   auto const found = _nanoseconds.find(name);
+   return found == _nanoseconds.end() ? 0 : found->second;
+}
+
+double Medians::ratio(std::string const& measured, std::string const& floor) const
+{
+   return time(floor) == 0 ? 0 : time(measured) / time(floor);
+}
+
 int Medians::judge(std::vector<Claim> const& claims) const
 {
    int broken = 0;
-   std::printf("\n%-44s %12s   %-44s %12s %7s %6s\n", "measured", "ns", "against", "ns", "ratio", "bound");
+   std::printf("\n| %-44s | %12s | %-44s | %12s | %7s | %8s | %6s |\n", "measured", "ns", "against", "ns", "ratio",
+               "relative", "bound");
+   std::printf("|:--|--:|:--|--:|--:|--:|--:|\n");
    for (Claim const& claim : claims) {
-      auto const measured = _nanoseconds.find(claim.measured);
-      auto const floor = _nanoseconds.find(claim.floor);
-      if (measured == _nanoseconds.end() || floor == _nanoseconds.end()) {
+      double const plain = ratio(claim.measured, claim.floor);
+      double const base = claim.measuredBase.empty() ? 1 : ratio(claim.measuredBase, claim.floorBase);
+      if (plain == 0 || base == 0) {
          continue;
       }
-      double const ratio = measured->second / floor->second;
-      bool const holds = claim.bound == 0 || ratio <= claim.bound;
+      bool const holds = claim.bound == 0 || plain / base <= claim.bound;
       broken += !holds;
-      std::printf("%-44s %12.1f   %-44s %12.1f %7.2f", claim.measured.c_str(), measured->second,
-                  claim.floor.c_str(), floor->second, ratio);
-      if (claim.bound != 0) {
-         std::printf(" %6.1f%s", claim.bound, holds ? "" : "  EXCEEDED");
-      }
-      std::printf("\n");
+      std::printf("| %-44s | %12.1f | %-44s | %12.1f | %7.2f |", claim.measured.c_str(), time(claim.measured),
+                  claim.floor.c_str(), time(claim.floor), plain);
+      std::printf(claim.measuredBase.empty() ? " %8s |" : " %8.2f |", plain / base);
+      std::printf(claim.bound == 0 ? " %6s |\n" : " %6.2f%s |\n", claim.bound, holds ? "" : " EXCEEDED");
    }
    return broken;
 }

@@ -8,24 +8,34 @@
 
 namespace bench {
 
-// At most `bound` times as much time as another benchmark takes, or just shown if the bound is 0.
+// At most `bound` times as much time as another benchmark takes, or just shown if the bound is 0. With a base it
+// is the growth that is judged: how much more the ratio is than that of the two benchmarks of the base.
 struct Claim
 {
    std::string measured;
    std::string floor;
    double bound;
+   std::string measuredBase = {};
+   std::string floorBase = {};
 };
 
-// Prints times as they come, and keeps the median of each benchmark's repetitions.
+// Prints times as they come, and keeps the median of each benchmark's repetitions: the processor time of a run,
+// which other programs do not disturb, under the benchmark's name, and under that and ", wall" the time by the
+// clock. Of a benchmark with threads the name ends in "/threads:N".
 class Medians : public benchmark::ConsoleReporter
 {
 public:
    void ReportRuns(std::vector<Run> const& runs) override;
 
-   // Prints each claim with its ratio of medians. Returns how many do not hold. What was not run is left out.
+   // Prints a table of the claims with their ratios of medians, in Markdown. Returns how many do not hold. What
+   // was not run is left out.
    int judge(std::vector<Claim> const& claims) const;
 
 private:
+   // Zero if one of them was not run.
+   double ratio(std::string const& measured, std::string const& floor) const;
+   double time(std::string const& name) const;
+
    std::map<std::string, double> _nanoseconds;
 };
 

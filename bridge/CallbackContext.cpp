@@ -33,10 +33,6 @@ constexpr std::uint64_t withGeneration(std::uint32_t generation) noexcept
 {
    return static_cast<std::uint64_t>(generation) << 32;
 }
-constexpr std::uint32_t generationIn(std::uint64_t state) noexcept
-{
-   return static_cast<std::uint32_t>(state >> 32);
-}
 
 } // namespace
 
@@ -89,18 +85,7 @@ void CallbackContextSlot::waitForOtherThreads() const noexcept
    }
 }
 
-bool CallbackContextSlot::acquire(std::uint32_t generation) noexcept
-{
-   std::uint64_t state = _state.load();
-   do {
-      if (generation == 0 || generationIn(state) != generation) {
-         return false;
-      }
-   } while (!_state.compare_exchange_weak(state, state + 1));
-   return true;
-}
-
-void CallbackContextSlot::release() noexcept
+void CallbackContextSlot::releaseAndCleanUp() noexcept
 {
    std::uint64_t state = _state.load();
    for (;;) {

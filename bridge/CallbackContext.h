@@ -56,8 +56,27 @@ public:
    void vacate(bool waits) noexcept;
 
    // Uses the slot if it is still of that generation, until release.
-   bool acquire(std::uint32_t generation) noexcept;
-   void release() noexcept;
+   bool acquire(std::uint32_t generation) noexcept
+   {
+      std::uint64_t state = _state.load();
+      do {
+         if (generation == 0 || generationIn(state) != generation) {
+            return false;
+         }
+      } while (!_state.compare_exchange_weak(state, state + 1));
+      return true;
+   }
+
+   void release() noexcept
+   {
+      // An ambassador that lives uses the slot too, and at its end waits for the other users, where there is
+      // a VM. So this is not the last one, and has nothing to clean up but factories that were replaced.
+      if (generationIn(_state.load()) != 0 && _retired.load() == nullptr) {
+         _state.fetch_sub(1);
+      } else {
+         releaseAndCleanUp();
+      }
+   }
 
    void setTimeFactory(std::unique_ptr<TimeFactory> factory) noexcept;
    TimeFactory* timeFactory() const noexcept { return _timeFactory.load(); }
@@ -66,7 +85,13 @@ public:
    std::atomic<std::uint16_t> controlWord{0};
 
 private:
+   static constexpr std::uint32_t generationIn(std::uint64_t state) noexcept
+   {
+      return static_cast<std::uint32_t>(state >> 32);
+   }
+
    void waitForOtherThreads() const noexcept;
+   void releaseAndCleanUp() noexcept;
    void retire(TimeFactory* factories) noexcept;
    void cleanUp() noexcept;
 

@@ -1,12 +1,17 @@
 #include "bridge/WideText.h"
 
+#include "api/Utf16.h"
+
 #include <optional>
 
 namespace tovu1516e {
+
+namespace utf16 = rti1516e::utf16;
+
 namespace {
 
 // Appends a UTF-16 unit in modified UTF-8: three bytes at the most, two for zero, surrogates like any unit.
-void appendUnit(std::string& to, char16_t unit)
+void appendUnit(std::string& to, std::uint16_t unit)
 {
    auto const byte = [&to](unsigned value) { to.push_back(static_cast<char>(value)); };
    if (unit != 0 && unit < 0x80) {
@@ -53,8 +58,7 @@ std::optional<std::wstring> utf8Characters(std::string const& text)
          }
          character = (character << 6) | (trailing & 0x3F);
       }
-      bool const surrogate = isHighSurrogate(character) || isLowSurrogate(character);
-      if (character < form->smallest || character > lastCharacter || surrogate) {
+      if (character < form->smallest || character > utf16::lastCharacter || utf16::isSurrogate(character)) {
          return std::nullopt;
       }
       characters.push_back(static_cast<wchar_t>(character));
@@ -66,18 +70,19 @@ std::optional<std::wstring> utf8Characters(std::string const& text)
 
 bool readJavaText(JNIEnv* env, jstring javaText, std::wstring& text)
 {
-   text.clear();
    if (javaText == nullptr) {
+      text.clear();
       return true;
    }
    auto const length = static_cast<std::size_t>(env->GetStringLength(javaText));
-   text.reserve(length); // nothing is allocated while the units are pinned
+   text.resize(length); // nothing is allocated while the units are pinned
    jchar const* const units = env->GetStringCritical(javaText, nullptr);
    if (units == nullptr) {
       env->ExceptionClear();
+      text.clear();
       return false;
    }
-   assignUtf16(text, length, [units](std::size_t i) { return static_cast<char16_t>(units[i]); });
+   utf16::assign(text, units, length);
    env->ReleaseStringCritical(javaText, units);
    return true;
 }
@@ -95,7 +100,8 @@ std::string narrow(std::wstring const& text)
 {
    std::string bytes;
    bytes.reserve(text.size());
-   forEachUtf16Unit(text, [&bytes](char16_t unit) { bytes.push_back(static_cast<char>(unit & 0xFF)); });
+   utf16::forEachUnit(text,
+                      [&bytes](std::uint16_t unit) { bytes.push_back(static_cast<char>(unit & 0xFF)); });
    return bytes;
 }
 
@@ -117,7 +123,7 @@ std::string jniTextOf(std::string const& text)
    }
    std::string result;
    result.reserve(text.size());
-   forEachUtf16Unit(*characters, [&result](char16_t unit) { appendUnit(result, unit); });
+   utf16::forEachUnit(*characters, [&result](std::uint16_t unit) { appendUnit(result, unit); });
    return result;
 }
 

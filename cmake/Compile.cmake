@@ -5,6 +5,8 @@ target_compile_options(rti1516e_compile INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion
   # The published interface hands out std::auto_ptr, so the library has to name it.
   -Wno-deprecated-declarations
+  # Calls within and between the libraries go straight to where they are bound for.
+  -fno-plt -fno-semantic-interposition
   $<$<BOOL:${RTI1516E_DEVELOPER}>:-Werror>)
 if(RTI1516E_SANITIZE)
   add_compile_options(-fsanitize=${RTI1516E_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

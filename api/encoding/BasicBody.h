@@ -35,7 +35,14 @@ public:
 
    Extent measure(Wanted wanted) const
    {
-      return {wanted == Wanted::boundary ? 0 : Row::length(value()), Row::boundary, false};
+      switch (wanted) {
+      case Wanted::boundary:
+         return {0, Row::boundary, false};
+      case Wanted::room:
+         return {Row::room(value()), Row::boundary, false};
+      default:
+         return {Row::length(value()), Row::boundary, false};
+      }
    }
 
    void write(Output& out) const

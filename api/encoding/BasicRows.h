@@ -2,6 +2,7 @@
 // hashes to. A row has
 //   boundary, fixedLength    the octet boundary, and the encoded length or 0 if it depends on the value
 //   length(value)            the encoded length
+//   room(value)              the same for nearly every value, told at once; never more
 //   write(value, room)       writes the encoding into room of that length; a text writes itself to an Output
 //   read(value, from, left)  takes the value from the octets, of which there are `left`, no fewer than the
 //                            boundary, and returns the encoded length; fails without changing the value
@@ -9,9 +10,9 @@
 #pragma once
 
 #include "api/BigEndian.h"
+#include "api/Utf16.h"
 #include "api/encoding/Failure.h"
 #include "api/encoding/Output.h"
-#include "api/encoding/Utf16.h"
 
 #include <RTI/encoding/BasicDataElements.h>
 
@@ -44,6 +45,7 @@ struct FixedRow
    static constexpr unsigned int fixedLength = octets;
 
    static constexpr std::size_t length(Value const&) noexcept { return fixedLength; }
+   static constexpr std::size_t room(Value const&) noexcept { return fixedLength; }
 
    static std::size_t read(Value& value, char const* from, std::size_t) noexcept
    {
@@ -144,7 +146,8 @@ struct TextRow
    static constexpr unsigned int boundary = 4;
    static constexpr unsigned int fixedLength = 0;
 
-   static std::size_t length(Text const& text) { return 4 + Row::units(text) * unitLength; }
+   static std::size_t length(Text const& text) noexcept { return 4 + Row::units(text) * unitLength; }
+   static std::size_t room(Text const& text) noexcept { return 4 + text.size() * unitLength; }
 
    // The count is compared with the octets from the count on, and only then is what it counts looked for.
    static std::size_t read(Text& text, char const* from, std::size_t left)

@@ -2,7 +2,6 @@
 
 #include <RTI/encoding/DataElement.h>
 
-#include <cstdint>
 #include <typeinfo>
 
 namespace rti1516e {
@@ -23,14 +22,6 @@ void DataElement::decode(VariableLengthData const& encoded) { decodeFrom(Input(e
 bool DataElement::isSameTypeAs(DataElement const& other) const { return typeid(*this) == typeid(other); }
 
 Integer64 DataElement::hash() const { return 1; }
-
-VariableLengthData dataOf(std::unique_ptr<char[]> octets, std::size_t length)
-{
-   std::uint32_t const size = checkedCount(length);
-   VariableLengthData data;
-   data.takeDataPointer(octets.release(), size);
-   return data;
-}
 
 VariableLengthData dataOf(std::vector<char> const& octets)
 {

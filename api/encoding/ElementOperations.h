@@ -13,13 +13,11 @@
 #include <RTI/encoding/DataElement.h>
 
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace rti1516e {
 
-// The given octets, and a copy of them.
-VariableLengthData dataOf(std::unique_ptr<char[]> octets, std::size_t length);
+// A copy of the octets.
 VariableLengthData dataOf(std::vector<char> const& octets);
 
 template <class Body>
@@ -48,11 +46,9 @@ VariableLengthData encodeAlone(Body const& body)
       encodeAtEnd(body, buffer);
       return dataOf(buffer);
    }
-   std::size_t const length = checkedCount(extent.length);
-   std::unique_ptr<char[]> octets(new char[length]);
-   Output out(octets.get(), length);
+   Output out(checkedCount(extent.length));
    body.write(out);
-   return dataOf(std::move(octets), length);
+   return out.data();
 }
 
 template <class Body>

@@ -27,7 +27,7 @@ constexpr std::size_t alignUp(std::size_t index, unsigned int boundary) noexcept
 enum class Wanted
 {
    boundary,       // the boundary, and whether there is something foreign
-   room,           // the length as well, if there is nothing foreign
+   room,           // the length as well, as far as it is told at once, if there is nothing foreign
    lengthInAnyCase // and else too
 };
 

@@ -4,15 +4,23 @@
 
 #include <RTI/encoding/DataElement.h>
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace rti1516e {
+
+namespace {
+
+constexpr std::size_t largest = std::numeric_limits<std::ptrdiff_t>::max();
+
+} // namespace
 
 Output::Output(std::vector<char>& buffer, std::size_t expected)
    : _buffer(&buffer), _data(nullptr), _size(0), _end(buffer.size())
 {
-   if (expected > buffer.max_size() - _end) {
+   if (expected > largest - _end) {
       failure::raise(failure::tooLong);
    }
    resize(_end + expected);
@@ -25,10 +33,25 @@ void Output::finish()
    }
 }
 
+VariableLengthData Output::data()
+{
+   std::uint32_t const length = checkedCount(_end);
+   VariableLengthData data;
+   data.takeDataPointer(_own.release(), length);
+   return data;
+}
+
 void Output::resize(std::size_t size)
 {
-   _buffer->resize(size);
-   _data = _buffer->data();
+   if (_buffer != nullptr) {
+      _buffer->resize(size);
+      _data = _buffer->data();
+   } else {
+      std::unique_ptr<char[]> resized(new char[size]);
+      std::memcpy(resized.get(), _data, _end);
+      _own = std::move(resized);
+      _data = _own.get();
+   }
    _size = size;
 }
 
@@ -36,13 +59,10 @@ void Output::pad(std::size_t length) { std::memset(take(length), 0, length); }
 
 void Output::grow(std::size_t length)
 {
-   if (_buffer == nullptr) {
-      failure::raise(failure::changedMeanwhile);
-   }
-   if (length > _buffer->max_size() - _end) {
+   if (length > largest - _end) {
       failure::raise(failure::tooLong);
    }
-   resize(_end + length);
+   resize(std::max(_end + length, std::min(_size + _size / 2, largest)));
 }
 
 void Output::count(std::size_t number) { storeBigEndian(take(4), checkedCount(number)); }

@@ -4,24 +4,27 @@
 #include "api/BigEndian.h"
 #include "api/encoding/Extent.h"
 
+#include <RTI/VariableLengthData.h>
+
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace rti1516e {
 
 class DataElement;
 
-// A cursor over room that was sized before. Every piece is tested against the room all the same: elements may
-// be lent, and nothing keeps their owner from changing them.
+// A cursor over room that was sized before. Every piece is tested against the room all the same, which grows:
+// some texts turn out longer, and elements may be lent, and nothing keeps their owner from changing them.
 class Output
 {
 public:
-   // Room of a length that is known for certain; index 0 is its beginning.
-   Output(char* room, std::size_t size) noexcept : _data(room), _size(size) {}
+   // Into memory of its own, of the expected length at first. Call data at last.
+   explicit Output(std::size_t expected) : _own(new char[expected]), _data(_own.get()), _size(expected) {}
+   VariableLengthData data();
 
-   // Behind the end of a buffer, which is made longer by the expected length now and by more when that does
-   // not do. Call finish at last.
+   // Behind the end of a buffer, which is made longer by the expected length at first. Call finish at last.
    Output(std::vector<char>& buffer, std::size_t expected);
    void finish();
 
@@ -58,7 +61,8 @@ private:
    void grow(std::size_t length);
    void resize(std::size_t size);
 
-   std::vector<char>* _buffer = nullptr;
+   std::unique_ptr<char[]> _own;
+   std::vector<char>* _buffer = nullptr; // or this
    char* _data;
    std::size_t _size;
    std::size_t _end = 0;

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "api/BigEndian.h"
-#include "api/OwnedBytes.h"
 
 #include <RTI/Exception.h>
 #include <RTI/VariableLengthData.h>
@@ -66,7 +65,7 @@ VariableLengthData encode(Number number)
 {
    unsigned char bytes[encodedSize];
    storeBigEndian(bytes, bitsOf(number));
-   return ownedBytes(bytes, encodedSize);
+   return VariableLengthData(bytes, encodedSize);
 }
 
 template <class Number>

@@ -3,6 +3,7 @@
 #include "bridge/JavaVMHost.h"
 #include "bridge/SetupFailure.h"
 #include "bridge/UncancellableScope.h"
+#include "bridge/WideText.h"
 #include "gen/cpp/FederateAmbassadorC.h"
 
 #include <RTI/Exception.h>

@@ -35,13 +35,30 @@ public:
 
    void putBytes(void const* bytes, std::size_t count) noexcept
    {
-      if (count != 0) {
+      // Most values are a number or two, which take longer to call memcpy for than to copy.
+      if (count >= 8 && count <= 16) {
+         copyEnds<std::uint64_t>(bytes, count);
+      } else if (count >= 4 && count < 8) {
+         copyEnds<std::uint32_t>(bytes, count);
+      } else if (count != 0) {
          std::memcpy(_current, bytes, count);
-         _current += count;
       }
+      _current += count;
    }
 
 private:
+   // Copies one word from the start and one from the end, which may overlap.
+   template <class Word>
+   void copyEnds(void const* bytes, std::size_t count) noexcept
+   {
+      std::size_t const last = count - sizeof(Word);
+      Word words[2];
+      std::memcpy(&words[0], bytes, sizeof(Word));
+      std::memcpy(&words[1], static_cast<unsigned char const*>(bytes) + last, sizeof(Word));
+      std::memcpy(_current, &words[0], sizeof(Word));
+      std::memcpy(_current + last, &words[1], sizeof(Word));
+   }
+
    unsigned char* _current;
 };
 

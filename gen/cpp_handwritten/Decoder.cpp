@@ -1,8 +1,7 @@
 #include "gen/cpp_handwritten/Decoder.h"
 
-#include "api/OwnedBytes.h"
+#include "api/Utf16.h"
 #include "bridge/Assertion.h"
-#include "bridge/WideText.h"
 
 namespace tovu1516e {
 namespace {
@@ -62,28 +61,23 @@ void Decoder<TransportationType>::read(ByteWrapper& from, TransportationType& va
 
 void Decoder<std::wstring>::read(ByteWrapper& from, std::wstring& value)
 {
-   auto const signedLength = static_cast<std::int32_t>(from.get<std::uint32_t>());
-   auto const length = static_cast<std::size_t>(signedLength > 0 ? signedLength : 0);
-   auto const* const units = static_cast<unsigned char const*>(from.current());
-   assignUtf16(value, length, [units](std::size_t i) { return loadBigEndian<std::uint16_t>(units + 2 * i); });
-   from.advance(2 * length);
+   std::size_t const units = readSize(from);
+   utf16::load(value, from.current(), units);
+   from.advance(2 * units);
 }
 
 void Decoder<VariableLengthData>::read(ByteWrapper& from, VariableLengthData& value)
 {
-   auto const length = static_cast<std::int32_t>(from.get<std::uint32_t>());
-   if (length > 0) {
-      value.setData(from.current(), static_cast<unsigned int>(length));
-      requireSize(value, static_cast<unsigned int>(length));
-      from.advance(static_cast<std::size_t>(length));
+   if (std::uint32_t const size = readSize(from); size != 0) {
+      value.setData(from.current(), size);
+      from.advance(size);
    }
 }
 
 void Decoder<MessageRetractionHandle>::read(ByteWrapper& from, MessageRetractionHandle& value)
 {
    auto const number = from.get<std::uint32_t>();
-   auto const length = static_cast<std::int32_t>(from.get<std::uint32_t>());
-   auto const extraLength = static_cast<std::uint32_t>(length > 0 ? length : 0);
+   auto const extraLength = readSize(from);
    value = HandleAccess::retractionHandle(number, from.current(), extraLength);
    from.advance(extraLength);
 }

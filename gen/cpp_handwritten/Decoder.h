@@ -63,6 +63,13 @@ struct HandleDecoder
 RTI_FOR_EACH_HANDLE(TOVU_HANDLE_DECODER)
 #undef TOVU_HANDLE_DECODER
 
+// A size or a number of elements. One below 1 is none.
+inline std::uint32_t readSize(ByteWrapper& from) noexcept
+{
+   auto const size = static_cast<std::int32_t>(from.get<std::uint32_t>());
+   return static_cast<std::uint32_t>(size > 0 ? size : 0);
+}
+
 // A value on its own.
 template <class T>
 T readValue(ByteWrapper& from)
@@ -98,11 +105,11 @@ inline rti1516e::FederationExecutionInformation readValue(ByteWrapper& from)
    return {name, readValue<std::wstring>(from)};
 }
 
-// Sets, maps and vectors: a count, then that many elements. A count below 1 is none.
+// Sets, maps and vectors: a count, then that many elements.
 template <class ReadElement>
 void readElements(ByteWrapper& from, ReadElement readElement)
 {
-   for (auto count = static_cast<std::int32_t>(from.get<std::uint32_t>()); count > 0; --count) {
+   for (std::uint32_t count = readSize(from); count > 0; --count) {
       readElement();
    }
 }
@@ -125,19 +132,21 @@ struct Decoder<std::vector<Element>>
    }
 };
 
-// Values are read where they stand in the map. The core sends them in the order of their handles. Of two with
-// the same handle the first stays.
-template <class Key, class Value>
-struct Decoder<std::map<Key, Value>>
+// Values are copied to where they stand in the map. The core sends them in the order of their handles. Of two
+// with the same handle the first stays.
+template <class Handle>
+struct Decoder<std::map<Handle, rti1516e::VariableLengthData>>
 {
-   static void read(ByteWrapper& from, std::map<Key, Value>& value)
+   static void read(ByteWrapper& from, std::map<Handle, rti1516e::VariableLengthData>& value)
    {
       readElements(from, [&] {
-         auto const key = readValue<Key>(from);
-         auto const before = value.size();
-         auto const place = value.try_emplace(value.end(), key);
-         Value repeated;
-         Decoder<Value>::read(from, value.size() != before ? place->second : repeated);
+         auto const handle = readValue<Handle>(from);
+         if (std::uint32_t const size = readSize(from); size != 0) {
+            value.try_emplace(value.end(), handle, from.current(), size);
+            from.advance(size);
+         } else {
+            value.try_emplace(value.end(), handle);
+         }
       });
    }
 };

@@ -60,16 +60,18 @@ OrderType orderTypeOf(std::int32_t code) noexcept
    return static_cast<OrderType>(code + 1);
 }
 
+// Nearly every text is one unit a character.
 void Encoder<std::wstring>::write(ByteWrapper& to, std::wstring const& text) noexcept
 {
-   ByteWrapper count = to;
-   to.advance(WordEncoder::wordSize);
-   std::uint32_t units = 0;
-   forEachUtf16Unit(text, [&](char16_t unit) {
-      to.put<std::uint16_t>(unit);
-      ++units;
-   });
-   count.put(units);
+   ByteWrapper units = to;
+   units.advance(WordEncoder::wordSize);
+   std::size_t count = text.size();
+   if (!utf16::storeBasicPlane(text, units.current())) {
+      count = utf16::length(text);
+      utf16::store(text, units.current());
+   }
+   to.put(static_cast<std::uint32_t>(count));
+   to.advance(2 * count);
 }
 
 } // namespace tovu1516e

@@ -3,8 +3,9 @@
 #pragma once
 
 #include "api/HandleAccess.h"
+#include "api/Utf16.h"
+#include "api/VariableLengthRecord.h"
 #include "bridge/CallbackContext.h"
-#include "bridge/WideText.h"
 #include "gen/cpp_handwritten/ByteWrapper.h"
 
 #include <RTI/Enums.h>
@@ -129,7 +130,8 @@ struct Encoder<std::wstring>
 {
    static MessageSize size(std::wstring const& text) noexcept
    {
-      return WordEncoder::wordSize + sizeof(char16_t) * static_cast<MessageSize>(utf16Length(text));
+      return WordEncoder::wordSize +
+             sizeof(char16_t) * static_cast<MessageSize>(rti1516e::utf16::length(text));
    }
    static void write(ByteWrapper& to, std::wstring const& text) noexcept;
 };
@@ -137,14 +139,16 @@ struct Encoder<std::wstring>
 template <>
 struct Encoder<rti1516e::VariableLengthData>
 {
+   using Access = rti1516e::VariableLengthDataAccess;
+
    static MessageSize size(rti1516e::VariableLengthData const& data) noexcept
    {
-      return WordEncoder::wordSize + data.size();
+      return WordEncoder::wordSize + Access::size(data);
    }
    static void write(ByteWrapper& to, rti1516e::VariableLengthData const& data) noexcept
    {
-      to.put<std::uint32_t>(data.size());
-      to.putBytes(data.data(), data.size());
+      to.put<std::uint32_t>(Access::size(data));
+      to.putBytes(Access::data(data), Access::size(data));
    }
 };
 

@@ -5,11 +5,13 @@
 
 namespace rti1516e {
 
+struct VariableLengthRecord;
+
 // A run of bytes: attribute and parameter values, user-supplied tags, encoded handles and times.
 //
 // It either owns its bytes or borrows the caller's. Copies always own theirs. Sizes are in bytes. Where
-// memory is wanting, std::bad_alloc leaves the object as it was; if merely the small record behind the object
-// cannot be made, the object is left empty instead. Assigning an object to itself is outside the contract.
+// memory for a copy is wanting, std::bad_alloc leaves the object as it was. Assigning an object to itself is
+// outside the contract.
 class RTI_EXPORT VariableLengthData
 {
 public:
@@ -36,19 +38,20 @@ public:
    // Lets go of the present bytes and owns a copy of the given ones.
    void setData(void const* data, unsigned int size);
 
-   // Lets go of the present bytes and borrows the given ones: the caller keeps them alive and frees them.
+   // Lets go of the present bytes and borrows the given ones: the caller keeps them alive and frees them. The
+   // object is left empty where memory for the small record behind it is wanting.
    void setDataPointer(void* data, unsigned int size);
 
    // Lets go of the present bytes and owns the given ones, which are released once through the deleter, or as
-   // an array of char (delete[]) if there is none.
+   // an array of char (delete[]) if there is none. Where memory for the small record behind the object is
+   // wanting, that is at once, and the object is left empty.
    void takeDataPointer(void* data, unsigned int size, void (*deleter)(void*) = nullptr);
 
 private:
-   struct Bytes;
-   static void release(Bytes* bytes) noexcept;
-   void replace(Bytes* bytes) noexcept;
+   friend struct VariableLengthDataAccess;
+   void replace(VariableLengthRecord* record) noexcept;
 
-   Bytes* _bytes;
+   VariableLengthRecord* _record;
 };
 
 } // namespace rti1516e

@@ -47,21 +47,23 @@ void FederationTest::create(std::vector<std::wstring> const& modules, std::strin
 
 void FederationTest::end()
 {
-   for (auto const& [name, federate] : _federates) {
-      federate->onCallback = nullptr;
+   for (auto const& entry : _federates) {
+      Federate& federate = *entry.second;
+      federate.onCallback = nullptr;
       std::string const resigned =
-         refusal([&] { (*federate)->resignFederationExecution(CANCEL_THEN_DELETE_THEN_DIVEST); });
+         refusal([&] { federate->resignFederationExecution(CANCEL_THEN_DELETE_THEN_DIVEST); });
       EXPECT_TRUE(resigned == "nothing" || resigned == "FederateNotExecutionMember" ||
                   resigned == "NotConnected")
-         << name << " resigns: " << resigned;
+         << federate.name() << " resigns: " << resigned;
    }
    Federate destroyer("destroyer", HLA_EVOKED, _names);
    destroyer.connect();
    std::string const destroyed = refusal([&] { destroyer->destroyFederationExecution(federationName()); });
    EXPECT_TRUE(destroyed == "nothing" || destroyed == "FederationExecutionDoesNotExist") << destroyed;
    _created = false;
-   for (auto const& [name, federate] : _federates) {
-      EXPECT_EQ(refusal([&] { (*federate)->disconnect(); }), "nothing") << name;
+   for (auto const& entry : _federates) {
+      Federate& federate = *entry.second;
+      EXPECT_EQ(refusal([&] { federate->disconnect(); }), "nothing") << federate.name();
    }
    _federates.clear();
 }

@@ -1,0 +1,17 @@
+# Sets NEWER_JAVA_LIBRARY_DIR to the folder of a Java VM that is newer than the one the library is built with, the
+# newest there is; where none is installed, to nothing.
+set(NEWER_JAVA_LIBRARY_DIR "")
+set(newest ${Java_VERSION_MAJOR})
+file(GLOB candidates /usr/lib/jvm/*/lib/server/libjvm.so)
+foreach(candidate IN LISTS candidates)
+  cmake_path(GET candidate PARENT_PATH library_dir)
+  set(release ${library_dir}/../../release)
+  if(EXISTS ${release})
+    file(STRINGS ${release} version REGEX "^JAVA_VERSION=")
+    string(REGEX MATCH "[0-9]+" major "${version}")
+    if(major GREATER newest)
+      set(newest ${major})
+      set(NEWER_JAVA_LIBRARY_DIR ${library_dir})
+    endif()
+  endif()
+endforeach()
