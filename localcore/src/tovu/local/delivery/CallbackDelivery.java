@@ -29,7 +29,7 @@ public final class CallbackDelivery implements CallbackSink {
     private final FederateCallbacks federate;
     private final Supplier<Federate> member;
     private boolean enabled = true;
-    private boolean closed;
+    private volatile boolean closed; // written under the monitor only
     private volatile boolean immediate;
 
     /** Marks what outlives a membership. */
@@ -83,6 +83,15 @@ public final class CallbackDelivery implements CallbackSink {
         closed = true;
         pending.clear();
         notifyAll();
+    }
+
+    /**
+     * After a close: returns when no callback runs any more, and none will. Whoever waits must hold nothing that a
+     * callback may want, and must not be in one.
+     */
+    public void awaitEnd() {
+        delivering.lock();
+        delivering.unlock();
     }
 
     /** Starts the thread that delivers whenever there is something to deliver. */
@@ -195,7 +204,9 @@ public final class CallbackDelivery implements CallbackSink {
     private void deliver(Callback callback) {
         delivering.lock();
         try {
-            callback.deliver(federate);
+            if (!closed) {
+                callback.deliver(federate);
+            }
         } catch (FederateInternalError e) {
             StackTraceElement[] trace = e.getStackTrace();
             System.err.println(member() + " failed in callback "
