@@ -62,7 +62,7 @@ public final class FomMutationTest {
     }
 
     public static void main(String[] arguments) throws Exception {
-        int rounds = arguments.length > 0 ? Integer.parseInt(arguments[0]) : 1000;
+        int rounds = arguments.length > 0 ? Integer.parseInt(arguments[0]) : 500;
         long seed = arguments.length > 1 ? Long.parseLong(arguments[1]) : 20240229;
         Harness harness = new Harness();
         FomMutationTest test = new FomMutationTest(seed);
