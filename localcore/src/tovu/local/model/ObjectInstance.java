@@ -68,7 +68,7 @@ final class ObjectInstance implements Saved {
     }
 
     boolean mayBeOffered(InstanceAttribute attribute, Federate federate) {
-        Knowledge known = knowledge.get(federate);
+        Knowledge known = knowledgeOf(federate);
         return !deleted && known != null && attribute.owner() != federate && attribute.candidate(federate) == null
                 && known.publishes(attribute.definition);
     }
