@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and is missing, from Debian's packages, as root or through sudo. With
-# the word lint, also what the checks of the sources need.
+# the word lint, docs or coverage, also what the script of that name needs.
 set -euo pipefail
 
 # A command, or the path of a file, that tells that a package is there; and the package.
@@ -11,10 +11,13 @@ needs=(
   "git git"
   "javac openjdk-17-jdk-headless"
   "/usr/include/gtest/gtest.h libgtest-dev"
+  "pkg-config pkg-config"
 )
-if [ "${1:-}" = lint ]; then
-  needs+=("clang-format clang-format" "clang-tidy clang-tidy")
-fi
+case ${1:-} in
+  lint) needs+=("clang-format clang-format" "clang-tidy clang-tidy" "cppcheck cppcheck" "shellcheck shellcheck") ;;
+  docs) needs+=("doxygen doxygen") ;;
+  coverage) needs+=("gcovr gcovr") ;;
+esac
 missing=()
 for need in "${needs[@]}"; do
   read -r sign package <<<"$need"
