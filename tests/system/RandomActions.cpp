@@ -426,7 +426,8 @@ void advance(Player& player, int way, std::int64_t to)
       &RTIambassador::flushQueueRequest};
    Player::Lock const lock(player.mutex);
    if (!player.advancing && player.isJoined && to >= player.now && !player.isBehind()) {
-      (player.rti().*ways[way])(HLAinteger64Time(to));
+      auto const request = ways[way];
+      (player.rti().*request)(HLAinteger64Time(to));
       player.requested = to;
       player.advancing = true;
       player.flushing = way == 4;
