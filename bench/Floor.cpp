@@ -77,14 +77,16 @@ void JNICALL values(JNIEnv* env, jclass, jbyteArray message)
    federateToCall->reflectAttributeValues(object, map, tag, RECEIVE, RELIABLE, SupplementalReflectInfo());
 }
 
-} // namespace
-
-JNIEnv* environment()
+JNIEnv* attach(JavaVM* vm)
 {
    void* env = nullptr;
-   theVM()->AttachCurrentThread(&env, nullptr);
+   vm->AttachCurrentThread(&env, nullptr);
    return static_cast<JNIEnv*>(env);
 }
+
+} // namespace
+
+JNIEnv* environment() { return attach(theVM()); }
 
 ServiceFloor::ServiceFloor(char const* method, char const* signature, std::size_t messageSize)
    : _vm(theVM()), _bytes(messageSize, 'x'), _hasMessage(std::strncmp(signature, "()", 2) != 0)
@@ -94,13 +96,6 @@ ServiceFloor::ServiceFloor(char const* method, char const* signature, std::size_
    jmethodID const constructor = require(env->GetMethodID(cls, "<init>", "([B)V"), "no constructor");
    _peer = env->NewGlobalRef(env->NewObject(cls, constructor, nullptr));
    _method = require(env->GetMethodID(cls, method, signature), method);
-}
-
-inline JNIEnv* ServiceFloor::attach() const
-{
-   void* env = nullptr;
-   _vm->AttachCurrentThread(&env, nullptr);
-   return static_cast<JNIEnv*>(env);
 }
 
 inline jbyteArray ServiceFloor::newMessage(JNIEnv* env) const
@@ -117,7 +112,7 @@ inline jbyteArray ServiceFloor::newMessage(JNIEnv* env) const
 
 void ServiceFloor::callVoid() const
 {
-   JNIEnv* const env = attach();
+   JNIEnv* const env = attach(_vm);
    jbyteArray const message = newMessage(env);
    env->CallVoidMethod(_peer, _method, message);
    env->DeleteLocalRef(message);
@@ -125,7 +120,7 @@ void ServiceFloor::callVoid() const
 
 jint ServiceFloor::callInt() const
 {
-   JNIEnv* const env = attach();
+   JNIEnv* const env = attach(_vm);
    jbyteArray const message = newMessage(env);
    jint const result = env->CallIntMethod(_peer, _method, message);
    env->DeleteLocalRef(message);
@@ -134,7 +129,7 @@ jint ServiceFloor::callInt() const
 
 std::wstring ServiceFloor::callText() const
 {
-   JNIEnv* const env = attach();
+   JNIEnv* const env = attach(_vm);
    jbyteArray const message = newMessage(env);
    auto* const text = static_cast<jstring>(env->CallObjectMethod(_peer, _method, message));
    env->DeleteLocalRef(message);
@@ -150,7 +145,7 @@ std::wstring ServiceFloor::callText() const
 
 void ServiceFloor::callMessageHandle() const
 {
-   JNIEnv* const env = attach();
+   JNIEnv* const env = attach(_vm);
    jbyteArray const message = newMessage(env);
    jobject const result = env->CallObjectMethod(_peer, _method, message);
    env->DeleteLocalRef(message);
@@ -161,7 +156,7 @@ void ServiceFloor::callMessageHandle() const
 
 std::auto_ptr<LogicalTime> ServiceFloor::callTime(LogicalTimeFactory& factory) const
 {
-   JNIEnv* const env = attach();
+   JNIEnv* const env = attach(_vm);
    jbyteArray const message = newMessage(env);
    auto* const array = static_cast<jbyteArray>(env->CallObjectMethod(_peer, _method, message));
    if (message != nullptr) {
@@ -188,6 +183,22 @@ void CallbackLoop::run() const
 {
    environment()->CallStaticVoidMethod(_class, _loop, _message, static_cast<jint>(times));
 }
+
+RoundTrip::RoundTrip() : _vm(theVM())
+{
+   JNIEnv* const env = environment();
+   _class =
+      static_cast<jclass>(env->NewGlobalRef(require(env->FindClass("floor/RoundTrip"), "no round trip")));
+   static char name[] = "callback";
+   static char signature[] = "([B)V";
+   JNINativeMethod const native{name, signature, reinterpret_cast<void*>(&pinAndUnpin)};
+   env->RegisterNatives(_class, &native, 1);
+   _service = require(env->GetStaticMethodID(_class, "service", signature), "no service");
+   jsize const envelope = 12; // what every callback brings along
+   _message = static_cast<jbyteArray>(env->NewGlobalRef(env->NewByteArray(envelope)));
+}
+
+void RoundTrip::run() { attach(_vm)->CallStaticVoidMethod(_class, _service, _message); }
 
 void registerFloorNatives(FederateAmbassador& federate, LogicalTimeFactory& factory)
 {

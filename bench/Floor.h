@@ -26,7 +26,6 @@ public:
    std::auto_ptr<rti1516e::LogicalTime> callTime(rti1516e::LogicalTimeFactory& factory) const;
 
 private:
-   JNIEnv* attach() const;
    jbyteArray newMessage(JNIEnv* env) const;
 
    JavaVM* _vm = nullptr;
@@ -48,6 +47,21 @@ public:
 private:
    jclass _class = nullptr;
    jmethodID _loop = nullptr;
+   jbyteArray _message = nullptr;
+};
+
+// The bare crossing: a service that does nothing but call back, and a callback that does nothing but pin its
+// message and let it go. The core, whichever it is, has no part in it.
+class RoundTrip
+{
+public:
+   RoundTrip();
+   void run();
+
+private:
+   JavaVM* _vm = nullptr;
+   jclass _class = nullptr;
+   jmethodID _service = nullptr;
    jbyteArray _message = nullptr;
 };
 

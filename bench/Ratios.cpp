@@ -3,6 +3,16 @@
 #include <cstdio>
 
 namespace bench {
+namespace {
+
+std::string hundredths(double value)
+{
+   char text[32];
+   std::snprintf(text, sizeof text, "%.2f", value);
+   return text;
+}
+
+} // namespace
 
 void Medians::ReportRuns(std::vector<Run> const& runs)
 {
@@ -31,8 +41,8 @@ double Medians::ratio(std::string const& measured, std::string const& floor) con
 int Medians::judge(std::vector<Claim> const& claims) const
 {
    int broken = 0;
-   std::printf("\n| %-44s | %12s | %-44s | %12s | %7s | %8s | %6s |\n", "measured", "ns", "against", "ns", "ratio",
-               "relative", "bound");
+   std::printf("\n| %-44s | %12s | %-44s | %12s | %7s | %8s | %6s |\n", "measured", "ns", "against", "ns",
+               "ratio", "relative", "bound");
    std::printf("|:--|--:|:--|--:|--:|--:|--:|\n");
    for (Claim const& claim : claims) {
       double const plain = ratio(claim.measured, claim.floor);
@@ -44,8 +54,8 @@ int Medians::judge(std::vector<Claim> const& claims) const
       broken += !holds;
       std::printf("| %-44s | %12.1f | %-44s | %12.1f | %7.2f |", claim.measured.c_str(), time(claim.measured),
                   claim.floor.c_str(), time(claim.floor), plain);
-      std::printf(claim.measuredBase.empty() ? " %8s |" : " %8.2f |", plain / base);
-      std::printf(claim.bound == 0 ? " %6s |\n" : " %6.2f%s |\n", claim.bound, holds ? "" : " EXCEEDED");
+      std::printf(" %8s | %6s%s |\n", claim.measuredBase.empty() ? "" : hundredths(plain / base).c_str(),
+                  claim.bound == 0 ? "" : hundredths(claim.bound).c_str(), holds ? "" : " EXCEEDED");
    }
    return broken;
 }

@@ -8,8 +8,8 @@
 
 namespace bench {
 
-// At most `bound` times as much time as another benchmark takes, or just shown if the bound is 0. With a base it
-// is the growth that is judged: how much more the ratio is than that of the two benchmarks of the base.
+// At most `bound` times as much time as another benchmark takes, or just shown if the bound is 0. With a base
+// it is the growth that is judged: how much more the ratio is than that of the two benchmarks of the base.
 struct Claim
 {
    std::string measured;
@@ -19,16 +19,16 @@ struct Claim
    std::string floorBase = {};
 };
 
-// Prints times as they come, and keeps the median of each benchmark's repetitions: the processor time of a run,
-// which other programs do not disturb, under the benchmark's name, and under that and ", wall" the time by the
-// clock. Of a benchmark with threads the name ends in "/threads:N".
+// Prints times as they come, and keeps the median of each benchmark's repetitions: the processor time of a
+// run, which other programs do not disturb, under the benchmark's name, and under that and ", wall" the time
+// by the clock. Of a benchmark with threads the name ends in "/threads:N".
 class Medians : public benchmark::ConsoleReporter
 {
 public:
    void ReportRuns(std::vector<Run> const& runs) override;
 
-   // Prints a table of the claims with their ratios of medians, in Markdown. Returns how many do not hold. What
-   // was not run is left out.
+   // Prints a table of the claims with their ratios of medians, in Markdown. Returns how many do not hold.
+   // What was not run is left out.
    int judge(std::vector<Claim> const& claims) const;
 
 private:

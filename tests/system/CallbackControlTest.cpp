@@ -74,12 +74,13 @@ TEST_P(CallbackControl, RefusesFromWithinACallbackWhatWouldTangle)
 
    alpha.onCallback = [&](std::string const&) {
       refusals = {refusal([&] { alpha.join(federation()); }), refusal([&] { alpha->disconnect(); }),
+                  refusal([&] { alpha.connect(); }),
                   refusal([&] { alpha->destroyFederationExecution(L"no such federation"); })};
    };
    alpha->resignFederationExecution(NO_ACTION);
    alpha->listFederationExecutions();
    EXPECT_EQ(alpha.callbacks(1).size(), 1u);
-   EXPECT_EQ(refusals, (std::vector<std::string>{no, no, "FederationExecutionDoesNotExist"}));
+   EXPECT_EQ(refusals, (std::vector<std::string>{no, no, no, "FederationExecutionDoesNotExist"}));
 }
 
 TEST_P(CallbackControl, GoesOnAfterACallbackThatThrows)
@@ -109,6 +110,38 @@ TEST_P(CallbackControl, GoesOnAfterACallbackThatThrows)
    askFor(4, alpha);
    EXPECT_EQ(alpha.callbacks(7).size(), 7u);
    EXPECT_EQ(beta.callbacks(6).size(), 6u);
+}
+
+TEST_P(CallbackControl, IsOverWhenTheFederateIsDisconnected)
+{
+   for (int round = 0; round < 20; ++round) {
+      Federate& alpha = connected("alpha");
+      std::atomic<bool> inside{false};
+      std::atomic<bool> disconnected{false};
+      std::atomic<bool> late{false};
+      alpha.onCallback = [&](std::string const&) {
+         inside = true;
+         std::this_thread::sleep_for(1ms);
+         refusal([&] { alpha->listFederationExecutions(); }); // nothing that a callback may do is in the way
+         late = late || disconnected;
+      };
+      for (int i = 0; i < 5; ++i) {
+         alpha->listFederationExecutions();
+      }
+      std::thread evoking([&] {
+         if (GetParam() == HLA_EVOKED) {
+            refusal([&] { alpha->evokeMultipleCallbacks(1.0, 1.0); });
+         }
+      });
+      while (!inside) {
+         std::this_thread::yield();
+      }
+      alpha->disconnect();
+      disconnected = true;
+      evoking.join();
+      EXPECT_FALSE(late);
+      forget("alpha");
+   }
 }
 
 class EvokedCallbacks : public FederationTest

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 namespace system_tests {
 
@@ -17,12 +18,13 @@ std::string uniqueName()
 
 Federate& FederationTest::connected(std::string const& name)
 {
-   auto& federate = _federates[name];
-   if (!federate) {
-      federate = std::make_unique<Federate>(name, GetParam(), _names);
+   auto found = _federates.find(name);
+   if (found == _federates.end()) {
+      auto federate = std::make_unique<Federate>(name, GetParam(), _names);
       federate->connect();
+      found = _federates.emplace(name, std::move(federate)).first;
    }
-   return *federate;
+   return *found->second;
 }
 
 Federate& FederationTest::joined(std::string const& name)

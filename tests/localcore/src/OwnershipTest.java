@@ -129,8 +129,7 @@ final class OwnershipTest {
         Harness.equal(b.told(), List.of("attributeOwnershipUnavailable" + arguments + ")"));
         divest(a);
         acquireIfAvailable(b);
-        Harness.equal(b.told(), List.of("requestAttributeOwnershipAssumption" + arguments + ", '')",
-                "attributeOwnershipAcquisitionNotification" + arguments + ", '')"));
+        Harness.equal(b.told(), List.of("attributeOwnershipAcquisitionNotification" + arguments + ", '')"));
     }
 
     private void unconditional() throws Exception {

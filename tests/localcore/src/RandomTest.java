@@ -103,7 +103,6 @@ final class RandomTest {
             Player player = players.get(random.nextInt(players.size()));
             try {
                 if (random.nextInt(150) == 0) {
-                    player.told();
                     player.resign(ResignAction.values()[random.nextInt(6)]);
                     players.remove(player);
                 } else {
@@ -172,7 +171,6 @@ final class RandomTest {
                 subscribed(player, theClass, attributes);
             }
             case 5 -> {
-                player.told();
                 player.act((federation, me) ->
                         federation.declarations().unsubscribeObjectClassAttributes(me, theClass, attributes));
                 Arrays.stream(attributes).forEach(player.subscribed.getOrDefault(theClass, new HashSet<>())::remove);
@@ -186,30 +184,19 @@ final class RandomTest {
             case 8, 9, 10, 11, 12 -> player.act((federation, me) -> federation.objectManagement().update(me, object,
                     TestFederate.values(attributes), TAG, someTiming()));
             case 13 -> {
-                player.told();
                 player.act((federation, me) -> federation.objectManagement().delete(me, object, TAG, someTiming()));
                 player.known.remove(object);
             }
             case 14 -> {
-                player.told();
                 player.act((federation, me) -> federation.objectManagement().deleteLocally(me, object));
                 player.known.remove(object);
             }
-            case 15 -> {
-                player.told();
-                player.act((federation, me) -> federation.ownership().divestUnconditionally(me, object, attributes));
-            }
+            case 15 -> player.act((federation, me) -> federation.ownership().divestUnconditionally(me, object, attributes));
             case 16 -> player.act((federation, me) -> federation.ownership().divestNegotiated(me, object, attributes, TAG));
-            case 17 -> {
-                player.told();
-                player.act((federation, me) -> federation.ownership().confirmDivestiture(me, object, attributes, TAG));
-            }
+            case 17 -> player.act((federation, me) -> federation.ownership().confirmDivestiture(me, object, attributes, TAG));
             case 18 -> player.act((federation, me) -> federation.ownership().acquire(me, object, attributes, TAG));
             case 19 -> player.act((federation, me) -> federation.ownership().acquireIfAvailable(me, object, attributes));
-            case 20 -> {
-                player.told();
-                player.act((federation, me) -> federation.ownership().divestIfWanted(me, object, attributes));
-            }
+            case 20 -> player.act((federation, me) -> federation.ownership().divestIfWanted(me, object, attributes));
             case 21 -> {
                 int region = player.ask((federation, me) -> federation.regions().create(me, new int[] {
                         federation.lookups().dimensionHandle("X")}));

@@ -33,6 +33,7 @@ final class TimeTest {
             harness.run("zero lookahead " + family, () -> new TimeTest(family).zeroLookahead());
             harness.run("lookahead " + family, () -> new TimeTest(family).lookahead());
             harness.run("late regulation " + family, () -> new TimeTest(family).lateRegulation());
+            harness.run("pending regulation " + family, () -> new TimeTest(family).pendingRegulation());
             harness.run("late constraint " + family, () -> new TimeTest(family).lateConstraint());
             harness.run("receive order " + family, () -> new TimeTest(family).receiveOrder());
             harness.run("retraction " + family, () -> new TimeTest(family).retraction());
@@ -274,6 +275,38 @@ final class TimeTest {
         Harness.equal(a.hear(), List.of("receive(101)", "timeAdvanceGrant(102)"));
     }
 
+    /** What a federate will be put forward to counts for everyone before it is told so. */
+    private void pendingRegulation() throws Exception {
+        for (boolean constrainedBefore : new boolean[] {true, false}) {
+            Clock fast = new Clock("fast " + constrainedBefore).constrain();
+            fast.told();
+            fast.advance(AdvanceKind.TIME_ADVANCE, 68);
+            fast.told();
+            Clock late = new Clock("late " + constrainedBefore);
+            if (constrainedBefore) {
+                late.constrain().told();
+            }
+            late.regulate(1);
+            fast.resign(ResignAction.NO_ACTION);
+            Clock other = new Clock("other " + constrainedBefore).regulate(1);
+            other.told();
+            if (constrainedBefore) {
+                Harness.refuses("InvalidLogicalTime", () -> other.send(-1, 50));
+                late.hear();
+                Harness.that(late.time >= 67, "put forward to " + late.time);
+            } else {
+                late.constrain();
+                late.hear();
+                Harness.that(!late.constrained, "messages may still come for the time that it has");
+                other.advance(AdvanceKind.TIME_ADVANCE, 70);
+                late.hear();
+                Harness.that(late.constrained && late.time >= 67, "constrained at " + late.time);
+            }
+            late.resign(ResignAction.NO_ACTION);
+            other.resign(ResignAction.NO_ACTION);
+        }
+    }
+
     /** Who becomes constrained late becomes so when nothing can come any more for the time it has passed. */
     private void lateConstraint() throws Exception {
         Clock a = new Clock("a").both(1);
@@ -311,9 +344,12 @@ final class TimeTest {
         Clock b = new Clock("b").both(1);
         Clock unconstrained = new Clock("unconstrained");
         int first = a.send(1, 5);
+        Harness.equal(unconstrained.hear(), List.of("receive"));
         int second = a.send(2, 6);
+        int unheard = a.send(3, 7);
         a.act((federation, me) -> federation.retractions().retract(me, first));
-        Harness.equal(unconstrained.hear(), List.of("receive", "receive", "requestRetraction"));
+        a.act((federation, me) -> federation.retractions().retract(me, unheard));
+        Harness.equal(unconstrained.hear(), List.of("receive", "requestRetraction"));
         Harness.refuses("MessageCanNoLongerBeRetracted", () -> a.act((federation, me) ->
                 federation.retractions().retract(me, first)));
         Harness.refuses("InvalidMessageRetractionHandle", () -> b.act((federation, me) ->

@@ -24,6 +24,7 @@ final class Connection {
         }
     }
 
+    /** Once it returns no callback runs any more, so that the federate may destroy what they call. */
     void disconnect() throws RTIexception {
         try {
             session.disconnect();
@@ -31,7 +32,10 @@ final class Connection {
             suspectDestruction();
             throw e;
         }
-        endDelivery();
+        CallbackDelivery ended = endDelivery();
+        if (ended != null) {
+            ended.awaitEnd();
+        }
     }
 
     /**
@@ -42,12 +46,14 @@ final class Connection {
         CompletableFuture.delayedExecutor(100, TimeUnit.MILLISECONDS).execute(System::gc);
     }
 
-    private void endDelivery() {
-        CallbackDelivery old = delivery;
+    /** @return what delivered until now, or null */
+    private CallbackDelivery endDelivery() {
+        CallbackDelivery ended = delivery;
         delivery = null;
-        if (old != null) {
-            old.close();
+        if (ended != null) {
+            ended.close();
         }
+        return ended;
     }
 
     /** Lets go of everything on behalf of an ambassador that no longer exists. */

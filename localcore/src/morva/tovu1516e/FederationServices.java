@@ -85,7 +85,7 @@ abstract class FederationServices extends AmbassadorServices {
     public final void resignFederationExecution_RA(byte[] message) throws RTIexception {
         serve(message, in -> {
             connection.requireOutsideCallback("resignFederationExecution");
-            connection.session.resign(resignAction(in.integer()));
+            connection.session.resign(connection.session.call((federation, me) -> resignAction(in.integer())));
             return null;
         });
     }

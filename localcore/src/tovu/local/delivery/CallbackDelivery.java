@@ -30,7 +30,7 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     private final Supplier<Federate> member;
     private final EvokeReminder reminder = new EvokeReminder(this);
     private boolean enabled = true;
-    private boolean closed;
+    private volatile boolean closed; // written under the monitor only
     private volatile boolean immediate;
 
     /** Marks what outlives a membership. */
@@ -86,6 +86,15 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
         reminder.cancel();
         pending.clear();
         notifyAll();
+    }
+
+    /**
+     * After a close: returns when no callback runs any more, and none will. Whoever waits must hold nothing that a
+     * callback may want, and must not be in one.
+     */
+    public void awaitEnd() {
+        delivering.lock();
+        delivering.unlock();
     }
 
     /** Starts the thread that delivers whenever there is something to deliver. */
@@ -202,7 +211,9 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     private void deliver(Callback callback) {
         delivering.lock();
         try {
-            callback.deliver(federate);
+            if (!closed) {
+                callback.deliver(federate);
+            }
         } catch (FederateInternalError e) {
             StackTraceElement[] trace = e.getStackTrace();
             System.err.println(member() + " failed in callback "

@@ -80,14 +80,14 @@ public final class DeclarationManagement implements Saved {
 
     public void subscribeObjectClass(Federate federate, int classHandle, int[] attributes, boolean active,
             String updateRate) throws RTIexception {
+        federation.lookup().updateRate(updateRate);
         ObjectClass theClass = federation.lookup().objectClass(classHandle);
         subscribe(federate, theClass, everyRegion(Lookup.attributes(theClass, attributes)), active, updateRate);
     }
 
     /** @param where for each attribute the regions, or null for everywhere */
     void subscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where, boolean active,
-            String updateRate) throws RTIexception {
-        federation.lookup().updateRate(updateRate);
+            String updateRate) {
         where.forEach((attribute, regions) ->
                 federate.subscriptions.add(theClass, attribute, regions, active, updateRate));
         subscriptionChanged(federate, theClass);
@@ -117,7 +117,7 @@ public final class DeclarationManagement implements Saved {
     /** @param where for each attribute the regions, or null for all of them */
     void unsubscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where) {
         where.forEach((attribute, regions) -> federate.subscriptions.remove(theClass, attribute, regions));
-        federate.invalidateMessages();
+        federate.dropUnwantedMessages();
         subscriptionChanged(federate, theClass);
     }
 
@@ -142,7 +142,7 @@ public final class DeclarationManagement implements Saved {
 
     void unsubscribe(Federate federate, InteractionClass theClass, Set<Region> where) {
         federate.subscriptions.remove(theClass, where);
-        federate.invalidateMessages();
+        federate.dropUnwantedMessages();
         subscriptionChanged(federate, theClass);
     }
 

@@ -39,21 +39,19 @@ public final class DeliveryChanges {
                         + each.definition.name() + "' is being changed already; wait for the confirmation");
             }
         }
-        owned.forEach(each -> each.transportationChanging = true);
-        federate.postChange(() -> {
-            for (InstanceAttribute each : owned) {
-                if (each.owner() == federate) {
-                    each.transportBy(type);
-                    each.transportationChanging = false;
-                }
-            }
-        }, to -> to.confirmAttributeTransportationTypeChange(object, attributes, type));
+        Notices changed = Notices.ofChange(attribute -> attribute.transportBy(type));
+        for (InstanceAttribute each : owned) {
+            each.transportationChanging = true;
+            changed.add(federate, each);
+        }
+        changed.post(knowledge.object, (to, handles, tag) ->
+                to.confirmAttributeTransportationTypeChange(object, handles, type));
     }
 
     public void queryTransportation(Federate federate, int object, int attribute) throws RTIexception {
-        Transportation type = Objects.attribute(federation.objects().known(federate, object), attribute)
-                .transportation();
-        federate.post(to -> to.reportAttributeTransportationType(object, attribute, type));
+        Knowledge knowledge = federation.objects().known(federate, object);
+        Transportation type = Objects.attribute(knowledge, attribute).transportation();
+        knowledge.post(to -> to.reportAttributeTransportationType(object, attribute, type));
     }
 
     public void changeInteractionTransportation(Federate federate, int classHandle, int code) throws RTIexception {

@@ -2,6 +2,7 @@ package tovu.local.model;
 
 import java.util.LinkedHashSet;
 import java.util.Set;
+import java.util.function.Supplier;
 
 /** A joined federate, and its own part of every chapter of the federation's state. */
 @SuppressWarnings("serial") // kept in memory only
@@ -70,16 +71,28 @@ public final class Federate implements Saved {
         sink.post(callback);
     }
 
+    /**
+     * Leaves a callback that is made only when it is delivered, of how things are then.
+     *
+     * @param making null for no callback
+     */
+    void postLate(Supplier<Callback> making) {
+        post(to -> {
+            Callback callback;
+            synchronized (federation) {
+                callback = federation.isMember(this) ? making.get() : null;
+            }
+            if (callback != null) {
+                callback.deliver(to);
+            }
+        });
+    }
+
     /** Leaves a callback with which a change of state comes about: not when it is left, but when it is delivered. */
     void postChange(Runnable change, Callback callback) {
-        post(to -> {
-            synchronized (federation) {
-                if (!federation.isMember(this)) {
-                    return;
-                }
-                change.run();
-            }
-            callback.deliver(to);
+        postLate(() -> {
+            change.run();
+            return callback;
         });
     }
 
@@ -95,6 +108,12 @@ public final class Federate implements Saved {
     /** Written under the federation's lock only. */
     void invalidateMessages() {
         ++messageValidity;
+    }
+
+    /** After it has unsubscribed from something. */
+    void dropUnwantedMessages() {
+        invalidateMessages();
+        inbox.discardUnwanted();
     }
 
     @Override

@@ -22,6 +22,7 @@ final class FederateTime implements Saved {
     private boolean constrained;
     private long lookahead;
     private long floor = Long.MIN_VALUE;
+    private long start; // of regulation, while that is pending
     private long deliveredUntil = Long.MIN_VALUE;
     boolean asynchronousDelivery;
 
@@ -92,18 +93,22 @@ final class FederateTime implements Saved {
         return constrained;
     }
 
-    /** @param from the time from which it will send, at least */
-    void beginRegulation(long theLookahead, long from) {
+    /**
+     * @param theStart the time that it will have when it regulates
+     * @param from     the time from which it will send, at least
+     */
+    void beginRegulation(long theLookahead, long theStart, long from) {
         regulation = Switch.PENDING;
         lookahead = theLookahead;
+        start = theStart;
         floor = from;
     }
 
-    /** The federate is told that it regulates, at that time. */
-    void completeRegulation(long theTime) {
+    /** The federate is told that it regulates. */
+    void completeRegulation() {
         regulation = Switch.ON;
-        if (theTime > time) {
-            time = theTime;
+        if (start > time) {
+            time = start;
             exclusive = false;
         }
     }
@@ -119,7 +124,7 @@ final class FederateTime implements Saved {
 
     void beginConstraint() {
         constrained = true;
-        deliveredUntil = time;
+        deliveredUntil = reached();
     }
 
     void completeConstraint() {
@@ -140,15 +145,15 @@ final class FederateTime implements Saved {
         deliveredUntil = Math.max(deliveredUntil, theTime);
     }
 
-    /** The time that it has, or was granted and has yet to hear of. */
+    /** The time that it has, or has got and has yet to hear of. */
     long reached() {
-        return decided ? granted : time;
+        return decided ? granted : regulation == Switch.PENDING ? Math.max(time, start) : time;
     }
 
     /** The earliest time that a message for it may have, as far as its grants go. */
     long earliestNext() {
         long reached = reached();
-        boolean without = decided ? kind.isExclusive() : exclusive;
+        boolean without = decided ? kind.isExclusive() : exclusive && reached == time;
         return without && reached < TimeFamily.NEVER ? reached + 1 : reached;
     }
 

@@ -257,20 +257,20 @@ public final class Federation {
     }
 
     void resign(Federate federate, ResignAction action) throws RTIexception {
-        if (!action.cancels()) {
-            for (ObjectInstance object : federate.knownObjects) {
-                if (ownership.isAcquiring(federate, object)) {
-                    throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + object
-                            + "; cancel the acquisition, or resign with an action that does");
-                }
-            }
-        }
         if (!action.divests()) {
             for (ObjectInstance object : federate.knownObjects) {
                 boolean ends = action.deletes() && object.attribute(privilegeToDelete).owner() == federate;
                 if (!ends && object.isOwnedIn(federate)) {
                     throw new FederateOwnsAttributes(federate + " owns attributes of " + object
                             + "; divest or delete it, or resign with an action that does");
+                }
+            }
+        }
+        if (!action.cancels()) {
+            for (ObjectInstance object : federate.knownObjects) {
+                if (ownership.isAcquiring(federate, object)) {
+                    throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + object
+                            + "; cancel the acquisition, or resign with an action that does");
                 }
             }
         }
@@ -283,6 +283,7 @@ public final class Federation {
     }
 
     private void leave(Federate federate, ResignAction action) {
+        federate.inbox.clear();
         ownership.cancelAllAcquisitions(federate);
         if (action.deletes()) {
             objectManagement.deleteAll(federate);

@@ -4,6 +4,7 @@ import java.util.ArrayDeque;
 import java.util.Queue;
 import java.util.SortedSet;
 import java.util.TreeSet;
+import java.util.function.Predicate;
 
 /** The messages that a federate is not to get yet. */
 @SuppressWarnings("serial") // kept in memory only
@@ -29,15 +30,33 @@ final class Inbox implements Saved {
 
     /** Takes back a message; false when it is too late for that. */
     boolean retract(Message message) {
-        timestamped.remove(message);
         held.remove(message);
-        return !message.isPosted();
+        if (timestamped.remove(message)) {
+            owner.federation().time().reconsider();
+        }
+        return message.retract();
     }
 
     /** Drops what was still to come of an object that is removed. */
     void discard(Knowledge knowledge) {
-        timestamped.removeIf(each -> each.concerns(knowledge));
-        held.removeIf(each -> each.concerns(knowledge));
+        discard(each -> each.concerns(knowledge));
+    }
+
+    /** Drops what the federate does not want any more. */
+    void discardUnwanted() {
+        discard(each -> !each.keepWanted());
+    }
+
+    /** Drops everything, as befits a federate that leaves. */
+    void clear() {
+        discard(each -> true);
+    }
+
+    private void discard(Predicate<Message> unwanted) {
+        held.removeIf(unwanted);
+        if (timestamped.removeIf(unwanted)) {
+            owner.federation().time().reconsider();
+        }
     }
 
     /** The time of the first time-stamped message, or never. */

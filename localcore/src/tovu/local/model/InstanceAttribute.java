@@ -31,6 +31,7 @@ final class InstanceAttribute implements Saved {
     final List<Candidate> candidates = new ArrayList<>(0);
     private final Map<Federate, Set<Region>> associations = new HashMap<>(0);
     private Federate owner;
+    private int tenure;
     private Transportation transportation;
     private OrderType order;
     Divestiture divestiture = Divestiture.NONE;
@@ -59,12 +60,18 @@ final class InstanceAttribute implements Saved {
         return owner;
     }
 
+    /** Another number for each time that it was handed to somebody, or to nobody. */
+    int tenure() {
+        return tenure;
+    }
+
     /** Hands it to a federate, or to nobody; how it travels is the object model's choice again. */
     void giveTo(Federate newOwner) {
         if (owner != null) {
             associate(owner, Set.of());
         }
         owner = newOwner;
+        ++tenure;
         divestiture = Divestiture.NONE;
         abandoned = newOwner == null;
         updatesOn = null;
@@ -77,6 +84,7 @@ final class InstanceAttribute implements Saved {
 
     void transportBy(Transportation type) {
         transportation = type;
+        transportationChanging = false;
     }
 
     OrderType order() {
@@ -115,6 +123,11 @@ final class InstanceAttribute implements Saved {
 
     boolean isDivesting() {
         return divestiture != Divestiture.NONE;
+    }
+
+    /** Whether anyone who may own it can have it. */
+    boolean isFree() {
+        return abandoned || isDivesting();
     }
 
     void forget(Federate federate) {

@@ -12,13 +12,31 @@ final class Knowledge implements Saved {
     final ObjectInstance object;
     final ObjectClass knownClass;
     final Set<Integer> toldInScope = new TreeSet<>();
-    /** Set when the federate deleted the object locally: what is on its way is not wanted any more. */
-    boolean renounced;
+    private volatile boolean renounced;
 
     Knowledge(Federate federate, ObjectInstance object, ObjectClass knownClass) {
         this.federate = federate;
         this.object = object;
         this.knownClass = knownClass;
+    }
+
+    /** The federate gives the object up by itself: what is on its way to it about the object is not told any more. */
+    void renounce() {
+        renounced = true;
+        federate.invalidateMessages();
+    }
+
+    boolean isRenounced() {
+        return renounced;
+    }
+
+    /** Leaves a callback about the object. */
+    void post(Callback callback) {
+        federate.post(to -> {
+            if (!renounced) {
+                callback.deliver(to);
+            }
+        });
     }
 
     /** The federate's interest in an attribute at its known class, or null. */

@@ -25,7 +25,8 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
     final Sending sending;
     private final int validity;
     private OrderType receivedOrder;
-    private boolean posted;
+    private boolean told;
+    private boolean retracted;
 
     Message(Federate receiver, Sending sending) {
         this.receiver = receiver;
@@ -44,19 +45,21 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
         receivedOrder = OrderType.RECEIVE;
     }
 
-    final boolean isPosted() {
-        return posted;
-    }
-
-    /** Leaves it with the delivery: from here on it cannot be called back. */
-    final void post() {
-        posted = true;
-        left();
+    /** Leaves it with the delivery. */
+    void post() {
         receiver.post(this);
     }
 
-    /** What the federation takes for granted once the message cannot be called back. */
-    void left() {
+    /** Takes it back wherever it is; false when the receiver is told already. */
+    final synchronized boolean retract() {
+        retracted = !told;
+        return retracted;
+    }
+
+    /** From here on it cannot be taken back any more; false when it was. */
+    final synchronized boolean commit() {
+        told = !retracted;
+        return told;
     }
 
     final OrderType sentOrder() {
@@ -75,16 +78,19 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
 
     @Override
     public final void deliver(FederateCallbacks to) throws FederateInternalError {
-        if (validity == receiver.messageValidity()) {
+        boolean wanted = validity == receiver.messageValidity() || review();
+        if (wanted && (sending.retraction() == 0 || commit())) {
             tell(to);
-            return;
         }
-        Message valid;
+    }
+
+    /** Fits it to what the receiver has become since it was sent. */
+    private boolean review() {
         synchronized (receiver.federation()) {
-            valid = stillWanted();
-        }
-        if (valid != null) {
-            valid.tell(to);
+            if (receiver.time.constraint() != FederateTime.Switch.ON) {
+                loseTimestampOrder();
+            }
+            return keepWanted();
         }
     }
 
@@ -95,8 +101,8 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
 
     abstract void tell(FederateCallbacks to) throws FederateInternalError;
 
-    /** The part of it that is wanted after the receiver renounced something since it was sent; null for nothing. */
-    abstract Message stillWanted();
+    /** Keeps what of it the receiver still wants; false when that is nothing. */
+    abstract boolean keepWanted();
 
     /** By time, and in the order of sending where the time is the same. */
     @Override

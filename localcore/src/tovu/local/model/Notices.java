@@ -5,8 +5,12 @@ import java.util.ArrayList;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.function.Consumer;
 
-/** Attributes of one object gathered by whom to tell of them, so that each federate is told once. */
+/**
+ * Attributes of one object gathered by whom to tell of them, so that each federate is told once. What has ceased to be
+ * so by the time of the delivery is left out.
+ */
 final class Notices {
     /** The callback to make for what was gathered for one federate. */
     @FunctionalInterface
@@ -14,26 +18,78 @@ final class Notices {
         void tell(FederateCallbacks to, int[] attributes, byte[] tag) throws FederateInternalError;
     }
 
+    /** Whether it is still so. */
+    @FunctionalInterface
+    interface Condition {
+        boolean holds(InstanceAttribute attribute, Federate told, byte[] tag);
+    }
+
     private record Addressee(Federate federate, byte[] tag) {
     }
 
+    private record Subject(InstanceAttribute attribute, int tenure) {
+        boolean isSameTenure() {
+            return tenure == attribute.tenure();
+        }
+    }
+
     static final byte[] NO_TAG = {};
+    private static final Condition ALWAYS = (attribute, told, tag) -> true;
 
-    private final Map<Addressee, List<Integer>> gathered = new LinkedHashMap<>();
+    private final Map<Addressee, List<Subject>> gathered = new LinkedHashMap<>();
+    private final boolean endWithTenure;
+    private final Condition condition;
 
-    void add(Federate federate, int attribute) {
+    private Notices(boolean endWithTenure, Condition condition) {
+        this.endWithTenure = endWithTenure;
+        this.condition = condition;
+    }
+
+    /** What stays so. */
+    static Notices lasting() {
+        return new Notices(false, ALWAYS);
+    }
+
+    /** What is so as long as the attribute has the owner that it has now. */
+    static Notices untilHandedOver() {
+        return untilHandedOver(ALWAYS);
+    }
+
+    /** The same, if something else holds too. */
+    static Notices untilHandedOver(Condition condition) {
+        return new Notices(true, condition);
+    }
+
+    /** What comes to be so when it is told, if the attribute still has the same owner then. */
+    static Notices ofChange(Consumer<InstanceAttribute> change) {
+        return untilHandedOver((attribute, told, tag) -> {
+            change.accept(attribute);
+            return true;
+        });
+    }
+
+    void add(Federate federate, InstanceAttribute attribute) {
         add(federate, attribute, NO_TAG);
     }
 
     /** Attributes with different tags are told of separately. */
-    void add(Federate federate, int attribute, byte[] tag) {
-        gathered.computeIfAbsent(new Addressee(federate, tag), key -> new ArrayList<>()).add(attribute);
+    void add(Federate federate, InstanceAttribute attribute, byte[] tag) {
+        gathered.computeIfAbsent(new Addressee(federate, tag), key -> new ArrayList<>())
+                .add(new Subject(attribute, attribute.tenure()));
     }
 
-    void post(Form form) {
-        gathered.forEach((addressee, list) -> {
-            int[] attributes = list.stream().mapToInt(Integer::intValue).toArray();
-            addressee.federate.post(to -> form.tell(to, attributes, addressee.tag));
+    /** @param object whose attributes they are; everyone who is told knows it */
+    void post(ObjectInstance object, Form form) {
+        gathered.forEach((addressee, subjects) -> {
+            Federate federate = addressee.federate;
+            Knowledge knowledge = object.knowledgeOf(federate);
+            federate.postLate(() -> {
+                int[] attributes = subjects.stream().filter(each -> !endWithTenure || each.isSameTenure())
+                        .map(Subject::attribute).filter(each -> condition.holds(each, federate, addressee.tag))
+                        .mapToInt(InstanceAttribute::handle).toArray();
+                return attributes.length == 0 || knowledge.isRenounced() ? null
+                        : to -> form.tell(to, attributes, addressee.tag);
+            });
         });
     }
 }

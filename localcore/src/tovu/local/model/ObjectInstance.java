@@ -2,9 +2,7 @@ package tovu.local.model;
 
 import java.util.ArrayList;
 import java.util.Collection;
-import java.util.LinkedHashMap;
 import java.util.List;
-import java.util.Map;
 import java.util.function.Predicate;
 import tovu.local.fom.Attribute;
 import tovu.local.fom.ObjectClass;
@@ -16,8 +14,8 @@ final class ObjectInstance implements Saved {
     final String name;
     final ObjectClass objectClass;
     final Federate producer;
-    private final Map<Integer, InstanceAttribute> attributes = new LinkedHashMap<>();
-    private final Map<Federate, Knowledge> knowledge = new LinkedHashMap<>();
+    private final HandleMap<InstanceAttribute> attributes = new HandleMap<>();
+    private final HandleMap<Knowledge> knowledge = new HandleMap<>(); // by federate
     /** Set from its deletion on; federates that are not told yet still know it. */
     boolean deleted;
     /** Set while its deletion may be retracted. */
@@ -69,9 +67,15 @@ final class ObjectInstance implements Saved {
         return false;
     }
 
+    boolean mayBeOffered(InstanceAttribute attribute, Federate federate) {
+        Knowledge known = knowledgeOf(federate);
+        return !deleted && known != null && attribute.owner() != federate && attribute.candidate(federate) == null
+                && known.publishes(attribute.definition);
+    }
+
     /** What that federate knows of it, or null when it does not know it. */
     Knowledge knowledgeOf(Federate federate) {
-        return knowledge.get(federate);
+        return knowledge.get(federate.handle());
     }
 
     Collection<Knowledge> knowers() {
@@ -79,12 +83,12 @@ final class ObjectInstance implements Saved {
     }
 
     void becomeKnown(Federate federate, ObjectClass knownClass) {
-        knowledge.put(federate, new Knowledge(federate, this, knownClass));
+        knowledge.put(federate.handle(), new Knowledge(federate, this, knownClass));
         federate.knownObjects.add(this);
     }
 
     void becomeUnknown(Federate federate) {
-        knowledge.remove(federate);
+        knowledge.remove(federate.handle());
         federate.knownObjects.remove(this);
     }
 

@@ -67,15 +67,20 @@ public final class ObjectManagement {
     public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing)
             throws RTIexception {
         Knowledge own = federation.objects().known(federate, objectHandle);
+        InstanceAttribute foreign = null;
+        for (int i = 0; i < values.size(); ++i) {
+            InstanceAttribute attribute = Objects.attribute(own, values.handle(i));
+            foreign = attribute.owner() == federate ? foreign : attribute;
+        }
+        if (foreign != null) {
+            throw new AttributeNotOwned("Attribute '" + foreign.definition.name() + "' of " + own.object
+                    + " is not owned by " + federate + "; acquire it first, or leave it out of the update");
+        }
         Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
         Passel first = null;
         boolean alike = true;
         for (int i = 0; i < values.size(); ++i) {
-            InstanceAttribute attribute = Objects.attribute(own, values.handle(i));
-            if (attribute.owner() != federate) {
-                throw new AttributeNotOwned("Attribute '" + attribute.definition.name() + "' of " + own.object
-                        + " is not owned by " + federate + "; acquire it first, or leave it out of the update");
-            }
+            InstanceAttribute attribute = own.object.attribute(values.handle(i));
             first = first == null ? Passel.of(attribute, dispatch) : first;
             alike &= first.fits(attribute, dispatch);
         }
@@ -135,6 +140,7 @@ public final class ObjectManagement {
         int producer = federation.supplement(federate, Set.of()).producer();
         List<Knowledge> others = new ArrayList<>(object.knowers());
         others.remove(own);
+        own.renounce();
         federation.objects().forget(own);
         for (Knowledge each : others) {
             dispatch.send(new Removal(each, sending, producer));
@@ -161,8 +167,7 @@ public final class ObjectManagement {
             throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + own.object
                     + "; cancel the acquisition first");
         }
-        own.renounced = true;
-        federate.invalidateMessages();
+        own.renounce();
         federation.objects().forget(own);
         federation.visibility().refreshUpdates(own.object);
     }
@@ -196,12 +201,12 @@ public final class ObjectManagement {
 
     private static void requestUpdate(Federate federate, ObjectInstance object, List<InstanceAttribute> attributes,
             byte[] tag) {
-        Notices wanted = new Notices();
+        Notices wanted = Notices.untilHandedOver();
         for (InstanceAttribute each : attributes) {
             if (each.owner() != null && each.owner() != federate) {
-                wanted.add(each.owner(), each.handle());
+                wanted.add(each.owner(), each);
             }
         }
-        wanted.post((to, handles, noTag) -> to.provideAttributeValueUpdate(object.handle, handles, tag));
+        wanted.post(object, (to, handles, noTag) -> to.provideAttributeValueUpdate(object.handle, handles, tag));
     }
 }

@@ -15,7 +15,7 @@ import tovu.local.fom.ObjectClass;
 @SuppressWarnings("serial") // kept in memory only
 public final class Objects implements Saved {
     private final Federation federation;
-    private final Map<Integer, ObjectInstance> byHandle = new HashMap<>();
+    private final HandleMap<ObjectInstance> byHandle = new HandleMap<>();
     private final Map<String, ObjectInstance> byName = new HashMap<>();
     private final Map<ObjectClass, Set<ObjectInstance>> byClass = new HashMap<>();
 

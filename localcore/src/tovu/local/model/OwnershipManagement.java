@@ -55,7 +55,7 @@ public final class OwnershipManagement {
         if (attributes.isEmpty()) {
             return;
         }
-        OwnershipNotices notices = new OwnershipNotices();
+        OwnershipNotices notices = new OwnershipNotices(object);
         for (InstanceAttribute each : attributes) {
             Federate former = each.owner();
             if (each.candidates.isEmpty()) {
@@ -65,7 +65,7 @@ public final class OwnershipManagement {
                 handOver(each, Notices.NO_TAG, notices);
             }
         }
-        notices.post(object);
+        notices.post();
         federation.visibility().ownershipChanged(object);
     }
 
@@ -73,7 +73,7 @@ public final class OwnershipManagement {
     private static void handOver(InstanceAttribute attribute, byte[] tag, OwnershipNotices notices) {
         Candidate first = attribute.candidates.remove(0);
         attribute.giveTo(first.federate());
-        notices.acquired.add(first.federate(), attribute.handle(), tag);
+        notices.acquired.add(first.federate(), attribute, tag);
         keep(attribute, notices);
     }
 
@@ -82,9 +82,9 @@ public final class OwnershipManagement {
         for (Candidate each : List.copyOf(attribute.candidates)) {
             if (each.ifAvailable()) {
                 attribute.candidates.remove(each);
-                notices.unavailable.add(each.federate(), attribute.handle());
+                notices.unavailable.add(each.federate(), attribute);
             } else {
-                notices.wanted.add(attribute.owner(), attribute.handle(), each.tag());
+                notices.wanted.add(attribute.owner(), attribute, each.tag());
             }
         }
     }
@@ -92,14 +92,10 @@ public final class OwnershipManagement {
     private static void offer(ObjectInstance object, InstanceAttribute attribute, Federate former, byte[] tag,
             OwnershipNotices notices) {
         for (Knowledge each : object.knowers()) {
-            if (each.federate != former && mayBeOffered(each, attribute)) {
-                notices.offered.add(each.federate, attribute.handle(), tag);
+            if (each.federate != former && object.mayBeOffered(attribute, each.federate)) {
+                notices.offered.add(each.federate, attribute, tag);
             }
         }
-    }
-
-    private static boolean mayBeOffered(Knowledge knowledge, InstanceAttribute attribute) {
-        return attribute.candidate(knowledge.federate) == null && knowledge.publishes(attribute.definition);
     }
 
     /** Offers what nobody owns any more to a federate that from now on publishes those attributes. */
@@ -113,14 +109,14 @@ public final class OwnershipManagement {
     }
 
     void offerAbandoned(Knowledge knowledge, Set<Integer> attributes) {
-        OwnershipNotices notices = new OwnershipNotices();
+        OwnershipNotices notices = new OwnershipNotices(knowledge.object);
         for (InstanceAttribute each : knowledge.object.attributes()) {
-            boolean free = each.abandoned || each.isDivesting() && each.owner() != knowledge.federate;
-            if (free && attributes.contains(each.handle()) && mayBeOffered(knowledge, each)) {
-                notices.offered.add(knowledge.federate, each.handle());
+            if (each.isFree() && attributes.contains(each.handle())
+                    && knowledge.object.mayBeOffered(each, knowledge.federate)) {
+                notices.offered.add(knowledge.federate, each);
             }
         }
-        notices.post(knowledge.object);
+        notices.post();
     }
 
     public void divestNegotiated(Federate federate, int object, int[] attributes, byte[] tag) throws RTIexception {
@@ -131,17 +127,17 @@ public final class OwnershipManagement {
                 throw new AttributeAlreadyBeingDivested(describe(each, knowledge) + " is being divested already");
             }
         }
-        OwnershipNotices notices = new OwnershipNotices();
+        OwnershipNotices notices = new OwnershipNotices(knowledge.object);
         for (InstanceAttribute each : owned) {
             if (each.candidates.isEmpty()) {
                 each.divestiture = Divestiture.OFFERED;
                 offer(knowledge.object, each, federate, tag, notices);
             } else {
                 each.divestiture = Divestiture.CONFIRMATION_REQUESTED;
-                notices.confirmable.add(federate, each.handle());
+                notices.confirmable.add(federate, each);
             }
         }
-        notices.post(knowledge.object);
+        notices.post();
     }
 
     public void confirmDivestiture(Federate federate, int object, int[] attributes, byte[] tag) throws RTIexception {
@@ -153,11 +149,11 @@ public final class OwnershipManagement {
                         + " is wanted by nobody; wait for a request to confirm its divestiture");
             }
         }
-        OwnershipNotices notices = new OwnershipNotices();
+        OwnershipNotices notices = new OwnershipNotices(knowledge.object);
         for (InstanceAttribute each : owned) {
             handOver(each, tag, notices);
         }
-        notices.post(knowledge.object);
+        notices.post();
         federation.visibility().ownershipChanged(knowledge.object);
     }
 
@@ -175,12 +171,12 @@ public final class OwnershipManagement {
 
     public void cancelDivestiture(Federate federate, int object, int[] attributes) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
-        OwnershipNotices notices = new OwnershipNotices();
+        OwnershipNotices notices = new OwnershipNotices(knowledge.object);
         for (InstanceAttribute each : ownedAndDivesting(knowledge, attributes)) {
             each.divestiture = Divestiture.NONE;
             keep(each, notices);
         }
-        notices.post(knowledge.object);
+        notices.post();
     }
 
     public void acquire(Federate federate, int object, int[] attributes, byte[] tag) throws RTIexception {
@@ -223,7 +219,7 @@ public final class OwnershipManagement {
     }
 
     private void ask(Knowledge knowledge, List<InstanceAttribute> wanted, Candidate candidate) {
-        OwnershipNotices notices = new OwnershipNotices();
+        OwnershipNotices notices = new OwnershipNotices(knowledge.object);
         for (InstanceAttribute each : wanted) {
             each.candidates.removeIf(earlier -> earlier.federate() == candidate.federate());
             if (each.owner() == null && !knowledge.object.deleted) {
@@ -233,18 +229,18 @@ public final class OwnershipManagement {
                 each.candidates.add(candidate);
                 if (each.divestiture == Divestiture.OFFERED) {
                     each.divestiture = Divestiture.CONFIRMATION_REQUESTED;
-                    notices.confirmable.add(each.owner(), each.handle());
+                    notices.confirmable.add(each.owner(), each);
                 }
             } else if (candidate.ifAvailable()) {
-                notices.unavailable.add(candidate.federate(), each.handle());
+                notices.unavailable.add(candidate.federate(), each);
             } else {
                 each.candidates.add(candidate);
                 if (each.owner() != null) { // else the object is deleted, and this federate soon told so
-                    notices.wanted.add(each.owner(), each.handle(), candidate.tag());
+                    notices.wanted.add(each.owner(), each, candidate.tag());
                 }
             }
         }
-        notices.post(knowledge.object);
+        notices.post();
         federation.visibility().ownershipChanged(knowledge.object);
     }
 
@@ -281,7 +277,7 @@ public final class OwnershipManagement {
         for (InstanceAttribute each : unwanted) {
             withdraw(each, federate);
         }
-        federate.post(to -> to.confirmAttributeOwnershipAcquisitionCancellation(object, attributes));
+        knowledge.post(to -> to.confirmAttributeOwnershipAcquisitionCancellation(object, attributes));
     }
 
     private static void withdraw(InstanceAttribute attribute, Federate federate) {
@@ -295,9 +291,9 @@ public final class OwnershipManagement {
         Knowledge knowledge = federation.objects().known(federate, object);
         Federate owner = Objects.attribute(knowledge, attributeHandle).owner();
         if (owner == null) {
-            federate.post(to -> to.attributeIsNotOwned(object, attributeHandle));
+            knowledge.post(to -> to.attributeIsNotOwned(object, attributeHandle));
         } else {
-            federate.post(to -> to.informAttributeOwnership(object, attributeHandle, owner.handle()));
+            knowledge.post(to -> to.informAttributeOwnership(object, attributeHandle, owner.handle()));
         }
     }
 
@@ -318,12 +314,12 @@ public final class OwnershipManagement {
 
     /** Gives a deleter its own again. Who asked for it in between has to ask the deleter. */
     void giveBack(Deletion deletion) {
-        OwnershipNotices notices = new OwnershipNotices();
+        OwnershipNotices notices = new OwnershipNotices(deletion.object());
         for (InstanceAttribute each : deletion.owned()) {
             each.giveTo(deletion.deleter());
             keep(each, notices);
         }
-        notices.post(deletion.object());
+        notices.post();
     }
 
     boolean isAcquiring(Federate federate, ObjectInstance object) {

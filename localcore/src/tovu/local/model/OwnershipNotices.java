@@ -1,19 +1,31 @@
 package tovu.local.model;
 
+import tovu.local.model.InstanceAttribute.Divestiture;
+
 /** What one step in the ownership of an object's attributes has to tell to whom. */
 final class OwnershipNotices {
-    final Notices acquired = new Notices();
-    final Notices offered = new Notices();
-    final Notices confirmable = new Notices();
-    final Notices wanted = new Notices();
-    final Notices unavailable = new Notices();
+    final Notices acquired = Notices.untilHandedOver();
+    final Notices offered;
+    final Notices confirmable = Notices.untilHandedOver((attribute, told, tag) ->
+            attribute.divestiture == Divestiture.CONFIRMATION_REQUESTED);
+    final Notices wanted = Notices.untilHandedOver((attribute, told, tag) ->
+            attribute.candidates.stream().anyMatch(each -> !each.ifAvailable() && each.tag() == tag));
+    final Notices unavailable = Notices.lasting();
+    private final ObjectInstance object;
 
-    void post(ObjectInstance object) {
+    OwnershipNotices(ObjectInstance object) {
+        this.object = object;
+        offered = Notices.untilHandedOver((attribute, told, tag) ->
+                attribute.isFree() && object.mayBeOffered(attribute, told));
+    }
+
+    void post() {
         int handle = object.handle;
-        acquired.post((to, attributes, tag) -> to.attributeOwnershipAcquisitionNotification(handle, attributes, tag));
-        unavailable.post((to, attributes, tag) -> to.attributeOwnershipUnavailable(handle, attributes));
-        confirmable.post((to, attributes, tag) -> to.requestDivestitureConfirmation(handle, attributes));
-        wanted.post((to, attributes, tag) -> to.requestAttributeOwnershipRelease(handle, attributes, tag));
-        offered.post((to, attributes, tag) -> to.requestAttributeOwnershipAssumption(handle, attributes, tag));
+        acquired.post(object, (to, attributes, tag) ->
+                to.attributeOwnershipAcquisitionNotification(handle, attributes, tag));
+        unavailable.post(object, (to, attributes, tag) -> to.attributeOwnershipUnavailable(handle, attributes));
+        confirmable.post(object, (to, attributes, tag) -> to.requestDivestitureConfirmation(handle, attributes));
+        wanted.post(object, (to, attributes, tag) -> to.requestAttributeOwnershipRelease(handle, attributes, tag));
+        offered.post(object, (to, attributes, tag) -> to.requestAttributeOwnershipAssumption(handle, attributes, tag));
     }
 }

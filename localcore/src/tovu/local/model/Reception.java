@@ -27,7 +27,7 @@ final class Reception extends Message {
     }
 
     @Override
-    Message stillWanted() {
-        return receiver.subscriptions.interest(receivedClass) == null ? null : this;
+    boolean keepWanted() {
+        return receiver.subscriptions.interest(receivedClass) != null;
     }
 }

@@ -7,7 +7,7 @@ import tovu.local.fom.Transportation;
 @SuppressWarnings("serial") // kept in memory only
 final class Reflection extends Message {
     private final Knowledge knowledge;
-    private final HandleValues values;
+    private HandleValues values;
     private final Transportation transportation;
     private final Supplement supplement;
 
@@ -32,9 +32,8 @@ final class Reflection extends Message {
     }
 
     @Override
-    Message stillWanted() {
-        HandleValues wanted = values.select(attribute -> knowledge.interest(attribute) != null);
-        boolean nothing = knowledge.renounced || wanted.size() == 0 && values.size() > 0;
-        return nothing ? null : new Reflection(knowledge, sending, wanted, transportation, supplement);
+    boolean keepWanted() {
+        values = values.select(attribute -> knowledge.interest(attribute) != null);
+        return values.size() > 0 && !knowledge.isRenounced();
     }
 }

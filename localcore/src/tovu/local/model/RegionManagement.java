@@ -1,5 +1,6 @@
 package tovu.local.model;
 
+import hla.rti1516e.exceptions.AttributeNotDefined;
 import hla.rti1516e.exceptions.AttributeNotPublished;
 import hla.rti1516e.exceptions.InvalidDimensionHandle;
 import hla.rti1516e.exceptions.InvalidRangeBound;
@@ -11,6 +12,7 @@ import hla.rti1516e.exceptions.RegionDoesNotContainSpecifiedDimension;
 import hla.rti1516e.exceptions.RegionInUseForUpdateOrSubscription;
 import hla.rti1516e.exceptions.RegionNotCreatedByThisFederate;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.HashMap;
 import java.util.LinkedHashMap;
 import java.util.LinkedHashSet;
@@ -69,18 +71,19 @@ public final class RegionManagement implements Saved {
     }
 
     private Region own(Federate federate, int handle) throws InvalidRegion, RegionNotCreatedByThisFederate {
-        Region region = region(handle);
-        if (region.creator != federate) {
-            throw new RegionNotCreatedByThisFederate("The region with handle " + handle + " was created by "
-                    + region.creator + ", and only that may use it");
-        }
-        return region;
+        return own(federate, new int[] {handle}).iterator().next();
     }
 
     private Set<Region> own(Federate federate, int[] handles) throws InvalidRegion, RegionNotCreatedByThisFederate {
         Set<Region> set = new LinkedHashSet<>();
         for (int handle : handles) {
-            set.add(own(federate, handle));
+            set.add(region(handle));
+        }
+        for (Region region : set) {
+            if (region.creator != federate) {
+                throw new RegionNotCreatedByThisFederate("The region with handle " + region.handle
+                        + " was created by " + region.creator + ", and only that may use it");
+            }
         }
         return set;
     }
@@ -158,12 +161,17 @@ public final class RegionManagement implements Saved {
         region.draft(dimension, lower, upper);
     }
 
+    /** All attributes that pairs name, which have to be attributes of the class. */
+    private static Set<Integer> attributes(ObjectClass theClass, List<Pair> pairs) throws AttributeNotDefined {
+        return Lookup.attributes(theClass, pairs.stream().flatMapToInt(pair -> Arrays.stream(pair.attributes()))
+                .toArray());
+    }
+
     /** The regions that pairs name for each attribute of a class. */
     private Map<Integer, Set<Region>> byAttribute(Federate federate, ObjectClass theClass, List<Pair> pairs)
             throws RTIexception {
-        for (Pair pair : pairs) {
-            Lookup.attributes(theClass, pair.attributes());
-        }
+        attributes(theClass, pairs);
+        own(federate, pairs.stream().flatMapToInt(pair -> Arrays.stream(pair.regions())).toArray());
         Map<Integer, Set<Region>> byAttribute = new LinkedHashMap<>();
         for (Pair pair : pairs) {
             Set<Region> set = own(federate, pair.regions());
@@ -186,18 +194,19 @@ public final class RegionManagement implements Saved {
     /** @param name null for a name of the federation's choice */
     public int register(Federate federate, int classHandle, List<Pair> pairs, String name) throws RTIexception {
         ObjectClass theClass = federation.lookup().objectClass(classHandle);
-        Map<Integer, Set<Region>> byAttribute = byAttribute(federate, theClass, pairs);
+        Set<Integer> attributes = attributes(theClass, pairs);
         if (!federate.publications.publishes(theClass)) {
             throw new ObjectClassNotPublished(federate + " does not publish class '" + theClass.name()
                     + "'; publish some of its attributes first");
         }
-        for (int attribute : byAttribute.keySet()) {
+        for (int attribute : attributes) {
             if (!federate.publications.publishes(theClass, attribute)) {
                 throw new AttributeNotPublished(federate + " does not publish attribute '"
                         + theClass.member(attribute).name() + "' of class '" + theClass.name() + "'; publish it first");
             }
         }
-        return federation.objectManagement().register(federate, theClass, name, inContext(theClass, byAttribute));
+        return federation.objectManagement().register(federate, theClass, name,
+                inContext(theClass, byAttribute(federate, theClass, pairs)));
     }
 
     public void associate(Federate federate, int objectHandle, List<Pair> pairs) throws RTIexception {
@@ -224,6 +233,7 @@ public final class RegionManagement implements Saved {
 
     public void subscribe(Federate federate, int classHandle, List<Pair> pairs, boolean active, String updateRate)
             throws RTIexception {
+        federation.lookup().updateRate(updateRate);
         ObjectClass theClass = federation.lookup().objectClass(classHandle);
         Map<Integer, Set<Region>> where = inContext(theClass, byAttribute(federate, theClass, pairs));
         where.values().removeIf(Set::isEmpty);

@@ -14,9 +14,12 @@ final class Removal extends Message {
         this.producer = producer;
     }
 
+    /** The federation takes it for granted that the receiver knows the object no more, and so it is to be told. */
     @Override
-    void left() {
+    void post() {
+        commit();
         receiver.federation().objects().forget(knowledge);
+        super.post();
     }
 
     @Override
@@ -30,7 +33,7 @@ final class Removal extends Message {
     }
 
     @Override
-    Message stillWanted() {
-        return knowledge.renounced ? null : this;
+    boolean keepWanted() {
+        return !knowledge.isRenounced();
     }
 }

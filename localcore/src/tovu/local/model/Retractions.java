@@ -5,10 +5,12 @@ import hla.rti1516e.exceptions.MessageCanNoLongerBeRetracted;
 import hla.rti1516e.exceptions.TimeRegulationIsNotEnabled;
 import java.util.ArrayList;
 import java.util.HashMap;
+import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
 import java.util.PriorityQueue;
 import java.util.Queue;
+import java.util.Set;
 
 /** The time-stamped messages that their senders may still retract. */
 @SuppressWarnings("serial") // kept in memory only
@@ -86,11 +88,13 @@ public final class Retractions implements Saved {
         }
         retractable.remove(handle);
         bySender.get(federate).remove(sent);
+        Set<Federate> reached = new LinkedHashSet<>();
         for (Message message : sent.messages) {
             if (!message.receiver.inbox.retract(message) && federation.isMember(message.receiver)) {
-                message.receiver.post(to -> to.requestRetraction(handle));
+                reached.add(message.receiver);
             }
         }
+        reached.forEach(each -> each.post(to -> to.requestRetraction(handle)));
         if (sent.deletion != null) {
             federation.objects().undo(sent.deletion);
         }

@@ -112,7 +112,9 @@ public final class Session {
             synchronized (federation) {
                 member = federate; // meanwhile it may have resigned, or been replaced by a restore
                 if (member != null && member.federation() == federation) {
-                    return service.serve(federation, member);
+                    R result = service.serve(federation, member);
+                    federation.time().settle();
+                    return result;
                 }
             }
         }

@@ -28,6 +28,7 @@ public final class TimeManagement implements Saved {
     private final TimeFamily family;
     private final List<Federate> regulating = new ArrayList<>();
     private final Set<Federate> waiting = new LinkedHashSet<>(); // for a grant, or for constraint
+    private boolean stale;
 
     TimeManagement(Federation federation) {
         this.federation = federation;
@@ -57,14 +58,14 @@ public final class TimeManagement implements Saved {
         if (own.isConstrained() && start > own.time()) {
             own.deliveredUntil(federate.inbox.deliverUntil(start, Long.MIN_VALUE));
         }
-        own.beginRegulation(interval, Math.max(promised, family.plus(start, interval)));
+        own.beginRegulation(interval, start, Math.max(promised, family.plus(start, interval)));
         regulating.add(federate);
-        tellRegulation(federate, start);
+        tellRegulation(federate);
     }
 
-    private void tellRegulation(Federate federate, long start) {
-        federate.postChange(() -> federate.time.completeRegulation(start),
-                to -> to.timeRegulationEnabled(time(start)));
+    private void tellRegulation(Federate federate) {
+        federate.postChange(federate.time::completeRegulation,
+                to -> to.timeRegulationEnabled(time(federate.time.time())));
     }
 
     public void disableRegulation(Federate federate) throws TimeRegulationIsNotEnabled {
@@ -95,6 +96,7 @@ public final class TimeManagement implements Saved {
             throw new TimeConstrainedIsNotEnabled(federate + " is not time-constrained");
         }
         federate.time.endConstraint();
+        federate.invalidateMessages();
         federate.inbox.flush();
         evaluate();
     }
@@ -195,6 +197,18 @@ public final class TimeManagement implements Saved {
     /** A message for a federate that waits for just that may end its wait. */
     void messageQueued(Federate federate) {
         if (federate.time.isWaiting() && federate.time.kind() == AdvanceKind.NEXT_MESSAGE_AVAILABLE) {
+            reconsider();
+        }
+    }
+
+    /** Messages have come or gone that decide how far somebody can get: at the end of this service it is looked at. */
+    void reconsider() {
+        stale = true;
+    }
+
+    /** The end of a service. */
+    void settle() {
+        if (stale) {
             evaluate();
         }
     }
@@ -214,7 +228,7 @@ public final class TimeManagement implements Saved {
                 waiting.add(each);
             }
             if (own.regulation() == Switch.PENDING) {
-                tellRegulation(each, own.time());
+                tellRegulation(each);
             }
             if (own.constraint() == Switch.PENDING) {
                 waiting.add(each);
@@ -251,8 +265,15 @@ public final class TimeManagement implements Saved {
         }
     }
 
-    /** Grants whatever can be granted now. */
+    /** Grants whatever can be granted now; what that delivers can make way for more. */
     void evaluate() {
+        do {
+            stale = false;
+            grantAll();
+        } while (stale);
+    }
+
+    private void grantAll() {
         if (waiting.isEmpty() || federation.isSavingOrRestoring()) {
             return;
         }

@@ -91,19 +91,19 @@ final class Visibility {
     private void discoverAs(ObjectClass knownClass, ObjectInstance object, Federate federate) {
         object.becomeKnown(federate, knownClass);
         int producer = federation.switches().conveyProducingFederate() ? object.producer.handle() : 0;
-        federate.post(to -> to.discoverObjectInstance(object.handle, knownClass.handle(), object.name, producer));
         Knowledge knowledge = object.knowledgeOf(federate);
+        knowledge.post(to -> to.discoverObjectInstance(object.handle, knownClass.handle(), object.name, producer));
         refreshScope(knowledge);
         federation.ownership().offerAbandoned(knowledge, federate.publications.attributes(knownClass));
         if (federation.switches().autoProvide()) {
-            Notices wanted = new Notices();
-            for (int attribute : federate.subscriptions.interests(knownClass).keySet()) {
-                Federate owner = object.attribute(attribute).owner();
-                if (owner != null && owner != federate) {
-                    wanted.add(owner, attribute);
+            Notices wanted = Notices.untilHandedOver();
+            for (int handle : federate.subscriptions.interests(knownClass).keySet()) {
+                InstanceAttribute attribute = object.attribute(handle);
+                if (attribute.owner() != null && attribute.owner() != federate) {
+                    wanted.add(attribute.owner(), attribute);
                 }
             }
-            wanted.post((to, attributes, tag) -> to.provideAttributeValueUpdate(object.handle, attributes, tag));
+            wanted.post(object, (to, attributes, tag) -> to.provideAttributeValueUpdate(object.handle, attributes, tag));
         }
     }
 
@@ -124,10 +124,10 @@ final class Visibility {
         knowledge.toldInScope.clear();
         knowledge.toldInScope.addAll(inScope);
         if (gone.length > 0) {
-            federate.post(to -> to.attributesOutOfScope(object, gone));
+            knowledge.post(to -> to.attributesOutOfScope(object, gone));
         }
         if (come.length > 0) {
-            federate.post(to -> to.attributesInScope(object, come));
+            knowledge.post(to -> to.attributesInScope(object, come));
         }
     }
 
@@ -138,7 +138,7 @@ final class Visibility {
     /** Tells owners, as far as they want to be told, which of their updates are wanted. */
     void refreshUpdates(ObjectInstance object) {
         Map<String, Notices> turnedOn = new TreeMap<>(); // by rate
-        Notices turnedOff = new Notices();
+        Notices turnedOff = Notices.untilHandedOver();
         for (InstanceAttribute each : object.attributes()) {
             Federate owner = each.owner();
             if (owner == null || !owner.advisories.attributeRelevance) {
@@ -146,14 +146,14 @@ final class Visibility {
             }
             String wanted = wantedRate(object, each);
             if (wanted == null && each.updatesOn != null) {
-                turnedOff.add(owner, each.handle());
+                turnedOff.add(owner, each);
             } else if (wanted != null && !wanted.equals(each.updatesOn)) {
-                turnedOn.computeIfAbsent(wanted, key -> new Notices()).add(owner, each.handle());
+                turnedOn.computeIfAbsent(wanted, key -> Notices.untilHandedOver()).add(owner, each);
             }
             each.updatesOn = wanted;
         }
-        turnedOff.post((to, attributes, tag) -> to.turnUpdatesOffForObjectInstance(object.handle, attributes));
-        turnedOn.forEach((rate, notices) -> notices.post(
+        turnedOff.post(object, (to, attributes, tag) -> to.turnUpdatesOffForObjectInstance(object.handle, attributes));
+        turnedOn.forEach((rate, notices) -> notices.post(object,
                 (to, attributes, tag) -> to.turnUpdatesOnForObjectInstance(object.handle, attributes, rate)));
     }
 

@@ -1,0 +1,55 @@
+#include "Radar.h"
+
+#include "Encoding.h"
+
+#include <vector>
+
+namespace airtraffic {
+
+using namespace rti1516e;
+
+Radar::Radar() : Federate(L"Radar", reportInterval) {}
+
+void Radar::prepare()
+{
+   rti().subscribeObjectClassAttributesWithRegions(fom().aircraft, positionIn(createRegion(radarCoverage)));
+   rti().subscribeObjectClassAttributes(fom().aircraft, {fom().controller});
+}
+
+// Shows who has reported last.
+void Radar::send()
+{
+   std::vector<Track> seen;
+   for (auto& each : _tracks) {
+      if (each.second.isSeen) {
+         seen.push_back(each.second);
+         each.second.isSeen = false;
+      }
+   }
+   _display.show(time(), seen);
+}
+
+void Radar::discovered(ObjectInstanceHandle aircraft, std::wstring const& callsign)
+{
+   _tracks[aircraft].callsign = callsign;
+}
+
+void Radar::reflected(ObjectInstanceHandle aircraft, AttributeHandleValueMap const& values)
+{
+   Track& track = _tracks.at(aircraft);
+   auto const position = values.find(fom().position);
+   if (position != values.end()) {
+      track.position = decodePosition(position->second);
+      track.isSeen = true;
+      ++_positionsSeen;
+      _positionsElsewhere += !radarCoverage.contains(track.position);
+   }
+   auto const controller = values.find(fom().controller);
+   if (controller != values.end()) {
+      track.controller = decodeText(controller->second);
+   }
+}
+
+void Radar::removed(ObjectInstanceHandle aircraft) { _tracks.erase(aircraft); }
+
+} // namespace airtraffic

@@ -1,0 +1,37 @@
+#ifndef AIRTRAFFIC_RADAR_H
+#define AIRTRAFFIC_RADAR_H
+
+#include "Display.h"
+#include "Federate.h"
+
+#include <map>
+
+namespace airtraffic {
+
+// Watches the aircraft within its coverage, and shows them. It sends nothing; it regulates time so that
+// nobody runs ahead of the picture.
+class Radar : public Federate
+{
+public:
+   Radar();
+
+   long positionsSeen() const { return _positionsSeen; }
+   long positionsElsewhere() const { return _positionsElsewhere; }
+
+private:
+   void prepare() override;
+   void send() override;
+   void discovered(rti1516e::ObjectInstanceHandle aircraft, std::wstring const& callsign) override;
+   void reflected(rti1516e::ObjectInstanceHandle aircraft,
+                  rti1516e::AttributeHandleValueMap const& values) override;
+   void removed(rti1516e::ObjectInstanceHandle aircraft) override;
+
+   std::map<rti1516e::ObjectInstanceHandle, Track> _tracks;
+   Display _display;
+   long _positionsSeen = 0;
+   long _positionsElsewhere = 0;
+};
+
+} // namespace airtraffic
+
+#endif

@@ -1,0 +1,35 @@
+#ifndef AIRTRAFFIC_VOCABULARY_H
+#define AIRTRAFFIC_VOCABULARY_H
+
+#include <RTI/Handle.h>
+#include <RTI/RTIambassador.h>
+
+namespace airtraffic {
+
+// The handles of what the FOM names, as a joined federate looks them up once and for all.
+struct Vocabulary
+{
+   explicit Vocabulary(rti1516e::RTIambassador& rti)
+      : aircraft(rti.getObjectClassHandle(L"HLAobjectRoot.Aircraft")),
+        position(rti.getAttributeHandle(aircraft, L"Position")),
+        controller(rti.getAttributeHandle(aircraft, L"Controller")),
+        clearance(rti.getInteractionClassHandle(L"HLAinteractionRoot.Clearance")),
+        callsign(rti.getParameterHandle(clearance, L"Callsign")),
+        flightLevel(rti.getParameterHandle(clearance, L"FlightLevel")),
+        easting(rti.getDimensionHandle(L"Easting")),
+        northing(rti.getDimensionHandle(L"Northing"))
+   {}
+
+   rti1516e::ObjectClassHandle const aircraft;
+   rti1516e::AttributeHandle const position;
+   rti1516e::AttributeHandle const controller;
+   rti1516e::InteractionClassHandle const clearance;
+   rti1516e::ParameterHandle const callsign;
+   rti1516e::ParameterHandle const flightLevel;
+   rti1516e::DimensionHandle const easting;
+   rti1516e::DimensionHandle const northing;
+};
+
+} // namespace airtraffic
+
+#endif

@@ -1,0 +1,45 @@
+import java.util.ArrayList;
+import java.util.Collections;
+import java.util.List;
+import java.util.Random;
+import java.util.TreeMap;
+import tovu.local.model.HandleMap;
+
+/** That a handle map holds what any map would, however many handles want the same place. */
+final class HandleMapTest {
+    private HandleMapTest() {
+    }
+
+    public static void main(String[] arguments) {
+        Harness harness = new Harness();
+        harness.run("handles in a row", () -> play(new Random(1), 1));
+        harness.run("handles for one place", () -> play(new Random(2), 64));
+        harness.run("handles at the end of the table", () -> play(new Random(3), Integer.MAX_VALUE / 40));
+        harness.finish();
+    }
+
+    private static void play(Random random, int stride) {
+        HandleMap<String> map = new HandleMap<>();
+        TreeMap<Integer, String> expected = new TreeMap<>();
+        for (int i = 0; i < 20000; ++i) {
+            int handle = stride * (1 + random.nextInt(i % 5000 < 2500 ? 36 : 4));
+            if (random.nextInt(3) == 0) {
+                map.remove(handle);
+                expected.remove(handle);
+            } else {
+                map.put(handle, "value " + i);
+                expected.put(handle, "value " + i);
+            }
+            int asked = stride * (1 + random.nextInt(36));
+            Harness.equal(map.get(asked), expected.get(asked));
+            Harness.equal(sorted(map.values()), sorted(expected.values()));
+        }
+    }
+
+    private static List<String> sorted(Iterable<String> values) {
+        List<String> list = new ArrayList<>();
+        values.forEach(list::add);
+        Collections.sort(list);
+        return list;
+    }
+}
