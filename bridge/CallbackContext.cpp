@@ -1,5 +1,6 @@
 #include "bridge/CallbackContext.h"
 
+#include "bridge/UncancellableScope.h"
 #include "bridge/X87ControlWord.h"
 
 #include <RTI/Exception.h>
@@ -61,11 +62,20 @@ std::uint32_t CallbackContextSlot::occupy() noexcept
    return generation;
 }
 
-void CallbackContextSlot::vacate() noexcept
+void CallbackContextSlot::vacate(bool waits) noexcept
 {
    std::uint64_t state = _state.load();
    while (!_state.compare_exchange_weak(state, users(state))) {
    }
+   if (waits) {
+      waitForOtherThreads();
+   }
+   release();
+}
+
+void CallbackContextSlot::waitForOtherThreads() const noexcept
+{
+   UncancellableScope const throughout;
    std::uint64_t remaining = 1;
    for (auto const* reference = innermost; reference != nullptr; reference = reference->_outer) {
       remaining += reference->_slot == this ? 1U : 0U;
@@ -73,7 +83,6 @@ void CallbackContextSlot::vacate() noexcept
    while (users(_state.load()) > remaining) {
       std::this_thread::sleep_for(std::chrono::microseconds(100));
    }
-   release();
 }
 
 void CallbackContextSlot::releaseAndCleanUp() noexcept
@@ -144,7 +153,7 @@ CallbackContext::CallbackContext() : _token{0}
                                     std::to_wstring(slotCount) + L" at once");
 }
 
-CallbackContext::~CallbackContext() { slotOf(_token).vacate(); }
+CallbackContext::~CallbackContext() { slotOf(_token).vacate(_waits); }
 
 void CallbackContext::setFederateAmbassador(rti1516e::FederateAmbassador& federateAmbassador) noexcept
 {

@@ -51,9 +51,9 @@ public:
    // Takes the slot for an ambassador if it is free; returns the generation, or 0 if the slot is taken.
    std::uint32_t occupy() noexcept;
 
-   // The ambassador is gone: from now on no token leads here. Waits until no other thread uses the slot; it
-   // is free again once this thread does not either.
-   void vacate() noexcept;
+   // The ambassador is gone: from now on no token leads here. Waits, if it is to, until no other thread uses
+   // the slot; it is free again once nobody does.
+   void vacate(bool waits) noexcept;
 
    // Uses the slot if it is still of that generation, until release.
    bool acquire(std::uint32_t generation) noexcept
@@ -69,8 +69,8 @@ public:
 
    void release() noexcept
    {
-      // An ambassador that lives uses the slot too, and until its end waits for the other users. So this is
-      // not the last one, and has nothing to clean up but factories that were replaced.
+      // An ambassador that lives uses the slot too, and at its end waits for the other users, where there is
+      // a VM. So this is not the last one, and has nothing to clean up but factories that were replaced.
       if (generationIn(_state.load()) != 0 && _retired.load() == nullptr) {
          _state.fetch_sub(1);
       } else {
@@ -90,6 +90,7 @@ private:
       return static_cast<std::uint32_t>(state >> 32);
    }
 
+   void waitForOtherThreads() const noexcept;
    void releaseAndCleanUp() noexcept;
    void retire(TimeFactory* factories) noexcept;
    void cleanUp() noexcept;
@@ -103,7 +104,8 @@ private:
 };
 
 // An ambassador's place in the table, for as long as the ambassador lives. Once it is destroyed no callback
-// runs on another thread, so that the federate's objects may go; one of this thread's own may be underway.
+// runs on another thread, unless it was abandoned, so that the federate's objects may go; one of this
+// thread's own may be underway.
 class CallbackContext
 {
 public:
@@ -121,8 +123,12 @@ public:
    // Replaces the time factory; none, if it is null. The old one goes as soon as nobody uses it any more.
    void setTimeFactory(std::unique_ptr<rti1516e::LogicalTimeFactory> factory);
 
+   // Without a Java VM callbacks on other threads may never end: they are not to be waited for.
+   void abandonCallbacks() noexcept { _waits = false; }
+
 private:
    CallbackToken _token;
+   bool _waits = true;
 };
 
 // Uses the context that a token names while it lives.

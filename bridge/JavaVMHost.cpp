@@ -7,6 +7,7 @@
 #include <RTI/Exception.h>
 
 #include <atomic>
+#include <pthread.h>
 #include <vector>
 
 namespace tovu1516e {
@@ -14,6 +15,26 @@ namespace {
 
 // Set once, when the VM is ready for use. Every service reads it to attach its thread.
 std::atomic<JavaVM*> javaVM{nullptr};
+
+// In the child of a fork nothing of the VM runs any more, and whoever entered it would wait for good.
+std::atomic<bool> hasForked{false};
+
+void loseVM() noexcept
+{
+   hasForked.store(true, std::memory_order_relaxed);
+   javaVM.store(nullptr, std::memory_order_relaxed);
+}
+
+void watchForForks()
+{
+   static bool watching = false;
+   if (!watching && pthread_atfork(nullptr, nullptr, loseVM) != 0) {
+      failSetup(L"Cannot watch for forks of the process\n");
+   }
+   watching = true;
+}
+
+constexpr wchar_t const* forked = L"The Java VM of a process does not live on in the child of a fork";
 
 // What the VM expects of the x87 unit: all exceptions masked, rounding to nearest, 53-bit precision,
 // projective infinity, denormals kept.
@@ -77,6 +98,10 @@ JavaVM* createVM()
 JNIEnv* acquireJNIEnv()
 {
    if (javaVM.load(std::memory_order_acquire) == nullptr) {
+      if (hasForked.load(std::memory_order_relaxed)) {
+         failSetup(std::wstring(forked) + L"\n");
+      }
+      watchForForks();
       auto const saved = control87(0, 0);
       setControlWordForVM();
       JavaVM* vm = joinVM();
@@ -93,7 +118,8 @@ JNIEnv* attachCurrentThread()
 {
    JavaVM* const vm = javaVM.load(std::memory_order_acquire);
    if (vm == nullptr) {
-      throw rti1516e::RTIinternalError(L"There is no Java VM");
+      bool const isChild = hasForked.load(std::memory_order_relaxed);
+      throw rti1516e::RTIinternalError(isChild ? forked : L"There is no Java VM");
    }
    void* env = nullptr;
    if (jint const code = vm->AttachCurrentThread(&env, nullptr); code < 0) {

@@ -1,5 +1,6 @@
 #include "bridge/RTIambassadorAdapter.h"
 
+#include "bridge/UncancellableScope.h"
 #include "gen/cpp/RTIambassadorC.h"
 
 namespace tovu1516e {
@@ -630,13 +631,17 @@ public:
    {
       bridge.invoke(services::disableInteractionRelevanceAdvisorySwitch);
    }
+   // These two run the federate's code inside Java, whose frames no unwinding may skip: a thread that is
+   // cancelled there is so when it comes back.
    bool evokeCallback(double approximateMinimumTimeInSeconds) override
    {
+      UncancellableScope const inJava;
       return bridge.invoke(services::evokeCallback_D, approximateMinimumTimeInSeconds);
    }
    bool evokeMultipleCallbacks(double approximateMinimumTimeInSeconds,
                                double approximateMaximumTimeInSeconds) override
    {
+      UncancellableScope const inJava;
       return bridge.invoke(services::evokeMultipleCallbacks_D_D, approximateMinimumTimeInSeconds,
                            approximateMaximumTimeInSeconds);
    }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and is missing, from Debian's packages, as root or through sudo. With
-# the word lint, docs or coverage, also what the script of that name needs.
+# the word lint, docs, coverage, bench or fuzz, also what the script of that name needs.
 set -euo pipefail
 
 # A command, or the path of a file, that tells that a package is there; and the package.
@@ -17,6 +17,11 @@ case ${1:-} in
   lint) needs+=("clang-format clang-format" "clang-tidy clang-tidy" "cppcheck cppcheck" "shellcheck shellcheck") ;;
   docs) needs+=("doxygen doxygen") ;;
   coverage) needs+=("gcovr gcovr") ;;
+  bench) needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev") ;;
+  fuzz)
+    needs+=("clang++ clang"
+      "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a libclang-rt-14-dev")
+    ;;
 esac
 missing=()
 for need in "${needs[@]}"; do

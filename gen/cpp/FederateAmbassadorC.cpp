@@ -177,9 +177,10 @@ void run(JNIEnv* env, jbyteArray message, Callback<Codes...> const& callback)
 {
    try {
       deliver(env, message, callback, std::index_sequence_for<Codes...>());
-   } catch (abi::__forced_unwind const&) { // the thread is being cancelled, and nobody may stop that
-      throw;
    } catch (...) {
+      if (abi::__cxa_current_exception_type() == nullptr) { // the thread is ending, and nobody may stop that
+         throw;
+      }
       contain(env);
    }
 }

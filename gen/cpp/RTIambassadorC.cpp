@@ -3,6 +3,7 @@
 #include "bridge/ClassPathAdvice.h"
 #include "bridge/JavaVMHost.h"
 #include "bridge/SetupFailure.h"
+#include "bridge/UncancellableScope.h"
 #include "bridge/WideText.h"
 #include "gen/cpp/FederateAmbassadorC.h"
 
@@ -57,6 +58,7 @@ jobject makePeer(JNIEnv* env, jclass ambassadorClass)
    }
    jobject const peer = env->NewGlobalRef(object.get());
    if (peer == nullptr) {
+      env->ExceptionClear();
       failSetup(L"Cannot create RTIambassador object. The Java VM is out of memory\n");
    }
    return peer;
@@ -85,13 +87,15 @@ RTIambassadorC::RTIambassadorC()
 RTIambassadorC::~RTIambassadorC()
 {
    try {
+      UncancellableScope const throughout; // a destructor cannot be left half-way
       X87Keeper const controlWord;
       JNIEnv* const env = attachCurrentThread();
       callIgnoringExceptions(env, _peer, services::disconnect);
       env->DeleteGlobalRef(_peer);
       controlWord.restoreIfChanged();
    } catch (...) { // NOLINT(bugprone-empty-catch)
-      // The VM is gone, and the peer with it.
+      // The VM is gone, and the peer with it. Callbacks that were under way may never return.
+      _context.abandonCallbacks();
    }
 }
 

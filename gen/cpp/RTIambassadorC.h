@@ -21,7 +21,8 @@ public:
    // Throws RTIinternalError if the VM or the core in it cannot be reached.
    RTIambassadorC();
 
-   // Disconnects. Whatever Java thinks of it is ignored.
+   // Disconnects, if there is still a VM, and waits for callbacks on other threads. Whatever Java thinks of
+   // it is ignored.
    ~RTIambassadorC();
    RTIambassadorC(RTIambassadorC const&) = delete;
    RTIambassadorC& operator=(RTIambassadorC const&) = delete;
@@ -56,24 +57,26 @@ private:
                        typename Codes::Sendable const&... arguments) const
    {
       ServiceFrame const frame;
+      CallbackToken const context =
+         _context.token(); // a callback that the call evokes may destroy this object
       if constexpr (sizeof...(Codes) == 0) {
-         return receive<ResultType>(frame, frame.call(_peer, service));
+         return receive<ResultType>(frame, context, frame.call(_peer, service));
       } else {
          OutgoingMessage const message(frame.env(), arguments...);
          jvalue const value = frame.call(_peer, service, message.array());
-         return receive<ResultType>(frame, value);
+         return receive<ResultType>(frame, context, value);
       }
    }
 
    template <class ResultType>
-   ResultType receive(ServiceFrame const& frame, jvalue value) const
+   static ResultType receive(ServiceFrame const& frame, CallbackToken context, jvalue value)
    {
       if constexpr (std::is_void_v<ResultType>) {
          frame.finish();
       } else {
          constexpr bool isObject = Result<ResultType>::javaType >= JavaType::Bytes;
          LocalReference<jobject> const reference(frame.env(), isObject ? value.l : nullptr);
-         ResultType result = Result<ResultType>::read({frame.env(), _context.token()}, value);
+         ResultType result = Result<ResultType>::read({frame.env(), context}, value);
          frame.finish();
          return result;
       }

@@ -41,7 +41,8 @@ std::auto_ptr<Time> decodeTime(ResultContext const& context, jobject array,
                                std::auto_ptr<Time> (rti1516e::LogicalTimeFactory::*decode)(void*, size_t))
 {
    CallbackContextReference const reference(context.context);
-   TimeFactory const* const factory = array == nullptr ? nullptr : reference.timeFactory();
+   // The ambassador may be gone, if a callback that the service evoked has destroyed it.
+   TimeFactory const* const factory = array != nullptr && reference ? reference.timeFactory() : nullptr;
    if (factory == nullptr) {
       return std::auto_ptr<Time>();
    }

@@ -24,6 +24,10 @@ namespace rti1516e {
 // std::exception, a std::string and, unless the environment variable TOVU1516_DONTCATCHALL is set, whatever
 // else is thrown, goes to the infrastructure as a FederateInternalError and no further.
 //
+// Where TOVU1516_DONTCATCHALL is set, what else is thrown finds no way through Java and ends the process
+// (std::terminate), so that a debugger sees where it came from. How a thread may end in a callback, and what
+// a fork leaves, is told with RTIambassador.
+//
 // The object must outlive the ambassador that it was connected with, or at least every callback: the library
 // does not own it.
 class RTI_EXPORT FederateAmbassador

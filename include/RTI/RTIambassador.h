@@ -44,18 +44,35 @@ struct RTI_EXPORT TimeQueryReturn
 
 // The services of the infrastructure, as RTIambassadorFactory gives them to a federate.
 //
-// Any thread may call; each thread that does stays attached to the Java VM until it ends. A service fails
-// with one of the exceptions that the standard names for it, as the infrastructure judges it: the library
-// checks no argument itself. RTIinternalError stands for everything that the standard does not foresee, with
-// the infrastructure's own text.
+// Any thread may call; each thread that does stays attached to the Java VM. The VM keeps some ten kilobytes
+// for each such thread even when it has ended: threads that come and go in numbers had better detach
+// themselves (JavaVM::DetachCurrentThread) before they end. A service fails with one of the exceptions that
+// the standard names for it, as the infrastructure judges it: the library checks no argument itself.
+// RTIinternalError stands for everything that the standard does not foresee, with the infrastructure's own
+// text.
 //
 // Strings are sent as UTF-16. A message to the infrastructure can hold up to 2^31 - 1 bytes; a service whose
 // arguments take more throws RTIinternalError. Arguments are copied before a service returns, and results
 // belong to the caller.
 //
 // Destroying the ambassador disconnects it and waits for those of its callbacks that other threads are in, so
-// that the federate's objects may go next. It may be destroyed in one of its own callbacks. It must not be
-// destroyed while another thread is in one of its services.
+// that the federate's objects may go next; two threads that each wait in this way for the other's callback
+// wait for good. It may be destroyed in one of its own callbacks, by a static object's destructor while the
+// process ends, and while another thread waits in evokeCallback or evokeMultipleCallbacks, which then return.
+// It must not be destroyed while another thread is in, or about to call, any other of its services.
+//
+// Where the Java VM is gone, because the application has destroyed it or Java has ended the process, and in
+// the child of a fork, which has no VM, services throw RTIinternalError; the ambassador can still be
+// destroyed, and then waits for no callback. A child must not return from a callback that it was forked in.
+//
+// A thread that is cancelled (pthread_cancel) in evokeCallback or evokeMultipleCallbacks, or in a callback
+// that one of them runs, is so once the service has returned. Cancelling a thread in any other service, or
+// one of the infrastructure's own threads, and ending a thread in a callback (pthread_exit) are outside the
+// contract: the thread's stack goes, and the Java VM, which still knows it, sooner or later ends the process.
+// The same goes for a longjmp out of a callback. A thread must not have a Java exception pending when it
+// calls.
+//
+// Where memory is wanting, a service throws std::bad_alloc, and the ambassador can be used on.
 class RTI_EXPORT RTIambassador
 {
 protected:

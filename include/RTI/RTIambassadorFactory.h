@@ -25,6 +25,10 @@ public:
    // the environment variable CLASSPATH, further options from TOVU1516_OPTION1 to TOVU1516_OPTION19 and from
    // the lines of the file tovu.vmoptions in the current directory. It runs until the process ends.
    //
+   // An application that runs a VM of its own may destroy it (JavaVM::DestroyJavaVM), which waits until every
+   // other thread that has called a service is detached (JavaVM::DetachCurrentThread); afterwards, as in the
+   // child of a fork, there is no infrastructure to be reached, and no new VM can be had in this process.
+   //
    // Throws RTIinternalError, with the reason also written to the standard error stream, if there is no
    // infrastructure to be reached.
    std::auto_ptr<RTIambassador> createRTIambassador();

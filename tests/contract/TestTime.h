@@ -14,6 +14,7 @@
 #include <cstring>
 #include <functional>
 #include <map>
+#include <new>
 #include <string>
 
 namespace contract {
@@ -92,7 +93,11 @@ public:
    rti1516e::VariableLengthData encode() const override
    {
       Faults::at("encode");
-      return {encoded(_number).data(), length};
+      rti1516e::VariableLengthData bytes(encoded(_number).data(), length);
+      if (bytes.size() != length) {
+         throw std::bad_alloc();
+      }
+      return bytes;
    }
    size_t encodedLength() const override
    {

@@ -5,12 +5,18 @@
 #include "Fixture.h"
 #include "Samples.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <future>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 
 namespace contract {
 namespace {
@@ -86,6 +92,75 @@ Driver service(Call call)
    };
 }
 
+JavaVM& createdVM()
+{
+   JavaVM* vm = nullptr;
+   jsize count = 0;
+   JNI_GetCreatedJavaVMs(&vm, 1, &count);
+   return *vm;
+}
+
+// What one finds who uses an ambassador, makes another and destroys the first.
+void useAndDestroy(std::unique_ptr<RTIambassador>& ambassador)
+{
+   write(caughtFrom([&] { ambassador->listFederationExecutions(); }));
+   write(caughtFrom([] { newAmbassador(); }));
+   ambassador.reset();
+   seen << "destroyed" << std::endl;
+}
+
+// An ambassador that goes with the static objects of the process.
+struct LateMember
+{
+   ~LateMember()
+   {
+      if (member) {
+         useAndDestroy(member->ambassador);
+      }
+   }
+   std::unique_ptr<Member> member;
+} late;
+
+// A thread that never leaves its callback. It is never joined.
+void enterCallbackForGood(Member& member)
+{
+   auto const entered = std::make_shared<std::promise<void>>();
+   member.federate.inCallback = [entered] {
+      entered->set_value();
+      std::this_thread::sleep_for(std::chrono::hours(1));
+   };
+   std::thread([&member] { core().deliver({"federationSaved_Native", member.message(Bytes())}); }).detach();
+   entered->get_future().wait();
+}
+
+void callSystem(char const* method, char const* signature)
+{
+   JNIEnv* env = nullptr;
+   createdVM().GetEnv(reinterpret_cast<void**>(&env), JNI_VERSION_1_8);
+   jclass const system = env->FindClass("java/lang/System");
+   jvalue const zero{};
+   env->CallStaticVoidMethodA(system, env->GetStaticMethodID(system, method, signature), &zero);
+   env->ExceptionClear();
+}
+
+void exitByJava() { callSystem("exit", "(I)V"); }
+void collectGarbage() { callSystem("gc", "()V"); }
+
+// The child's end is told by its status, since both processes write to the same file.
+void forkAndUse(Member& member)
+{
+   seen.flush();
+   pid_t const child = fork();
+   if (child == 0) {
+      alarm(60);
+      useAndDestroy(member.ambassador);
+      _exit(0);
+   }
+   int status = -1;
+   waitpid(child, &status, 0);
+   seen << "child: " << status << std::endl;
+}
+
 char const* const reflection = "reflectAttributeValues_OIH_AHVM_BX_OT_TTH_FASRI_Native";
 
 std::map<std::string, Driver> const drivers = {
@@ -121,6 +196,67 @@ std::map<std::string, Driver> const drivers = {
        newAmbassador();
        printProperty("from.environment");
        printProperty("from.file");
+    }},
+   {"VM that is destroyed",
+    [] {
+       Member member;
+       seen << "destroyed VM: " << createdVM().DestroyJavaVM() << '\n';
+       useAndDestroy(member.ambassador);
+    }},
+   {"static ambassador", [] { late.member = std::make_unique<Member>(); }},
+   {"static ambassador when Java exits",
+    [] {
+       late.member = std::make_unique<Member>();
+       exitByJava();
+    }},
+   {"static ambassador in a callback when Java exits",
+    [] {
+       late.member = std::make_unique<Member>();
+       enterCallbackForGood(*late.member);
+       exitByJava();
+    }},
+   {"fork",
+    [] {
+       Member member;
+       forkAndUse(member);
+       useAndDestroy(member.ambassador);
+    }},
+   {"fork while in a callback",
+    [] {
+       Member member;
+       member.federate.inCallback = [&] { forkAndUse(member); };
+       write(core().deliver({"federationSaved_Native", member.message(Bytes())}));
+       useAndDestroy(member.ambassador);
+    }},
+   {"fork while another thread is in a callback",
+    [] {
+       auto* const member = new Member;
+       enterCallbackForGood(*member);
+       forkAndUse(*member);
+    }},
+   {"thread that is cancelled while it evokes",
+    [] {
+       Member member;
+       member.federate.inCallback = [] {
+          pthread_cancel(pthread_self());
+          pthread_testcancel();
+          seen << "left the callback" << std::endl;
+       };
+       core().answer("evokeCallback_D", Delivery{"federationSaved_Native", member.message(Bytes())});
+       pthread_t thread{};
+       pthread_create(
+          &thread, nullptr,
+          [](void* ambassador) -> void* {
+             static_cast<RTIambassador*>(ambassador)->evokeCallback(0);
+             pthread_testcancel();
+             return nullptr;
+          },
+          member.ambassador.get());
+       void* result = nullptr;
+       pthread_join(thread, &result);
+       seen << (result == PTHREAD_CANCELED ? "cancelled" : "not cancelled") << std::endl;
+       collectGarbage(); // visits the frames of every thread that is in Java
+       useAndDestroy(member.ambassador);
     }},
    {"default time library",
     [] {

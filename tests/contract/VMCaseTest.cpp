@@ -147,6 +147,9 @@ protected:
 
    bool printedError(std::string const& text) const { return lastError.find(text) != std::string::npos; }
 
+   // What the driver sees that uses an ambassador, makes another and destroys the first.
+   std::string const working = "nothing: \nnothing: \ndestroyed\n";
+
    std::map<std::string, std::string> environment;
    std::string lastError;
 
@@ -269,6 +272,33 @@ TEST_F(VMCaseTest, VMOfTheApplication)
    std::ofstream("tovu.vmoptions") << "-Dfrom.file=yes";
    EXPECT_EQ(seenBy("the application's VM"), "created: 0\nfrom.environment=(not set)\nfrom.file=(not set)\n");
    EXPECT_EQ(lastError, "");
+}
+
+TEST_F(VMCaseTest, VMThatIsGone)
+{
+   environment["CLASSPATH"] = recordingCore;
+   std::string const text = "RTIinternalError: Cannot attach the thread to the Java VM: Unknown error (-1)\n";
+   EXPECT_EQ(seenBy("VM that is destroyed"), "destroyed VM: 0\n" + text + text + "destroyed\n");
+   EXPECT_EQ(seenBy("static ambassador when Java exits"), text + text + "destroyed\n");
+   EXPECT_EQ(seenBy("static ambassador in a callback when Java exits"), text + text + "destroyed\n");
+   EXPECT_EQ(seenBy("static ambassador"), working);
+}
+
+TEST_F(VMCaseTest, VMThatAForkHasNot)
+{
+   environment["CLASSPATH"] = recordingCore;
+   std::string const text =
+      "RTIinternalError: The Java VM of a process does not live on in the child of a fork\n";
+   std::string const child = text + text + "\ndestroyed\nchild: 0\n";
+   EXPECT_EQ(seenBy("fork"), child + working);
+   EXPECT_EQ(seenBy("fork while in a callback"), child + "nothing\n" + working);
+   EXPECT_EQ(seenBy("fork while another thread is in a callback"), child);
+}
+
+TEST_F(VMCaseTest, ThreadThatIsCancelledWhileItEvokes)
+{
+   environment["CLASSPATH"] = recordingCore;
+   EXPECT_EQ(seenBy("thread that is cancelled while it evokes"), "left the callback\ncancelled\n" + working);
 }
 
 TEST_F(VMCaseTest, DefaultTimeLibrary)

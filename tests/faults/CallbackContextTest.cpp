@@ -8,9 +8,12 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <deque>
+#include <future>
 #include <gtest/gtest.h>
 #include <memory>
+#include <pthread.h>
 #include <set>
 #include <thread>
 #include <vector>
@@ -110,6 +113,62 @@ TEST(CallbackContexts, GoOnlyWhenNoOtherThreadIsInACallback)
    context.reset();
    EXPECT_TRUE(left);
    callback.join();
+}
+
+TEST(CallbackContexts, ThatAreAbandonedWaitForNobody)
+{
+   auto context = std::make_unique<CallbackContext>();
+   context->setTimeFactory(std::make_unique<CountedFactory>());
+   CallbackToken const token = context->token();
+   std::promise<void> entered;
+   std::promise<void> leave;
+   std::thread callback([&] {
+      CallbackContextReference const reference(token);
+      entered.set_value();
+      leave.get_future().wait();
+   });
+   entered.get_future().wait();
+   context->abandonCallbacks();
+   context.reset();
+   EXPECT_FALSE(CallbackContextReference(token));
+   EXPECT_EQ(livingFactories, 1); // the callback may be about to use it
+   leave.set_value();
+   callback.join();
+   EXPECT_EQ(livingFactories, 0);
+}
+
+// A destructor that a cancellation left half-way would end the process.
+TEST(CallbackContexts, GoBeforeTheThreadThatIsCancelledMeanwhile)
+{
+   struct Shared
+   {
+      CallbackContext* context = new CallbackContext;
+      std::atomic<bool> gone{false};
+   } shared;
+   auto callback = std::make_unique<CallbackContextReference>(shared.context->token());
+   CallbackToken const token = shared.context->token();
+   pthread_t destroyer{};
+   pthread_create(
+      &destroyer, nullptr,
+      [](void* argument) -> void* {
+         auto* const with = static_cast<Shared*>(argument);
+         delete with->context;
+         with->gone = true;
+         pthread_testcancel();
+         return nullptr;
+      },
+      &shared);
+   while (CallbackContextReference(token)) { // until it begins to go
+      std::this_thread::yield();
+   }
+   pthread_cancel(destroyer);
+   std::this_thread::sleep_for(std::chrono::milliseconds(5));
+   EXPECT_FALSE(shared.gone);
+   callback.reset();
+   void* result = nullptr;
+   pthread_join(destroyer, &result);
+   EXPECT_TRUE(shared.gone);
+   EXPECT_EQ(result, PTHREAD_CANCELED);
 }
 
 TEST(CallbackContexts, StandManyThreads)

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <utility>
 
 namespace fake {
 namespace {
@@ -33,6 +34,7 @@ struct State
    int globals = 0;
    int pins = 0;
    Object* pending = nullptr;
+   int calls = 0;
    int failIn = 0;
    bool failed = false;
    bool gone = false;
@@ -90,6 +92,7 @@ public:
 Entry::Entry(char const* function, Allowed allowed)
 {
    ++depth;
+   ++state.calls;
    if (state.pins != 0 && allowed != Allowed::Always) {
       offend(std::string(function) + " while pinned");
    }
@@ -134,9 +137,19 @@ jclass JNICALL getObjectClass(JNIEnv*, jobject object)
    return local<jclass>(newObject(Kind::Class, objectOf(object)->className));
 }
 
-jmethodID JNICALL getMethodID(JNIEnv*, jclass, char const* name, char const* signature)
+// Without the methods that the core's ambassador has for the services no ambassador is made, so that each of
+// these is taken away by its name.
+jmethodID JNICALL getMethodID(JNIEnv*, jclass cls, char const* name, char const* signature)
 {
    Entry const entry("GetMethodID");
+   bool const ofService =
+      objectOf(cls)->className == "morva/tovu1516e/RTIambassadorC2007" && std::strcmp(name, "<init>") != 0;
+   if (ofService && name == state.core.lacks) {
+      raise("java/lang/NoSuchMethodError", u"on demand");
+   }
+   if (state.pending != nullptr || (!ofService && failsWith("java/lang/NoSuchMethodError"))) {
+      return nullptr;
+   }
    auto& method = methods[std::string(name) + signature];
    if (!method) {
       method = std::make_unique<std::string>(name);
@@ -170,6 +183,9 @@ void JNICALL exceptionClear(JNIEnv*)
 jint JNICALL throwNew(JNIEnv*, jclass cls, char const* message)
 {
    Entry const entry("ThrowNew");
+   if (failsWith("java/lang/OutOfMemoryError")) {
+      return JNI_ERR;
+   }
    std::u16string text;
    for (; *message != '\0'; ++message) {
       text.push_back(static_cast<unsigned char>(*message));
@@ -315,6 +331,9 @@ bool call(jvalue const* arguments)
       __asm__ __volatile__("fldcw %0" : : "m"(state.core.leavesControlWord));
 #endif
    }
+   if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
+      action();
+   }
    if (!state.core.raises.empty()) {
       raise(state.core.raises, u"raised");
       return false;
@@ -379,6 +398,9 @@ void JNICALL callVoidV(JNIEnv*, jobject, jmethodID, std::va_list)
 jobject JNICALL newObjectV(JNIEnv*, jclass cls, jmethodID, std::va_list)
 {
    Entry const entry("NewObject");
+   if (state.core.makesNothing) {
+      return nullptr;
+   }
    jobject const object = local<jobject>(newObject(Kind::Plain, objectOf(cls)->className));
    failsWith("java/lang/IllegalStateException"); // some VMs give a reference all the same
    return object;
@@ -474,6 +496,9 @@ Holdings holdings()
    return {locals, state.globals, state.pins, state.pending != nullptr};
 }
 
+void forgetGlobalReference() { --state.globals; }
+int calls() { return state.calls; }
+
 std::vector<std::string> const& offences() { return state.offences; }
 std::vector<std::uint8_t> const& lastMessage() { return state.lastMessage; }
 int arraysMade() { return state.arraysMade; }
@@ -487,12 +512,14 @@ std::string callNative(std::string const& name, std::vector<std::uint8_t> const&
    auto* const array = reinterpret_cast<jbyteArray>(arrayOf(message));
    --depth;
    native(&env, nullptr, array);
-   if (state.pending == nullptr) {
-      return "none";
+   ++depth;
+   std::string described = "none";
+   if (state.pending != nullptr) {
+      described = state.pending->className + ": ";
+      described.append(state.pending->text.begin(), state.pending->text.end());
+      state.pending = nullptr;
    }
-   std::string const text(state.pending->text.begin(), state.pending->text.end());
-   std::string const described = state.pending->className + ": " + text;
-   state.pending = nullptr;
+   --depth;
    return described;
 }
 

@@ -5,6 +5,7 @@
 #include <jni.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,9 @@ struct Core
    std::u16string text;                  // returned as String
    std::int32_t number = 0;              // returned as a number of any kind
    bool returnsNull = false;             // instead of an object
+   bool makesNothing = false;            // its ambassadors' constructor, as if it could return null
+   std::string lacks;                    // the method of its ambassador that is not there
+   std::function<void()> meanwhile;      // done once, in the next of its methods that is called
    unsigned short leavesControlWord = 0; // the x87 control word it leaves behind; 0: as it is
 };
 
@@ -49,6 +53,12 @@ struct Holdings
    bool pending;
 };
 Holdings holdings();
+
+// Takes it that one global reference can never be deleted, for want of a VM to do it.
+void forgetGlobalReference();
+
+// How often any function of the VM has been called.
+int calls();
 
 // What JNI forbids and was done all the same, in plain words; empty if nothing was.
 std::vector<std::string> const& offences();

@@ -1,294 +1,180 @@
-// Every failure that Java can have in a service, a callback or the making of an ambassador, one after the
-// other. Each must end in an exception that tells of it, with nothing referenced, pinned or pending left
-// behind.
-#include "tests/faults/FakeJava.h"
+// Every failure that Java or the memory can have in each service, each callback and the making of an
+// ambassador, one after the other. Each must end in an exception that tells of it, with nothing referenced,
+// pinned or pending left behind, and the ambassador must go on working.
+#include "tests/faults/FaultFixture.h"
 #include "tests/faults/MemoryFaults.h"
 
-#include <RTI/NullFederateAmbassador.h>
-#include <RTI/RTI1516.h>
-#include <RTI/time/HLAinteger64Interval.h>
-#include <RTI/time/HLAinteger64Time.h>
-#include <RTI/time/HLAinteger64TimeFactory.h>
-
-#include <functional>
-#include <gtest/gtest.h>
-#include <memory>
+#include <algorithm>
 #include <new>
 #include <ostream>
 #include <stdexcept>
+#include <string_view>
 
+namespace contract {
+
+void PrintTo(Service const& service, std::ostream* stream) { *stream << service.javaName(); }
+
+} // namespace contract
+
+namespace faults {
 namespace {
 
-using namespace rti1516e;
-
-bool foreignCodeRanPinned = false;
-bool timesThrow = false;
-
-void foreignCode()
+struct Outcome
 {
-   foreignCodeRanPinned = foreignCodeRanPinned || fake::holdings().pins != 0;
-   if (timesThrow) {
-      throw InvalidLogicalTime(L"thrown by the time");
+   std::string_view exception; // empty if there was none
+   std::wstring result;
+};
+
+// Tells a failure by its class; an RTIinternalError must have a text.
+template <class Call>
+Outcome outcomeOf(Call call)
+{
+   try {
+      return {"", call()};
+   } catch (NotConnected const&) {
+      return {"NotConnected", {}};
+   } catch (RTIinternalError const& error) {
+      failAllocation(0); // the text is a copy
+      return {error.what().empty() ? "RTIinternalError without a text" : "RTIinternalError", {}};
+   } catch (std::bad_alloc const&) {
+      return {"bad_alloc", {}};
    }
 }
 
-// Times as a federation might define them itself: they notice when they run.
-class OwnTime : public HLAinteger64Time
+// Something that can be made to fail at its n-th step, and whether it then has.
+struct Steps
 {
-public:
-   using HLAinteger64Time::encode;
-   using HLAinteger64Time::HLAinteger64Time;
-   VariableLengthData encode() const override
-   {
-      foreignCode();
-      return HLAinteger64Time::encode();
-   }
+   void (*fail)(int n);
+   bool (*hasFailed)();
 };
+constexpr Steps ofJava{fake::failCall, fake::hasFailed};
+constexpr Steps ofMemory{failAllocation, allocationHasFailed};
 
-class OwnTimeFactory : public HLAinteger64TimeFactory
+// Does something with the n-th step failing, for every n until no step is left to fail, and lets expect judge
+// what came of it. Tells how many failures there were.
+template <class Do, class Expect>
+int failOneAfterTheOther(Steps steps, Do something, Expect expect)
 {
-public:
-   using HLAinteger64TimeFactory::decodeLogicalTime;
-   using HLAinteger64TimeFactory::decodeLogicalTimeInterval;
-   std::auto_ptr<LogicalTime> makeFinal() override
-   {
-      foreignCode();
-      return HLAinteger64TimeFactory::makeFinal();
+   for (int n = 1;; ++n) {
+      SCOPED_TRACE("failure " + std::to_string(n));
+      steps.fail(n);
+      auto const outcome = something();
+      bool const failed = steps.hasFailed();
+      steps.fail(0);
+      expect(outcome, failed);
+      if (!failed || testing::Test::HasFailure()) {
+         return n - 1;
+      }
    }
-   std::auto_ptr<LogicalTime> decodeLogicalTime(void* buffer, size_t size) override
-   {
-      foreignCode();
-      return HLAinteger64TimeFactory::decodeLogicalTime(buffer, size);
-   }
-   std::auto_ptr<LogicalTimeInterval> decodeLogicalTimeInterval(void* buffer, size_t size) override
-   {
-      foreignCode();
-      return HLAinteger64TimeFactory::decodeLogicalTimeInterval(buffer, size);
-   }
-};
-
-class CountingFederate : public NullFederateAmbassador
-{
-public:
-   int called = 0;
-   std::function<void()> reaction = [] {};
-
-   void timeAdvanceGrant(LogicalTime const&) override { react(); }
-   void federationSaved() override { react(); }
-   void reflectAttributeValues(ObjectInstanceHandle, AttributeHandleValueMap const&,
-                               VariableLengthData const&, OrderType, TransportationType, LogicalTime const&,
-                               OrderType, MessageRetractionHandle, SupplementalReflectInfo) override
-   {
-      react();
-   }
-
-private:
-   void react()
-   {
-      ++called;
-      reaction();
-   }
-};
-
-using Bytes = std::vector<std::uint8_t>;
-
-Bytes eightByteTime(std::uint8_t value) { return {0, 0, 0, 0, 0, 0, 0, value}; }
-
-AttributeHandleValueMap someValues(RTIambassador const& ambassador)
-{
-   AttributeHandleValueMap values;
-   for (char id = 1; id <= 3; ++id) {
-      char const encoded[] = {0, 0, 0, id};
-      values[ambassador.decodeAttributeHandle(VariableLengthData(encoded, 4))] =
-         VariableLengthData("a value that is longer than any small buffer", 44);
-   }
-   return values;
 }
 
-// Checks that nothing is held but the given number of global references, and nothing forbidden was done.
-void expectClean(int globalReferences)
-{
-   auto const held = fake::holdings();
-   EXPECT_EQ(held.localReferences, 0);
-   EXPECT_EQ(held.globalReferences, globalReferences);
-   EXPECT_EQ(held.pins, 0);
-   EXPECT_FALSE(held.pending);
-   EXPECT_EQ(fake::offences(), std::vector<std::string>());
-   EXPECT_FALSE(foreignCodeRanPinned);
-}
-
-class Faults : public testing::Test
+class ServiceFaults : public FaultTest, public testing::WithParamInterface<contract::Service>
 {
 protected:
    void SetUp() override
    {
-      fake::reset();
-      foreignCodeRanPinned = false;
-      timesThrow = false;
-      ambassador.reset(RTIambassadorFactory().createRTIambassador().release());
-      ambassador->connect(federate, HLA_EVOKED);
-      auto const& message = fake::lastMessage();
-      token.assign(message.begin(), message.begin() + 4);
-      ambassador->joinFederationExecution(L"type", L"federation");
-   }
-
-   void TearDown() override
-   {
-      ambassador.reset();
-      expectClean(0);
-   }
-
-   Bytes envelope(Bytes const& arguments) const
-   {
-      Bytes message{0x63, 0x62, 0x61, 0x60};
-      message.insert(message.end(), token.begin(), token.end());
-      message.insert(message.end(), arguments.begin(), arguments.end());
-      message.insert(message.end(), {0x59, 0x58, 0x57, 0x56});
-      return message;
-   }
-
-   CountingFederate federate;
-   std::unique_ptr<RTIambassador> ambassador;
-   Bytes token;
-};
-
-// One service of each shape: with and without a message, and each kind of result.
-struct Shape
-{
-   char const* name;
-   void (*prepare)(fake::Core&);
-   void (*call)(RTIambassador&);
-};
-
-std::ostream& operator<<(std::ostream& stream, Shape const& shape) { return stream << shape.name; }
-
-void nothing(fake::Core&) {}
-void aTime(fake::Core& core) { core.bytes = eightByteTime(7); }
-
-Shape const shapes[] = {
-   {"bare", nothing, [](RTIambassador& a) { a.enableCallbacks(); }},
-   {"number", nothing,
-    [](RTIambassador& a) { a.getObjectClassHandle(L"HLAobjectRoot.A class of a long name"); }},
-   {"boolean", nothing, [](RTIambassador& a) { a.evokeCallback(0.5); }},
-   {"map", nothing,
-    [](RTIambassador& a) {
-       static AttributeHandleValueMap const values = someValues(a);
-       static VariableLengthData const tag("tag", 3);
-       a.updateAttributeValues(ObjectInstanceHandle(), values, tag);
-    }},
-   {"text", [](fake::Core& core) { core.text = u"a name that is longer than any small string"; },
-    [](RTIambassador& a) { EXPECT_EQ(a.getObjectInstanceName(ObjectInstanceHandle()).size(), 43U); }},
-   {"set",
-    [](fake::Core& core) {
-       core.ints = {3, 1, 2, 3};
-    },
-    [](RTIambassador& a) {
-       AttributeHandleSet divested;
-       a.attributeOwnershipDivestitureIfWanted(ObjectInstanceHandle(), AttributeHandleSet(), divested);
-       EXPECT_EQ(divested.size(), 3U);
-    }},
-   {"bounds",
-    [](fake::Core& core) {
-       core.longs = {5, 10};
-    },
-    [](RTIambassador& a) {
-       EXPECT_EQ(a.getRangeBounds(RegionHandle(), DimensionHandle()).getUpperBound(), 10U);
-    }},
-   {"retraction", [](fake::Core& core) { core.bytes = {0, 0, 0, 9, 0, 0, 0, 2, 1, 2}; },
-    [](RTIambassador& a) {
-       EXPECT_TRUE(a.sendInteraction(InteractionClassHandle(), ParameterHandleValueMap(),
-                                     VariableLengthData(), OwnTime(3))
-                      .isValid());
-    }},
-   {"time", aTime, [](RTIambassador& a) { EXPECT_TRUE(*a.queryLogicalTime() == HLAinteger64Time(7)); }},
-   {"query", aTime, [](RTIambassador& a) { EXPECT_TRUE(a.queryGALT().timeIsValid); }},
-   {"interval", aTime, [](RTIambassador& a) { EXPECT_FALSE(a.queryLookahead()->isZero()); }},
-   {"join", nothing, [](RTIambassador& a) { a.joinFederationExecution(L"type", L"federation"); }},
-   {"factory", nothing, [](RTIambassador& a) { EXPECT_NE(a.getTimeFactory().get(), nullptr); }},
-};
-
-class ServiceFaults : public Faults, public testing::WithParamInterface<Shape>
-{
-protected:
-   // Calls the service with the n-th failure, for every n until it meets none. Tells how many there were.
-   template <class Fail, class Failed, class Expect>
-   int failOneAfterTheOther(Fail fail, Failed failed, Expect expect)
-   {
-      for (int n = 1;; ++n) {
-         SCOPED_TRACE("failure " + std::to_string(n));
-         std::string outcome = "success";
-         fail(n);
-         try {
-            GetParam().call(*ambassador);
-         } catch (NotConnected const&) {
-            outcome = "NotConnected";
-         } catch (RTIinternalError const& error) {
-            outcome = error.what().empty() ? "RTIinternalError without a text" : "RTIinternalError";
-         } catch (InvalidLogicalTime const&) {
-            outcome = "InvalidLogicalTime";
-         } catch (std::bad_alloc const&) {
-            outcome = "bad_alloc";
-         }
-         bool const hasFailed = failed();
-         fail(0);
-         expect(outcome, hasFailed);
-         expectClean(1);
-         if (!hasFailed || HasFailure()) {
-            return n - 1;
-         }
+      FaultTest::SetUp();
+      fake::Core& core = fake::core();
+      core.number = 1; // a handle, true, and an enumerator of each kind
+      std::string const& name = GetParam().javaName();
+      if (method.result() == "[B") {
+         Bytes const bytes = name == "queryLookahead"           ? contract::TestInterval::encoded(7)
+                             : name.compare(0, 5, "query") == 0 ? contract::TestTime::encoded(7)
+                                                                : Bytes("00000009 00000002 0102");
+         core.bytes.assign(bytes.data(), bytes.data() + bytes.size());
+      }
+      if (method.result() == "[I") {
+         core.ints = {3, 1, 2, 3};
+      }
+      if (method.result() == "[J") {
+         core.longs = {5, 10};
+      }
+      if (method.result() == "Ljava/lang/String;" && name != "getTimeFactory") {
+         core.text = u"a name that is longer than any small string";
       }
    }
+
+   Outcome call() const
+   {
+      return outcomeOf([this] { return GetParam().call(*ambassador); });
+   }
+
+   contract::JavaMethod const& method = GetParam().javaMethod();
 };
 
-INSTANTIATE_TEST_SUITE_P(Shapes, ServiceFaults, testing::ValuesIn(shapes),
-                         [](auto const& shape) { return shape.param.name; });
+INSTANTIATE_TEST_SUITE_P(Each, ServiceFaults, testing::ValuesIn(contract::services()),
+                         [](auto const& each) { return each.param.javaName(); });
 
 TEST_P(ServiceFaults, OfJavaEndInRTIinternalError)
 {
-   GetParam().prepare(fake::core());
-   int const failures =
-      failOneAfterTheOther(fake::failCall, fake::hasFailed, [](std::string const& outcome, bool failed) {
-         EXPECT_EQ(outcome, failed ? "RTIinternalError" : "success");
+   auto const expected = call();
+   EXPECT_EQ(expected.exception, "");
+   int const failures = failOneAfterTheOther(
+      ofJava, [this] { return call(); },
+      [&](Outcome const& outcome, bool failed) {
+         EXPECT_EQ(outcome.exception, failed ? "RTIinternalError" : "");
+         EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
+         expectClean(1);
       });
-   EXPECT_GE(failures, 2); // attaching and the call, at the least
+   EXPECT_GE(failures, method.takesMessage() ? 4 : 2); // attaching, the array, the pin and the call
 }
 
 TEST_P(ServiceFaults, WhileAnExceptionIsTranslatedLoseAtMostItsClass)
 {
    fake::core().raises = "hla/rti1516e/exceptions/NotConnected";
-   bool const isForeseen = std::string(GetParam().name) != "bare" &&
-                           std::string(GetParam().name) != "boolean" &&
-                           std::string(GetParam().name) != "factory";
-   failOneAfterTheOther(fake::failCall, fake::hasFailed, [&](std::string const& outcome, bool failed) {
-      if (!failed && isForeseen) {
-         EXPECT_EQ(outcome, "NotConnected");
-      } else {
-         EXPECT_TRUE(outcome == "NotConnected" || outcome == "RTIinternalError") << outcome;
-      }
-   });
+   auto const& classes = method.exceptions;
+   std::string const translated = std::find(classes.begin(), classes.end(), "NotConnected") != classes.end()
+                                     ? "NotConnected"
+                                     : "RTIinternalError";
+   int const failures = failOneAfterTheOther(
+      ofJava, [this] { return call(); },
+      [&](Outcome const& outcome, bool failed) {
+         EXPECT_TRUE(outcome.exception == translated || (failed && outcome.exception == "RTIinternalError"))
+            << outcome.exception;
+         expectClean(1);
+      });
+   EXPECT_GE(failures, 4); // attaching, the class, and what gives the message
 }
 
 TEST_P(ServiceFaults, OfMemoryEndInBadAlloc)
 {
-   GetParam().prepare(fake::core());
-   GetParam().call(*ambassador); // makes the arguments
-   failOneAfterTheOther(failAllocation, allocationHasFailed, [](std::string const& outcome, bool failed) {
-      EXPECT_EQ(outcome, failed ? "bad_alloc" : "success");
-   });
+   auto const expected = call();
+   int const failures = failOneAfterTheOther(
+      ofMemory, [this] { return call(); },
+      [&](Outcome const& outcome, bool failed) {
+         EXPECT_EQ(outcome.exception, failed ? "bad_alloc" : "");
+         EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
+         expectClean(1);
+      });
+   fake::core().raises = "hla/rti1516e/exceptions/NotConnected";
+   int const failuresOfTranslation = failOneAfterTheOther(
+      ofMemory, [this] { return call(); },
+      [&](Outcome const& outcome, bool failed) {
+         EXPECT_EQ(outcome.exception == "bad_alloc", failed);
+         expectClean(1);
+      });
+   EXPECT_GE(failures + failuresOfTranslation, 1);
 }
 
-TEST_F(Faults, OfTimesReachTheCaller)
+class ServiceFaultsOfTimes : public FaultTest
+{};
+
+TEST_F(ServiceFaultsOfTimes, ReachTheCaller)
 {
-   aTime(fake::core());
+   Bytes const seven = contract::TestTime::encoded(7);
+   fake::core().bytes.assign(seven.data(), seven.data() + seven.size());
    timesThrow = true;
-   EXPECT_THROW(ambassador->timeAdvanceRequest(OwnTime(1)), InvalidLogicalTime);
+   EXPECT_THROW(ambassador->timeAdvanceRequest(contract::samples::time), InvalidLogicalTime);
    EXPECT_THROW(ambassador->queryLogicalTime(), InvalidLogicalTime);
    EXPECT_THROW(ambassador->queryLITS(), InvalidLogicalTime);
    EXPECT_THROW(ambassador->queryLookahead(), InvalidLogicalTime);
+   EXPECT_THROW(ambassador->getTimeFactory(), InvalidLogicalTime);
    expectClean(1);
 }
 
-TEST_F(Faults, OfSizeAreToldBeforeAnythingIsMade)
+using ServiceFaultsOfSize = FaultTest;
+
+TEST_F(ServiceFaultsOfSize, AreToldBeforeAnythingIsMade)
 {
    char byte = 0;
    VariableLengthData tag;
@@ -300,71 +186,49 @@ TEST_F(Faults, OfSizeAreToldBeforeAnythingIsMade)
    EXPECT_EQ(fake::arraysMade(), before);
 }
 
-TEST_F(Faults, OfAVMThatIsGoneAreNoCrash)
+class CallbackFaults : public FaultTest, public testing::WithParamInterface<std::string>
 {
-   fake::setGone(true);
-   EXPECT_THROW(ambassador->enableCallbacks(), RTIinternalError);
-   ambassador.reset(); // nothing to let go of the reference through
-   fake::reset();
-}
+protected:
+   // Fails each step of a callback to a federate that throws, or not, and expects the Java exception that the
+   // federate is called, or not called, with.
+   void failEach(Steps steps, bool throws)
+   {
+      federate.inCallback = [throws] {
+         if (throws) {
+            throw InvalidRegion(L"a text that is longer than any small string");
+         }
+      };
+      auto const message = envelope(contract::argumentBytes(contract::codesOf(GetParam())));
+      failOneAfterTheOther(
+         steps, [&] { return fake::callNative(GetParam(), message); },
+         [&](std::string const& pending, bool failed) {
+            std::size_t const called = federate.takeCalled().size();
+            EXPECT_EQ(pending == "none", !failed && !throws) << pending;
+            EXPECT_TRUE(called == 1 || (called == 0 && failed));
+            if (!failed && throws) {
+               EXPECT_EQ(pending, federateInternalError + "a text that is longer than any small string");
+            }
+            expectClean(1);
+         });
+   }
+};
 
-TEST_F(Faults, OfConstructionLeaveNothing)
+INSTANTIATE_TEST_SUITE_P(Each, CallbackFaults, testing::ValuesIn(contract::nativeNames()),
+                         [](auto const& each) { return each.param; });
+
+TEST_P(CallbackFaults, BecomeAJavaException)
 {
-   for (int n = 1;; ++n) {
-      SCOPED_TRACE("failure " + std::to_string(n));
-      fake::failCall(n);
-      std::unique_ptr<RTIambassador> made;
-      try {
-         made.reset(RTIambassadorFactory().createRTIambassador().release());
-      } catch (RTIinternalError const& error) {
-         EXPECT_NE(error.what(), L"");
+   for (Steps const steps : {ofJava, ofMemory}) {
+      for (bool const throws : {false, true}) {
+         failEach(steps, throws);
       }
-      bool const failed = fake::hasFailed();
-      fake::failCall(0);
-      EXPECT_TRUE(made != nullptr || failed);
-      made.reset();
-      expectClean(1);
-      if (!failed || HasFailure()) {
-         EXPECT_GE(n, 6);
-         return;
-      }
    }
 }
 
-// The arguments of a reflection with time: object 1, one attribute of one byte, a tag, the time 7, a
-// retraction handle with further bytes, and a producing federate.
-Bytes const reflection{0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 5, 0, 0, 0, 1, 42, 0, 0, 0, 1,
-                       9, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 7,  0, 0, 0, 1,
-                       0, 0, 0, 3, 0, 0, 0, 1, 8, 0, 0, 0, 1, 0, 0, 0, 0,  0, 0, 0, 2};
+using FederateFaults = FaultTest;
 
-TEST_F(Faults, OfACallbackBecomeAJavaException)
+TEST_F(FederateFaults, BecomeAJavaException)
 {
-   std::string const reflect = "reflectAttributeValues_OIH_AHVM_BX_OT_TTH_LT_OT_MRH_FASRI_Native";
-   Bytes const message = envelope(reflection);
-   bool failing = true;
-   for (int n = 1; failing; ++n) {
-      int const before = federate.called;
-      fake::failCall(n);
-      std::string const pending = fake::callNative(reflect, message);
-      failing = fake::hasFailed();
-      fake::failCall(0);
-      EXPECT_EQ(federate.called != before, pending == "none");
-      expectClean(1);
-   }
-   failing = true;
-   for (int n = 1; failing; ++n) {
-      failAllocation(n);
-      std::string const pending = fake::callNative(reflect, message);
-      failing = allocationHasFailed();
-      failAllocation(0);
-      EXPECT_EQ(pending == "none", !failing) << pending;
-      expectClean(1);
-   }
-}
-
-TEST_F(Faults, OfAFederateBecomeAJavaException)
-{
-   std::string const prefix = "hla/rti1516e/exceptions/FederateInternalError: ";
    struct Case
    {
       std::function<void()> reaction;
@@ -382,91 +246,61 @@ TEST_F(Faults, OfAFederateBecomeAJavaException)
       {[] { throw 1; }, "Unknown C++ exception"},
    };
    for (auto const& row : cases) {
-      federate.reaction = row.reaction;
-      EXPECT_EQ(fake::callNative("federationSaved_Native", envelope({})), prefix + row.text);
+      federate.inCallback = row.reaction;
+      EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + row.text);
       expectClean(1);
    }
    timesThrow = true;
-   EXPECT_EQ(fake::callNative("timeAdvanceGrant_LT_Native", envelope(eightByteTime(7))),
-             prefix + "thrown by the time");
+   EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", contract::TestTime::encoded(7)),
+             federateInternalError + "thrown by the time");
 }
 
-TEST_F(Faults, OfTokensCallNobody)
+using ConstructionFaults = FaultTest;
+
+TEST_F(ConstructionFaults, LeaveNothing)
 {
-   std::string const prefix = "hla/rti1516e/exceptions/FederateInternalError: ";
-   Bytes const stale = envelope({});
-   ambassador.reset();
-   EXPECT_EQ(fake::callNative("federationSaved_Native", stale),
-             prefix + "The RTI ambassador of this callback is gone");
-   SetUp();
-   EXPECT_EQ(fake::callNative("federationSaved_Native", stale),
-             prefix + "The RTI ambassador of this callback is gone");
-   token.assign(4, 0);
-   EXPECT_EQ(fake::callNative("federationSaved_Native", envelope({})),
-             prefix + "The RTI ambassador of this callback is gone");
-   EXPECT_EQ(federate.called, 0);
+   auto const create = [] {
+      return outcomeOf([] {
+         newAmbassador();
+         return std::wstring();
+      });
+   };
+   int const failures = failOneAfterTheOther(ofJava, create, [&](Outcome const& outcome, bool failed) {
+      // Natives that cannot be registered are only told of, and what a destructor meets is nobody's concern.
+      EXPECT_TRUE(outcome.exception == "" || (failed && outcome.exception == "RTIinternalError"))
+         << outcome.exception;
+      if (fake::holdings().globalReferences == 2) {
+         // Nobody can let go of the core's ambassador on a thread that cannot be attached.
+         fake::forgetGlobalReference();
+      }
+      expectClean(1);
+   });
+   EXPECT_GE(failures, 10);
+   int const ofMemoryFailures =
+      failOneAfterTheOther(ofMemory, create, [&](Outcome const& outcome, bool failed) {
+         EXPECT_EQ(outcome.exception, failed ? "bad_alloc" : "");
+         expectClean(1);
+      });
+   EXPECT_GE(ofMemoryFailures, 1);
 }
 
-TEST_F(Faults, OfLifetimeAreSafeInsideACallback)
+TEST_F(ConstructionFaults, OfAConstructorThatGivesNothingAreTold)
 {
-   federate.reaction = [this] { ambassador.reset(); };
-   EXPECT_EQ(fake::callNative("timeAdvanceGrant_LT_Native", envelope(eightByteTime(7))), "none");
-   EXPECT_EQ(federate.called, 1);
-   EXPECT_EQ(ambassador, nullptr);
+   fake::core().makesNothing = true;
+   EXPECT_THROW(newAmbassador(), RTIinternalError);
+   expectClean(1);
 }
 
-#if defined(__x86_64__)
-
-unsigned short controlWord()
+TEST_F(ConstructionFaults, OfAMethodThatIsNotThereEndTheProcess)
 {
-   unsigned short word;
-   __asm__ __volatile__("fnstcw %0" : "=m"(word));
-   return word;
+   auto const& methods = contract::javaMethods();
+   GTEST_FLAG_SET(death_test_style, "threadsafe"); // the child of a fork has no VM
+   for (auto const& method : {methods.front(), methods[methods.size() / 2], methods.back()}) {
+      fake::core().lacks = method.name;
+      EXPECT_DEATH(newAmbassador(), "Cannot locate " + method.name + "\\.\n.*id != 0");
+   }
+   fake::core().lacks.clear();
 }
-
-void setControlWord(unsigned short word) { __asm__ __volatile__("fldcw %0" : : "m"(word)); }
-
-// 64-bit precision, all exceptions masked: what a thread begins with; and two other words.
-constexpr unsigned short usual = 0x037F;
-constexpr unsigned short javas = 0x027F;
-constexpr unsigned short federates = 0x0F7F;
-
-TEST_F(Faults, OfTheControlWordAreMendedWhereTheCallSucceeds)
-{
-   fake::core().leavesControlWord = javas;
-   ambassador->enableCallbacks();
-   EXPECT_EQ(controlWord(), usual);
-   fake::core().raises = "hla/rti1516e/exceptions/RTIinternalError";
-   EXPECT_THROW(ambassador->enableCallbacks(), RTIinternalError);
-   EXPECT_EQ(controlWord(), javas);
-   setControlWord(usual);
-}
-
-TEST_F(Faults, OfTheControlWordInCallbacks)
-{
-   setControlWord(federates);
-   ambassador->connect(federate, HLA_EVOKED);
-   setControlWord(usual);
-   unsigned short seen = 0;
-   federate.reaction = [&seen] { seen = controlWord(); };
-   fake::callNative("federationSaved_Native", envelope({}));
-   EXPECT_EQ(seen, federates);
-   EXPECT_EQ(controlWord(), usual);
-   federate.reaction = [] { throw 1; };
-   fake::callNative("federationSaved_Native", envelope({}));
-   EXPECT_EQ(controlWord(), federates); // a callback that throws leaves the federate's word
-   setControlWord(usual);
-}
-
-#endif
 
 } // namespace
-
-namespace rti1516e {
-
-std::auto_ptr<LogicalTimeFactory> LogicalTimeFactoryFactory::makeLogicalTimeFactory(std::wstring const&)
-{
-   return std::auto_ptr<LogicalTimeFactory>(new OwnTimeFactory());
-}
-
-} // namespace rti1516e
+} // namespace faults

@@ -24,7 +24,7 @@ void* allocate(std::size_t size)
 void failAllocation(int n)
 {
    allocationsLeft = n;
-   failed = false;
+   failed = failed && n == 0;
 }
 
 bool allocationHasFailed() { return failed; }

@@ -4,5 +4,5 @@
 // Lets the n-th allocation from now on fail, n counting from 1 and the Java VM's own left out; 0: none.
 void failAllocation(int n);
 
-// Whether it has.
+// Whether the last one that was to fail has.
 bool allocationHasFailed();

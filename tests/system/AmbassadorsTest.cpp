@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <future>
 #include <thread>
 
 namespace {
@@ -155,6 +156,22 @@ TEST_P(Ambassadors, MayGoWithCallbacksStillUnderWay)
       alpha->resignFederationExecution(NO_ACTION);
       forget("alpha");
    }
+}
+
+TEST(AmbassadorsOfEvokers, MayGoWhileAThreadWaitsForCallbacks)
+{
+   Names names;
+   Federate alpha("alpha", HLA_EVOKED, names);
+   alpha.connect();
+   alpha->listFederationExecutions();
+   std::promise<void> called;
+   alpha.onCallback = [&](std::string const&) { called.set_value(); };
+   auto const start = std::chrono::steady_clock::now();
+   auto waiting = std::async(std::launch::async, [&] { return alpha->evokeMultipleCallbacks(60.0, 60.0); });
+   called.get_future().wait();
+   alpha.destroyAmbassador();
+   EXPECT_FALSE(waiting.get());
+   EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
 }
 
 TEST_P(Ambassadors, AreCreatedAndDestroyedManyTimes)

@@ -123,19 +123,27 @@ final class Merger {
     private void mergeUpdateRates() throws InconsistentFDD {
         for (FomElement row : module.root().table("updateRates", "updateRate")) {
             String name = name(row);
-            double rate;
-            try {
-                rate = Double.parseDouble(row.value("rate"));
-            } catch (NumberFormatException e) {
-                throw inconsistent(row, "the rate of update rate '" + name + "' is '" + row.value("rate")
-                        + "'; give the largest number of updates a second");
-            }
+            double rate = updateRate(row, name);
             Double known = model.updateRates.putIfAbsent(name, rate);
             if (known != null && known != rate) {
                 throw inconsistent(row, "update rate '" + name + "' is " + rate + ", but an earlier module gives it "
                         + known + "; make them agree");
             }
         }
+    }
+
+    private double updateRate(FomElement row, String name) throws InconsistentFDD {
+        String text = row.value("rate");
+        try {
+            double rate = Double.parseDouble(text);
+            if (rate >= 0 && rate < Double.POSITIVE_INFINITY) {
+                return rate;
+            }
+        } catch (NumberFormatException e) {
+            // told below, like a number that is none
+        }
+        throw inconsistent(row, "the rate of update rate '" + name + "' is '" + text
+                + "'; give the largest number of updates a second");
     }
 
     /** The first module that states a switch decides; the MIM, which comes first of all, states none. */
@@ -234,8 +242,8 @@ final class Merger {
     /** Two definitions of one thing may leave out its delivery; where both state it, they must agree. */
     private void requireSameDelivery(FomElement row, String what, Transportation transportation, OrderType order,
             Set<Dimension> dimensions) throws InconsistentFDD {
-        boolean otherDimensions = !dimensions.isEmpty() && !row.children("dimensions").isEmpty()
-                && !dimensionsOf(row).equals(dimensions);
+        Set<Dimension> stated = dimensionsOf(row);
+        boolean otherDimensions = !dimensions.isEmpty() && !stated.isEmpty() && !stated.equals(dimensions);
         String differing = differs(transportation(row), transportation) ? "transportation"
                 : differs(order(row), order) ? "order" : otherDimensions ? "dimensions" : null;
         if (differing != null) {

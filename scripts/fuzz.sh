@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Fuzzes everything that is fuzzed, each for so many seconds (300 if not told), from the corpora in fuzz/corpus. What a
+# fuzzer learns stays in build/fuzz for the next time; with --keep, the inputs that add something go into fuzz/corpus.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+keep=
+if [ "${1:-}" = --keep ]; then
+  keep=1
+  shift
+fi
+seconds=${1:-300}
+
+scripts/install-tools.sh fuzz
+cmake --preset release -Wno-dev >build-configure.log 2>&1 || { cat build-configure.log; exit 1; }
+rm -f build-configure.log
+cmake --build --preset release --target decode_fuzzer callback_fuzzer localcore-tests
+
+for target in decode callback; do
+  fuzzer=$PWD/build/release/fuzz/${target}_fuzz
+  work=build/fuzz/$target
+  mkdir -p "$work/learnt"
+  echo "== $target, $seconds s"
+  (cd "$work" && "$fuzzer" -max_total_time="$seconds" -max_len=512 -rss_limit_mb=2048 -print_final_stats=1 \
+    learnt "../../../fuzz/corpus/$target" 2>&1 | grep -Ev '^(#|INFO|")')
+  if [ -n "$keep" ]; then
+    "$fuzzer" -use_counters=0 -set_cover_merge=1 "fuzz/corpus/$target" "$work/learnt" >/dev/null 2>&1
+  fi
+done
+
+echo "== FOM modules, $seconds s"
+end=$((SECONDS + seconds))
+while [ $SECONDS -lt $end ]; do
+  java -ea -Dfom.modules=tests/system/fom -cp build/release/tovu1516e.jar:build/release/tests/localcore/localcore-tests.jar \
+    FomMutationTest 10000 $((RANDOM * 32768 + RANDOM))
+done
