@@ -143,6 +143,8 @@ public:
       }
    }
 
+   // Blocks are placed in memory of more than their own size, which a sized delete would get wrong.
+   // NOLINTNEXTLINE(cert-dcl54-cpp,misc-new-delete-overloads)
    void operator delete(void* memory) noexcept { ::operator delete(memory); }
 
 private:

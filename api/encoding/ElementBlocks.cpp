@@ -13,9 +13,10 @@ constexpr std::size_t smallestBlock = 4;
 
 ElementBlocks::ElementBlocks(ElementBlocks const& other) : _kind(other._kind)
 {
-   if (other.size() != 0) {
-      addBlock(other.size());
+   if (other.size() == 0) {
+      return; // a block without elements may be left from a failure
    }
+   addBlock(other.size());
    for (ElementBlock const* block = other._first.get(); block != nullptr; block = block->next.get()) {
       _last->append(*block);
    }

@@ -89,7 +89,7 @@ std::map<std::string, std::function<void()>> const mistakes = {
     [] {
        Federate federate;
        federate.rti->registerFederationSynchronizationPoint(L"ready", VariableLengthData());
-       std::this_thread::sleep_for(std::chrono::milliseconds(1500));
+       std::this_thread::sleep_for(std::chrono::seconds(3));
     }},
    {"throws in a callback",
     [] {

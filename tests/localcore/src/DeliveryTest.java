@@ -41,7 +41,10 @@ final class DeliveryTest {
             DeliveryTest disabling = new DeliveryTest();
             disabling.delivery.setEnabled(false);
             disabling.post("a");
-            Thread.sleep(1500);
+            for (int i = 0; i < 200 && printed.size() == 0; ++i) {
+                Thread.sleep(100);
+            }
+            Thread.sleep(200); // for reminders that should not come
         } finally {
             System.setErr(console);
         }

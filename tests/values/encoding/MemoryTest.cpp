@@ -103,6 +103,18 @@ TEST(Memory, WantOfItLeavesElementsAsTheyWere)
    }
 }
 
+TEST(Memory, WantOfItLeavesAnEmptyArrayThatCanBeCopied)
+{
+   HLAASCIIstring const text(longText);
+   auto outcome = memory::Outcome::badAlloc;
+   for (long allocations = 0; outcome == memory::Outcome::badAlloc; ++allocations) {
+      HLAvariableArray array{HLAASCIIstring()};
+      outcome = memory::runWithMemoryFor(allocations, [&] { array.addElement(text); });
+      HLAvariableArray const copy(array);
+      EXPECT_EQ(copy.size(), outcome == memory::Outcome::done ? 1U : 0U) << "after " << allocations;
+   }
+}
+
 TEST(Memory, WantOfItWhileDecodingLeavesTextsAndSizes)
 {
    HLAvariableArray full{HLAASCIIstring(longText)};
