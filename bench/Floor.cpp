@@ -2,11 +2,15 @@
 
 #include "api/BigEndian.h"
 #include "api/HandleAccess.h"
+#include "api/VariableLengthRecord.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <memory>
 #include <stdexcept>
+#include <tuple>
+#include <utility>
 
 namespace bench {
 namespace {
@@ -30,6 +34,51 @@ Id require(Id id, char const* what)
       throw std::runtime_error(what);
    }
    return id;
+}
+
+JNIEnv* attach(JavaVM* vm)
+{
+   void* env = nullptr;
+   vm->AttachCurrentThread(&env, nullptr);
+   return static_cast<JNIEnv*>(env);
+}
+
+// A core's ambassador, and its method.
+std::pair<jobject, jmethodID> peerAndMethod(char const* method, char const* signature)
+{
+   JNIEnv* const env = environment();
+   jclass const cls = require(env->FindClass("morva/tovu1516e/RTIambassadorC2007"), "no core");
+   jmethodID const constructor = require(env->GetMethodID(cls, "<init>", "([B)V"), "no constructor");
+   return {env->NewGlobalRef(env->NewObject(cls, constructor, nullptr)),
+           require(env->GetMethodID(cls, method, signature), method)};
+}
+
+template <class Fill>
+jbyteArray newArray(JNIEnv* env, std::size_t size, Fill fill)
+{
+   jbyteArray const array = env->NewByteArray(static_cast<jsize>(size));
+   void* const storage = env->GetPrimitiveArrayCritical(array, nullptr);
+   fill(static_cast<unsigned char*>(storage));
+   env->ReleasePrimitiveArrayCritical(array, storage, 0);
+   return array;
+}
+
+std::wstring textOf(JNIEnv* env, jstring javaText)
+{
+   std::wstring text(static_cast<std::size_t>(env->GetStringLength(javaText)), L'\0');
+   jchar const* const units = env->GetStringCritical(javaText, nullptr);
+   for (std::size_t i = 0; i < text.size(); ++i) {
+      text[i] = static_cast<wchar_t>(units[i]);
+   }
+   env->ReleaseStringCritical(javaText, units);
+   return text;
+}
+
+void requireNoException(JNIEnv* env)
+{
+   if (env->ExceptionCheck() != JNI_FALSE) {
+      throw std::runtime_error("a Java exception");
+   }
 }
 
 FederateAmbassador* federateToCall = nullptr;
@@ -77,13 +126,6 @@ void JNICALL values(JNIEnv* env, jclass, jbyteArray message)
    federateToCall->reflectAttributeValues(object, map, tag, RECEIVE, RELIABLE, SupplementalReflectInfo());
 }
 
-JNIEnv* attach(JavaVM* vm)
-{
-   void* env = nullptr;
-   vm->AttachCurrentThread(&env, nullptr);
-   return static_cast<JNIEnv*>(env);
-}
-
 } // namespace
 
 JNIEnv* environment() { return attach(theVM()); }
@@ -91,28 +133,22 @@ JNIEnv* environment() { return attach(theVM()); }
 ServiceFloor::ServiceFloor(char const* method, char const* signature, std::size_t messageSize)
    : _vm(theVM()), _bytes(messageSize, 'x'), _hasMessage(std::strncmp(signature, "()", 2) != 0)
 {
-   JNIEnv* const env = environment();
-   jclass const cls = require(env->FindClass("morva/tovu1516e/RTIambassadorC2007"), "no core");
-   jmethodID const constructor = require(env->GetMethodID(cls, "<init>", "([B)V"), "no constructor");
-   _peer = env->NewGlobalRef(env->NewObject(cls, constructor, nullptr));
-   _method = require(env->GetMethodID(cls, method, signature), method);
+   std::tie(_peer, _method) = peerAndMethod(method, signature);
 }
 
 inline jbyteArray ServiceFloor::newMessage(JNIEnv* env) const
 {
-   if (!_hasMessage) {
-      return nullptr;
-   }
-   jbyteArray const array = env->NewByteArray(static_cast<jsize>(_bytes.size()));
-   void* const storage = env->GetPrimitiveArrayCritical(array, nullptr);
-   std::memcpy(storage, _bytes.data(), _bytes.size());
-   env->ReleasePrimitiveArrayCritical(array, storage, 0);
-   return array;
+   return newArray(env, _bytes.size(),
+                   [this](unsigned char* to) { std::memcpy(to, _bytes.data(), _bytes.size()); });
 }
 
 void ServiceFloor::callVoid() const
 {
    JNIEnv* const env = attach(_vm);
+   if (!_hasMessage) {
+      env->CallVoidMethod(_peer, _method);
+      return;
+   }
    jbyteArray const message = newMessage(env);
    env->CallVoidMethod(_peer, _method, message);
    env->DeleteLocalRef(message);
@@ -133,12 +169,7 @@ std::wstring ServiceFloor::callText() const
    jbyteArray const message = newMessage(env);
    auto* const text = static_cast<jstring>(env->CallObjectMethod(_peer, _method, message));
    env->DeleteLocalRef(message);
-   std::wstring result(static_cast<std::size_t>(env->GetStringLength(text)), L'\0');
-   jchar const* const units = env->GetStringCritical(text, nullptr);
-   for (std::size_t i = 0; i < result.size(); ++i) {
-      result[i] = static_cast<wchar_t>(units[i]);
-   }
-   env->ReleaseStringCritical(text, units);
+   std::wstring result = textOf(env, text);
    env->DeleteLocalRef(text);
    return result;
 }
@@ -147,26 +178,146 @@ void ServiceFloor::callMessageHandle() const
 {
    JNIEnv* const env = attach(_vm);
    jbyteArray const message = newMessage(env);
-   jobject const result = env->CallObjectMethod(_peer, _method, message);
+   auto* const array = static_cast<jbyteArray>(env->CallObjectMethod(_peer, _method, message));
    env->DeleteLocalRef(message);
-   auto* const array = static_cast<jbyteArray>(result);
    env->ReleasePrimitiveArrayCritical(array, pin(env, array), 0);
-   env->DeleteLocalRef(result);
+   env->DeleteLocalRef(array);
 }
 
 std::auto_ptr<LogicalTime> ServiceFloor::callTime(LogicalTimeFactory& factory) const
 {
    JNIEnv* const env = attach(_vm);
-   jbyteArray const message = newMessage(env);
-   auto* const array = static_cast<jbyteArray>(env->CallObjectMethod(_peer, _method, message));
-   if (message != nullptr) {
-      env->DeleteLocalRef(message);
-   }
+   auto* const array = static_cast<jbyteArray>(env->CallObjectMethod(_peer, _method));
    char encoded[8];
    env->GetByteArrayRegion(array, 0, sizeof encoded, reinterpret_cast<jbyte*>(encoded));
    env->DeleteLocalRef(array);
    return factory.decodeLogicalTime(encoded, sizeof encoded);
 }
+
+ServiceByHand::ServiceByHand(char const* method, char const* signature) : _vm(theVM())
+{
+   std::tie(_peer, _method) = peerAndMethod(method, signature);
+}
+
+void ServiceByHand::callVoid() const
+{
+   JNIEnv* const env = attach(_vm);
+   env->CallVoidMethod(_peer, _method);
+   requireNoException(env);
+}
+
+jint ServiceByHand::callInt(std::wstring const& text) const
+{
+   JNIEnv* const env = attach(_vm);
+   std::uint32_t seen = 0;
+   for (wchar_t const character : text) {
+      seen |= static_cast<std::uint32_t>(character);
+   }
+   if (seen > 0xFFFF) {
+      throw std::runtime_error("not a text of one unit a character");
+   }
+   jbyteArray const message = newArray(env, 4 + 2 * text.size(), [&text](unsigned char* to) {
+      storeBigEndian(to, static_cast<std::uint32_t>(text.size()));
+      for (std::size_t i = 0; i < text.size(); ++i) {
+         storeBigEndian(to + 4 + 2 * i, static_cast<std::uint16_t>(text[i]));
+      }
+   });
+   jint const result = env->CallIntMethod(_peer, _method, message);
+   env->DeleteLocalRef(message);
+   requireNoException(env);
+   return result;
+}
+
+std::wstring ServiceByHand::callText(ObjectInstanceHandle object) const
+{
+   JNIEnv* const env = attach(_vm);
+   jbyteArray const message =
+      newArray(env, 4, [object](unsigned char* to) { storeBigEndian(to, HandleAccess::number(object)); });
+   auto* const text = static_cast<jstring>(env->CallObjectMethod(_peer, _method, message));
+   env->DeleteLocalRef(message);
+   requireNoException(env);
+   std::wstring result = textOf(env, text);
+   env->DeleteLocalRef(text);
+   return result;
+}
+
+std::auto_ptr<LogicalTime> ServiceByHand::callTime(LogicalTimeFactory& factory) const
+{
+   JNIEnv* const env = attach(_vm);
+   auto* const array = static_cast<jbyteArray>(env->CallObjectMethod(_peer, _method));
+   requireNoException(env);
+   char encoded[16];
+   jsize const size = std::min<jsize>(env->GetArrayLength(array), sizeof encoded);
+   env->GetByteArrayRegion(array, 0, size, reinterpret_cast<jbyte*>(encoded));
+   env->DeleteLocalRef(array);
+   return factory.decodeLogicalTime(encoded, static_cast<std::size_t>(size));
+}
+
+namespace {
+
+// The message of a map of values under a handle, and further bytes behind it.
+template <class Handle, class Map>
+jbyteArray newMessage(JNIEnv* env, Handle handle, Map const& values, void const* further,
+                      std::size_t furtherSize)
+{
+   using Access = VariableLengthDataAccess;
+   std::size_t size = 4 + 4 + 4 + furtherSize;
+   for (auto const& entry : values) {
+      size += 8 + Access::size(entry.second);
+   }
+   return newArray(env, size, [&](unsigned char* to) {
+      auto const put = [&to](std::uint32_t word) {
+         storeBigEndian(to, word);
+         to += 4;
+      };
+      put(HandleAccess::number(handle));
+      put(static_cast<std::uint32_t>(values.size()));
+      for (auto const& entry : values) {
+         put(HandleAccess::number(entry.first));
+         put(Access::size(entry.second));
+         std::memcpy(to, Access::data(entry.second), Access::size(entry.second));
+         to += Access::size(entry.second);
+      }
+      put(0);
+      if (furtherSize != 0) {
+         std::memcpy(to, further, furtherSize);
+      }
+   });
+}
+
+} // namespace
+
+template <class Handle, class Map>
+void ServiceByHand::send(Handle handle, Map const& values) const
+{
+   JNIEnv* const env = attach(_vm);
+   jbyteArray const message = newMessage(env, handle, values, nullptr, 0);
+   env->CallVoidMethod(_peer, _method, message);
+   env->DeleteLocalRef(message);
+   requireNoException(env);
+}
+
+template <class Handle, class Map>
+std::uint32_t ServiceByHand::send(Handle handle, Map const& values, LogicalTime const& time) const
+{
+   JNIEnv* const env = attach(_vm);
+   VariableLengthData const encoded = time.encode();
+   jbyteArray const message = newMessage(env, handle, values, encoded.data(), encoded.size());
+   auto* const array = static_cast<jbyteArray>(env->CallObjectMethod(_peer, _method, message));
+   env->DeleteLocalRef(message);
+   requireNoException(env);
+   auto const length = static_cast<std::size_t>(env->GetArrayLength(array));
+   unsigned char* const bytes = pin(env, array);
+   auto const result = length < 4 ? 0 : loadBigEndian<std::uint32_t>(bytes);
+   env->ReleasePrimitiveArrayCritical(array, bytes, 0);
+   env->DeleteLocalRef(array);
+   return result;
+}
+
+template void ServiceByHand::send(ObjectInstanceHandle, AttributeHandleValueMap const&) const;
+template void ServiceByHand::send(InteractionClassHandle, ParameterHandleValueMap const&) const;
+template std::uint32_t ServiceByHand::send(ObjectInstanceHandle, AttributeHandleValueMap const&,
+                                           LogicalTime const&) const;
 
 CallbackLoop::CallbackLoop(char const* loop, std::vector<unsigned char> const& message)
 {

@@ -1,5 +1,6 @@
 // The crossing into Java and back, written by hand and doing no more than it must: what the library is
-// measured against.
+// measured against. Two floors: the bare crossing with ready-made bytes, and with what every caller of a
+// service has to do beside it.
 #pragma once
 
 #include <RTI/RTI1516.h>
@@ -7,6 +8,7 @@
 #include <jni.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace bench {
@@ -33,6 +35,31 @@ private:
    jmethodID _method = nullptr;
    std::vector<char> _bytes;
    bool _hasMessage;
+};
+
+// The same from the values themselves: they are walked once for the size and once for the bytes, times are
+// encoded, Java exceptions asked for, results taken as long as they are. Values are looked into without the
+// calls of their interface.
+class ServiceByHand
+{
+public:
+   ServiceByHand(char const* method, char const* signature);
+
+   void callVoid() const;
+   jint callInt(std::wstring const& text) const;
+   std::wstring callText(rti1516e::ObjectInstanceHandle object) const;
+   std::auto_ptr<rti1516e::LogicalTime> callTime(rti1516e::LogicalTimeFactory& factory) const;
+
+   // A map of values under a handle, without a tag. With time the result is the retraction handle's number.
+   template <class Handle, class Map>
+   void send(Handle handle, Map const& values) const;
+   template <class Handle, class Map>
+   std::uint32_t send(Handle handle, Map const& values, rti1516e::LogicalTime const& time) const;
+
+private:
+   JavaVM* _vm = nullptr;
+   jobject _peer = nullptr;
+   jmethodID _method = nullptr;
 };
 
 // A Java loop that calls one native a thousand times with the same message.

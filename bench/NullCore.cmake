@@ -72,7 +72,8 @@ file(WRITE ${OUTPUT}/morva/tovu1516e/RtiFactoryImpl.java
   "package morva.tovu1516e;\n\npublic final class RtiFactoryImpl {}\n")
 file(WRITE ${OUTPUT}/morva/tovu1516e/RTIambassadorC2007.java
   "package morva.tovu1516e;\n\npublic final class RTIambassadorC2007 {\n"
-  "    private static final byte[] TIME = {0, 0, 0, 0, 0, 0, 0, 7};\n"
+  "    /** A time, and just as well a message retraction handle of number 7. */\n"
+  "    private static final byte[] TIME = {0, 0, 0, 7, 0, 0, 0, 0};\n"
   "    /** The callback context that connect was given. */\n    public static int context;\n\n"
   "    public RTIambassadorC2007(byte[] message) {}\n\n${methods}}\n")
 file(WRITE ${OUTPUT}/morva/tovu1516e/FederateAmbassadorC2007.java

@@ -20,8 +20,7 @@ struct Claim
 };
 
 // Prints times as they come, and keeps the median of each benchmark's repetitions: the processor time of a
-// run, which other programs do not disturb, under the benchmark's name, and under that and ", wall" the time
-// by the clock. Of a benchmark with threads the name ends in "/threads:N".
+// call, which other programs hardly disturb. The name of a benchmark with threads ends in "/threads:N".
 class Medians : public benchmark::ConsoleReporter
 {
 public:

@@ -65,6 +65,8 @@ Values const parameters{5, 8};
 
 double boundOfService(std::size_t messageSize) { return messageSize > 1024 ? 1.05 : 1.15; }
 
+using Action = std::function<void()>;
+
 class Crossing
 {
 public:
@@ -80,25 +82,46 @@ public:
    std::vector<Claim> const& claims() const { return _claims; }
 
 private:
-   void measure(std::string const& name, std::function<void()> const& action, bool threads = false)
+   // Measures an action that does so many calls.
+   static benchmark::internal::Benchmark* measure(std::string const& name, Action const& action,
+                                                  int calls = 1)
    {
-      auto* const added = benchmark::RegisterBenchmark(name.c_str(), [action](benchmark::State& state) {
-         for (auto _ : state) {
+      return benchmark::RegisterBenchmark(name.c_str(), [action, calls](benchmark::State& state) {
+         while (state.KeepRunningBatch(calls)) {
             action();
          }
       });
-      added->UseRealTime();
-      if (threads) {
-         added->Threads(1)->Threads(2)->Threads(4)->Threads(8);
-      }
    }
 
-   void compare(std::string const& name, double bound, std::function<void()> const& library,
-                std::function<void()> const& floor)
+   void compare(std::string const& name, double bound, Action const& library, Action const& floor,
+                int calls = 1)
    {
-      measure(name, library);
-      measure(name + " floor", floor);
+      measure(name, library, calls);
+      measure(name + " floor", floor, calls);
       _claims.push_back({name, name + " floor", bound});
+   }
+
+   // A service against the bare crossing, and against what any caller has to do.
+   void compareService(std::string const& name, double bound, Action const& library, Action const& bare,
+                       Action const& byHand)
+   {
+      compare(name, bound, library, bare);
+      measure(name + " by hand", byHand);
+      _claims.push_back({name, name + " by hand", 0});
+   }
+
+   // How the times grow with the number of threads that call at once.
+   void compareThreads(std::string const& name, Action const& library, Action const& floor)
+   {
+      std::string const measured = name + ", threads";
+      for (auto* const benchmark : {measure(measured, library), measure(measured + " floor", floor)}) {
+         benchmark->Threads(1)->Threads(2)->Threads(4)->Threads(8);
+      }
+      std::string const one = "/threads:1";
+      for (char const* const count : {"/threads:2", "/threads:4", "/threads:8"}) {
+         _claims.push_back(
+            {measured + count, measured + " floor" + count, 1.1, measured + one, measured + " floor" + one});
+      }
    }
 
    void addServices()
@@ -106,63 +129,86 @@ private:
       RTIambassador& ambassador = *_ambassador;
       VariableLengthData const noTag;
 
-      ServiceFloor const bare("enableCallbacks", "()V", 0);
-      compare(
-         "enableCallbacks", 1.15, [&] { ambassador.enableCallbacks(); }, [=] { bare.callVoid(); });
+      ServiceFloor const enable("enableCallbacks", "()V", 0);
+      ServiceByHand const enableByHand("enableCallbacks", "()V");
+      Action const enableCallbacks = [&] { ambassador.enableCallbacks(); };
+      compareService(
+         "enableCallbacks", 1.15, enableCallbacks, [=] { enable.callVoid(); },
+         [=] { enableByHand.callVoid(); });
+      compareThreads("enableCallbacks", enableCallbacks, [=] { enable.callVoid(); });
 
       std::wstring const className = L"HLAobjectRoot.Aircraft.Rotorcraft";
       ServiceFloor const lookUp("getObjectClassHandle_S", "([B)I", 4 + 2 * className.size());
-      compare(
+      ServiceByHand const lookUpByHand("getObjectClassHandle_S", "([B)I");
+      compareService(
          "getObjectClassHandle", 1.15, [&, className] { ambassador.getObjectClassHandle(className); },
-         [=] { benchmark::DoNotOptimize(lookUp.callInt()); });
+         [=] { benchmark::DoNotOptimize(lookUp.callInt()); },
+         [=] { benchmark::DoNotOptimize(lookUpByHand.callInt(className)); });
 
       ObjectInstanceHandle const object;
       ServiceFloor const name("getObjectInstanceName_OIH", "([B)Ljava/lang/String;", 4);
-      compare(
+      ServiceByHand const nameByHand("getObjectInstanceName_OIH", "([B)Ljava/lang/String;");
+      compareService(
          "getObjectInstanceName", 1.15,
          [&, object] { benchmark::DoNotOptimize(ambassador.getObjectInstanceName(object)); },
-         [=] { benchmark::DoNotOptimize(name.callText()); });
+         [=] { benchmark::DoNotOptimize(name.callText()); },
+         [=] { benchmark::DoNotOptimize(nameByHand.callText(object)); });
 
-      ServiceFloor const time("queryLogicalTime", "()[B", 0);
-      compare(
-         "queryLogicalTime", 1.15, [&] { ambassador.queryLogicalTime(); }, [=] { time.callTime(_factory); });
+      ServiceFloor const query("queryLogicalTime", "()[B", 0);
+      ServiceByHand const queryByHand("queryLogicalTime", "()[B");
+      compareService(
+         "queryLogicalTime", 1.15, [&] { ambassador.queryLogicalTime(); },
+         [this, query] { query.callTime(_factory); },
+         [this, queryByHand] { queryByHand.callTime(_factory); });
 
       for (Values const& values : updates) {
-         auto const map =
-            values.map<AttributeHandleValueMap>(ambassador, &RTIambassador::decodeAttributeHandle);
-         std::size_t const size = values.messageSize();
-         ServiceFloor const update("updateAttributeValues_OIH_AHVM_BX", "([B)V", size);
-         compare(
-            "updateAttributeValues " + values.name(), boundOfService(size),
-            [&ambassador, map, noTag] {
-               ambassador.updateAttributeValues(ObjectInstanceHandle(), map, noTag);
-            },
-            [=] { update.callVoid(); });
-         ServiceFloor const timed("updateAttributeValues_OIH_AHVM_BX_LT", "([B)[B", size + 8);
-         compare(
-            "updateAttributeValues " + values.name() + " time", boundOfService(size + 8),
-            [&ambassador, map, noTag] {
-               ambassador.updateAttributeValues(ObjectInstanceHandle(), map, noTag, HLAinteger64Time(5));
-            },
-            [=] { timed.callMessageHandle(); });
+         addUpdates(values, object, noTag);
       }
 
+      InteractionClassHandle const interaction;
       auto const sent =
          parameters.map<ParameterHandleValueMap>(ambassador, &RTIambassador::decodeParameterHandle);
       ServiceFloor const send("sendInteraction_ICH_PHVM_BX", "([B)V", parameters.messageSize());
-      compare(
+      ServiceByHand const sendByHand("sendInteraction_ICH_PHVM_BX", "([B)V");
+      compareService(
          "sendInteraction " + parameters.name(), 1.15,
-         [&ambassador, sent, noTag] { ambassador.sendInteraction(InteractionClassHandle(), sent, noTag); },
-         [=] { send.callVoid(); });
+         [&ambassador, interaction, sent, noTag] { ambassador.sendInteraction(interaction, sent, noTag); },
+         [=] { send.callVoid(); }, [=] { sendByHand.send(interaction, sent); });
+   }
 
-      measure(
-         "threads", [&] { ambassador.enableCallbacks(); }, true);
-      measure(
-         "threads floor", [=] { bare.callVoid(); }, true);
-      for (char const* const threads : {"1", "2", "4", "8"}) {
-         std::string const suffix = std::string("/real_time/threads:") + threads;
-         _claims.push_back({"threads" + suffix, "threads floor" + suffix, 1.1});
+   void addUpdates(Values const& values, ObjectInstanceHandle object, VariableLengthData const& noTag)
+   {
+      RTIambassador& ambassador = *_ambassador;
+      auto const map = values.map<AttributeHandleValueMap>(ambassador, &RTIambassador::decodeAttributeHandle);
+      std::string const name = "updateAttributeValues " + values.name();
+      std::size_t const size = values.messageSize();
+
+      char const* const method = "updateAttributeValues_OIH_AHVM_BX";
+      ServiceFloor const update(method, "([B)V", size);
+      ServiceByHand const updateByHand(method, "([B)V");
+      Action const updateAttributeValues = [&ambassador, object, map, noTag] {
+         ambassador.updateAttributeValues(object, map, noTag);
+      };
+      compareService(
+         name, boundOfService(size), updateAttributeValues, [=] { update.callVoid(); },
+         [=] { updateByHand.send(object, map); });
+      if (size < 100) {
+         compareThreads(name, updateAttributeValues, [=] { update.callVoid(); });
       }
+
+      char const* const timedMethod = "updateAttributeValues_OIH_AHVM_BX_LT";
+      std::size_t const timedSize = size + _time.encodedLength();
+      ServiceFloor const timed(timedMethod, "([B)[B", timedSize);
+      ServiceByHand const timedByHand(timedMethod, "([B)[B");
+      compareService(
+         name + " time", boundOfService(timedSize),
+         [this, &ambassador, object, map, noTag] {
+            benchmark::DoNotOptimize(ambassador.updateAttributeValues(object, map, noTag, _time));
+         },
+         [=] { timed.callMessageHandle(); },
+         [this, object, map, timedByHand] {
+            benchmark::DoNotOptimize(timedByHand.send(object, map, _time));
+         });
    }
 
    Bytes envelope(Bytes const& arguments) const
@@ -203,7 +249,7 @@ private:
       CallbackLoop const libraryLoop(library, message);
       CallbackLoop const floorLoop(floor, message);
       compare(
-         name, bound, [=] { libraryLoop.run(); }, [=] { floorLoop.run(); });
+         name, bound, [=] { libraryLoop.run(); }, [=] { floorLoop.run(); }, CallbackLoop::times);
    }
 
    void addCallbacks()
@@ -221,6 +267,7 @@ private:
 
    NullFederateAmbassador _federate;
    HLAinteger64TimeFactory _factory;
+   HLAinteger64Time const _time{5};
    std::unique_ptr<RTIambassador> _ambassador{RTIambassadorFactory().createRTIambassador().release()};
    std::vector<Claim> _claims;
 };
@@ -231,6 +278,10 @@ private:
 int main(int argc, char** argv)
 {
    setenv("CLASSPATH", NULL_CORE_JAR, 1);
+   // A heap whose pages are all there from the start: that the system makes them is not the crossing's.
+   setenv("TOVU1516_OPTION1", "-Xms128m", 0);
+   setenv("TOVU1516_OPTION2", "-Xmx128m", 0);
+   setenv("TOVU1516_OPTION3", "-XX:+AlwaysPreTouch", 0);
    bench::Crossing crossing;
    return bench::run(argc, argv, crossing.claims());
 }

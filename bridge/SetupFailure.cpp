@@ -8,9 +8,12 @@
 
 namespace tovu1516e {
 
-void failSetup(std::wstring const& message)
+void failSetup(std::wstring const& message, std::string const& advice)
 {
-   auto const text = formatWithoutArguments(narrow(message));
+   auto text = formatWithoutArguments(narrow(message));
+   if (!advice.empty()) {
+      text += '\n' + advice;
+   }
    std::fwrite(text.data(), 1, text.size(), stderr);
    std::fflush(stderr);
    throw rti1516e::RTIinternalError(message);

@@ -16,3 +16,9 @@ if(RTI1516E_SANITIZE)
     add_compile_options(-Wno-maybe-uninitialized)
   endif()
 endif()
+
+# Leaves a shared library no other exported names than those of a version script.
+function(rti1516e_export_only target script)
+  target_link_options(${target} PRIVATE LINKER:--version-script=${script})
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${script})
+endfunction()

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and is missing, from Debian's packages, as root or through sudo. With
-# the word lint, also what the checks of the sources need; with the word fuzz, what fuzzing needs.
+# the word lint, docs, coverage, bench or fuzz, also what the script of that name needs.
 set -euo pipefail
 
 # A command, or the path of a file, that tells that a package is there; and the package.
@@ -11,13 +11,18 @@ needs=(
   "git git"
   "javac openjdk-17-jdk-headless"
   "/usr/include/gtest/gtest.h libgtest-dev"
+  "pkg-config pkg-config"
 )
-if [ "${1:-}" = lint ]; then
-  needs+=("clang-format clang-format" "clang-tidy clang-tidy")
-fi
-if [ "${1:-}" = fuzz ]; then
-  needs+=("clang++ clang" "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a libclang-rt-14-dev")
-fi
+case ${1:-} in
+  lint) needs+=("clang-format clang-format" "clang-tidy clang-tidy" "cppcheck cppcheck" "shellcheck shellcheck") ;;
+  docs) needs+=("doxygen doxygen") ;;
+  coverage) needs+=("gcovr gcovr") ;;
+  bench) needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev") ;;
+  fuzz)
+    needs+=("clang++ clang"
+      "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a libclang-rt-14-dev")
+    ;;
+esac
 missing=()
 for need in "${needs[@]}"; do
   read -r sign package <<<"$need"

@@ -1,5 +1,6 @@
 #include "gen/cpp/RTIambassadorC.h"
 
+#include "bridge/ClassPathAdvice.h"
 #include "bridge/JavaVMHost.h"
 #include "bridge/SetupFailure.h"
 #include "bridge/UncancellableScope.h"
@@ -20,7 +21,8 @@ constexpr char const* ambassadorClassName = "morva/tovu1516e/RTIambassadorC2007"
 {
    char const* const classPath = std::getenv("CLASSPATH");
    failSetup(L"Cannot locate Tovu " + std::wstring(classes) + L" Java classes\nCLASSPATH: " +
-             widen(classPath != nullptr ? classPath : "(unknown)"));
+                widen(classPath != nullptr ? classPath : "(unknown)"),
+             classPathAdvice());
 }
 
 // Null if there is no such class; no Java exception is pending then.

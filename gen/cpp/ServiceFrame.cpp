@@ -100,6 +100,9 @@ void fillMethodTable(JNIEnv* env, jclass ambassadorClass)
       jmethodID const id = env->GetMethodID(ambassadorClass, method->name, method->signature);
       if (id == nullptr) {
          env->ExceptionClear();
+         std::fputs("The core on the CLASSPATH is of another version than this library: "
+                    "use the tovu1516e.jar that came with it.\n",
+                    stderr);
          std::fprintf(stderr, "Cannot locate %s.\n", method->name);
          failAssertion("id != 0", "gen/cpp/RTIambassadorC", __LINE__);
       }

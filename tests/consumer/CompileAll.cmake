@@ -1,4 +1,5 @@
-# Compiles every public header alone, and the federates beside this script, in one dialect:
+# Compiles the federates beside this script in one dialect, and the public headers: in the oldest dialect, whose
+# standard headers include the least, every one alone; in the others all of them together.
 #   cmake -D COMPILER=g++ -D DIALECT=11 -D INCLUDE=include -P CompileAll.cmake
 set(flags -std=c++${DIALECT} -fsyntax-only -I ${INCLUDE}
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
@@ -18,9 +19,14 @@ list(LENGTH headers count)
 if(count EQUAL 0)
   message(FATAL_ERROR "There is no header in ${INCLUDE}/RTI")
 endif()
-foreach(header IN LISTS headers)
-  compile("${header}" -include ${header} -x c++ /dev/null)
-endforeach()
+if(DIALECT EQUAL 11)
+  foreach(header IN LISTS headers)
+    compile("${header}" -include ${header} -x c++ /dev/null)
+  endforeach()
+else()
+  list(TRANSFORM headers PREPEND "-include;" OUTPUT_VARIABLE all)
+  compile("the headers together" ${all} -x c++ /dev/null)
+endif()
 
 set(federates ${CMAKE_CURRENT_LIST_DIR})
 compile("PublishedSpellings.cpp" ${federates}/PublishedSpellings.cpp)

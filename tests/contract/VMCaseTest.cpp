@@ -160,18 +160,22 @@ private:
 TEST_F(VMCaseTest, NoClassPath)
 {
    expectSetupFailure("Cannot locate Tovu core Java classes\nCLASSPATH: (unknown)");
+   EXPECT_TRUE(printedError("\nThe environment variable CLASSPATH is not set.\nSet it before")) << lastError;
 }
 
 TEST_F(VMCaseTest, NoJar)
 {
    environment["CLASSPATH"] = "/nowhere/tovu1516e.jar";
    expectSetupFailure("Cannot locate Tovu core Java classes\nCLASSPATH: /nowhere/tovu1516e.jar");
+   EXPECT_TRUE(printedError("\nThere is no file /nowhere/tovu1516e.jar\nSet it before")) << lastError;
 }
 
 TEST_F(VMCaseTest, JarWithoutTheCore)
 {
    environment["CLASSPATH"] = jar("chained-exceptions");
    expectSetupFailure("Cannot locate Tovu core Java classes\nCLASSPATH: " + environment["CLASSPATH"]);
+   EXPECT_TRUE(printedError("\nNone of these is the jar of a core for this library.\nSet it before"))
+      << lastError;
 }
 
 TEST_F(VMCaseTest, FileThatIsNoJar)
@@ -191,6 +195,7 @@ TEST_F(VMCaseTest, CoreWithoutOneMethod)
 {
    environment["CLASSPATH"] = jar("lacks-retractMRH") + ":" + recordingCore;
    auto const words = lastWordsOf("create");
+   EXPECT_EQ(words.rfind("The core on the CLASSPATH is of another version than this library", 0), 0) << words;
    std::regex const report("Cannot locate retract_MRH\\.\n.*id != 0.*gen/cpp/RTIambassadorC\\b.*\n");
    EXPECT_TRUE(std::regex_search(words, report)) << words;
 }

@@ -169,7 +169,7 @@ TEST_F(VMHostTest, AsksForSixOptionsByDefault)
    EXPECT_EQ(fake.ignoreUnrecognized, JNI_TRUE);
    EXPECT_EQ(caught,
              (Caught{"RTIinternalError", L"Cannot locate Tovu core Java classes\nCLASSPATH: (unknown)"}));
-   EXPECT_EQ(printed, "Cannot locate Tovu core Java classes\nCLASSPATH: (unknown)");
+   EXPECT_EQ(printed.rfind("Cannot locate Tovu core Java classes\nCLASSPATH: (unknown)\n", 0), 0) << printed;
 }
 
 TEST_F(VMHostTest, TakesOptionsFromTheEnvironment)
@@ -350,7 +350,8 @@ TEST_F(VMHostTest, AClassPathIsNoFormat)
    create();
    EXPECT_EQ(fake.options.at(0), "-Djava.class.path=%s%n100%%/\xC3\xA9");
    std::string const start = "Cannot locate Tovu core Java classes\nCLASSPATH: ";
-   EXPECT_EQ(printed, start + "%s%n100%/\xC3\xA9");
+   EXPECT_EQ(printed.rfind(start + "%s%n100%/\xC3\xA9\n", 0), 0) << printed;
+   EXPECT_NE(printed.find("There is no file %s%n100%%/\xC3\xA9\n"), std::string::npos) << printed;
    EXPECT_EQ(caught.text, std::wstring(start.begin(), start.end()) + L"%s%n100%%/\u00c3\u00a9");
 }
 

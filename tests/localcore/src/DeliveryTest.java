@@ -1,3 +1,5 @@
+import java.io.ByteArrayOutputStream;
+import java.io.PrintStream;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.List;
@@ -19,7 +21,34 @@ final class DeliveryTest {
         harness.run("inside a callback", () -> new DeliveryTest().inside());
         harness.run("immediate", () -> new DeliveryTest().immediate());
         harness.run("membership", () -> new DeliveryTest().membership());
+        harness.run("reminder", () -> reminder());
         harness.finish();
+    }
+
+    /** Only who has callbacks waiting and never evoked any is reminded, and that once. */
+    private static void reminder() throws Exception {
+        PrintStream console = System.err;
+        ByteArrayOutputStream printed = new ByteArrayOutputStream();
+        System.setErr(new PrintStream(printed, true));
+        try {
+            DeliveryTest forgetful = new DeliveryTest();
+            forgetful.post("a");
+            forgetful.post("b");
+            DeliveryTest evoking = new DeliveryTest();
+            evoking.post("a");
+            evoking.delivery.evoke(0);
+            evoking.post("b");
+            DeliveryTest disabling = new DeliveryTest();
+            disabling.delivery.setEnabled(false);
+            disabling.post("a");
+            Thread.sleep(1500);
+        } finally {
+            System.setErr(console);
+        }
+        String text = printed.toString();
+        Harness.that(text.startsWith("A federate that is not joined has callbacks waiting and has evoked none for 1 s"),
+                text);
+        Harness.equal(text.lines().count(), 1L);
     }
 
     private void post(String name) {

@@ -34,6 +34,7 @@ final class ObjectTest {
         Harness harness = new Harness();
         harness.run("names", () -> new ObjectTest().names());
         harness.run("discovery", () -> new ObjectTest().discovery());
+        harness.run("other federation", () -> new ObjectTest().otherFederation());
         harness.run("reflection", () -> new ObjectTest().reflection());
         harness.run("renounced", () -> new ObjectTest().renounced());
         harness.run("interactions", () -> new ObjectTest().interactions());
@@ -45,6 +46,18 @@ final class ObjectTest {
         harness.run("scope and update rates", () -> new ObjectTest().scope());
         harness.run("resigning", () -> new ObjectTest().resigning());
         harness.finish();
+    }
+
+    /** An object's handle says nothing in another federation, even if that has as many objects. */
+    private void otherFederation() throws Exception {
+        TestFederate.create(federations, "g", List.of(TestFom.file(TestFom.AIR)), "");
+        TestFederate c = TestFederate.join(federations, "g", "c");
+        a.publish("Vehicle", "colour");
+        c.publish("Vehicle", "colour");
+        int mine = a.register("Vehicle");
+        int others = c.register("Vehicle");
+        a.update(mine, colour);
+        Harness.refuses("ObjectInstanceNotKnown", () -> a.update(others, colour), "in this federation");
     }
 
     private void names() throws Exception {

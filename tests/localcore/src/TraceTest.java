@@ -88,14 +88,15 @@ final class TraceTest {
         printed("[radar] -> updateAttributeValues(HLAobject-" + object + ", {colour: <01 FF>}, tag <>, time 42)");
         Harness.refuses("ObjectInstanceNotKnown", () -> rti.deleteObjectInstance_OIH_BX(message().integers(9, 0).end()));
         printed("[radar] -> deleteObjectInstance(#9, tag <>)", "[radar]    deleteObjectInstance ! ObjectInstanceNotKnown:"
-                + " Federate 'radar' (1) knows no object instance with handle 9; use one that it registered or discovered"
-                + " and that is not deleted");
+                + " Federate 'radar' (1) knows no object instance with handle 9; use one that it"
+                + " registered or discovered in this federation and that is not deleted");
         int x = rti.getDimensionHandle_S(message().text("X").end());
         int region = rti.createRegion_DHS(message().integers(1, x).end());
         PRINTED.reset();
         rti.setRangeBounds_RH_DH_RB(message().integers(region, x).longs(3, 5).end());
         Harness.equal(rti.getRangeBounds_RH_DH(message().integers(region, x).end())[1], 5L);
-        printed("[radar] -> setRangeBounds(region 1, X, [3, 5))", "[radar] -> getRangeBounds(region 1, X)",
+        printed("[radar] -> setRangeBounds(region " + region + ", X, [3, 5))",
+                "[radar] -> getRangeBounds(region " + region + ", X)",
                 "[radar]    getRangeBounds = [3, 5]");
         rti.reserveMultipleObjectInstanceName_S(message().integers(2).text("a").text("b").end());
         rti.queryLogicalTime();

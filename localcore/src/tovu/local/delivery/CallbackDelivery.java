@@ -20,7 +20,7 @@ import tovu.local.trace.Trace;
  * held for a put or a take only; the delivery lock is held while the federate's callback runs, and nothing that the
  * model does ever waits for it.
  */
-public final class CallbackDelivery implements CallbackSink {
+public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiting {
     private static final long AT_ONCE = Long.MIN_VALUE;
     private static final long NEVER = Long.MAX_VALUE;
 
@@ -28,6 +28,7 @@ public final class CallbackDelivery implements CallbackSink {
     private final ReentrantLock delivering = new ReentrantLock();
     private final FederateCallbacks federate;
     private final Supplier<Federate> member;
+    private final EvokeReminder reminder = new EvokeReminder(this);
     private boolean enabled = true;
     private volatile boolean closed; // written under the monitor only
     private volatile boolean immediate;
@@ -60,6 +61,7 @@ public final class CallbackDelivery implements CallbackSink {
         if (!closed) {
             pending.add(callback);
             notifyAll();
+            reminder.posted();
         }
     }
 
@@ -81,6 +83,7 @@ public final class CallbackDelivery implements CallbackSink {
     /** Ends delivery for good: what is pending is dropped, and a delivering thread ends. */
     public synchronized void close() {
         closed = true;
+        reminder.cancel();
         pending.clear();
         notifyAll();
     }
@@ -97,6 +100,7 @@ public final class CallbackDelivery implements CallbackSink {
     /** Starts the thread that delivers whenever there is something to deliver. */
     public void deliverImmediately() {
         immediate = true;
+        reminder.cancel();
         Thread thread = new Thread(() -> {
             for (Callback next = take(NEVER); next != null; next = take(NEVER)) {
                 deliver(next);
@@ -121,6 +125,7 @@ public final class CallbackDelivery implements CallbackSink {
      * @return whether more are pending
      */
     public boolean evoke(double seconds) {
+        reminder.cancel();
         long deadline = deadline(seconds);
         if (!immediate && begin(deadline)) {
             try {
@@ -138,6 +143,7 @@ public final class CallbackDelivery implements CallbackSink {
      * @return whether more are pending
      */
     public boolean evokeMultiple(double minimumSeconds, double maximumSeconds) {
+        reminder.cancel();
         long minimum = deadline(minimumSeconds);
         long maximum = deadline(maximumSeconds);
         if (!immediate && begin(minimum)) {
@@ -196,7 +202,8 @@ public final class CallbackDelivery implements CallbackSink {
     }
 
     /** Whether evoking again would deliver something. */
-    private synchronized boolean isPending() {
+    @Override
+    public synchronized boolean isPending() {
         return enabled && !immediate && !pending.isEmpty();
     }
 
@@ -219,7 +226,8 @@ public final class CallbackDelivery implements CallbackSink {
         }
     }
 
-    private String member() {
+    @Override
+    public String member() {
         Federate current = member.get();
         return current == null ? "A federate that is not joined" : current.toString();
     }

@@ -18,7 +18,6 @@ public final class Objects implements Saved {
     private final HandleMap<ObjectInstance> byHandle = new HandleMap<>();
     private final Map<String, ObjectInstance> byName = new HashMap<>();
     private final Map<ObjectClass, Set<ObjectInstance>> byClass = new HashMap<>();
-    private int lastHandle;
 
     Objects(Federation federation) {
         this.federation = federation;
@@ -26,7 +25,7 @@ public final class Objects implements Saved {
 
     /** @param name null for a name of the federation's choice */
     ObjectInstance add(ObjectClass theClass, String name, Federate producer) {
-        int handle = ++lastHandle;
+        int handle = RuntimeHandles.next();
         String theName = name == null ? ObjectNames.chosenFor(handle) : name;
         ObjectInstance object = new ObjectInstance(handle, theName, theClass, producer);
         byHandle.put(handle, object);
@@ -42,7 +41,7 @@ public final class Objects implements Saved {
 
     private static ObjectInstanceNotKnown notKnown(Federate federate, String what) {
         return new ObjectInstanceNotKnown(federate + " knows no object instance " + what
-                + "; use one that it registered or discovered and that is not deleted");
+                + "; use one that it registered or discovered in this federation and that is not deleted");
     }
 
     Knowledge known(Federate federate, int handle) throws ObjectInstanceNotKnown {

@@ -37,7 +37,6 @@ public final class RegionManagement implements Saved {
 
     private final Federation federation;
     private final Map<Integer, Region> regions = new HashMap<>();
-    private int lastHandle;
 
     RegionManagement(Federation federation) {
         this.federation = federation;
@@ -57,7 +56,7 @@ public final class RegionManagement implements Saved {
             throw new InvalidDimensionHandle(
                     "A region needs at least one dimension; give the handles of its dimensions");
         }
-        Region region = new Region(++lastHandle, federate, chosen);
+        Region region = new Region(RuntimeHandles.next(), federate, chosen);
         regions.put(region.handle, region);
         return region.handle;
     }
@@ -65,7 +64,8 @@ public final class RegionManagement implements Saved {
     private Region region(int handle) throws InvalidRegion {
         Region region = regions.get(handle);
         if (region == null) {
-            throw new InvalidRegion("There is no region with handle " + handle + "; create it, or use one not deleted");
+            throw new InvalidRegion("This federation has no region with handle " + handle
+                    + "; create it, or use one not deleted");
         }
         return region;
     }

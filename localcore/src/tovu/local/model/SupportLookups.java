@@ -35,7 +35,8 @@ public final class SupportLookups {
 
     private static <T> T named(T found, String what, String name) throws NameNotFound {
         if (found == null) {
-            throw new NameNotFound("The federation's FOM modules define no " + what + " '" + name + "'");
+            throw new NameNotFound("The federation's FOM modules define no " + what + " '" + name
+                    + "'; check its spelling and the modules that the federation was created with");
         }
         return found;
     }

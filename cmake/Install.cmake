@@ -1,0 +1,29 @@
+# What is installed, where, and how others find it. Each piece is of the component that it is packaged with.
+include(CMakePackageConfigHelpers)
+
+set(jar_dir share/rti1516e)
+set(config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/rti1516e)
+
+install(TARGETS rti1516e fedtime1516e EXPORT rti1516e
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development)
+get_target_property(core_jar localcore JAR_FILE)
+install(FILES ${core_jar} DESTINATION ${jar_dir} COMPONENT localcore)
+install(DIRECTORY include/RTI DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+
+# find_package(rti1516e): the targets rti1516e::rti1516e and rti1516e::fedtime1516e.
+install(EXPORT rti1516e NAMESPACE rti1516e:: FILE rti1516eTargets.cmake
+  DESTINATION ${config_dir} COMPONENT development)
+configure_package_config_file(cmake/rti1516eConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/rti1516eConfig.cmake
+  INSTALL_DESTINATION ${config_dir}
+  PATH_VARS jar_dir)
+write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/rti1516eConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES
+  ${CMAKE_CURRENT_BINARY_DIR}/rti1516eConfig.cmake
+  ${CMAKE_CURRENT_BINARY_DIR}/rti1516eConfigVersion.cmake
+  DESTINATION ${config_dir} COMPONENT development)
+
+# pkg-config rti1516e. It works out the prefix from where the file stands, so that the tree can be moved.
+configure_file(cmake/rti1516e.pc.in ${CMAKE_CURRENT_BINARY_DIR}/rti1516e.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/rti1516e.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

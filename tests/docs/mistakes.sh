@@ -1,0 +1,84 @@
+#!/usr/bin/env bash
+# Makes common mistakes and looks up what is printed in the page that is to help: each line must stand there.
+# mistakes.sh PAGE.md PREFIX FOM-MODULE CONTRACT-JARS
+set -euo pipefail
+page=$(realpath "$1") prefix=$2 fom_module=$3 contract_jars=$4
+here=$(cd "$(dirname "$0")" && pwd)
+scratch=$(realpath "$(mktemp -d)")
+trap 'rm -rf "$scratch"' EXIT
+cd "$scratch"
+unset LD_LIBRARY_PATH
+flags=(-std=c++17 "-I$prefix/include" "$here/mistakes.cpp" -lrti1516e -lfedtime1516e)
+c++ "${flags[@]}" "-L$prefix/lib" -o without_rpath
+c++ "${flags[@]}" "-L$prefix/lib" "-Wl,-rpath,$prefix/lib" -o mistakes
+jar=$prefix/share/rti1516e/tovu1516e.jar
+failures=0
+
+# The page is written for one place of installation, one folder to work in, and the usual patience.
+as_on_page() {
+  sed -e "s|$prefix/|/opt/rti1516e/|g" -e "s|$scratch/lib/|/opt/rti1516e/lib/|g" -e "s|$scratch|/home/you/room|g" \
+    -e 's|evoked none for 1 s|evoked none for 10 s|' -e 's|^\./[a-z_]*: ||' -e 's|^/usr/bin/ld: ||'
+}
+
+mistake() { # what to run; it prints something, and each line of it is on the page
+  local lines
+  lines=$("$@" 2>&1 | as_on_page)
+  if [ -z "$lines" ]; then
+    echo "Nothing is said about: $*" >&2
+    failures=$((failures + 1))
+  fi
+  while IFS= read -r line; do
+    if ! grep -qxF -e "$line" "$page"; then
+      printf 'Not on the page, but printed by %s:\n   %s\n' "$*" "$line" >&2
+      failures=$((failures + 1))
+    fi
+  done <<<"$lines"
+}
+
+run() { # CLASSPATH, MISTAKE: the program with this mistake; how it ends is no matter
+  CLASSPATH=$1 TOVU1516_OPTION1=-Dtovu.local.evokeReminder=1 ./mistakes "$2" "$fom_module" || true
+}
+
+told_once() { # a failed setup is printed and thrown; the federate prints what is thrown
+  "$@" 2>&1 | awk '!seen[$0]++'
+}
+
+without_class_path() { env -u CLASSPATH ./mistakes none "$fom_module" || true; }
+with_bad_option() { CLASSPATH=$jar TOVU1516_OPTION1=-Xmx1 ./mistakes none "$fom_module" || true; }
+with_two_versions() {
+  { CLASSPATH=$contract_jars/lacks-retractMRH.jar:$contract_jars/recording-core.jar ./mistakes none "$fom_module" || true; } 2>&1 |
+    grep -v Aborted
+}
+without_java() { LD_LIBRARY_PATH=$scratch/lib ./without_rpath none "$fom_module" || true; }
+linked_without_java() {
+  { c++ "${flags[@]}" -L"$scratch/lib" -o nothing || true; } 2>&1 | grep -v 'collect2\|GetCreated' | sed 's|.*undefined|undefined|'
+}
+
+mistake told_once without_class_path
+mistake told_once run "$prefix/tovu1516e.jar" none
+cp "$contract_jars/chained-exceptions.jar" other.jar
+mistake told_once run other.jar none
+mistake with_two_versions
+mistake with_bad_option
+mistake ./without_rpath none "$fom_module" || true
+for mistake in "not connected" "not joined" "wrong FOM" "wrong name" "no such federation" "not published" \
+  "another federation's handle" "resigns as owner" "never evokes" "throws in a callback"; do
+  mistake run "$jar" "$mistake"
+done
+
+# A library whose Java runtime is gone.
+mkdir lib
+cp -a "$prefix"/lib/lib*.so* lib
+cat >forget.cmake <<'END'
+file(READ_ELF ${library} RUNPATH runpath)
+string(REPLACE ";" ":" runpath "${runpath}")
+file(RPATH_CHANGE FILE ${library} OLD_RPATH "${runpath}" NEW_RPATH "$ORIGIN")
+END
+cmake -D library="$(realpath lib/librti1516e.so)" -P forget.cmake >/dev/null 2>&1
+mistake without_java
+mistake linked_without_java
+
+if [ "$failures" -ne 0 ]; then
+  exit 1
+fi
+echo "Every message is on the page"

@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# Compares what the libraries export with the lists beside this script: names are an ABI that federates are linked
+# with, so that each that comes or goes has to be meant.
+#
+#   compare.sh librti1516e.so libfedtime1516e.so          fails, and tells the differences
+#   compare.sh librti1516e.so libfedtime1516e.so --update writes interface.txt anew
+set -euo pipefail
+export LC_ALL=C
+here=$(cd "$(dirname "$0")" && pwd)
+
+exported() {
+  nm --dynamic --demangle --defined-only "$1" |
+    sed -E -e 's/^[0-9a-f]+ . //' -e 's/std::__cxx11::basic_string<wchar_t, std::char_traits<wchar_t>, std::allocator<wchar_t> >/std::wstring/g' |
+    sort -u
+}
+
+# The exception classes are all alike.
+exceptions() {
+  while read -r name; do
+    cat <<END
+rti1516e::$name::$name(rti1516e::$name const&)
+rti1516e::$name::$name(rti1516e::$name&&)
+rti1516e::$name::$name(std::wstring const&)
+rti1516e::$name::operator=(rti1516e::$name const&)
+rti1516e::$name::operator=(rti1516e::$name&&)
+rti1516e::$name::what[abi:cxx11]() const
+rti1516e::$name::~$name()
+typeinfo for rti1516e::$name
+typeinfo name for rti1516e::$name
+vtable for rti1516e::$name
+END
+  done <"$here/exceptions.txt"
+}
+
+natives() {
+  sed 's/.*/Java_morva_tovu1516e_FederateAmbassadorC2007_&(JNIEnv_*, _jobject*, _jbyteArray*)/' \
+    "$here/../contract/natives.txt"
+}
+
+if [ "${3:-}" = --update ]; then
+  { exported "$1"; exported "$2"; } | sort -u | comm -23 - <({ exceptions; natives; } | sort) >"$here/interface.txt"
+fi
+if ! diff <({ exceptions; natives; cat "$here/interface.txt"; } | sort) <({ exported "$1"; exported "$2"; } | sort); then
+  echo "Names with < are no longer exported, names with > are new." >&2
+  exit 1
+fi
