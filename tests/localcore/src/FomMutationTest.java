@@ -2,6 +2,7 @@ import hla.rti1516e.exceptions.ErrorReadingFDD;
 import hla.rti1516e.exceptions.ErrorReadingMIM;
 import hla.rti1516e.exceptions.InconsistentFDD;
 import java.io.IOException;
+import java.lang.management.ManagementFactory;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
@@ -74,19 +75,24 @@ public final class FomMutationTest {
         for (int round = 0; round < rounds; ++round) {
             Files.write(file, mutant());
             Files.write(second, mutant());
-            long start = System.nanoTime();
+            long start = processorTime();
             try {
                 tryModules();
                 tryMim();
             } catch (Exception | StackOverflowError | AssertionError e) {
                 throw new AssertionError("round " + round + ", with " + file + " and " + second, e);
             }
-            Harness.that(System.nanoTime() - start < LONGEST_NANOSECONDS, "round " + round + " took too long");
+            Harness.that(processorTime() - start < LONGEST_NANOSECONDS, "round " + round + " took too long");
         }
         System.out.println(consistent + " consistent, " + refused + " refused");
         Harness.that(consistent > rounds / 50 && refused > rounds / 50, "the mutations hit nothing or everything");
         Files.delete(file);
         Files.delete(second);
+    }
+
+    /** Of this thread, so that a busy machine is not taken for a reader that loops. */
+    private static long processorTime() {
+        return ManagementFactory.getThreadMXBean().getCurrentThreadCpuTime();
     }
 
     // Mutations, of bytes or of tags and what stands between them

@@ -125,6 +125,8 @@ final class FomTest {
             Harness.refuses("InconsistentFDD", () -> model(air, module), module, "line", row[1]);
         }
         model(air, air);
+        String below = TestFom.module(String.format(VEHICLE, "<objectClass><name>Car</name>" + colour + "</objectClass>"));
+        Harness.refuses("InconsistentFDD", () -> model(below, air), air, "below", "colour");
         String silent = TestFom.module(String.format(REPORT, "<dimensions></dimensions>"));
         model(air, silent);
         model(silent, air, silent);

@@ -96,6 +96,11 @@ public abstract class ClassNode<C extends ClassNode<C, M>, M> {
         all.addAll(ownByName.values());
     }
 
+    /** Whether a subclass, which an earlier module may have brought, declares a member of that name. */
+    final boolean isDeclaredBelow(String memberName) {
+        return subtree().stream().anyMatch(each -> each.own().containsKey(memberName));
+    }
+
     /** This class and all below it. */
     public final List<C> subtree() {
         List<C> all = new ArrayList<>();

@@ -220,8 +220,8 @@ final class Merger {
 
     private void addAttribute(ObjectClass theClass, FomElement row) throws InconsistentFDD {
         String name = name(row);
-        if (theClass.member(name) != null) {
-            throw inconsistent(row, "class '" + theClass.name() + "' has or inherits another attribute '" + name
+        if (theClass.member(name) != null || theClass.isDeclaredBelow(name)) {
+            throw inconsistent(row, "class '" + theClass.name() + "', or a class above or below it, has another attribute '" + name
                     + "'; rename one of them");
         }
         Attribute attribute = readAttribute(row, model.attributes.size() + 1, name);
@@ -331,8 +331,8 @@ final class Merger {
 
     private void addParameter(InteractionClass theClass, FomElement row) throws InconsistentFDD {
         String name = name(row);
-        if (theClass.member(name) != null) {
-            throw inconsistent(row, "class '" + theClass.name() + "' has or inherits another parameter '" + name
+        if (theClass.member(name) != null || theClass.isDeclaredBelow(name)) {
+            throw inconsistent(row, "class '" + theClass.name() + "', or a class above or below it, has another parameter '" + name
                     + "'; rename one of them");
         }
         Parameter parameter = new Parameter(model.parameters.size() + 1, name);
