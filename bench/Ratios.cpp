@@ -63,7 +63,7 @@ int Medians::judge(std::vector<Claim> const& claims) const
 
 int run(int argc, char** argv, std::vector<Claim> const& claims)
 {
-   std::string own[] = {"--benchmark_repetitions=15", "--benchmark_min_time=0.02",
+   std::string own[] = {"--benchmark_repetitions=75", "--benchmark_min_time=0.005",
                         "--benchmark_enable_random_interleaving=true",
                         "--benchmark_report_aggregates_only=true"};
    std::vector<char*> arguments{argv[0]};
