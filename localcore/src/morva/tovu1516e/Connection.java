@@ -11,6 +11,9 @@ import tovu.local.model.Session;
 
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
 final class Connection {
+    private static final long FIRST_SUSPICION_MILLISECONDS = 100;
+    private static final long LAST_SUSPICION_MILLISECONDS = 3200;
+
     final Session session = new Session(Federations.ofProcess());
     private volatile CallbackDelivery delivery;
 
@@ -29,7 +32,7 @@ final class Connection {
         try {
             session.disconnect();
         } catch (FederateIsExecutionMember e) {
-            suspectDestruction();
+            suspectDestruction(FIRST_SUSPICION_MILLISECONDS);
             throw e;
         }
         CallbackDelivery ended = endDelivery();
@@ -40,10 +43,16 @@ final class Connection {
 
     /**
      * An ambassador that is destroyed while it is joined disconnects in vain and is dropped by the library right after.
-     * Only the garbage collector sees that, and the federation should not have to wait for it to come round.
+     * Only the garbage collector sees that, and the federation should not have to wait for it to come round. On a busy
+     * machine "right after" may be late, so that one look is not enough.
      */
-    private static void suspectDestruction() {
-        CompletableFuture.delayedExecutor(100, TimeUnit.MILLISECONDS).execute(System::gc);
+    private void suspectDestruction(long milliseconds) {
+        CompletableFuture.delayedExecutor(milliseconds, TimeUnit.MILLISECONDS).execute(() -> {
+            System.gc();
+            if (session.federate() != null && milliseconds < LAST_SUSPICION_MILLISECONDS) {
+                suspectDestruction(2 * milliseconds);
+            }
+        });
     }
 
     /** @return what delivered until now, or null */
