@@ -243,6 +243,7 @@ public final class Federation {
             String chosen = federateName == null ? unusedName(federateType, handle) : federateName;
             Federate federate = new Federate(this, handle, chosen, federateType, session, sink);
             state.members.put(handle, federate);
+            session.become(federate);
             state.synchronizationPoints.joined(federate);
             return federate;
         }
