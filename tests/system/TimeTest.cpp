@@ -515,6 +515,7 @@ TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
    expect(alpha, {granted(30)});
    expect(beta, {"removeObjectInstance(car, , RO, by alpha)", granted(30)}); // and so no more of the car
    alpha->disableTimeRegulation();
+   beta->requestFederationSave(L"evening", time(40));
 
    alpha->requestFederationRestore(L"noon");
    alpha.callbacks(3);
@@ -527,10 +528,10 @@ TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
    EXPECT_EQ(lookahead(alpha), "1");
    EXPECT_TRUE(alpha->isAttributeOwnedByFederate(object, position));
    EXPECT_EQ(beta->getKnownObjectClassHandle(object), car);
-   alpha->timeAdvanceRequest(time(20));
-   beta->timeAdvanceRequest(time(20));
-   expect(alpha, {granted(20)});
-   expect(beta, {reflected("kept", 15), granted(20)});
+   alpha->timeAdvanceRequest(time(50)); // past the time of the save, which is off
+   beta->timeAdvanceRequest(time(50));
+   expect(alpha, {granted(50)});
+   expect(beta, {reflected("kept", 15), granted(50)});
 }
 
 } // namespace

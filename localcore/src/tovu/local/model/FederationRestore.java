@@ -101,8 +101,9 @@ public final class FederationRestore {
         }
     }
 
-    /** What is still on its way belongs to the state that ends here, and is dropped with it. */
+    /** What is still on its way or due belongs to the state that ends here, and is dropped with it. */
     private void replaceState() {
+        federation.save().forgetDue();
         FederationState restored = saves.get(label).snapshot.copy();
         successors.forEach((federate, successor) -> {
             federate.dropCallbacks();

@@ -40,7 +40,6 @@ public final class FederationSave {
 
     /** Saves as soon as can be. */
     public void request(String theLabel) {
-        dueLabel = null;
         begin(theLabel, null);
     }
 
@@ -63,11 +62,17 @@ public final class FederationSave {
                         + each + " has passed that already");
             }
         }
+        forgetDue();
         dueLabel = theLabel;
         dueTime = time;
-        reached.clear();
         federation.time().evaluate();
         beginIfDue();
+    }
+
+    /** A save that waits for its time is not wanted any more. */
+    void forgetDue() {
+        dueLabel = null;
+        reached.clear();
     }
 
     /** Whether a federate may not be granted that time before the save that is due. */
@@ -88,13 +93,12 @@ public final class FederationSave {
     void beginIfDue() {
         if (dueLabel != null && federation.members().stream().allMatch(each -> !each.time.isConstrained()
                 || reached.contains(each) || each.time.reached() >= dueTime)) {
-            String theLabel = dueLabel;
-            dueLabel = null;
-            begin(theLabel, new LogicalTime(federation.timeFamily(), dueTime));
+            begin(dueLabel, new LogicalTime(federation.timeFamily(), dueTime));
         }
     }
 
     private void begin(String theLabel, LogicalTime time) {
+        forgetDue();
         label = theLabel;
         failed = false;
         for (Federate each : federation.members()) {
