@@ -93,6 +93,7 @@ final class FederationTest {
     }
 
     private void saveBegun(TestFederate federate) throws Exception {
+        federate.told();
         federate.session.call((federation, me) -> {
             federation.save().begun(me);
             return null;
@@ -133,7 +134,7 @@ final class FederationTest {
             federation.save().queryStatus(me);
             return null;
         });
-        Harness.that(a.told().get(1).contains("status=SAVING") , "the status tells who is saving");
+        Harness.that(a.told().get(0).contains("status=SAVING") , "the status tells who is saving");
         saveComplete(a, true);
         saveBegun(b);
         saveComplete(b, true);
@@ -173,7 +174,7 @@ final class FederationTest {
         save("s");
         a.act((federation, me) -> federation.time().advance(me, AdvanceKind.TIME_ADVANCE, 8));
         a.told();
-        Harness.that(b.told().get(2).startsWith("reflectAttributeValues"), "the message came");
+        Harness.that(b.told().get(1).startsWith("reflectAttributeValues"), "the message came");
         b.unsubscribe("Vehicle", "position");
         a.act((federation, me) -> federation.objectManagement().delete(me, object, TAG, Timing.NONE));
         a.act((federation, me) -> federation.names().release(me, Set.of("kept")));

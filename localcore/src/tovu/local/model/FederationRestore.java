@@ -110,7 +110,6 @@ public final class FederationRestore {
             restored.members.get(successor.handle).replace(federate);
         });
         federation.restore(restored);
-        restored.time.resume();
     }
 
     public void abort() throws RestoreNotInProgress {

@@ -17,6 +17,7 @@ import java.util.Set;
 public final class FederationSave {
     private final Federation federation;
     private final Map<Federate, SaveStatus> statuses = new HashMap<>(); // empty while no save is in progress
+    private Set<Federate> instructed = Set.of(); // those that have been told to save
     private String label;
     private boolean failed;
     private final Set<Federate> reached = new HashSet<>();
@@ -101,16 +102,19 @@ public final class FederationSave {
         forgetDue();
         label = theLabel;
         failed = false;
+        Set<Federate> told = new HashSet<>();
+        instructed = told;
         for (Federate each : federation.members()) {
             statuses.put(each, SaveStatus.INSTRUCTED_TO_SAVE);
-            each.post(to -> to.initiateFederateSave(theLabel, time));
+            each.postChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, time));
         }
     }
 
+    /** Who has been instructed has been told all that came before, so that a save leaves out no callback. */
     public void begun(Federate federate) throws SaveNotInitiated, RestoreInProgress {
         federation.restore().requireNotInProgress();
-        if (statuses.get(federate) != SaveStatus.INSTRUCTED_TO_SAVE) {
-            throw new SaveNotInitiated(federate + " is not instructed to save, or has begun already");
+        if (statuses.get(federate) != SaveStatus.INSTRUCTED_TO_SAVE || !instructed.contains(federate)) {
+            throw new SaveNotInitiated(federate + " is not instructed to save yet, or has begun already");
         }
         statuses.put(federate, SaveStatus.SAVING);
     }

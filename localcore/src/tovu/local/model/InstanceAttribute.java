@@ -37,7 +37,7 @@ final class InstanceAttribute implements Saved {
     Divestiture divestiture = Divestiture.NONE;
     /** Whether it is up for anyone who may own it: it had an owner who left it. */
     boolean abandoned;
-    transient boolean transportationChanging; // the confirmation is not kept by a save
+    boolean transportationChanging;
     /** The update rate at which the owner was told to update, or null when it was told not to, or nothing. */
     String updatesOn;
 

@@ -20,7 +20,7 @@ final class Publications implements Saved {
     static final class Sending implements Saved {
         Transportation transportation;
         OrderType order;
-        transient boolean transportationChanging; // the confirmation is not kept by a save
+        boolean transportationChanging;
 
         Sending(InteractionClass theClass) {
             transportation = theClass.transportation();
