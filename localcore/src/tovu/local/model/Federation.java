@@ -13,7 +13,6 @@ import hla.rti1516e.exceptions.RestoreInProgress;
 import hla.rti1516e.exceptions.SaveInProgress;
 import java.util.Collection;
 import java.util.List;
-import java.util.Map;
 import java.util.Set;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;

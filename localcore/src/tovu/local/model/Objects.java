@@ -120,7 +120,7 @@ public final class Objects implements Saved {
         object.mayReturn = false;
         object.becomeKnown(deletion.deleter(), deletion.knownClass());
         federation.ownership().giveBack(deletion);
-        federation.visibility().regionsChanged(Set.of(object));
+        federation.visibility().objectChanged(object);
     }
 
     /** From here on a deletion is for good. */

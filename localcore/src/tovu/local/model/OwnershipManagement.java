@@ -66,7 +66,7 @@ public final class OwnershipManagement {
             }
         }
         notices.post();
-        federation.visibility().ownershipChanged(object);
+        federation.visibility().objectChanged(object);
     }
 
     /** Gives an attribute to its first candidate, with the tag of the divestiture that this completes. */
@@ -154,7 +154,7 @@ public final class OwnershipManagement {
             handOver(each, tag, notices);
         }
         notices.post();
-        federation.visibility().ownershipChanged(knowledge.object);
+        federation.visibility().objectChanged(knowledge.object);
     }
 
     private static List<InstanceAttribute> ownedAndDivesting(Knowledge knowledge, int[] attributes)
@@ -241,7 +241,7 @@ public final class OwnershipManagement {
             }
         }
         notices.post();
-        federation.visibility().ownershipChanged(knowledge.object);
+        federation.visibility().objectChanged(knowledge.object);
     }
 
     /** The owner keeps the attributes; those who want them go on waiting until it lets go, or they do. */

@@ -1,6 +1,5 @@
 package tovu.local.model;
 
-import java.util.Collection;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
@@ -33,12 +32,8 @@ final class Visibility {
         }
     }
 
-    /** Objects may have come into sight, because of where their updates are sent or because they are there again. */
-    void regionsChanged(Collection<ObjectInstance> objects) {
-        objects.forEach(this::ownershipChanged);
-    }
-
-    void ownershipChanged(ObjectInstance object) {
+    /** Its owners have changed, or where they send their updates, or it is there again: who sees what may differ. */
+    void objectChanged(ObjectInstance object) {
         discover(object);
         for (Knowledge each : object.knowers()) {
             refreshScope(each);
@@ -103,7 +98,8 @@ final class Visibility {
                     wanted.add(attribute.owner(), attribute);
                 }
             }
-            wanted.post(object, (to, attributes, tag) -> to.provideAttributeValueUpdate(object.handle, attributes, tag));
+            wanted.post(object,
+                    (to, attributes, tag) -> to.provideAttributeValueUpdate(object.handle, attributes, tag));
         }
     }
 
