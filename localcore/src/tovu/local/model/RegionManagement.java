@@ -233,7 +233,7 @@ public final class RegionManagement implements Saved {
         ObjectClass theClass = federation.lookup().objectClass(classHandle);
         Map<Integer, Set<Region>> where = inContext(theClass, byAttribute(federate, theClass, pairs));
         where.values().removeIf(Set::isEmpty);
-        federation.declarations().subscribe(federate, theClass, where, active, updateRate);
+        federation.declarations().subscribe(federate, theClass, where, new Interest.Terms(active, updateRate));
     }
 
     public void unsubscribe(Federate federate, int classHandle, List<Pair> pairs) throws RTIexception {

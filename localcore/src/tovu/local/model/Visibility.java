@@ -157,22 +157,13 @@ final class Visibility {
     private String wantedRate(ObjectInstance object, InstanceAttribute attribute) {
         String wanted = null;
         for (Knowledge each : object.knowers()) {
-            Interest interest = each.isInScope(attribute) ? each.interest(attribute.handle()) : null;
-            if (interest != null && interest.isActive()) {
-                wanted = higher(wanted, interest.updateRate());
+            if (each.isInScope(attribute)) {
+                for (Interest.Terms terms : each.terms(attribute)) {
+                    wanted = terms.active() ? federation.lookup().higherRate(wanted, terms.updateRate()) : wanted;
+                }
             }
         }
         return wanted;
-    }
-
-    private String higher(String one, String other) {
-        if (one == null || other.isEmpty()) {
-            return other;
-        }
-        if (one.isEmpty()) {
-            return one;
-        }
-        return federation.objectModel().updateRate(other) > federation.objectModel().updateRate(one) ? other : one;
     }
 
     /** A switch that is put on begins with telling what is so now. */
