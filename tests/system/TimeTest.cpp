@@ -466,6 +466,12 @@ TEST_P(TimeManagement, TakesMessagesBack)
    alpha->retract(third); // which beta has received
    expectEach({&beta, &gamma}, {"requestRetraction(third)"});
    EXPECT_EQ(refusal([&] { beta->retract(third); }), "TimeRegulationIsNotEnabled");
+
+   MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(20));
+   alpha->unpublishObjectClass(car);
+   alpha->retract(deletion);
+   EXPECT_EQ(alpha->getKnownObjectClassHandle(object), car);
+   EXPECT_FALSE(alpha->isAttributeOwnedByFederate(object, position)); // which it does not publish any more
 }
 
 TEST_P(TimeManagement, SavesAtATime)

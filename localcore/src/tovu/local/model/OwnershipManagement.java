@@ -306,13 +306,20 @@ public final class OwnershipManagement {
         for (ObjectInstance object : List.copyOf(federate.knownObjects)) {
             Knowledge knowledge = object.knowledgeOf(federate);
             if (knowledge.knownClass == theClass) {
-                release(object, object.attributes(each ->
-                        each.owner() == federate && !knowledge.publishes(each.definition)));
+                releaseUnpublished(knowledge);
             }
         }
     }
 
-    /** Gives a deleter its own again. Who asked for it in between has to ask the deleter. */
+    private void releaseUnpublished(Knowledge knowledge) {
+        release(knowledge.object, knowledge.object.attributes(each ->
+                each.owner() == knowledge.federate && !knowledge.publishes(each.definition)));
+    }
+
+    /**
+     * Gives a deleter its own again, as far as it still publishes that. Who asked for it in between has to ask the
+     * deleter.
+     */
     void giveBack(Deletion deletion) {
         OwnershipNotices notices = new OwnershipNotices(deletion.object());
         for (InstanceAttribute each : deletion.owned()) {
@@ -320,6 +327,7 @@ public final class OwnershipManagement {
             keep(each, notices);
         }
         notices.post();
+        releaseUnpublished(deletion.object().knowledgeOf(deletion.deleter()));
     }
 
     boolean isAcquiring(Federate federate, ObjectInstance object) {
