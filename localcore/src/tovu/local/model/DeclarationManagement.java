@@ -52,17 +52,18 @@ public final class DeclarationManagement implements Saved {
 
     private void unpublish(Federate federate, ObjectClass theClass, Set<Integer> attributes)
             throws OwnershipAcquisitionPending {
+        Set<Integer> gone = federate.publications.goneWith(theClass, attributes);
         for (ObjectInstance object : federate.knownObjects) {
             if (object.knowledgeOf(federate).knownClass == theClass) {
                 for (InstanceAttribute each : object.attributes()) {
-                    if (attributes.contains(each.handle()) && each.candidate(federate) != null) {
+                    if (gone.contains(each.handle()) && each.candidate(federate) != null) {
                         throw new OwnershipAcquisitionPending(federate + " wants to own attribute '"
                                 + each.definition.name() + "' of " + object + "; cancel the acquisition first");
                     }
                 }
             }
         }
-        federate.publications.remove(theClass, attributes);
+        federate.publications.remove(theClass, gone);
         federation.ownership().unpublished(federate, theClass);
         federation.relevance().publicationChanged(federate, theClass);
     }
