@@ -467,6 +467,10 @@ TEST_P(TimeManagement, TakesMessagesBack)
    expectEach({&beta, &gamma}, {"requestRetraction(third)"});
    EXPECT_EQ(refusal([&] { beta->retract(third); }), "TimeRegulationIsNotEnabled");
 
+   RegionHandle const where = region(alpha, "where", {{lane, RangeBounds(0, 1)}});
+   alpha->associateRegionsForUpdates(object, {{{position}, {where}}});
+   alpha->retract(alpha->deleteObjectInstance(object, bytes(""), time(20)));
+   EXPECT_EQ(refusal([&] { alpha->deleteRegion(where); }), "RegionInUseForUpdateOrSubscription");
    MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(20));
    alpha->unpublishObjectClass(car);
    alpha->retract(deletion);

@@ -139,7 +139,8 @@ public final class ObjectManagement {
         ObjectInstance object = own.object;
         Federate federate = own.federate;
         dispatch.deletes(new Deletion(object, federate, own.knownClass,
-                object.attributes(each -> each.owner() == federate)));
+                object.attributes(each -> each.owner() == federate).stream()
+                        .map(InstanceAttribute::possession).toList()));
         object.deleted = true;
         int producer = federation.supplement(federate, Set.of()).producer();
         List<Knowledge> others = new ArrayList<>(object.knowers());

@@ -322,9 +322,9 @@ public final class OwnershipManagement {
      */
     void giveBack(Deletion deletion) {
         OwnershipNotices notices = new OwnershipNotices(deletion.object());
-        for (InstanceAttribute each : deletion.owned()) {
-            each.giveTo(deletion.deleter());
-            keep(each, notices);
+        for (InstanceAttribute.Possession each : deletion.owned()) {
+            each.attribute().giveBack(deletion.deleter(), each);
+            keep(each.attribute(), notices);
         }
         notices.post();
         releaseUnpublished(deletion.object().knowledgeOf(deletion.deleter()));

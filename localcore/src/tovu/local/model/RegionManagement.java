@@ -60,6 +60,10 @@ public final class RegionManagement implements Saved {
         return region.handle;
     }
 
+    boolean has(Region region) {
+        return regions.get(region.handle) == region;
+    }
+
     private Region region(int handle) throws InvalidRegion {
         Region region = regions.get(handle);
         if (region == null) {
