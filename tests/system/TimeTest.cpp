@@ -507,17 +507,21 @@ TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
       regulate(*federate, 1);
       constrain(*federate);
    }
+   Federate& gamma = joined("gamma"); // is sent the same messages
+   gamma->subscribeObjectClassAttributes(car, ofVehicle);
+   expect(gamma, {"discoverObjectInstance(car, Car, car, alpha)"});
+   constrain(gamma);
    alpha->timeAdvanceRequest(time(10));
    beta->timeAdvanceRequest(time(10));
    expectEach({&alpha, &beta}, {granted(10)});
    update("kept", 15);
    beta->requestFederationSave(L"noon");
-   expectEach({&alpha, &beta}, {"initiateFederateSave(noon)"});
-   for (Federate* const federate : {&alpha, &beta}) {
+   expectEach({&alpha, &beta, &gamma}, {"initiateFederateSave(noon)"});
+   for (Federate* const federate : {&alpha, &beta, &gamma}) {
       (*federate)->federateSaveBegun();
       (*federate)->federateSaveComplete();
    }
-   expectEach({&alpha, &beta}, {"federationSaved()"});
+   expectEach({&alpha, &beta, &gamma}, {"federationSaved()"});
 
    alpha->deleteObjectInstance(object, bytes(""));
    alpha->timeAdvanceRequest(time(30));
@@ -530,9 +534,11 @@ TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
    alpha->requestFederationRestore(L"noon");
    alpha.callbacks(3);
    beta.callbacks(2);
-   alpha->federateRestoreComplete();
-   beta->federateRestoreComplete();
-   expectEach({&alpha, &beta}, {"federationRestored()"});
+   gamma.callbacks(2);
+   for (Federate* const federate : {&alpha, &beta, &gamma}) {
+      (*federate)->federateRestoreComplete();
+   }
+   expectEach({&alpha, &beta, &gamma}, {"federationRestored()"});
    EXPECT_EQ(now(alpha), "10");
    EXPECT_EQ(now(beta), "10");
    EXPECT_EQ(lookahead(alpha), "1");
@@ -540,8 +546,9 @@ TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
    EXPECT_EQ(beta->getKnownObjectClassHandle(object), car);
    alpha->timeAdvanceRequest(time(50)); // past the time of the save, which is off
    beta->timeAdvanceRequest(time(50));
+   gamma->timeAdvanceRequest(time(50));
    expect(alpha, {granted(50)});
-   expect(beta, {reflected("kept", 15), granted(50)});
+   expectEach({&beta, &gamma}, {reflected("kept", 15), granted(50)});
 }
 
 } // namespace
