@@ -95,7 +95,12 @@ public final class FederationRestore {
             if (failed) {
                 fail(RestoreFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
-                replaceState();
+                try {
+                    replaceState();
+                } catch (IllegalStateException e) {
+                    fail(RestoreFailureReason.RTI_UNABLE_TO_RESTORE);
+                    throw e;
+                }
                 end(FederateCallbacks::federationRestored);
             }
         }
@@ -103,8 +108,8 @@ public final class FederationRestore {
 
     /** What is still on its way or due belongs to the state that ends here, and is dropped with it. */
     private void replaceState() {
-        federation.save().forgetDue();
         FederationState restored = saves.get(label).snapshot.copy();
+        federation.save().forgetDue();
         successors.forEach((federate, successor) -> {
             federate.dropCallbacks();
             restored.members.get(successor.handle).replace(federate);

@@ -131,7 +131,12 @@ public final class FederationSave {
             if (failed) {
                 fail(SaveFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
-                federation.restore().keep(label);
+                try {
+                    federation.restore().keep(label);
+                } catch (IllegalStateException e) {
+                    fail(SaveFailureReason.RTI_UNABLE_TO_SAVE);
+                    throw e;
+                }
                 end(FederateCallbacks::federationSaved);
             }
         }
