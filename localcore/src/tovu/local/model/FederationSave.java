@@ -86,7 +86,10 @@ public final class FederationSave {
         return dueLabel == null ? time : Math.min(time, dueTime);
     }
 
-    /** The federate could go on past the time of the save, were it not for the save. */
+    /**
+     * All that could come to the federate before the time of the save has come, and it wants to go on. How far others
+     * let it must not count: they may be waiting for the save themselves.
+     */
     void reached(Federate federate) {
         reached.add(federate);
     }

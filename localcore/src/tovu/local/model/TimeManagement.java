@@ -293,7 +293,7 @@ public final class TimeManagement implements Saved {
                 long until = Math.min(federation.save().limit(target), galt - 1);
                 own.deliveredUntil(federate.inbox.deliverUntil(until, Long.MIN_VALUE));
             }
-            if (due) {
+            if (held && federation.save().comesBefore(galt)) {
                 federation.save().reached(federate);
             }
             return;
