@@ -207,7 +207,7 @@ final class FederationTest {
     private void crowd() throws Exception {
         TestFederate.create(federations, "f", List.of(TestFom.file(TestFom.AIR)), "");
         List<TestFederate> all = new ArrayList<>();
-        for (int i = 0; i < 300; ++i) {
+        for (int i = 0; i < 220; ++i) {
             TestFederate each = TestFederate.join(federations, "f", "c" + i);
             each.publish("Vehicle", "position");
             each.subscribe("Vehicle", "position");
