@@ -14,6 +14,7 @@ needs=(
   "/usr/include/gtest/gtest.h libgtest-dev"
   "pkg-config pkg-config"
   "dpkg-shlibdeps dpkg-dev"
+  "file file"
 )
 case ${1:-} in
   lint) needs+=("clang-format clang-format" "clang-tidy clang-tidy" "cppcheck cppcheck" "shellcheck shellcheck") ;;
