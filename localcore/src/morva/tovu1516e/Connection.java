@@ -11,9 +11,6 @@ import tovu.local.model.Session;
 
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
 final class Connection {
-    private static final long FIRST_SUSPICION_MILLISECONDS = 100;
-    private static final long LAST_SUSPICION_MILLISECONDS = 3200;
-
     final Session session = new Session(Federations.ofProcess());
     private volatile CallbackDelivery delivery;
 
@@ -32,7 +29,7 @@ final class Connection {
         try {
             session.disconnect();
         } catch (FederateIsExecutionMember e) {
-            suspectDestruction(FIRST_SUSPICION_MILLISECONDS);
+            suspectDestruction();
             throw e;
         }
         CallbackDelivery ended = endDelivery();
@@ -43,16 +40,17 @@ final class Connection {
 
     /**
      * An ambassador that is destroyed while it is joined disconnects in vain and is dropped by the library right after.
-     * Only the garbage collector sees that, and the federation should not have to wait for it to come round. On a busy
-     * machine "right after" may be late, so that one look is not enough.
+     * Only the garbage collector sees that, and the federation should not have to wait for it to come round. How soon
+     * "right after" is depends on how busy the machine is, so it looks again, after longer and longer.
      */
-    private void suspectDestruction(long milliseconds) {
-        CompletableFuture.delayedExecutor(milliseconds, TimeUnit.MILLISECONDS).execute(() -> {
-            System.gc();
-            if (session.federate() != null && milliseconds < LAST_SUSPICION_MILLISECONDS) {
-                suspectDestruction(2 * milliseconds);
-            }
-        });
+    private void suspectDestruction() {
+        for (long delay = 100; delay <= 10_000; delay *= 10) {
+            CompletableFuture.delayedExecutor(delay, TimeUnit.MILLISECONDS).execute(() -> {
+                if (session.federate() != null) {
+                    System.gc();
+                }
+            });
+        }
     }
 
     /** @return what delivered until now, or null */
