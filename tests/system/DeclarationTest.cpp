@@ -99,6 +99,12 @@ TEST_P(Declaration, IsNotTakenBackWhileOwnershipIsBeingAcquired)
              }),
              "OwnershipAcquisitionPending");
    EXPECT_EQ(refusal([&] { beta->unpublishObjectClassAttributes(car, {fuel}); }), "nothing");
+   beta->cancelAttributeOwnershipAcquisition(object, {speed});
+   beta->attributeOwnershipAcquisition(object, {privilege}, {});
+   EXPECT_EQ(refusal([&] {
+                beta->unpublishObjectClassAttributes(car, {position, speed});
+             }),
+             "OwnershipAcquisitionPending"); // with them would go the privilege to delete
 }
 
 TEST_P(Declaration, IsToldToPublishersWhoWantToKnowWhetherToRegister)

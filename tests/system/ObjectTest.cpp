@@ -45,6 +45,9 @@ TEST_P(Objects, HaveNamesThatAreReservedOnce)
    EXPECT_EQ(refusal([&] { beta->registerObjectInstance(car, L"herbie"); }), "ObjectInstanceNameInUse");
    alpha->reserveObjectInstanceName(L"herbie");
    expect(alpha, {"objectInstanceNameReservationFailed(herbie)"});
+   beta->resignFederationExecution(UNCONDITIONALLY_DIVEST_ATTRIBUTES); // nobody knows it any more
+   alpha->reserveObjectInstanceName(L"herbie");
+   expect(alpha, {"objectInstanceNameReservationSucceeded(herbie)"});
 }
 
 TEST_P(Objects, HaveNamesThatAreReservedTogetherOrNotAtAll)

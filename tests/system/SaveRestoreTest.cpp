@@ -115,6 +115,12 @@ TEST_P(SaveRestore, SavesInTheRightOrder)
    EXPECT_EQ(refusal([&] { alpha->federateSaveBegun(); }), "SaveNotInitiated");
    EXPECT_EQ(refusal([&] { alpha->federateSaveComplete(); }), "FederateHasNotBegunSave");
    EXPECT_EQ(refusal([&] { alpha->federateSaveNotComplete(); }), "FederateHasNotBegunSave");
+   beta->disableCallbacks();
+   alpha->requestFederationSave(L"noon");
+   EXPECT_EQ(refusal([&] { beta->federateSaveBegun(); }), "SaveNotInitiated"); // as far as beta knows
+   alpha->abortFederationSave();
+   beta->enableCallbacks();
+   expectEach({&alpha, &beta}, {"initiateFederateSave(noon)", "federationNotSaved(aborted)"});
    askForASave();
    EXPECT_EQ(refusal([&] { alpha->federateSaveComplete(); }), "FederateHasNotBegunSave");
    EXPECT_EQ(refusal([&] { alpha->federateSaveNotComplete(); }), "FederateHasNotBegunSave");

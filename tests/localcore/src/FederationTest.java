@@ -1,3 +1,4 @@
+import java.util.ArrayList;
 import java.util.List;
 import java.util.Set;
 import tovu.local.model.AdvanceKind;
@@ -19,6 +20,7 @@ final class FederationTest {
         harness.run("synchronization set", () -> new FederationTest().two().synchronizationSet());
         harness.run("save and restore", () -> new FederationTest().two().saveAndRestore());
         harness.run("restored state", () -> new FederationTest().restoredState());
+        harness.run("state of very many federates", () -> new FederationTest().crowd());
         harness.run("failed save and restore", () -> new FederationTest().two().failures());
         harness.finish();
     }
@@ -93,6 +95,7 @@ final class FederationTest {
     }
 
     private void saveBegun(TestFederate federate) throws Exception {
+        federate.told();
         federate.session.call((federation, me) -> {
             federation.save().begun(me);
             return null;
@@ -133,7 +136,7 @@ final class FederationTest {
             federation.save().queryStatus(me);
             return null;
         });
-        Harness.that(a.told().get(1).contains("status=SAVING") , "the status tells who is saving");
+        Harness.that(a.told().get(0).contains("status=SAVING") , "the status tells who is saving");
         saveComplete(a, true);
         saveBegun(b);
         saveComplete(b, true);
@@ -173,7 +176,7 @@ final class FederationTest {
         save("s");
         a.act((federation, me) -> federation.time().advance(me, AdvanceKind.TIME_ADVANCE, 8));
         a.told();
-        Harness.that(b.told().get(2).startsWith("reflectAttributeValues"), "the message came");
+        Harness.that(b.told().get(1).startsWith("reflectAttributeValues"), "the message came");
         b.unsubscribe("Vehicle", "position");
         a.act((federation, me) -> federation.objectManagement().delete(me, object, TAG, Timing.NONE));
         a.act((federation, me) -> federation.names().release(me, Set.of("kept")));
@@ -199,6 +202,30 @@ final class FederationTest {
             b.act((federation, me) -> federation.ownership().acquire(me, object, position, TAG));
             Harness.that(a.told().get(0).startsWith("requestAttributeOwnershipRelease"), "all still know each other");
         }
+    }
+
+    private void crowd() throws Exception {
+        TestFederate.create(federations, "f", List.of(TestFom.file(TestFom.AIR)), "");
+        List<TestFederate> all = new ArrayList<>();
+        for (int i = 0; i < 220; ++i) {
+            TestFederate each = TestFederate.join(federations, "f", "c" + i);
+            each.publish("Vehicle", "position");
+            each.subscribe("Vehicle", "position");
+            all.add(each);
+        }
+        for (TestFederate each : all) {
+            each.register("Vehicle");
+        }
+        all.get(0).act((federation, me) -> federation.save().request("s"));
+        for (TestFederate each : all) {
+            saveBegun(each);
+            saveComplete(each, true);
+        }
+        all.get(0).act((federation, me) -> federation.restore().request(me, "s"));
+        for (TestFederate each : all) {
+            restoreComplete(each, true);
+        }
+        Harness.equal(all.get(0).told(), List.of("federationRestored()"));
     }
 
     private void failures() throws Exception {

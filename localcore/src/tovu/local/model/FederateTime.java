@@ -70,11 +70,6 @@ final class FederateTime implements Saved {
         granted = theTime;
     }
 
-    /** What was decided was never told: it is to be decided again. */
-    void undecide() {
-        decided = false;
-    }
-
     /** The federate is told what was decided. */
     void reach() {
         time = granted;

@@ -78,4 +78,12 @@ final class Lookup {
         }
         return rate;
     }
+
+    /** The designator of the higher of two rates; null is lower than any. */
+    String higherRate(String one, String other) {
+        if (one == null || other.isEmpty()) {
+            return other;
+        }
+        return one.isEmpty() || model.updateRate(one) >= model.updateRate(other) ? one : other;
+    }
 }

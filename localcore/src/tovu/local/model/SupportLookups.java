@@ -163,8 +163,11 @@ public final class SupportLookups {
     public double updateRate(Federate federate, int object, int attributeHandle) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
         InstanceAttribute attribute = Objects.attribute(knowledge, attributeHandle);
-        Interest interest = knowledge.interest(attribute.handle());
-        return interest == null ? 0 : federation.lookup().updateRate(interest.updateRate());
+        String rate = null;
+        for (Interest.Terms terms : knowledge.terms(attribute)) {
+            rate = federation.lookup().higherRate(rate, terms.updateRate());
+        }
+        return rate == null ? 0 : federation.lookup().updateRate(rate);
     }
 
     public OrderType orderType(String name) throws InvalidOrderName {

@@ -51,6 +51,8 @@ public enum TimeFamily {
     },
 
     FLOAT64("HLAfloat64Time") {
+        private static final long INFINITY = Double.doubleToRawLongBits(Double.POSITIVE_INFINITY);
+
         @Override
         boolean isNumber(long bits) {
             return !Double.isNaN(Double.longBitsToDouble(bits));
@@ -61,9 +63,10 @@ public enum TimeFamily {
             return bits == Long.MIN_VALUE ? 0 : flip(bits); // minus zero is zero
         }
 
+        /** Later than infinity are bounds only: nothing more can come. */
         @Override
         long bits(long ordinal) {
-            return flip(ordinal);
+            return flip(Math.min(ordinal, INFINITY));
         }
 
         /** Turns the order of the negative half around, so that all doubles compare as their bits do. */

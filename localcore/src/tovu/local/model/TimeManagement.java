@@ -75,12 +75,7 @@ public final class TimeManagement implements Saved {
         }
         own.beginRegulation(interval, start, Math.max(promised, family.plus(start, interval)));
         regulating.add(federate);
-        tellRegulation(federate);
-    }
-
-    private void tellRegulation(Federate federate) {
-        federate.postChange(federate.time::completeRegulation,
-                to -> to.timeRegulationEnabled(time(federate.time.time())));
+        federate.postChange(own::completeRegulation, to -> to.timeRegulationEnabled(time(own.time())));
     }
 
     public void disableRegulation(Federate federate) throws TimeRegulationIsNotEnabled {
@@ -237,23 +232,6 @@ public final class TimeManagement implements Saved {
         evaluate();
     }
 
-    /** After a restore: what was decided but not told by the time of the save is told now. */
-    void resume() {
-        for (Federate each : federation.members()) {
-            FederateTime own = each.time;
-            if (own.isAdvancing()) {
-                own.undecide();
-                waiting.add(each);
-            }
-            if (own.regulation() == Switch.PENDING) {
-                tellRegulation(each);
-            }
-            if (own.constraint() == Switch.PENDING) {
-                waiting.add(each);
-            }
-        }
-    }
-
     /** What every regulating federate may still send, as the others' requests and messages have it. */
     private final class Bounds {
         private Federate lowestFederate;
@@ -333,7 +311,7 @@ public final class TimeManagement implements Saved {
                 long until = Math.min(federation.save().limit(target), galt - 1);
                 own.deliveredUntil(federate.inbox.deliverUntil(until, Long.MIN_VALUE));
             }
-            if (due) {
+            if (held && federation.save().comesBefore(galt)) {
                 federation.save().reached(federate);
             }
             return;
