@@ -115,9 +115,9 @@ private:
 template <class... Codes, std::size_t... I>
 void deliver(JNIEnv* env, jbyteArray array, Callback<Codes...> const& callback, std::index_sequence<I...>)
 {
-   std::tuple<typename Codes::Received...> arguments;
-   // Whatever happens, the message is let go of before the context, with which a time factory may go.
+   // The message is let go of first, and last the context, with which a time factory may go.
    CallbackContextReference context;
+   std::tuple<typename Codes::Received...> arguments;
    std::optional<IncomingMessage> message(std::in_place, env, array);
    if (!context.find(message->token())) {
       refuse("The RTI ambassador of this callback is gone");
