@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <map>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -139,10 +140,17 @@ protected:
       printed = testing::internal::GetCapturedStderr();
    }
 
-   Options const& optionsWithFile(std::string const& content)
+   // What the VM is asked for in an environment with these settings, and beside a file with these options.
+   Options optionsWith(std::map<std::string, std::string> const& settings, std::string const& file = "")
    {
-      std::ofstream("tovu.vmoptions") << content;
+      for (auto const& [name, value] : settings) {
+         setenv(name.c_str(), value.c_str(), 1);
+      }
+      std::ofstream("tovu.vmoptions") << file;
       create();
+      for (auto const& [name, value] : settings) {
+         unsetenv(name.c_str());
+      }
       return fake.options;
    }
 
@@ -172,81 +180,53 @@ TEST_F(VMHostTest, AsksForSixOptionsByDefault)
    EXPECT_EQ(printed.rfind("Cannot locate Tovu core Java classes\nCLASSPATH: (unknown)\n", 0), 0) << printed;
 }
 
-TEST_F(VMHostTest, TakesOptionsFromTheEnvironment)
+TEST_F(VMHostTest, TakesOptionsFromEnvironmentAndFile)
 {
-   setenv("CLASSPATH", "a.jar:b c.jar", 1);
-   setenv("TOVU_ENABLEBUNDLING", "", 1);
-   setenv("TOVU_SINGLETHREAD", "false", 1);
-   setenv("TOVU_VERBOSEJNI", "1", 1);
-   setenv("TOVU1516_OPTION0", "never", 1);
-   setenv("TOVU1516_OPTION19", "last", 1);
-   setenv("TOVU1516_OPTION3", " third ", 1);
-   setenv("TOVU1516_OPTION7", "", 1);
-   setenv("TOVU1516_OPTION20", "never", 1);
-   create();
-   EXPECT_EQ(fake.options, (Options{"-Djava.class.path=a.jar:b c.jar", "-DTovu.libraryName=rti1516",
-                                    "-DenableBundling=true", "-Dsinglethread=true", "-verbose:jni", " third ",
-                                    "", "last", "-Xss1024k"}));
-}
-
-TEST_F(VMHostTest, TakesOptionsFromTheFile)
-{
-   setenv("TOVU1516_OPTION1", "from the environment", 1);
+   fake.createStatus = JNI_ERR; // every try is a new one
+   EXPECT_EQ(
+      optionsWith({{"CLASSPATH", "a.jar:b c.jar"},
+                   {"TOVU_ENABLEBUNDLING", ""},
+                   {"TOVU_SINGLETHREAD", "false"},
+                   {"TOVU_VERBOSEJNI", "1"},
+                   {"TOVU1516_OPTION0", "never"},
+                   {"TOVU1516_OPTION19", "last"},
+                   {"TOVU1516_OPTION3", " third "},
+                   {"TOVU1516_OPTION7", ""},
+                   {"TOVU1516_OPTION20", "never"}}),
+      (Options{"-Djava.class.path=a.jar:b c.jar", "-DTovu.libraryName=rti1516", "-DenableBundling=true",
+               "-Dsinglethread=true", "-verbose:jni", " third ", "", "last", "-Xss1024k"}));
    std::string const longLine = "-D" + std::string(100'000, 'x');
-   EXPECT_EQ(optionsWithFile("#comment\n\n  #x\n-Da=b \r\n" + longLine + "\n \n#\n\n-Dlast"),
+   EXPECT_EQ(optionsWith({{"TOVU1516_OPTION1", "from the environment"}},
+                         "#comment\n\n  #x\n-Da=b \r\n" + longLine + "\n \n#\n\n-Dlast"),
              fixedAnd({"from the environment", "  #x", "-Da=b \r", longLine, " ", "-Dlast", "-Xss1024k"}));
-}
 
-TEST_F(VMHostTest, TakesFiftyOptionsAndTheStackSize)
-{
-   std::string lines;
-   for (int i = 0; i < 60; ++i) {
-      lines += i == 46 ? "-Xss2m\n" : std::to_string(i) + "\n";
-   }
-   auto const& options = optionsWithFile(lines);
-   ASSERT_EQ(options.size(), 51U);
-   EXPECT_EQ(options[49], "44");
-   EXPECT_EQ(options[50], "-Xss1024k");
-}
-
-TEST_F(VMHostTest, TheLastOfFiftyOptionsMayBeTheStackSize)
-{
-   std::string lines;
-   for (int i = 0; i < 44; ++i) {
-      lines += "x\n";
-   }
-   auto const& options = optionsWithFile(lines + "-Xss2m\n-Xss3m\n");
-   ASSERT_EQ(options.size(), 50U);
-   EXPECT_EQ(options.back(), "-Xss2m");
-}
-
-TEST_F(VMHostTest, AStackSizeInTheFileStandsForTheDefault)
-{
-   EXPECT_EQ(optionsWithFile("-Xss4m\n"), fixedAnd({"-Xss4m"}));
-}
-
-TEST_F(VMHostTest, AStackSizeInTheEnvironmentStandsForTheDefault)
-{
-   setenv("TOVU1516_OPTION1", "-Xss512k", 1);
-   create();
-   EXPECT_EQ(fake.options, fixedAnd({"-Xss512k"}));
-}
-
-TEST_F(VMHostTest, WhatOnlyResemblesAStackSizeDoesNot)
-{
-   EXPECT_EQ(optionsWithFile(" -Xss4m\n-XX:ThreadStackSize=4m\n"),
+   EXPECT_EQ(optionsWith({}, "-Xss4m\n"), fixedAnd({"-Xss4m"}));
+   EXPECT_EQ(optionsWith({{"TOVU1516_OPTION1", "-Xss512k"}}), fixedAnd({"-Xss512k"}));
+   EXPECT_EQ(optionsWith({}, " -Xss4m\n-XX:ThreadStackSize=4m\n"),
              fixedAnd({" -Xss4m", "-XX:ThreadStackSize=4m", "-Xss1024k"}));
+
+   // Fifty options and the stack size, which may also be the last of the fifty.
+   std::string lines;
+   Options all = fixed;
+   for (int i = 0; i < 44; ++i) {
+      lines += std::to_string(i) + "\n";
+      all.push_back(std::to_string(i));
+   }
+   all.push_back("-Xss2m");
+   EXPECT_EQ(optionsWith({}, lines + "-Xss2m\n-Xss3m\n"), all);
+   all.back() = "x";
+   all.push_back("-Xss1024k");
+   EXPECT_EQ(optionsWith({}, lines + "x\ny\n-Xss2m\nz\n"), all);
 }
 
-TEST_F(VMHostTest, ADirectoryInPlaceOfTheFileIsPassedOver)
+TEST_F(VMHostTest, AFileThatCannotBeReadIsPassedOver)
 {
+   fake.createStatus = JNI_ERR;
    std::filesystem::create_directory("tovu.vmoptions");
    create();
    EXPECT_EQ(fake.options, fixedAnd({"-Xss1024k"}));
-}
 
-TEST_F(VMHostTest, AFileThatMayNotBeReadIsPassedOver)
-{
+   std::filesystem::remove("tovu.vmoptions");
    std::ofstream("tovu.vmoptions") << "-Dunseen\n";
    std::filesystem::permissions("tovu.vmoptions", std::filesystem::perms::none);
    auto const self = geteuid();
@@ -300,8 +280,7 @@ TEST_P(VMHostFailureTest, IsPrintedAndThrown)
    // The next try is a new one, from the options on.
    fake.*failure.status = JNI_OK;
    fake.alreadyRunning = false;
-   setenv("TOVU1516_OPTION5", "set meanwhile", 1);
-   EXPECT_EQ(optionsWithFile("written meanwhile"),
+   EXPECT_EQ(optionsWith({{"TOVU1516_OPTION5", "set meanwhile"}}, "written meanwhile"),
              fixedAnd({"set meanwhile", "written meanwhile", "-Xss1024k"}));
    EXPECT_EQ(caught.text.find(L"Cannot locate Tovu core Java classes"), 0U);
 }
@@ -315,14 +294,6 @@ INSTANTIATE_TEST_SUITE_P(
                    Failure{"Creation", &FakeRuntime::createStatus, &FakeRuntime::creations, false,
                            "Cannot create JVM. Error: "}),
    [](auto const& each) { return each.param.name; });
-
-TEST_F(VMHostTest, FailsWithATextWhenTheThreadCannotBeAttached)
-{
-   fake.attachStatus = JNI_ENOMEM;
-   create();
-   EXPECT_EQ(caught.type, "RTIinternalError");
-   EXPECT_FALSE(caught.text.empty());
-}
 
 TEST_F(VMHostTest, JoinsAVMThatIsThere)
 {

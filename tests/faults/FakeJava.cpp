@@ -326,11 +326,6 @@ bool call(jvalue const* arguments)
    if (arguments != nullptr && arguments->l != nullptr) {
       state.lastMessage = objectOf(arguments->l)->storage;
    }
-   if (state.core.leavesControlWord != 0) {
-#if defined(__x86_64__)
-      __asm__ __volatile__("fldcw %0" : : "m"(state.core.leavesControlWord));
-#endif
-   }
    if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
       action();
    }

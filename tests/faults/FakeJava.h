@@ -14,17 +14,16 @@ namespace fake {
 // What the core's methods do when they are called.
 struct Core
 {
-   std::string raises;                   // the JNI path of an exception's class, or empty
-   std::vector<std::uint8_t> bytes;      // returned as byte[]
-   std::vector<std::int32_t> ints;       // returned as int[]
-   std::vector<std::int64_t> longs;      // returned as long[]
-   std::u16string text;                  // returned as String
-   std::int32_t number = 0;              // returned as a number of any kind
-   bool returnsNull = false;             // instead of an object
-   bool makesNothing = false;            // its ambassadors' constructor, as if it could return null
-   std::string lacks;                    // the method of its ambassador that is not there
-   std::function<void()> meanwhile;      // done once, in the next of its methods that is called
-   unsigned short leavesControlWord = 0; // the x87 control word it leaves behind; 0: as it is
+   std::string raises;              // the JNI path of an exception's class, or empty
+   std::vector<std::uint8_t> bytes; // returned as byte[]
+   std::vector<std::int32_t> ints;  // returned as int[]
+   std::vector<std::int64_t> longs; // returned as long[]
+   std::u16string text;             // returned as String
+   std::int32_t number = 0;         // returned as a number of any kind
+   bool returnsNull = false;        // instead of an object
+   bool makesNothing = false;       // its ambassadors' constructor, as if it could return null
+   std::string lacks;               // the method of its ambassador that is not there
+   std::function<void()> meanwhile; // done once, in the next of its methods that is called
 };
 
 // Starts over: no references, no failures, a core that returns zeros. The VM is there from the beginning.

@@ -30,7 +30,8 @@ protected:
       foreignCodeRanPinned = false;
       for (auto const* operation :
            {"encode", "encodedLength", "decode", "makeFinal", "makeLogicalTimeFactory"}) {
-         contract::Faults::set(operation, [this] { watchForeignCode(); });
+         contract::Faults::set(
+            operation, [this] { foreignCodeRanPinned = foreignCodeRanPinned || fake::holdings().pins != 0; });
       }
       ambassador = newAmbassador();
       ambassador->connect(federate, HLA_EVOKED);
@@ -78,17 +79,8 @@ protected:
    contract::RecordingFederate federate;
    std::unique_ptr<RTIambassador> ambassador;
    std::uint32_t token = 0;
-   bool timesThrow = false;
 
 private:
-   void watchForeignCode()
-   {
-      foreignCodeRanPinned = foreignCodeRanPinned || fake::holdings().pins != 0;
-      if (timesThrow) {
-         throw InvalidLogicalTime(L"thrown by the time");
-      }
-   }
-
    bool foreignCodeRanPinned = false;
 };
 

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <new>
 #include <ostream>
-#include <stdexcept>
 #include <string_view>
 
 namespace contract {
@@ -156,22 +155,6 @@ TEST_P(ServiceFaults, OfMemoryEndInBadAlloc)
    EXPECT_GE(failures + failuresOfTranslation, 1);
 }
 
-class ServiceFaultsOfTimes : public FaultTest
-{};
-
-TEST_F(ServiceFaultsOfTimes, ReachTheCaller)
-{
-   Bytes const seven = contract::TestTime::encoded(7);
-   fake::core().bytes.assign(seven.data(), seven.data() + seven.size());
-   timesThrow = true;
-   EXPECT_THROW(ambassador->timeAdvanceRequest(contract::samples::time), InvalidLogicalTime);
-   EXPECT_THROW(ambassador->queryLogicalTime(), InvalidLogicalTime);
-   EXPECT_THROW(ambassador->queryLITS(), InvalidLogicalTime);
-   EXPECT_THROW(ambassador->queryLookahead(), InvalidLogicalTime);
-   EXPECT_THROW(ambassador->getTimeFactory(), InvalidLogicalTime);
-   expectClean(1);
-}
-
 using ServiceFaultsOfSize = FaultTest;
 
 TEST_F(ServiceFaultsOfSize, AreToldBeforeAnythingIsMade)
@@ -225,36 +208,6 @@ TEST_P(CallbackFaults, BecomeAJavaException)
    }
 }
 
-using FederateFaults = FaultTest;
-
-TEST_F(FederateFaults, BecomeAJavaException)
-{
-   struct Case
-   {
-      std::function<void()> reaction;
-      std::string text;
-   };
-   // The texts are in the form that JNI takes.
-   Case const cases[] = {
-      {[] { throw FederateInternalError(L"x"); }, "x"},
-      {[] { throw InvalidRegion(L"\x00e9\x20ac"); }, "\xC3\xA9\xC2\xAC"},
-      {[] { throw std::runtime_error("caf\xC3\xA9"); }, "caf\xC3\xA9"},
-      {[] { throw std::runtime_error("caf\xE9"); }, "caf\xC3\xA9"},
-      {[] { throw std::string("\xF0\x9F\x98\x80"); }, "\xED\xA0\xBD\xED\xB8\x80"},
-      {[] { throw std::string("a\0b", 3); }, "a\xC0\x80"
-                                             "b"},
-      {[] { throw 1; }, "Unknown C++ exception"},
-   };
-   for (auto const& row : cases) {
-      federate.inCallback = row.reaction;
-      EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + row.text);
-      expectClean(1);
-   }
-   timesThrow = true;
-   EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", contract::TestTime::encoded(7)),
-             federateInternalError + "thrown by the time");
-}
-
 using ConstructionFaults = FaultTest;
 
 TEST_F(ConstructionFaults, LeaveNothing)
@@ -289,17 +242,6 @@ TEST_F(ConstructionFaults, OfAConstructorThatGivesNothingAreTold)
    fake::core().makesNothing = true;
    EXPECT_THROW(newAmbassador(), RTIinternalError);
    expectClean(1);
-}
-
-TEST_F(ConstructionFaults, OfAMethodThatIsNotThereEndTheProcess)
-{
-   auto const& methods = contract::javaMethods();
-   GTEST_FLAG_SET(death_test_style, "threadsafe"); // the child of a fork has no VM
-   for (auto const& method : {methods.front(), methods[methods.size() / 2], methods.back()}) {
-      fake::core().lacks = method.name;
-      EXPECT_DEATH(newAmbassador(), "Cannot locate " + method.name + "\\.\n.*id != 0");
-   }
-   fake::core().lacks.clear();
 }
 
 } // namespace

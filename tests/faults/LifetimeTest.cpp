@@ -198,6 +198,11 @@ TEST_F(LifetimeTest, OfAnExceptionIsTheFederatesWhereItIsNotToBeCaught)
          EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "Unknown C++ exception");
       } else {
          EXPECT_THROW(deliver("federationSaved_Native"), Own);
+         federate.inCallback = [] { throw std::string("known"); };
+         EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "known");
+         federate.inCallback = [] { throw InvalidRegion(L"known"); };
+         EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "known");
+         federate.inCallback = [] { throw Own(); };
       }
       expectClean(1);
    }
