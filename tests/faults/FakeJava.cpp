@@ -42,7 +42,6 @@ struct State
    std::vector<std::string> offences;
    std::vector<std::uint8_t> lastMessage;
    int arraysMade = 0;
-   void (*pinAction)() = nullptr;
 };
 
 State state;
@@ -268,9 +267,6 @@ void* pinned(void* storage)
       return nullptr;
    }
    ++state.pins;
-   if (state.pinAction != nullptr) {
-      state.pinAction();
-   }
    return storage;
 }
 
@@ -497,7 +493,6 @@ int calls() { return state.calls; }
 std::vector<std::string> const& offences() { return state.offences; }
 std::vector<std::uint8_t> const& lastMessage() { return state.lastMessage; }
 int arraysMade() { return state.arraysMade; }
-void onPin(void (*action)()) { state.pinAction = action; }
 
 std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message)
 {

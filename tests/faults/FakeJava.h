@@ -70,7 +70,4 @@ int arraysMade();
 // left pending, or "none".
 std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message);
 
-// Runs each time an array or a string is pinned.
-void onPin(void (*action)());
-
 } // namespace fake

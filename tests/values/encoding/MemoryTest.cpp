@@ -79,8 +79,8 @@ TEST(Memory, WantOfItLeavesElementsAsTheyWere)
       },
    };
    for (auto const& operation : operations) {
-      memory::Outcome outcome = memory::Outcome::badAlloc;
-      for (long allocations = 0; outcome == memory::Outcome::badAlloc; ++allocations) {
+      bool done = false;
+      for (int n = 1; !done; ++n) {
          long const before = memory::live;
          {
             HLAfixedRecord fields;
@@ -91,8 +91,8 @@ TEST(Memory, WantOfItLeavesElementsAsTheyWere)
             variant.addVariant(HLAoctet('k'), record);
             Octets const was[] = {octetsOf(fields.encode()), octetsOf(array.encode()),
                                   octetsOf(variant.encode())};
-            outcome = memory::runWithMemoryFor(allocations, [&] { operation(fields, array, variant); });
-            if (outcome == memory::Outcome::badAlloc) {
+            done = memory::succeedsWithout(n, [&] { operation(fields, array, variant); });
+            if (!done) {
                EXPECT_EQ(octetsOf(fields.encode()), was[0]);
                EXPECT_EQ(octetsOf(array.encode()), was[1]);
                EXPECT_EQ(octetsOf(variant.encode()), was[2]);
@@ -106,12 +106,12 @@ TEST(Memory, WantOfItLeavesElementsAsTheyWere)
 TEST(Memory, WantOfItLeavesAnEmptyArrayThatCanBeCopied)
 {
    HLAASCIIstring const text(longText);
-   auto outcome = memory::Outcome::badAlloc;
-   for (long allocations = 0; outcome == memory::Outcome::badAlloc; ++allocations) {
+   bool done = false;
+   for (int n = 1; !done; ++n) {
       HLAvariableArray array{HLAASCIIstring()};
-      outcome = memory::runWithMemoryFor(allocations, [&] { array.addElement(text); });
+      done = memory::succeedsWithout(n, [&] { array.addElement(text); });
       HLAvariableArray const copy(array);
-      EXPECT_EQ(copy.size(), outcome == memory::Outcome::done ? 1U : 0U) << "after " << allocations;
+      EXPECT_EQ(copy.size(), done ? 1U : 0U) << "without allocation " << n;
    }
 }
 
@@ -122,10 +122,10 @@ TEST(Memory, WantOfItWhileDecodingLeavesTextsAndSizes)
       full.addElement(HLAASCIIstring(longText));
    }
    VariableLengthData const encoded = full.encode();
-   for (long allocations = 0;; ++allocations) {
+   for (int n = 1;; ++n) {
       HLAvariableArray array{HLAASCIIstring(longText)};
       array.addElement(HLAASCIIstring("kept"));
-      if (memory::runWithMemoryFor(allocations, [&] { array.decode(encoded); }) == memory::Outcome::done) {
+      if (memory::succeedsWithout(n, [&] { array.decode(encoded); })) {
          EXPECT_EQ(octetsOf(array.encode()), octetsOf(encoded));
          break;
       }
