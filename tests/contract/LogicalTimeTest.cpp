@@ -35,10 +35,7 @@ protected:
       return core.deliver({"timeAdvanceGrant_LT_Native", member.message(time)});
    }
 
-   static int livingValues()
-   {
-      return Living<TestValue<LogicalTime, 11>>::count + Living<TestValue<LogicalTimeInterval, 3>>::count;
-   }
+   static int livingValues() { return Living<TestTime>::count + Living<TestInterval>::count; }
 };
 
 std::vector<std::function<void()>> const& faults()
