@@ -1,5 +1,5 @@
 // In front of the recording core stand exception classes that are each a subclass of the next in
-// exceptions.txt, so that nearly every exception is an instance of several classes that a service lists.
+// exceptionClasses(), so that nearly every exception is an instance of several classes that a service lists.
 #include "Fixture.h"
 #include "Services.h"
 

@@ -18,7 +18,7 @@ NullFederateAmbassador nobody;
 
 std::vector<std::string> linesOf(char const* table)
 {
-   std::ifstream file(std::string(CONTRACT_TABLES) + "/" + table);
+   std::ifstream file(table);
    std::vector<std::string> lines;
    for (std::string line; std::getline(file, line);) {
       lines.push_back(line);
@@ -32,7 +32,7 @@ std::vector<JavaMethod> const& javaMethods()
 {
    static std::vector<JavaMethod> const methods = [] {
       std::vector<JavaMethod> read;
-      for (auto const& line : linesOf("services.txt")) {
+      for (auto const& line : linesOf(CONTRACT_TABLES "/services.txt")) {
          std::istringstream words(line);
          JavaMethod method;
          words >> method.name >> method.signature;
@@ -48,13 +48,13 @@ std::vector<JavaMethod> const& javaMethods()
 
 std::vector<std::string> const& exceptionClasses()
 {
-   static std::vector<std::string> const names = linesOf("exceptions.txt");
+   static std::vector<std::string> const names = linesOf(CONTRACT_EXCEPTIONS);
    return names;
 }
 
 std::vector<std::string> const& nativeNames()
 {
-   static std::vector<std::string> const names = linesOf("natives.txt");
+   static std::vector<std::string> const names = linesOf(CONTRACT_TABLES "/natives.txt");
    return names;
 }
 

@@ -25,7 +25,7 @@ struct JavaMethod
 
 // From services.txt.
 std::vector<JavaMethod> const& javaMethods();
-// From exceptions.txt.
+// All that services list, each before those that one lists behind it, and FederateInternalError.
 std::vector<std::string> const& exceptionClasses();
 // From natives.txt.
 std::vector<std::string> const& nativeNames();

@@ -11,7 +11,7 @@
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <memory>
+#include <vector>
 
 namespace {
 
@@ -63,40 +63,42 @@ TEST(Memory, IsNotLostInWantOfIt)
 TEST(Memory, WantOfItLeavesElementsAsTheyWere)
 {
    HLAfixedRecord const record = everything();
-   auto const& asElement = static_cast<DataElement const&>(record);
-   std::function<void(HLAfixedRecord&, HLAvariableArray&, HLAvariantRecord&)> const operations[] = {
-      [&](HLAfixedRecord& fields, HLAvariableArray&, HLAvariantRecord&) { fields.appendElement(record); },
-      [&](HLAfixedRecord& fields, HLAvariableArray&, HLAvariantRecord&) { fields.set(0, record); },
-      [&](HLAfixedRecord& fields, HLAvariableArray&, HLAvariantRecord&) { fields.set(0, fields[0]); },
-      [&](HLAfixedRecord&, HLAvariableArray& array, HLAvariantRecord&) { array.addElement(record); },
-      [&](HLAfixedRecord&, HLAvariableArray& array, HLAvariantRecord&) { array.set(0, record); },
-      [&](HLAfixedRecord&, HLAvariableArray&, HLAvariantRecord& variant) { variant.setDiscriminant(record); },
-      [&](HLAfixedRecord&, HLAvariableArray&, HLAvariantRecord& variant) {
-         variant.addVariant(HLAoctet('n'), record);
-      },
-      [&](HLAfixedRecord&, HLAvariableArray&, HLAvariantRecord& variant) {
-         variant.setVariant(HLAoctet('n'), variant.getVariant());
-      },
+   struct Elements
+   {
+      explicit Elements(HLAfixedRecord const& record) : array(static_cast<DataElement const&>(record))
+      {
+         fields.appendElement(record);
+         array.addElement(record);
+         variant.addVariant(HLAoctet('k'), record);
+      }
+      std::vector<Octets> encoded() const
+      {
+         return {octetsOf(fields.encode()), octetsOf(array.encode()), octetsOf(variant.encode())};
+      }
+
+      HLAfixedRecord fields;
+      HLAvariableArray array;
+      HLAvariantRecord variant{HLAoctet('k')};
+   };
+   std::function<void(Elements&)> const operations[] = {
+      [&](Elements& to) { to.fields.appendElement(record); },
+      [&](Elements& to) { to.fields.set(0, record); },
+      [&](Elements& to) { to.fields.set(0, to.fields[0]); },
+      [&](Elements& to) { to.array.addElement(record); },
+      [&](Elements& to) { to.array.set(0, record); },
+      [&](Elements& to) { to.variant.setDiscriminant(record); },
+      [&](Elements& to) { to.variant.addVariant(HLAoctet('n'), record); },
+      [&](Elements& to) { to.variant.setVariant(HLAoctet('n'), to.variant.getVariant()); },
    };
    for (auto const& operation : operations) {
       bool done = false;
       for (int n = 1; !done; ++n) {
          long const before = memory::live;
          {
-            HLAfixedRecord fields;
-            fields.appendElement(record);
-            HLAvariableArray array(asElement);
-            array.addElement(record);
-            HLAvariantRecord variant{HLAoctet('k')};
-            variant.addVariant(HLAoctet('k'), record);
-            Octets const was[] = {octetsOf(fields.encode()), octetsOf(array.encode()),
-                                  octetsOf(variant.encode())};
-            done = memory::succeedsWithout(n, [&] { operation(fields, array, variant); });
-            if (!done) {
-               EXPECT_EQ(octetsOf(fields.encode()), was[0]);
-               EXPECT_EQ(octetsOf(array.encode()), was[1]);
-               EXPECT_EQ(octetsOf(variant.encode()), was[2]);
-            }
+            Elements elements(record);
+            auto const was = elements.encoded();
+            done = memory::succeedsWithout(n, [&] { operation(elements); });
+            EXPECT_TRUE(done || elements.encoded() == was) << "without allocation " << n;
          }
          EXPECT_EQ(memory::live, before);
       }
