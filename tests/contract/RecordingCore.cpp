@@ -11,10 +11,7 @@ Bytes texted(std::string const& ascii) { return Bytes().text({ascii.begin(), asc
 
 Bytes encoded(Delivery const& delivery)
 {
-   return texted(delivery.native)
-      .counted(delivery.message)
-      .int32(static_cast<std::uint32_t>(delivery.times))
-      .byte(delivery.onJavaThread ? 1 : 0);
+   return texted(delivery.native).counted(delivery.message).byte(delivery.onJavaThread ? 1 : 0);
 }
 
 // An answer is sent as the signature of what Java makes of it, and what that is made from.
@@ -182,10 +179,6 @@ std::optional<JavaException> RecordingCore::deliver(Delivery const& delivery)
 }
 
 std::optional<JavaException> RecordingCore::pending() { return Reply(ask("pending")).exception(); }
-
-void RecordingCore::watchReferences() { ask("watch references"); }
-
-std::string RecordingCore::heldReferences() { return Reply(ask("held references")).ascii(); }
 
 std::optional<std::u16string> RecordingCore::property(std::string const& name)
 {

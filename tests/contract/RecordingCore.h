@@ -35,7 +35,6 @@ struct Delivery
 {
    std::string native;
    Bytes message;
-   int times = 1;
    bool onJavaThread = false; // instead of the calling thread
 };
 
@@ -64,10 +63,6 @@ public:
    std::optional<JavaException> deliver(Delivery const& delivery);
    // The same of a callback that was the answer to a service.
    std::optional<JavaException> pending();
-
-   // What crossed the boundary between the two and is still held on to, a line each.
-   void watchReferences();
-   std::string heldReferences();
 
    std::optional<std::u16string> property(std::string const& name);
 

@@ -1,13 +1,11 @@
 // Who finds which x87 control word after a service and in a callback.
 #if defined(__x86_64__) || defined(__i386__)
-#include "tests/contract/ControlWord.h"
+#include "tests/faults/ControlWord.h"
 
 #include "tests/faults/FaultFixture.h"
 
 namespace faults {
 namespace {
-
-using namespace contract;
 
 class ControlWordTest : public FaultTest
 {

@@ -37,8 +37,8 @@ struct State
    int calls = 0;
    int failIn = 0;
    bool failed = false;
-   bool gone = false;
    Core core;
+   Runtime runtime;
    std::vector<std::string> offences;
    std::vector<std::uint8_t> lastMessage;
    int arraysMade = 0;
@@ -127,6 +127,10 @@ bool failsWith(char const* className)
 jclass JNICALL findClass(JNIEnv*, char const* name)
 {
    Entry const entry("FindClass");
+   if (!state.runtime.hasClasses) {
+      raise("java/lang/NoClassDefFoundError", u"on demand");
+      return nullptr;
+   }
    return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(Kind::Class, name));
 }
 
@@ -449,8 +453,12 @@ JNIEnv env{&functionTable};
 jint JNICALL attachCurrentThread(JavaVM*, void** environment, void*)
 {
    Entry const entry("AttachCurrentThread", Allowed::WhilePending);
+   ++state.runtime.attachments;
+   if (state.runtime.attachStatus != JNI_OK) {
+      return state.runtime.attachStatus;
+   }
    *environment = &env;
-   return state.gone ? JNI_ERR : (failsNow() ? JNI_ENOMEM : JNI_OK);
+   return failsNow() ? JNI_ENOMEM : JNI_OK;
 }
 
 JNIInvokeInterface_ invocationFunctions()
@@ -467,6 +475,7 @@ JavaVM vm{&invocationTable};
 
 void reset() { state = State(); }
 Core& core() { return state.core; }
+Runtime& runtime() { return state.runtime; }
 
 void failCall(int n)
 {
@@ -476,7 +485,6 @@ void failCall(int n)
 
 bool isInside() { return depth != 0; }
 bool hasFailed() { return state.failed; }
-void setGone(bool gone) { state.gone = gone; }
 
 Holdings holdings()
 {
@@ -516,11 +524,37 @@ std::string callNative(std::string const& name, std::vector<std::uint8_t> const&
 } // namespace fake
 
 // The library imports these; the program's own come first.
-extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize, jsize* count)
+extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize size, jsize* count)
 {
-   *vms = &fake::vm;
-   *count = 1;
-   return JNI_OK;
+   auto& runtime = fake::runtime();
+   ++runtime.queries;
+   *count = runtime.alreadyRunning ? 1 : 0;
+   if (runtime.alreadyRunning && size > 0) {
+      *vms = &fake::vm;
+   }
+   return runtime.queryStatus;
 }
 
-extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM**, void**, void*) { return JNI_ERR; }
+extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void* arguments)
+{
+   auto& runtime = fake::runtime();
+   ++runtime.creations;
+   if (runtime.onCreation) {
+      runtime.onCreation();
+   }
+   auto const& given = *static_cast<JavaVMInitArgs const*>(arguments);
+   runtime.version = given.version;
+   runtime.ignoreUnrecognized = given.ignoreUnrecognized;
+   runtime.options.clear();
+   for (jint i = 0; i < given.nOptions; ++i) {
+      runtime.options.emplace_back(given.options[i].optionString);
+      if (given.options[i].extraInfo != nullptr) {
+         fake::offend("JNI_CreateJavaVM with extra information");
+      }
+   }
+   if (runtime.createStatus == JNI_OK) {
+      *vm = &fake::vm;
+      *env = &fake::env;
+   }
+   return runtime.createStatus;
+}

@@ -26,10 +26,29 @@ struct Core
    std::function<void()> meanwhile; // done once, in the next of its methods that is called
 };
 
+// What the library asks of the Java runtime to have the VM, and what comes of it.
+struct Runtime
+{
+   jint queryStatus = JNI_OK;
+   jint createStatus = JNI_OK;
+   jint attachStatus = JNI_OK; // any other: as if the VM were gone
+   bool alreadyRunning = true;
+   bool hasClasses = true;
+
+   int queries = 0;
+   int creations = 0;
+   int attachments = 0;
+   jint version = 0;
+   jboolean ignoreUnrecognized = JNI_FALSE;
+   std::vector<std::string> options;
+   std::function<void()> onCreation;
+};
+
 // Starts over: no references, no failures, a core that returns zeros. The VM is there from the beginning.
 void reset();
 
 Core& core();
+Runtime& runtime();
 
 // Lets the n-th call from now on of those that can fail fail, n counting from 1; 0: none.
 void failCall(int n);
@@ -39,9 +58,6 @@ bool hasFailed();
 
 // Whether a function of the VM is running.
 bool isInside();
-
-// Lets attaching fail as if the VM were gone.
-void setGone(bool gone);
 
 // References and pins that are held now, and whether an exception is pending.
 struct Holdings

@@ -9,6 +9,7 @@
 
 #include <RTI/RTI1516.h>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -28,11 +29,7 @@ protected:
    {
       fake::reset();
       foreignCodeRanPinned = false;
-      for (auto const* operation :
-           {"encode", "encodedLength", "decode", "makeFinal", "makeLogicalTimeFactory"}) {
-         contract::Faults::set(
-            operation, [this] { foreignCodeRanPinned = foreignCodeRanPinned || fake::holdings().pins != 0; });
-      }
+      watchForeignCode();
       ambassador = newAmbassador();
       ambassador->connect(federate, HLA_EVOKED);
       token = Bytes(fake::lastMessage().data(), 4).leadingInt();
@@ -74,6 +71,21 @@ protected:
    {
       Bytes const message = Bytes("63626160").int32(token).append(arguments).append(Bytes("59585756"));
       return {message.data(), message.data() + message.size()};
+   }
+
+   // From now on notices when these operations of times run while something is pinned, and lets them do this.
+   void watchForeignCode(std::function<void()> const& fault = nullptr,
+                         std::vector<std::string> const& operations = {"encode", "encodedLength", "decode",
+                                                                       "makeFinal", "makeLogicalTimeFactory"})
+   {
+      for (auto const& operation : operations) {
+         contract::Faults::set(operation, [this, fault] {
+            foreignCodeRanPinned = foreignCodeRanPinned || fake::holdings().pins != 0;
+            if (fault) {
+               fault();
+            }
+         });
+      }
    }
 
    contract::RecordingFederate federate;

@@ -1,17 +1,20 @@
 // Every failure that Java or the memory can have in each service, each callback and the making of an
 // ambassador, one after the other. Each must end in an exception that tells of it, with nothing referenced,
 // pinned or pending left behind, and the ambassador must go on working.
+#include "tests/contract/Caught.h"
 #include "tests/faults/FaultFixture.h"
 #include "tests/values/CountedMemory.h"
 
 #include <algorithm>
+#include <functional>
 #include <new>
 #include <ostream>
+#include <stdexcept>
 #include <string_view>
 
 namespace contract {
 
-void PrintTo(Service const& service, std::ostream* stream) { *stream << service.javaName(); }
+void PrintTo(Service const& service, std::ostream* stream) { *stream << service.method.name; }
 
 } // namespace contract
 
@@ -79,7 +82,7 @@ protected:
       FaultTest::SetUp();
       fake::Core& core = fake::core();
       core.number = 1; // a handle, true, and an enumerator of each kind
-      std::string const& name = GetParam().javaName();
+      std::string const& name = GetParam().method.name;
       if (method.result() == "[B") {
          Bytes const bytes = name == "queryLookahead"           ? contract::TestInterval::encoded(7)
                              : name.compare(0, 5, "query") == 0 ? contract::TestTime::encoded(7)
@@ -102,11 +105,11 @@ protected:
       return outcomeOf([this] { return GetParam().call(*ambassador); });
    }
 
-   contract::JavaMethod const& method = GetParam().javaMethod();
+   contract::JavaMethod const& method = GetParam().method;
 };
 
 INSTANTIATE_TEST_SUITE_P(Each, ServiceFaults, testing::ValuesIn(contract::services()),
-                         [](auto const& each) { return each.param.javaName(); });
+                         [](auto const& each) { return each.param.method.name; });
 
 TEST_P(ServiceFaults, OfJavaEndInRTIinternalError)
 {
@@ -157,6 +160,65 @@ TEST_P(ServiceFaults, OfMemoryEndInBadAlloc)
          expectClean(1);
       });
    EXPECT_GE(failures + failuresOfTranslation, 1);
+}
+
+// What the federation's own times throw, as it reaches the caller of a service, and the core.
+class TimeFaults : public FaultTest
+{
+protected:
+   struct Fault
+   {
+      std::function<void()> thrown;
+      contract::Caught caught;
+      std::string arriving;
+   };
+   std::vector<Fault> const faults = {
+      {[] { throw InvalidLogicalTime(L"fault"); }, {"InvalidLogicalTime", L"fault"}, "fault"},
+      {[] { throw std::runtime_error("fault"); }, {"std::exception", L"fault"}, "fault"},
+      {[] { throw 42; }, {"unknown", L""}, "Unknown C++ exception"}};
+};
+
+TEST_F(TimeFaults, ReachTheCaller)
+{
+   using contract::caughtFrom;
+   using namespace contract::samples;
+   auto& rti = *ambassador;
+   int const living = contract::TestTime::count + contract::TestInterval::count;
+   Bytes const encoded = contract::TestTime::encoded(7);
+   fake::core().bytes.assign(encoded.data(), encoded.data() + encoded.size());
+   for (auto const& fault : faults) {
+      watchForeignCode(fault.thrown);
+      EXPECT_EQ(caughtFrom([&] { rti.timeAdvanceRequest(contract::samples::time); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.enableTimeRegulation(interval); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.updateAttributeValues({}, {}, tag, contract::samples::time); }),
+                fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLogicalTime(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLookahead(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLITS(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.getTimeFactory(); }), fault.caught);
+      expectClean(1);
+   }
+   EXPECT_EQ(contract::TestTime::count + contract::TestInterval::count, living);
+}
+
+TEST_F(TimeFaults, ReachTheCore)
+{
+   int const living = contract::TestTime::count;
+   for (auto const* operation : {"decode", "makeFinal", "encodedLength"}) {
+      for (auto const& fault : faults) {
+         ambassador->joinFederationExecution(L"type", L"federation"); // a factory that was asked nothing yet
+         watchForeignCode(fault.thrown, {operation});
+         EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", contract::TestTime::encoded(7)),
+                   federateInternalError + fault.arriving)
+            << operation;
+         expectClean(1);
+         watchForeignCode();
+      }
+   }
+   EXPECT_TRUE(federate.takeCalled().empty());
+   EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", contract::TestTime::encoded(7)), "none");
+   EXPECT_EQ(federate.takeCalled().size(), 1U);
+   EXPECT_EQ(contract::TestTime::count, living);
 }
 
 using ServiceFaultsOfSize = FaultTest;

@@ -60,7 +60,7 @@ TEST_F(LifetimeTest, OfTokensEndsWithTheirAmbassador)
 
 TEST_F(LifetimeTest, OfTheVMMayEndFirst)
 {
-   fake::setGone(true);
+   fake::runtime().attachStatus = JNI_ERR;
    EXPECT_THROW(ambassador->enableCallbacks(), RTIinternalError);
    EXPECT_THROW(newAmbassador(), RTIinternalError);
    ambassador.reset(); // nothing to let go of the reference through
@@ -99,9 +99,9 @@ TEST_F(LifetimeTest, OfTheVMMayEndWhileACallbackNeverDoes)
 {
    CallbackUnderWay const callback(federate,
                                    [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
-   fake::setGone(true);
+   fake::runtime().attachStatus = JNI_ERR;
    ambassador.reset();
-   fake::setGone(false);
+   fake::runtime().attachStatus = JNI_OK;
    fake::forgetGlobalReference();
 }
 

@@ -5,11 +5,8 @@ import java.io.ByteArrayOutputStream;
 import java.io.DataInputStream;
 import java.io.DataOutputStream;
 import java.io.IOException;
-import java.lang.ref.WeakReference;
 import java.util.ArrayDeque;
-import java.util.ArrayList;
 import java.util.Deque;
-import java.util.List;
 import java.util.Map;
 import java.util.concurrent.ConcurrentHashMap;
 import morva.tovu1516e.FederateAmbassadorC2007;
@@ -24,42 +21,33 @@ public final class Recorder {
 
    private static final Map<String, Object> answers = new ConcurrentHashMap<>();
    private static final Deque<Call> calls = new ArrayDeque<>();
-   private static final List<Watched> watched = new ArrayList<>();
-   private static boolean watching;
    private static Throwable pending;
 
    private Recorder() {}
 
    private record Call(Object peer, String method, byte[] message) {}
 
-   private record Watched(String what, WeakReference<Object> reference) {}
-
    /** An answer that first delivers a callback, as a core does while callbacks are evoked. */
-   private record Delivery(String callback, byte[] message, int times, boolean onJavaThread) {
-      /** What the native left pending the last time it was called, null if nothing. */
+   private record Delivery(String callback, byte[] message, boolean onJavaThread) {
+      /** What the native left pending, null if nothing. */
       Throwable run() throws InterruptedException {
          if (!onJavaThread) {
-            return callAll();
+            return call();
          }
          Throwable[] left = new Throwable[1];
-         Thread thread = new Thread(() -> left[0] = callAll());
+         Thread thread = new Thread(() -> left[0] = call());
          thread.start();
          thread.join();
          return left[0];
       }
 
-      private Throwable callAll() {
-         Throwable left = null;
-         FederateAmbassadorC2007 federateAmbassador = new FederateAmbassadorC2007();
-         for (int i = 0; i < times; ++i) {
-            left = null;
-            try {
-               federateAmbassador.call(callback, message);
-            } catch (Throwable thrown) {
-               left = thrown;
-            }
+      private Throwable call() {
+         try {
+            new FederateAmbassadorC2007().call(callback, message);
+            return null;
+         } catch (Throwable thrown) {
+            return thrown;
          }
-         return left;
       }
    }
 
@@ -71,7 +59,6 @@ public final class Recorder {
             calls.removeFirst();
          }
          calls.addLast(new Call(peer, method, message));
-         watch(method + ": message", message);
       }
       Object answer = answers.get(method);
       if (answer instanceof Delivery delivery) {
@@ -90,7 +77,6 @@ public final class Recorder {
 
    /** What the constructor of the core's ambassador does, as the system property says. */
    public static void constructed(Object peer, byte[] message) throws Throwable {
-      watch("ambassador", peer);
       answer(peer, "<init>", message, null);
       String failure = System.getProperty("recording.constructor");
       if (failure != null) {
@@ -112,8 +98,6 @@ public final class Recorder {
          case "forget" -> forget();
          case "deliver" -> writeException(to, readDelivery(from).run());
          case "pending" -> writeException(to, pending); // what the callback of an answer left
-         case "watch references" -> watchReferences();
-         case "held references" -> writeText(to, heldReferences());
          case "property" -> writeOptionalText(to, System.getProperty(readText(from)));
          default -> throw new IllegalArgumentException(question);
       }
@@ -125,9 +109,6 @@ public final class Recorder {
          answers.remove(method);
       } else {
          answers.put(method, answer);
-         if (!(answer instanceof Number || answer instanceof Boolean)) { // of which Java has its own
-            watch(method + ": answer", answer);
-         }
       }
    }
 
@@ -162,7 +143,7 @@ public final class Recorder {
    }
 
    private static Delivery readDelivery(DataInputStream from) throws IOException {
-      return new Delivery(readText(from), from.readNBytes(from.readInt()), from.readInt(), from.readBoolean());
+      return new Delivery(readText(from), from.readNBytes(from.readInt()), from.readBoolean());
    }
 
    private static String readText(DataInputStream from) throws IOException {
@@ -219,39 +200,6 @@ public final class Recorder {
       synchronized (calls) {
          calls.clear();
       }
-   }
-
-   /** From now on remembers, without holding on to it, every object that crosses the boundary. */
-   private static void watchReferences() {
-      synchronized (watched) {
-         watched.clear();
-         watching = true;
-      }
-   }
-
-   private static void watch(String what, Object object) {
-      synchronized (watched) {
-         if (watching && object != null) {
-            watched.add(new Watched(what, new WeakReference<>(object)));
-         }
-      }
-   }
-
-   /** Names the remembered objects that somebody still holds on to after all was forgotten here. */
-   private static String heldReferences() {
-      forget();
-      System.gc();
-      StringBuilder held = new StringBuilder();
-      synchronized (watched) {
-         watching = false;
-         for (Watched each : watched) {
-            if (each.reference().get() != null) {
-               held.append(each.what()).append('\n');
-            }
-         }
-         watched.clear();
-      }
-      return held.toString();
    }
 
    @SuppressWarnings("unchecked")

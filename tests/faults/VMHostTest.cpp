@@ -1,11 +1,10 @@
-// How the Java VM is asked for, and what is said when it cannot be had: this program puts its own JNI entry
-// points in front of the Java runtime's. Every test needs a process of its own, for a VM that is there stays.
-#include "Caught.h"
-#include "ControlWord.h"
+// How the Java VM is asked for, and what is said when it cannot be had. Every test needs a process of its
+// own, for a VM that is there stays.
+#include "tests/contract/Caught.h"
+#include "tests/faults/ControlWord.h"
+#include "tests/faults/FakeJava.h"
 
 #include <RTI/RTIambassadorFactory.h>
-
-#include <jni.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -16,99 +15,12 @@
 #include <unistd.h>
 #include <vector>
 
-namespace contract {
+namespace faults {
 namespace {
 
-// A Java runtime that writes down what it is asked for and answers with the status it is told to.
-struct FakeRuntime
-{
-   jint queryStatus = JNI_OK;
-   jint createStatus = JNI_OK;
-   jint attachStatus = JNI_OK;
-   bool alreadyRunning = false;
-
-   int queries = 0;
-   int creations = 0;
-   int attachments = 0;
-   jint version = 0;
-   jboolean ignoreUnrecognized = JNI_FALSE;
-   std::vector<std::string> options;
-   unsigned int controlWordAtCreation = 0;
-
-   // A VM without any class.
-   JNINativeInterface_ functions{};
-   JNIEnv env{};
-   JNIInvokeInterface_ invocation{};
-   JavaVM vm{};
-};
-
-FakeRuntime fake;
-
-jint attach(JavaVM*, void** env, void*)
-{
-   ++fake.attachments;
-   *env = fake.attachStatus == JNI_OK ? &fake.env : nullptr;
-   return fake.attachStatus;
-}
-
-void setUpFake()
-{
-   fake.functions.FindClass = [](JNIEnv*, char const*) -> jclass { return nullptr; };
-   fake.functions.ExceptionOccurred = [](JNIEnv*) -> jthrowable { return nullptr; };
-   fake.functions.ExceptionCheck = [](JNIEnv*) -> jboolean { return JNI_FALSE; };
-   fake.functions.ExceptionDescribe = [](JNIEnv*) {};
-   fake.functions.ExceptionClear = [](JNIEnv*) {};
-   fake.env.functions = &fake.functions;
-   fake.invocation.AttachCurrentThread = attach;
-   fake.invocation.GetEnv = [](JavaVM*, void** env, jint) -> jint {
-      *env = nullptr;
-      return JNI_EDETACHED;
-   };
-   fake.vm.functions = &fake.invocation;
-}
-
-} // namespace
-} // namespace contract
-
-extern "C" {
-
-JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize size, jsize* count)
-{
-   using contract::fake;
-   ++fake.queries;
-   *count = fake.alreadyRunning ? 1 : 0;
-   if (fake.alreadyRunning && size > 0) {
-      *vms = &fake.vm;
-   }
-   return fake.queryStatus;
-}
-
-JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void* arguments)
-{
-   using contract::fake;
-   ++fake.creations;
-#if defined(__x86_64__) || defined(__i386__)
-   fake.controlWordAtCreation = contract::controlWord();
-#endif
-   auto const& given = *static_cast<JavaVMInitArgs const*>(arguments);
-   fake.version = given.version;
-   fake.ignoreUnrecognized = given.ignoreUnrecognized;
-   fake.options.clear();
-   for (jint i = 0; i < given.nOptions; ++i) {
-      EXPECT_EQ(given.options[i].extraInfo, nullptr);
-      fake.options.emplace_back(given.options[i].optionString);
-   }
-   if (fake.createStatus == JNI_OK) {
-      *vm = &fake.vm;
-      *env = &fake.env;
-   }
-   return fake.createStatus;
-}
-
-} // extern "C"
-
-namespace contract {
-namespace {
+using contract::Caught;
+using contract::caughtFrom;
+using fake::Runtime;
 
 using Options = std::vector<std::string>;
 
@@ -118,7 +30,9 @@ class VMHostTest : public testing::Test
 protected:
    VMHostTest()
    {
-      setUpFake();
+      fake::reset();
+      runtime.alreadyRunning = false;
+      runtime.hasClasses = false;
       std::string directory = testing::TempDir() + "/vmhost.XXXXXX";
       _directory = mkdtemp(directory.data());
       std::filesystem::permissions(_directory, std::filesystem::perms(0755));
@@ -132,12 +46,13 @@ protected:
    }
    ~VMHostTest() override { std::filesystem::remove_all(_directory); }
 
-   // Asks for an ambassador, which the fake runtime can never have, and keeps what is said about it.
+   // Asks for an ambassador, which a core without classes can never be, and keeps what is said about it.
    void create()
    {
       testing::internal::CaptureStderr();
       caught = caughtFrom([] { rti1516e::RTIambassadorFactory().createRTIambassador(); });
       printed = testing::internal::GetCapturedStderr();
+      EXPECT_EQ(fake::offences(), std::vector<std::string>());
    }
 
    // What the VM is asked for in an environment with these settings, and beside a file with these options.
@@ -151,9 +66,10 @@ protected:
       for (auto const& [name, value] : settings) {
          unsetenv(name.c_str());
       }
-      return fake.options;
+      return runtime.options;
    }
 
+   Runtime& runtime = fake::runtime();
    Caught caught;
    std::string printed;
    Options const fixed = {"-Djava.class.path=", "-DTovu.libraryName=rti1516", "", "", ""};
@@ -172,9 +88,9 @@ private:
 TEST_F(VMHostTest, AsksForSixOptionsByDefault)
 {
    create();
-   EXPECT_EQ(fake.options, fixedAnd({"-Xss1024k"}));
-   EXPECT_EQ(fake.version, JNI_VERSION_1_2);
-   EXPECT_EQ(fake.ignoreUnrecognized, JNI_TRUE);
+   EXPECT_EQ(runtime.options, fixedAnd({"-Xss1024k"}));
+   EXPECT_EQ(runtime.version, JNI_VERSION_1_2);
+   EXPECT_EQ(runtime.ignoreUnrecognized, JNI_TRUE);
    EXPECT_EQ(caught,
              (Caught{"RTIinternalError", L"Cannot locate Tovu core Java classes\nCLASSPATH: (unknown)"}));
    EXPECT_EQ(printed.rfind("Cannot locate Tovu core Java classes\nCLASSPATH: (unknown)\n", 0), 0) << printed;
@@ -182,7 +98,7 @@ TEST_F(VMHostTest, AsksForSixOptionsByDefault)
 
 TEST_F(VMHostTest, TakesOptionsFromEnvironmentAndFile)
 {
-   fake.createStatus = JNI_ERR; // every try is a new one
+   runtime.createStatus = JNI_ERR; // every try is a new one
    EXPECT_EQ(
       optionsWith({{"CLASSPATH", "a.jar:b c.jar"},
                    {"TOVU_ENABLEBUNDLING", ""},
@@ -221,10 +137,10 @@ TEST_F(VMHostTest, TakesOptionsFromEnvironmentAndFile)
 
 TEST_F(VMHostTest, AFileThatCannotBeReadIsPassedOver)
 {
-   fake.createStatus = JNI_ERR;
+   runtime.createStatus = JNI_ERR;
    std::filesystem::create_directory("tovu.vmoptions");
    create();
-   EXPECT_EQ(fake.options, fixedAnd({"-Xss1024k"}));
+   EXPECT_EQ(runtime.options, fixedAnd({"-Xss1024k"}));
 
    std::filesystem::remove("tovu.vmoptions");
    std::ofstream("tovu.vmoptions") << "-Dunseen\n";
@@ -235,7 +151,7 @@ TEST_F(VMHostTest, AFileThatCannotBeReadIsPassedOver)
    }
    create();
    ASSERT_EQ(seteuid(self), 0);
-   EXPECT_EQ(fake.options, fixedAnd({"-Xss1024k"}));
+   EXPECT_EQ(runtime.options, fixedAnd({"-Xss1024k"}));
 }
 
 struct Status
@@ -255,8 +171,8 @@ std::vector<Status> const statuses = {
 struct Failure
 {
    char const* name;
-   jint FakeRuntime::*status;
-   int FakeRuntime::*count;
+   jint Runtime::*status;
+   int Runtime::*count;
    bool alreadyRunning;
    std::string message;
 };
@@ -267,41 +183,40 @@ class VMHostFailureTest : public VMHostTest, public testing::WithParamInterface<
 TEST_P(VMHostFailureTest, IsPrintedAndThrown)
 {
    auto const& failure = GetParam();
-   fake.alreadyRunning = failure.alreadyRunning;
+   runtime.alreadyRunning = failure.alreadyRunning;
    for (auto const& [code, text] : statuses) {
-      fake.*failure.status = code;
+      runtime.*failure.status = code;
       create();
       auto const message = failure.message + text + "\n";
       EXPECT_EQ(caught, (Caught{"RTIinternalError", {message.begin(), message.end()}}));
       EXPECT_EQ(printed, message);
    }
-   EXPECT_EQ(fake.*failure.count, static_cast<int>(statuses.size()));
+   EXPECT_EQ(runtime.*failure.count, static_cast<int>(statuses.size()));
 
    // The next try is a new one, from the options on.
-   fake.*failure.status = JNI_OK;
-   fake.alreadyRunning = false;
+   runtime.*failure.status = JNI_OK;
+   runtime.alreadyRunning = false;
    EXPECT_EQ(optionsWith({{"TOVU1516_OPTION5", "set meanwhile"}}, "written meanwhile"),
              fixedAnd({"set meanwhile", "written meanwhile", "-Xss1024k"}));
    EXPECT_EQ(caught.text.find(L"Cannot locate Tovu core Java classes"), 0U);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-   Each, VMHostFailureTest,
-   testing::Values(Failure{"Query", &FakeRuntime::queryStatus, &FakeRuntime::queries, false,
-                           "Cannot check for existing JVM. Error: "},
-                   Failure{"Attach", &FakeRuntime::attachStatus, &FakeRuntime::attachments, true,
-                           "Cannot attach to existing JVM. Error: "},
-                   Failure{"Creation", &FakeRuntime::createStatus, &FakeRuntime::creations, false,
-                           "Cannot create JVM. Error: "}),
-   [](auto const& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(Each, VMHostFailureTest,
+                         testing::Values(Failure{"Query", &Runtime::queryStatus, &Runtime::queries, false,
+                                                 "Cannot check for existing JVM. Error: "},
+                                         Failure{"Attach", &Runtime::attachStatus, &Runtime::attachments,
+                                                 true, "Cannot attach to existing JVM. Error: "},
+                                         Failure{"Creation", &Runtime::createStatus, &Runtime::creations,
+                                                 false, "Cannot create JVM. Error: "}),
+                         [](auto const& each) { return each.param.name; });
 
 TEST_F(VMHostTest, JoinsAVMThatIsThere)
 {
-   fake.alreadyRunning = true;
+   runtime.alreadyRunning = true;
    setenv("TOVU1516_OPTION1", "of no use", 1);
    create();
-   EXPECT_EQ(fake.creations, 0);
-   EXPECT_GE(fake.attachments, 1);
+   EXPECT_EQ(runtime.creations, 0);
+   EXPECT_GE(runtime.attachments, 1);
    EXPECT_EQ(caught.text.find(L"Cannot locate Tovu core Java classes"), 0U);
 }
 
@@ -310,16 +225,16 @@ TEST_F(VMHostTest, AsksOnceForTheVMAndAttachesEveryTime)
    create();
    create();
    create();
-   EXPECT_EQ(fake.queries, 1);
-   EXPECT_EQ(fake.creations, 1);
-   EXPECT_EQ(fake.attachments, 3);
+   EXPECT_EQ(runtime.queries, 1);
+   EXPECT_EQ(runtime.creations, 1);
+   EXPECT_EQ(runtime.attachments, 3);
 }
 
 TEST_F(VMHostTest, AClassPathIsNoFormat)
 {
    setenv("CLASSPATH", "%s%n100%%/\xC3\xA9", 1);
    create();
-   EXPECT_EQ(fake.options.at(0), "-Djava.class.path=%s%n100%%/\xC3\xA9");
+   EXPECT_EQ(runtime.options.at(0), "-Djava.class.path=%s%n100%%/\xC3\xA9");
    std::string const start = "Cannot locate Tovu core Java classes\nCLASSPATH: ";
    EXPECT_EQ(printed.rfind(start + "%s%n100%/\xC3\xA9\n", 0), 0) << printed;
    EXPECT_NE(printed.find("There is no file %s%n100%%/\xC3\xA9\n"), std::string::npos) << printed;
@@ -339,20 +254,22 @@ TEST_F(VMHostTest, TheVMStartsWithTheControlWordItExpects)
    // Exceptions unmasked, rounding up, extended precision.
    constexpr unsigned int federates = 0x0B40;
    constexpr unsigned int expected = 0x027F;
-   fake.createStatus = JNI_ERR;
+   unsigned int atCreation = 0;
+   runtime.onCreation = [&] { atCreation = controlWord(); };
+   runtime.createStatus = JNI_ERR;
    setControlWord(federates);
    create();
    auto const afterFailure = controlWord();
-   fake.createStatus = JNI_OK;
+   runtime.createStatus = JNI_OK;
    setControlWord(federates);
    create();
    auto const afterSuccess = controlWord();
    setControlWord(extendedPrecision);
-   EXPECT_EQ(fake.controlWordAtCreation, expected);
+   EXPECT_EQ(atCreation, expected);
    EXPECT_EQ(afterFailure, expected);
    EXPECT_EQ(afterSuccess, federates);
 }
 #endif
 
 } // namespace
-} // namespace contract
+} // namespace faults
