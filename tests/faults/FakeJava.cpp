@@ -303,20 +303,12 @@ void JNICALL releaseStringCritical(JNIEnv*, jstring, jchar const*)
    --state.pins;
 }
 
-template <class Element>
-void region(jarray array, jsize start, jsize length, Element* to)
+template <class Array, class Element>
+void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Element* to)
 {
    Entry const entry("Get<Type>ArrayRegion");
    std::memcpy(to, objectOf(array)->storage.data() + static_cast<std::size_t>(start) * sizeof(Element),
                static_cast<std::size_t>(length) * sizeof(Element));
-}
-void JNICALL getByteArrayRegion(JNIEnv*, jbyteArray array, jsize start, jsize length, jbyte* to)
-{
-   region(array, start, length, to);
-}
-void JNICALL getLongArrayRegion(JNIEnv*, jlongArray array, jsize start, jsize length, jlong* to)
-{
-   region(array, start, length, to);
 }
 
 // Enters a method of the core. False if it raises.
@@ -337,21 +329,10 @@ bool call(jvalue const* arguments)
 }
 
 void JNICALL callVoid(JNIEnv*, jobject, jmethodID, jvalue const* arguments) { call(arguments); }
-jint JNICALL callInt(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
+template <class Number>
+Number JNICALL callNumber(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
 {
-   return call(arguments) ? state.core.number : 0;
-}
-jboolean JNICALL callBoolean(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
-{
-   return static_cast<jboolean>(call(arguments) ? state.core.number : 0);
-}
-jlong JNICALL callLong(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
-{
-   return call(arguments) ? state.core.number : 0;
-}
-jdouble JNICALL callDouble(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
-{
-   return call(arguments) ? state.core.number : 0;
+   return static_cast<Number>(call(arguments) ? state.core.number : 0);
 }
 
 // The kind of object follows from what the core has been told to return.
@@ -432,13 +413,13 @@ JNINativeInterface_ functions()
    table.GetStringLength = getStringLength;
    table.GetStringCritical = getStringCritical;
    table.ReleaseStringCritical = releaseStringCritical;
-   table.GetByteArrayRegion = getByteArrayRegion;
-   table.GetLongArrayRegion = getLongArrayRegion;
+   table.GetByteArrayRegion = getArrayRegion<jbyteArray, jbyte>;
+   table.GetLongArrayRegion = getArrayRegion<jlongArray, jlong>;
    table.CallVoidMethodA = callVoid;
-   table.CallIntMethodA = callInt;
-   table.CallBooleanMethodA = callBoolean;
-   table.CallLongMethodA = callLong;
-   table.CallDoubleMethodA = callDouble;
+   table.CallIntMethodA = callNumber<jint>;
+   table.CallBooleanMethodA = callNumber<jboolean>;
+   table.CallLongMethodA = callNumber<jlong>;
+   table.CallDoubleMethodA = callNumber<jdouble>;
    table.CallObjectMethodA = callObject;
    table.CallObjectMethodV = callObjectV;
    table.CallVoidMethodV = callVoidV;

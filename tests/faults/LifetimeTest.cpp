@@ -95,6 +95,16 @@ private:
    std::thread _thread;
 };
 
+TEST_F(LifetimeTest, OfOthersGoesOnAndEndsWhileACallbackRuns)
+{
+   auto other = newAmbassador();
+   CallbackUnderWay const callback(federate,
+                                   [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
+   other->enableCallbacks();
+   other.reset();
+   newAmbassador()->enableCallbacks();
+}
+
 TEST_F(LifetimeTest, OfTheVMMayEndWhileACallbackNeverDoes)
 {
    CallbackUnderWay const callback(federate,

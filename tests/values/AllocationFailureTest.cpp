@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 #include <type_traits>
-#include <typeinfo>
 
 namespace {
 
@@ -115,24 +114,6 @@ TYPED_TEST(WantOfMemoryForTimes, LosesNothing)
    expectNothingLost([&] { factory.decodeLogicalTimeInterval(bytes, 8); });
    expectNothingLost([&] { factory.decodeLogicalTimeInterval(data); });
    expectNothingLost([&] { HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(factory.getName()); });
-}
-
-TYPED_TEST(WantOfMemoryForTimes, RefusalsLeaveNothingBehind)
-{
-   constexpr bool isInteger = std::is_same_v<TypeParam, HLAinteger64TimeFactory>;
-   std::conditional_t<isInteger, HLAfloat64TimeFactory, HLAinteger64TimeFactory> foreignFactory;
-   auto const foreignTime = foreignFactory.makeInitial();
-   auto const foreignInterval = foreignFactory.makeZero();
-   TypeParam factory;
-   using Time = std::remove_reference_t<decltype(*factory.makeLogicalTime(1))>;
-   using Interval = std::remove_reference_t<decltype(*factory.makeLogicalTimeInterval(1))>;
-
-   long const before = live;
-   EXPECT_THROW(Time{*foreignTime}, std::bad_cast);
-   EXPECT_THROW(Interval{*foreignInterval}, std::bad_cast);
-   EXPECT_THROW(factory.decodeLogicalTime(nullptr, 7), CouldNotDecode);
-   EXPECT_THROW(factory.decodeLogicalTimeInterval(nullptr, 7), CouldNotDecode);
-   EXPECT_EQ(live, before);
 }
 
 } // namespace
