@@ -48,6 +48,18 @@ TEST_F(ControlWordTest, OfACallbackThatFoundTheRightOneIsLeft)
    EXPECT_EQ(controlWord(), roundingUp);
 }
 
+TEST_F(ControlWordTest, IsMendedAfterAnAmbassadorIsMadeAndAfterItGoes)
+{
+   auto const change = [] { setControlWord(roundingUp); };
+   fake::core().meanwhile = change;
+   auto other = newAmbassador();
+   EXPECT_EQ(controlWord(), extendedPrecision);
+   fake::core().meanwhile = change;
+   other.reset();
+   EXPECT_EQ(controlWord(), extendedPrecision);
+   EXPECT_FALSE(fake::core().meanwhile) << "neither was changed";
+}
+
 TEST_F(ControlWordTest, IsMendedAfterAServiceThatSucceeds)
 {
    fake::core().meanwhile = [] {

@@ -311,6 +311,13 @@ void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Ele
                static_cast<std::size_t>(length) * sizeof(Element));
 }
 
+void doMeanwhile()
+{
+   if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
+      action();
+   }
+}
+
 // Enters a method of the core. False if it raises.
 bool call(jvalue const* arguments)
 {
@@ -318,9 +325,7 @@ bool call(jvalue const* arguments)
    if (arguments != nullptr && arguments->l != nullptr) {
       state.lastMessage = objectOf(arguments->l)->storage;
    }
-   if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
-      action();
-   }
+   doMeanwhile();
    if (!state.core.raises.empty()) {
       raise(state.core.raises, u"raised");
       return false;
@@ -374,6 +379,7 @@ void JNICALL callVoidV(JNIEnv*, jobject, jmethodID, std::va_list)
 jobject JNICALL newObjectV(JNIEnv*, jclass cls, jmethodID, std::va_list)
 {
    Entry const entry("NewObject");
+   doMeanwhile();
    if (state.core.makesNothing) {
       return nullptr;
    }

@@ -23,7 +23,7 @@ struct Core
    bool returnsNull = false;        // instead of an object
    bool makesNothing = false;       // its ambassadors' constructor, as if it could return null
    std::string lacks;               // the method of its ambassador that is not there
-   std::function<void()> meanwhile; // done once, in the next of its methods that is called
+   std::function<void()> meanwhile; // done once, in the next method or constructor
 };
 
 // What the library asks of the Java runtime to have the VM, and what comes of it.
