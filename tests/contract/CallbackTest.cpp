@@ -2,7 +2,6 @@
 #include "Samples.h"
 #include "Services.h"
 
-#include <dlfcn.h>
 #include <stdexcept>
 #include <thread>
 
@@ -33,15 +32,6 @@ TEST_P(NativeTest, PassesOnWhatTheFederateThrows)
    member.federate.inCallback = [] { throw FederateInternalError(L"x"); };
    EXPECT_EQ(core.deliver(delivery), (JavaException{hlaClass("FederateInternalError"), u"x"}));
    EXPECT_EQ(member.federate.takeCalled(), expected);
-}
-
-// The VM finds natives with plain names by itself, in whichever library has them first.
-TEST_P(NativeTest, IsExportedUnderItsCxxNameAlone)
-{
-   auto const name = "Java_morva_tovu1516e_FederateAmbassadorC2007_" + native;
-   auto const cxxName = "_Z" + std::to_string(name.size()) + name + "P7JNIEnv_P8_jobjectP11_jbyteArray";
-   EXPECT_NE(dlsym(RTLD_DEFAULT, cxxName.c_str()), nullptr);
-   EXPECT_EQ(dlsym(RTLD_DEFAULT, name.c_str()), nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, NativeTest, testing::ValuesIn(nativeNames()),

@@ -56,25 +56,30 @@ Steps const ofMemory{[](int n) {
                      },
                      memory::hasFailed};
 
-// Does something with the n-th step failing, for every n until no step is left to fail, and lets expect judge
-// what came of it. Tells how many failures there were.
-template <class Do, class Expect>
-int failOneAfterTheOther(Steps steps, Do something, Expect expect)
+class StepFaults : public FaultTest
 {
-   for (int n = 1;; ++n) {
-      SCOPED_TRACE("failure " + std::to_string(n));
-      steps.fail(n);
-      auto const outcome = something();
-      bool const failed = steps.hasFailed();
-      steps.fail(0);
-      expect(outcome, failed);
-      if (!failed || testing::Test::HasFailure()) {
-         return n - 1;
+protected:
+   // Does something with the n-th step failing, for every n until no step is left to fail, and lets expect
+   // judge what came of it; nothing may be left but the ambassador. Tells how many failures there were.
+   template <class Do, class Expect>
+   int failOneAfterTheOther(Steps steps, Do something, Expect expect)
+   {
+      for (int n = 1;; ++n) {
+         SCOPED_TRACE("failure " + std::to_string(n));
+         steps.fail(n);
+         auto const outcome = something();
+         bool const failed = steps.hasFailed();
+         steps.fail(0);
+         expect(outcome, failed);
+         expectClean(1);
+         if (!failed || HasFailure()) {
+            return n - 1;
+         }
       }
    }
-}
+};
 
-class ServiceFaults : public FaultTest, public testing::WithParamInterface<contract::Service>
+class ServiceFaults : public StepFaults, public testing::WithParamInterface<contract::Service>
 {
 protected:
    void SetUp() override
@@ -105,6 +110,13 @@ protected:
       return outcomeOf([this] { return GetParam().call(*ambassador); });
    }
 
+   template <class Expect>
+   int failEach(Steps steps, Expect expect)
+   {
+      return failOneAfterTheOther(
+         steps, [this] { return call(); }, expect);
+   }
+
    contract::JavaMethod const& method = GetParam().method;
 };
 
@@ -115,13 +127,10 @@ TEST_P(ServiceFaults, OfJavaEndInRTIinternalError)
 {
    auto const expected = call();
    EXPECT_EQ(expected.exception, "");
-   int const failures = failOneAfterTheOther(
-      ofJava, [this] { return call(); },
-      [&](Outcome const& outcome, bool failed) {
-         EXPECT_EQ(outcome.exception, failed ? "RTIinternalError" : "");
-         EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
-         expectClean(1);
-      });
+   int const failures = failEach(ofJava, [&](Outcome const& outcome, bool failed) {
+      EXPECT_EQ(outcome.exception, failed ? "RTIinternalError" : "");
+      EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
+   });
    EXPECT_GE(failures, method.takesMessage() ? 4 : 2); // attaching, the array, the pin and the call
 }
 
@@ -132,33 +141,24 @@ TEST_P(ServiceFaults, WhileAnExceptionIsTranslatedLoseAtMostItsClass)
    std::string const translated = std::find(classes.begin(), classes.end(), "NotConnected") != classes.end()
                                      ? "NotConnected"
                                      : "RTIinternalError";
-   int const failures = failOneAfterTheOther(
-      ofJava, [this] { return call(); },
-      [&](Outcome const& outcome, bool failed) {
-         EXPECT_TRUE(outcome.exception == translated || (failed && outcome.exception == "RTIinternalError"))
-            << outcome.exception;
-         expectClean(1);
-      });
+   int const failures = failEach(ofJava, [&](Outcome const& outcome, bool failed) {
+      EXPECT_TRUE(outcome.exception == translated || (failed && outcome.exception == "RTIinternalError"))
+         << outcome.exception;
+   });
    EXPECT_GE(failures, 4); // attaching, the class, and what gives the message
 }
 
 TEST_P(ServiceFaults, OfMemoryEndInBadAlloc)
 {
    auto const expected = call();
-   int const failures = failOneAfterTheOther(
-      ofMemory, [this] { return call(); },
-      [&](Outcome const& outcome, bool failed) {
-         EXPECT_EQ(outcome.exception, failed ? "bad_alloc" : "");
-         EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
-         expectClean(1);
-      });
+   int const failures = failEach(ofMemory, [&](Outcome const& outcome, bool failed) {
+      EXPECT_EQ(outcome.exception, failed ? "bad_alloc" : "");
+      EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
+   });
    fake::core().raises = "hla/rti1516e/exceptions/NotConnected";
-   int const failuresOfTranslation = failOneAfterTheOther(
-      ofMemory, [this] { return call(); },
-      [&](Outcome const& outcome, bool failed) {
-         EXPECT_EQ(outcome.exception == "bad_alloc", failed);
-         expectClean(1);
-      });
+   int const failuresOfTranslation = failEach(ofMemory, [&](Outcome const& outcome, bool failed) {
+      EXPECT_EQ(outcome.exception == "bad_alloc", failed);
+   });
    EXPECT_GE(failures + failuresOfTranslation, 1);
 }
 
@@ -245,7 +245,7 @@ TEST_F(ServiceFaultsOfSize, AreToldBeforeAnythingIsMade)
    expectClean(1);
 }
 
-class CallbackFaults : public FaultTest, public testing::WithParamInterface<std::string>
+class CallbackFaults : public StepFaults, public testing::WithParamInterface<std::string>
 {
 protected:
    // Fails each step of a callback to a federate that throws, or not, and expects the Java exception that the
@@ -267,7 +267,6 @@ protected:
             if (!failed && throws) {
                EXPECT_EQ(pending, federateInternalError + "a text that is longer than any small string");
             }
-            expectClean(1);
          });
    }
 };
@@ -283,7 +282,7 @@ TEST_P(CallbackFaults, BecomeAJavaException)
    }
 }
 
-using ConstructionFaults = FaultTest;
+using ConstructionFaults = StepFaults;
 
 TEST_F(ConstructionFaults, LeaveNothing)
 {
@@ -301,13 +300,11 @@ TEST_F(ConstructionFaults, LeaveNothing)
          // Nobody can let go of the core's ambassador on a thread that cannot be attached.
          fake::forgetGlobalReference();
       }
-      expectClean(1);
    });
    EXPECT_GE(failures, 10);
    int const ofMemoryFailures =
       failOneAfterTheOther(ofMemory, create, [&](Outcome const& outcome, bool failed) {
          EXPECT_EQ(outcome.exception, failed ? "bad_alloc" : "");
-         expectClean(1);
       });
    EXPECT_GE(ofMemoryFailures, 1);
 }
