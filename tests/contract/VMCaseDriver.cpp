@@ -130,7 +130,7 @@ std::map<std::string, std::function<void()>> const drivers = {
           printProperty(name);
        }
     }},
-   {"the application's VM",
+   {"VM of the application",
     [] {
        std::string classPath = std::string("-Djava.class.path=") + std::getenv("APPLICATION_CLASSPATH");
        JavaVMOption option{classPath.data(), nullptr};
