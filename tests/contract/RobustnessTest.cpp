@@ -1,26 +1,15 @@
 // What shows only after many calls, with several ambassadors, or on several threads.
 #include "Fixture.h"
 #include "Samples.h"
+#include "tests/soak/ResidentMemory.h"
 
 #include <algorithm>
 #include <atomic>
-#include <fstream>
 #include <future>
 #include <thread>
-#include <unistd.h>
 
 namespace contract {
 namespace {
-
-// Resident memory of this process, in kilobytes.
-long residentMemory()
-{
-   std::ifstream statm("/proc/self/statm");
-   long total = 0;
-   long resident = 0;
-   statm >> total >> resident;
-   return resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
 
 // A thread of the test's own, which it waits for.
 template <class Work>
@@ -32,12 +21,7 @@ std::future<void> onThread(Work work)
    });
 }
 
-class RobustnessTest : public ContractTest
-{
-protected:
-   // Any leak of even a few bytes a call is more than this.
-   static constexpr long tolerance = 1000; // kilobytes
-};
+using RobustnessTest = ContractTest;
 
 TEST_F(RobustnessTest, CallsNeitherLeakNorTire)
 {
@@ -70,7 +54,7 @@ TEST_F(RobustnessTest, CallsNeitherLeakNorTire)
    }).get();
    EXPECT_EQ(failures, 130'000);
    RecordProperty("grown", std::to_string(grown));
-   EXPECT_LT(grown, tolerance);
+   EXPECT_LT(grown, 1000) << "kilobytes, which a leak of even a few bytes a call is more than";
 }
 
 TEST_F(RobustnessTest, DestructionLetsGoOfTheCoresAmbassador)
