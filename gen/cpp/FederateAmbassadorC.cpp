@@ -2,6 +2,7 @@
 
 #include "bridge/Assertion.h"
 #include "bridge/CallbackContext.h"
+#include "bridge/ClassPathAdvice.h"
 #include "bridge/JavaException.h"
 #include "bridge/LocalReference.h"
 #include "bridge/PinnedArray.h"
@@ -224,6 +225,7 @@ void registerCallbackNatives(JNIEnv* env)
    }
    if (!cls) {
       std::fputs("The file tovu1516e.jar can not be found in the CLASSPATH.\n", stderr);
+      std::fputs(otherCoreAdvice().c_str(), stderr);
       return;
    }
    static char signature[] = "([B)V";
@@ -240,6 +242,7 @@ void registerCallbackNatives(JNIEnv* env)
          env->ExceptionClear();
       }
       std::fputs("Failed to register native functions.\n", stderr);
+      std::fputs(otherCoreAdvice().c_str(), stderr);
    }
 }
 

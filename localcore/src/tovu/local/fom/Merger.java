@@ -61,6 +61,17 @@ final class Merger {
             T row = byName.get(name);
             return row != null || root.isEmpty() ? row : byName.get(root + "." + name);
         }
+
+        /** A name that has more in front of it or other letters small, or null. */
+        String nameLike(String name) {
+            String end = "." + name;
+            for (String each : byName.keySet()) {
+                if (("." + each).regionMatches(true, each.length() - name.length(), end, 0, end.length())) {
+                    return each;
+                }
+            }
+            return null;
+        }
     }
 
     private InconsistentFDD inconsistent(FomElement where, String what) {

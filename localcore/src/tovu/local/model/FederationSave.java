@@ -56,11 +56,11 @@ public final class FederationSave {
                     + " enable one of them, or request the save without a time");
         }
         TimeFamily family = federation.timeFamily();
-        long time = family.time(timeBits);
+        long time = federation.time().time(requester, timeBits);
         for (Federate each : federation.members()) {
             if ((each == requester || each.time.isConstrained()) && time < each.time.reached()) {
                 throw new LogicalTimeAlreadyPassed("The save is requested for time " + family.text(time) + " but "
-                        + each + " has passed that already");
+                        + each + " has passed that already; request it for a later one");
             }
         }
         dueLabel = theLabel;

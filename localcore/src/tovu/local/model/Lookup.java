@@ -19,11 +19,14 @@ final class Lookup {
         this.model = model;
     }
 
+    static String nothingHas(int handle, String kind, String service) {
+        return "No " + kind + " has handle " + handle + "; get the handle with " + service;
+    }
+
     ObjectClass objectClass(int handle) throws ObjectClassNotDefined {
         ObjectClass theClass = model.objectClass(handle);
         if (theClass == null) {
-            throw new ObjectClassNotDefined("No object class has handle " + handle
-                    + "; get the handle with getObjectClassHandle");
+            throw new ObjectClassNotDefined(nothingHas(handle, "object class", "getObjectClassHandle"));
         }
         return theClass;
     }
@@ -31,8 +34,7 @@ final class Lookup {
     InteractionClass interactionClass(int handle) throws InteractionClassNotDefined {
         InteractionClass theClass = model.interactionClass(handle);
         if (theClass == null) {
-            throw new InteractionClassNotDefined("No interaction class has handle " + handle
-                    + "; get the handle with getInteractionClassHandle");
+            throw new InteractionClassNotDefined(nothingHas(handle, "interaction class", "getInteractionClassHandle"));
         }
         return theClass;
     }
