@@ -2,7 +2,6 @@
 #include "Samples.h"
 
 #include <functional>
-#include <sys/mman.h>
 
 namespace contract {
 namespace {
@@ -104,54 +103,6 @@ TEST_F(AwkwardValuesTest, LargeOnesTravelWhole)
    }
    rti.updateAttributeValues(samples::object, values, {});
    EXPECT_EQ(core.calls().at(0).message, expected.int32(0));
-}
-
-// Bytes that must not be looked at: touching them ends the process.
-class ForbiddenBytes
-{
-public:
-   explicit ForbiddenBytes(unsigned int size)
-      : _start(mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)),
-        _size(size)
-   {}
-   ForbiddenBytes(ForbiddenBytes const&) = delete;
-   ForbiddenBytes& operator=(ForbiddenBytes const&) = delete;
-   ~ForbiddenBytes() { munmap(_start, _size); }
-
-   void lendTo(VariableLengthData& data) const { data.setDataPointer(_start, _size); }
-
-private:
-   void* _start;
-   unsigned int _size;
-};
-
-TEST_F(AwkwardValuesTest, TooLargeOnesAreRefused)
-{
-   auto const caughtSending = [&](std::vector<unsigned int> const& sizes) {
-      AttributeHandleValueMap values;
-      std::vector<std::unique_ptr<ForbiddenBytes>> lent;
-      for (auto const size : sizes) {
-         lent.push_back(std::make_unique<ForbiddenBytes>(size));
-         lent.back()->lendTo(values[handle<AttributeHandle>(static_cast<std::uint32_t>(lent.size()))]);
-      }
-      auto const caught =
-         caughtFrom([&] { rti.updateAttributeValues(samples::object, values, samples::tag); });
-      EXPECT_FALSE(caught.text.empty());
-      return caught.type;
-   };
-   core.watchReferences();
-   EXPECT_EQ(caughtSending({0x80000000}), "RTIinternalError");
-   EXPECT_EQ(caughtSending({0x7FFFFFFF}), "RTIinternalError");
-   EXPECT_EQ(caughtSending({0x60000000, 0x60000000}), "RTIinternalError");
-   // A sum that is small once it has lost its upper half.
-   EXPECT_EQ(caughtSending({0x60000000, 0x60000000, 0x40000008}), "RTIinternalError");
-   // An array that is possible, but for which the heap is too small.
-   EXPECT_EQ(caughtSending({0x40000000}), "RTIinternalError");
-   EXPECT_TRUE(core.calls().empty());
-
-   rti.requestFederationSave(L"still working");
-   EXPECT_EQ(core.calls().size(), 1U);
-   EXPECT_EQ(core.heldReferences(), "");
 }
 
 } // namespace

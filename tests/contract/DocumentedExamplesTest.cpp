@@ -31,15 +31,11 @@ std::map<std::string, Bytes> documentedMessages()
 // The callback context stands in the examples as this number.
 constexpr std::uint32_t documentedContext = 0x1000;
 
-class DocumentedExamplesTest : public testing::Test
+class DocumentedExamplesTest : public ContractTest
 {
 protected:
    DocumentedExamplesTest() { member.join(u"HLAinteger64Time"); }
-   ~DocumentedExamplesTest() override { core.forget(); }
 
-   Member member;
-   RTIambassador& rti = *member.ambassador;
-   RecordingCore& core = RecordingCore::instance();
    std::map<std::string, Bytes> const messages = documentedMessages();
 };
 

@@ -1,5 +1,5 @@
 // In front of the recording core stand exception classes that are each a subclass of the next in
-// exceptions.txt, so that nearly every exception is an instance of several classes that a service lists.
+// exceptionClasses(), so that nearly every exception is an instance of several classes that a service lists.
 #include "Fixture.h"
 #include "Services.h"
 
@@ -19,7 +19,7 @@ std::ptrdiff_t placeInChain(std::string const& name)
 TEST_F(ExceptionOrderTest, TheFirstListedClassOfWhichItIsAnInstanceIsThrown)
 {
    for (auto const& service : services()) {
-      auto const& listed = service.javaMethod().exceptions;
+      auto const& listed = service.method.exceptions;
       for (auto const& thrown : exceptionClasses()) {
          auto const expected = std::find_if(listed.begin(), listed.end(), [&](auto& name) {
             return placeInChain(name) >= placeInChain(thrown);
@@ -27,9 +27,9 @@ TEST_F(ExceptionOrderTest, TheFirstListedClassOfWhichItIsAnInstanceIsThrown)
          if (expected == listed.end()) {
             continue;
          }
-         core.answer(service.javaName(), JavaException{hlaClass(thrown), u"why"});
+         core.answer(service.method.name, JavaException{hlaClass(thrown), u"why"});
          EXPECT_EQ(caughtFrom([&] { service.call(rti); }), (Caught{*expected, L"why"}))
-            << service.javaName() << " when the core throws " << thrown;
+            << service.method.name << " when the core throws " << thrown;
       }
    }
 }

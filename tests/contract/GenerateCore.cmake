@@ -1,5 +1,14 @@
-# Makes the Java sources of the recording core from services.txt, natives.txt and exceptions.txt.
+# Makes the Java sources of the recording core from services.txt and natives.txt.
 include_guard()
+
+# The exceptions of the services, and the one of the callbacks, each before those that a service lists behind it.
+# Of the two that services disagree on, tsort chooses.
+set(EXCEPTIONS ${CMAKE_CURRENT_BINARY_DIR}/exceptions.txt)
+execute_process(
+  COMMAND awk "{ for (i = 3; i <= NF; ++i) print $(i == 3 ? 3 : i - 1), $i }
+    END { print \"FederateInternalError FederateInternalError\" }" ${CMAKE_CURRENT_SOURCE_DIR}/services.txt
+  COMMAND tsort
+  OUTPUT_FILE ${EXCEPTIONS} ERROR_QUIET)
 
 # The lines of a table. Square brackets, which would glue the elements of a list together, come as "<".
 function(read_table path result)
@@ -100,7 +109,7 @@ endfunction()
 # The exception classes under DIRECTORY. They are siblings, or CHAINED: each a subclass of the one in the next
 # line of the table, so that an exception tells which of the classes it is an instance of is tested first.
 function(generate_exceptions directory kind result)
-  read_table(${CMAKE_CURRENT_SOURCE_DIR}/exceptions.txt names)
+  read_table(${EXCEPTIONS} names)
   set(sources "")
   set(base Exception)
   list(REVERSE names)

@@ -6,7 +6,6 @@
 #include <RTI/time/HLAfloat64Time.h>
 #include <RTI/time/HLAinteger64Time.h>
 
-#include <functional>
 #include <stdexcept>
 
 namespace contract {
@@ -34,27 +33,7 @@ protected:
       member.join(u"TestTime");
       return core.deliver({"timeAdvanceGrant_LT_Native", member.message(time)});
    }
-
-   static int livingValues()
-   {
-      return Living<TestValue<LogicalTime, 11>>::count + Living<TestValue<LogicalTimeInterval, 3>>::count;
-   }
 };
-
-std::vector<std::function<void()>> const& faults()
-{
-   static std::vector<std::function<void()>> const all = {
-      [] { throw InvalidLogicalTime(L"fault"); },
-      [] { throw std::runtime_error("fault"); },
-      [] { throw 42; },
-   };
-   return all;
-}
-
-std::vector<Caught> const caughtFaults = {
-   {"InvalidLogicalTime", L"fault"}, {"std::exception", L"fault"}, {"unknown", L""}};
-
-std::vector<std::u16string> const arrivingFaults = {u"fault", u"fault", u"Unknown C++ exception"};
 
 TEST_F(LogicalTimeTest, StandardTimesCross)
 {
@@ -75,7 +54,6 @@ TEST_F(LogicalTimeTest, StandardTimesCross)
 
 TEST_F(LogicalTimeTest, BytesThatAreNoTimeAreTheFactorysToRefuse)
 {
-   core.watchReferences();
    EXPECT_EQ(caughtFrom([&] { decodedByAmbassador(Bytes("7A0000 00")); }),
              (Caught{"CouldNotDecode", L"not the bytes of a TestTime"}));
    core.answer("queryLookahead", TestInterval::encoded(1).byte(0));
@@ -85,7 +63,6 @@ TEST_F(LogicalTimeTest, BytesThatAreNoTimeAreTheFactorysToRefuse)
    member.join(u"HLAinteger64Time");
    EXPECT_EQ(caughtFrom([&] { decodedByAmbassador(Bytes("00000000000000")); }),
              (Caught{"CouldNotDecode", L"Buffer to small!"}));
-   EXPECT_EQ(core.heldReferences(), "");
 }
 
 TEST_F(LogicalTimeTest, WithoutFactoryReturnedTimesAreEmpty)
@@ -165,57 +142,6 @@ TEST_F(LogicalTimeTest, GetTimeFactoryMakesANewOneForItsCaller)
    }
    EXPECT_EQ(TestTimeFactory::count, before);
    EXPECT_EQ(decodedByAmbassador(TestTime::encoded(1)), L"Test<1>");
-}
-
-TEST_F(LogicalTimeTest, WhatEncodingThrowsReachesTheCaller)
-{
-   core.watchReferences();
-   for (std::size_t i = 0; i < faults().size(); ++i) {
-      Faults::set("encode", faults()[i]);
-      EXPECT_EQ(caughtFrom([&] { rti.timeAdvanceRequest(samples::time); }), caughtFaults[i]);
-      EXPECT_EQ(caughtFrom([&] { rti.enableTimeRegulation(samples::interval); }), caughtFaults[i]);
-      EXPECT_EQ(caughtFrom([&] { rti.updateAttributeValues({}, {}, samples::tag, samples::time); }),
-                caughtFaults[i]);
-   }
-   EXPECT_TRUE(core.calls().empty());
-   EXPECT_EQ(core.heldReferences(), "");
-}
-
-TEST_F(LogicalTimeTest, WhatDecodingThrowsReachesTheCaller)
-{
-   auto const living = livingValues();
-   core.watchReferences();
-   core.answer("queryLogicalTime", TestTime::encoded(1));
-   core.answer("queryLookahead", TestInterval::encoded(1));
-   core.answer("queryLITS", TestTime::encoded(1));
-   for (std::size_t i = 0; i < faults().size(); ++i) {
-      Faults::set("decode", faults()[i]);
-      EXPECT_EQ(caughtFrom([&] { rti.queryLogicalTime(); }), caughtFaults[i]);
-      EXPECT_EQ(caughtFrom([&] { rti.queryLookahead(); }), caughtFaults[i]);
-      EXPECT_EQ(caughtFrom([&] { rti.queryLITS(); }), caughtFaults[i]);
-   }
-   EXPECT_EQ(livingValues(), living);
-   EXPECT_EQ(core.heldReferences(), "");
-}
-
-TEST_F(LogicalTimeTest, WhatDecodingACallbackThrowsGoesToTheCore)
-{
-   auto const living = livingValues();
-   for (auto const* operation : {"decode", "makeFinal", "encodedLength"}) {
-      for (std::size_t i = 0; i < faults().size(); ++i) {
-         Faults::set(operation, faults()[i]);
-         EXPECT_EQ(grant(TestTime::encoded(1)),
-                   (JavaException{hlaClass("FederateInternalError"), arrivingFaults[i]}))
-            << operation;
-         // The array is not pinned: the collector can run.
-         EXPECT_EQ(core.heldReferences(), "");
-      }
-      Faults::clear();
-   }
-   EXPECT_TRUE(member.federate.takeCalled().empty());
-   EXPECT_EQ(grant(TestTime::encoded(1)), std::nullopt);
-   EXPECT_EQ(member.federate.takeCalled().size(), 1U);
-   EXPECT_EQ(livingValues(), living);
 }
 
 TEST_F(LogicalTimeTest, NobodyIsCalledWithATimeThatTheFactoryDoesNotGive)

@@ -35,7 +35,6 @@ struct Delivery
 {
    std::string native;
    Bytes message;
-   int times = 1;
    bool onJavaThread = false; // instead of the calling thread
 };
 
@@ -47,7 +46,7 @@ struct RecordedCall
 {
    std::string method;
    std::optional<Bytes> message; // none where the method takes no array
-   int ambassador;               // tells the core's ambassadors apart
+   std::uint32_t ambassador;     // tells the core's ambassadors apart
 };
 
 class RecordingCore
@@ -65,10 +64,6 @@ public:
    // The same of a callback that was the answer to a service.
    std::optional<JavaException> pending();
 
-   // What crossed the boundary between the two and is still held on to, a line each.
-   void watchReferences();
-   std::string heldReferences();
-
    std::optional<std::u16string> property(std::string const& name);
 
    // Ends the calling thread's being attached to the VM, which a thread that a test starts does in the end.
@@ -77,8 +72,10 @@ public:
 private:
    RecordingCore();
 
-   JavaVM* _vm;
-   jclass _recorder;
+   // All that is said between the tests and the recorder, as bytes.
+   Bytes ask(char const* question, Bytes const& arguments = Bytes());
+
+   JavaVM* _vm = nullptr;
 };
 
 } // namespace contract

@@ -2,13 +2,10 @@
 // call of it with the samples.
 #pragma once
 
-#include "Shown.h"
-
 #include <RTI/RTIambassador.h>
 
 #include <functional>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 namespace contract {
@@ -25,35 +22,17 @@ struct JavaMethod
 
 // From services.txt.
 std::vector<JavaMethod> const& javaMethods();
-// From exceptions.txt.
+// All that services list, each before those that one lists behind it, and FederateInternalError.
 std::vector<std::string> const& exceptionClasses();
 // From natives.txt.
 std::vector<std::string> const& nativeNames();
 
-class Service
+struct Service
 {
-public:
-   template <class Call>
-   Service(char const* javaName, Call call)
-      : _javaName(javaName), _call([call](rti1516e::RTIambassador& ambassador) {
-           if constexpr (std::is_void_v<decltype(call(ambassador))>) {
-              call(ambassador);
-              return std::wstring();
-           } else {
-              return shown(call(ambassador));
-           }
-        })
-   {}
+   using Call = std::function<std::wstring(rti1516e::RTIambassador&)>;
 
-   std::string const& javaName() const { return _javaName; }
-   JavaMethod const& javaMethod() const;
-
-   // Returns the result as a text.
-   std::wstring call(rti1516e::RTIambassador& ambassador) const { return _call(ambassador); }
-
-private:
-   std::string _javaName;
-   std::function<std::wstring(rti1516e::RTIambassador&)> _call;
+   JavaMethod method;
+   Call call; // returns the result as a text
 };
 
 std::vector<Service> const& services();

@@ -5,16 +5,12 @@
 #include "Bytes.h"
 
 #include <RTI/Exception.h>
-#include <RTI/LogicalTime.h>
-#include <RTI/LogicalTimeFactory.h>
-#include <RTI/LogicalTimeInterval.h>
+#include <RTI/time/HLAinteger64TimeFactory.h>
 
 #include <atomic>
 #include <cstdint>
-#include <cstring>
 #include <functional>
 #include <map>
-#include <new>
 #include <string>
 
 namespace contract {
@@ -54,13 +50,14 @@ public:
    static inline std::atomic<int> count = 0;
 };
 
-// What times and intervals have in common: a number, encoded as a mark and the number in what is left of an
-// encoded length. Only exactly that many bytes are decoded.
+// What times and intervals have in common: the numbers are those of a standard one, but encoded as a mark and
+// the number in what is left of an encoded length. Only exactly that many bytes are decoded.
 template <class Base, unsigned int length>
 class TestValue : public Base, public Living<TestValue<Base, length>>
 {
 public:
-   explicit TestValue(std::uint64_t number) : _number(number) {}
+   using Base::operator=;
+   explicit TestValue(rti1516e::Integer64 number) : Base(number) {}
    ~TestValue() override { Faults::at("destroy"); }
 
    static Bytes encoded(std::uint64_t number)
@@ -72,33 +69,12 @@ public:
       return bytes;
    }
 
-   Base& operator=(Base const& other) override
-   {
-      _number = numberOf(other);
-      return *this;
-   }
-   bool operator>(Base const& other) const override { return _number > numberOf(other); }
-   bool operator<(Base const& other) const override { return _number < numberOf(other); }
-   bool operator==(Base const& other) const override { return _number == numberOf(other); }
-   bool operator>=(Base const& other) const override { return _number >= numberOf(other); }
-   bool operator<=(Base const& other) const override { return _number <= numberOf(other); }
+   std::uint64_t get() const { return static_cast<std::uint64_t>(static_cast<rti1516e::Integer64>(*this)); }
 
-   size_t encode(void* buffer, size_t bufferSize) const override
-   {
-      if (bufferSize < length) {
-         throw rti1516e::CouldNotEncode(L"too small");
-      }
-      std::memcpy(buffer, encoded(_number).data(), length);
-      return length;
-   }
    rti1516e::VariableLengthData encode() const override
    {
       Faults::at("encode");
-      rti1516e::VariableLengthData bytes(encoded(_number).data(), length);
-      if (bytes.size() != length) {
-         throw std::bad_alloc();
-      }
-      return bytes;
+      return rti1516e::VariableLengthData(encoded(get()).data(), length);
    }
    size_t encodedLength() const override
    {
@@ -112,85 +88,20 @@ public:
       if (bufferSize != length || bytes[0] != 0x7A) {
          throw rti1516e::CouldNotDecode(L"not the bytes of a TestTime");
       }
-      _number = 0;
+      rti1516e::Integer64 number = 0;
       for (unsigned int i = 1; i < length; ++i) {
-         _number = _number << 8 | bytes[i];
+         number = number << 8 | bytes[i];
       }
+      *this = TestValue(number);
    }
-   void decode(rti1516e::VariableLengthData const& encodedValue) override
-   {
-      Bytes copy(encodedValue.data(), encodedValue.size());
-      decode(const_cast<unsigned char*>(copy.data()), copy.size());
-   }
-   std::wstring toString() const override { return L"Test<" + std::to_wstring(_number) + L">"; }
+   std::wstring toString() const override { return L"Test<" + std::to_wstring(get()) + L">"; }
    std::wstring implementationName() const override { return L"TestTime"; }
-
-protected:
-   std::uint64_t& number() { return _number; }
-   std::uint64_t number() const { return _number; }
-   static std::uint64_t numberOf(Base const& other) { return dynamic_cast<TestValue const&>(other)._number; }
-
-private:
-   std::uint64_t _number;
 };
 
-class TestTime;
+using TestTime = TestValue<rti1516e::HLAinteger64Time, 11>;
+using TestInterval = TestValue<rti1516e::HLAinteger64Interval, 3>;
 
-class TestInterval : public TestValue<rti1516e::LogicalTimeInterval, 3>
-{
-public:
-   using TestValue::operator=;
-   explicit TestInterval(std::uint64_t number) : TestValue(number) {}
-
-   std::uint64_t get() const { return number(); }
-   void setZero() override { number() = 0; }
-   bool isZero() const override { return number() == 0; }
-   void setEpsilon() override { number() = 1; }
-   bool isEpsilon() const override { return number() == 1; }
-   rti1516e::LogicalTimeInterval& operator+=(rti1516e::LogicalTimeInterval const& addend) override
-   {
-      number() += numberOf(addend);
-      return *this;
-   }
-   rti1516e::LogicalTimeInterval& operator-=(rti1516e::LogicalTimeInterval const& subtrahend) override
-   {
-      number() -= numberOf(subtrahend);
-      return *this;
-   }
-   void setToDifference(rti1516e::LogicalTime const& minuend,
-                        rti1516e::LogicalTime const& subtrahend) override;
-};
-
-class TestTime : public TestValue<rti1516e::LogicalTime, 11>
-{
-public:
-   using TestValue::operator=;
-   explicit TestTime(std::uint64_t number) : TestValue(number) {}
-
-   std::uint64_t get() const { return number(); }
-   void setInitial() override { number() = 0; }
-   bool isInitial() const override { return number() == 0; }
-   void setFinal() override { number() = UINT64_MAX; }
-   bool isFinal() const override { return number() == UINT64_MAX; }
-   rti1516e::LogicalTime& operator+=(rti1516e::LogicalTimeInterval const& addend) override
-   {
-      number() += dynamic_cast<TestInterval const&>(addend).get();
-      return *this;
-   }
-   rti1516e::LogicalTime& operator-=(rti1516e::LogicalTimeInterval const& subtrahend) override
-   {
-      number() -= dynamic_cast<TestInterval const&>(subtrahend).get();
-      return *this;
-   }
-};
-
-inline void TestInterval::setToDifference(rti1516e::LogicalTime const& minuend,
-                                          rti1516e::LogicalTime const& subtrahend)
-{
-   number() = dynamic_cast<TestTime const&>(minuend).get() - dynamic_cast<TestTime const&>(subtrahend).get();
-}
-
-class TestTimeFactory : public rti1516e::LogicalTimeFactory, public Living<TestTimeFactory>
+class TestTimeFactory : public rti1516e::HLAinteger64TimeFactory, public Living<TestTimeFactory>
 {
 public:
    using Time = std::auto_ptr<rti1516e::LogicalTime>;
@@ -200,31 +111,18 @@ public:
    static inline std::atomic<bool> decodesNothing = false;
    static inline std::atomic<bool> hasNoFinal = false;
 
-   Time makeInitial() override { return Time(new TestTime(0)); }
    Time makeFinal() override
    {
       Faults::at("makeFinal");
-      return hasNoFinal ? Time() : Time(new TestTime(UINT64_MAX));
+      return hasNoFinal ? Time() : Time(new TestTime(INT64_MAX));
    }
-   Interval makeZero() override { return Interval(new TestInterval(0)); }
-   Interval makeEpsilon() override { return Interval(new TestInterval(1)); }
    Time decodeLogicalTime(void* buffer, size_t bufferSize) override
    {
       return decodesNothing ? Time() : decoded<Time, TestTime>(buffer, bufferSize);
    }
-   Time decodeLogicalTime(rti1516e::VariableLengthData const& bytes) override
-   {
-      Bytes copy(bytes.data(), bytes.size());
-      return decodeLogicalTime(const_cast<unsigned char*>(copy.data()), copy.size());
-   }
    Interval decodeLogicalTimeInterval(void* buffer, size_t bufferSize) override
    {
       return decoded<Interval, TestInterval>(buffer, bufferSize);
-   }
-   Interval decodeLogicalTimeInterval(rti1516e::VariableLengthData const& bytes) override
-   {
-      Bytes copy(bytes.data(), bytes.size());
-      return decodeLogicalTimeInterval(const_cast<unsigned char*>(copy.data()), copy.size());
    }
    std::wstring getName() const override { return L"TestTime"; }
 

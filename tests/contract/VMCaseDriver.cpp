@@ -21,11 +21,11 @@
 namespace contract {
 namespace {
 
-using Driver = std::function<void()>;
-
 std::ofstream seen;
 
 RecordingCore& core() { return RecordingCore::instance(); }
+
+Delivery saved(Member const& member) { return {"federationSaved_Native", member.message(Bytes())}; }
 
 void write(Caught const& caught)
 {
@@ -33,63 +33,10 @@ void write(Caught const& caught)
         << std::string(caught.text.begin(), caught.text.end()) << '\n';
 }
 
-void write(std::optional<JavaException> const& pending)
-{
-   if (pending) {
-      seen << *pending << '\n';
-   } else {
-      seen << "nothing\n";
-   }
-}
-
-void create()
-{
-   write(caughtFrom([] { newAmbassador(); }));
-}
-
 void printProperty(char const* name)
 {
    auto const value = core().property(name);
    seen << name << '=' << (value ? std::string(value->begin(), value->end()) : "(not set)") << '\n';
-}
-
-// A callback to a connected federate.
-template <class InCallback>
-Driver callback(InCallback inCallback)
-{
-   return [inCallback] {
-      Member member;
-      member.federate.inCallback = inCallback;
-      write(core().deliver({"federationSaved_Native", member.message(Bytes())}));
-   };
-}
-
-Driver delivery(char const* native, char const* arguments)
-{
-   return [=] {
-      Member member;
-      member.join(u"HLAinteger64Time");
-      write(core().deliver({native, member.message(Bytes(arguments))}));
-   };
-}
-
-// The bytes are the whole message, TOKEN standing for the token.
-Driver bareDelivery(char const* before, char const* after)
-{
-   return [=] {
-      Member const member;
-      write(
-         core().deliver({"federationSaved_Native", Bytes(before).int32(member.token).append(Bytes(after))}));
-   };
-}
-
-template <class Call>
-Driver service(Call call)
-{
-   return [call] {
-      Member const member;
-      call(*member.ambassador);
-   };
 }
 
 JavaVM& createdVM()
@@ -129,7 +76,7 @@ void enterCallbackForGood(Member& member)
       entered->set_value();
       std::this_thread::sleep_for(std::chrono::hours(1));
    };
-   std::thread([&member] { core().deliver({"federationSaved_Native", member.message(Bytes())}); }).detach();
+   std::thread([&member] { core().deliver(saved(member)); }).detach();
    entered->get_future().wait();
 }
 
@@ -161,10 +108,8 @@ void forkAndUse(Member& member)
    seen << "child: " << status << std::endl;
 }
 
-char const* const reflection = "reflectAttributeValues_OIH_AHVM_BX_OT_TTH_FASRI_Native";
-
-std::map<std::string, Driver> const drivers = {
-   {"create", create},
+std::map<std::string, std::function<void()>> const drivers = {
+   {"create", [] { write(caughtFrom([] { newAmbassador(); })); }},
    {"call",
     [] {
        Member const member;
@@ -185,7 +130,7 @@ std::map<std::string, Driver> const drivers = {
           printProperty(name);
        }
     }},
-   {"the application's VM",
+   {"VM of the application",
     [] {
        std::string classPath = std::string("-Djava.class.path=") + std::getenv("APPLICATION_CLASSPATH");
        JavaVMOption option{classPath.data(), nullptr};
@@ -215,24 +160,12 @@ std::map<std::string, Driver> const drivers = {
        enterCallbackForGood(*late.member);
        exitByJava();
     }},
-   {"fork",
-    [] {
-       Member member;
-       forkAndUse(member);
-       useAndDestroy(member.ambassador);
-    }},
    {"fork while in a callback",
     [] {
        Member member;
        member.federate.inCallback = [&] { forkAndUse(member); };
-       write(core().deliver({"federationSaved_Native", member.message(Bytes())}));
+       seen << (core().deliver(saved(member)) ? "exception" : "nothing") << '\n';
        useAndDestroy(member.ambassador);
-    }},
-   {"fork while another thread is in a callback",
-    [] {
-       auto* const member = new Member;
-       enterCallbackForGood(*member);
-       forkAndUse(*member);
     }},
    {"thread that is cancelled while it evokes",
     [] {
@@ -242,7 +175,7 @@ std::map<std::string, Driver> const drivers = {
           pthread_testcancel();
           seen << "left the callback" << std::endl;
        };
-       core().answer("evokeCallback_D", Delivery{"federationSaved_Native", member.message(Bytes())});
+       core().answer("evokeCallback_D", saved(member));
        pthread_t thread{};
        pthread_create(
           &thread, nullptr,
@@ -258,49 +191,12 @@ std::map<std::string, Driver> const drivers = {
        collectGarbage(); // visits the frames of every thread that is in Java
        useAndDestroy(member.ambassador);
     }},
-   {"default time library",
+   {"callback throws an int",
     [] {
-       Member const member;
-       for (auto const* name : {u"HLAinteger64Time", u"HLAfloat64Time", u"unheard of"}) {
-          core().answer("getTimeFactory", name);
-          auto const shownName = shown(member.ambassador->getTimeFactory());
-          seen << std::string(shownName.begin(), shownName.end()) << '\n';
-       }
+       Member member;
+       member.federate.inCallback = [] { throw 42; };
+       core().deliver(saved(member));
     }},
-   {"callback throws an int", callback([] { throw 42; })},
-   {"callback throws an exception of the interface", callback([] { throw NameNotFound(L"x"); })},
-   {"callback throws a text", callback([] { throw std::string("x"); })},
-   {"bad first magic", bareDelivery("63626161", "59585756")},
-   {"bad last magic", bareDelivery("63626160", "59585757")},
-   {"time before any join",
-    [] {
-       Member const member;
-       core().deliver({"timeAdvanceGrant_LT_Native", member.message(Bytes("0000000000000001"))});
-    }},
-   {"write OT", service([](auto& rti) { rti.changeInteractionOrderType({}, static_cast<OrderType>(3)); })},
-   {"write OT 0", service([](auto& rti) { rti.getOrderName(static_cast<OrderType>(0)); })},
-   {"write RA", service([](auto& rti) { rti.resignFederationExecution(static_cast<ResignAction>(6)); })},
-   {"write TTH",
-    service([](auto& rti) { rti.getTransportationTypeName(static_cast<TransportationType>(3)); })},
-   {"write SG", service([](auto& rti) { rti.normalizeServiceGroup(static_cast<ServiceGroup>(7)); })},
-   {"result OT", service([](auto& rti) {
-       core().answer("getOrderType_S", jint{2});
-       rti.getOrderType(L"");
-    })},
-   {"result TTH", service([](auto& rti) {
-       core().answer("getTransportationTypeHandle_S", jint{0});
-       rti.getTransportationTypeHandle(L"");
-    })},
-   {"read OT", delivery(reflection, "00000001 00000000 00000000 00000002 00000001 00000000 00000000")},
-   {"read TTH", delivery(reflection, "00000001 00000000 00000000 00000000 00000003 00000000 00000000")},
-   {"read TTH 0", delivery(reflection, "00000001 00000000 00000000 00000000 00000000 00000000 00000000")},
-   {"read SPFR", delivery("synchronizationPointRegistrationFailed_S_SPFR_Native", "00000000 00000002")},
-   {"read SFR", delivery("federationNotSaved_SFR_Native", "00000006")},
-   {"read SFR below", delivery("federationNotSaved_SFR_Native", "FFFFFFFF")},
-   {"read RFR", delivery("federationNotRestored_RFR_Native", "00000005")},
-   {"read save status", delivery("federationSaveStatusResponse_FHSSPX_Native", "00000001 00000001 00000004")},
-   {"read restore status",
-    delivery("federationRestoreStatusResponse_FRSX_Native", "00000001 00000001 00000002 00000006")},
 };
 
 } // namespace

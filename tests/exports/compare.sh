@@ -32,6 +32,7 @@ END
   done <"$here/exceptions.txt"
 }
 
+# Under their C++ names alone: the VM would find plain ones by itself, in whichever library has them first.
 natives() {
   sed 's/.*/Java_morva_tovu1516e_FederateAmbassadorC2007_&(JNIEnv_*, _jobject*, _jbyteArray*)/' \
     "$here/../contract/natives.txt"

@@ -36,21 +36,6 @@ struct CountedFactory : rti1516e::HLAinteger64TimeFactory
    int alive = 0x600D;
 };
 
-TEST(CallbackContexts, AreFoundByTheirOwnTokenOnly)
-{
-   rti1516e::NullFederateAmbassador federate;
-   auto context = std::make_unique<CallbackContext>();
-   CallbackToken const token = context->token();
-   EXPECT_NE(token.value, 0U);
-   EXPECT_EQ(CallbackContextReference(token).federateAmbassador(), nullptr);
-   context->setFederateAmbassador(federate);
-   EXPECT_EQ(CallbackContextReference(token).federateAmbassador(), &federate);
-   EXPECT_FALSE(CallbackContextReference({0}));
-   EXPECT_FALSE(CallbackContextReference({token.value + (1U << 12)})); // another generation of the slot
-   context.reset();
-   EXPECT_FALSE(CallbackContextReference(token));
-}
-
 TEST(CallbackContexts, DoNotRepeatATokenSoonAndTellWhenTheyAreTooMany)
 {
    std::set<std::uint32_t> tokens;

@@ -37,12 +37,11 @@ struct State
    int calls = 0;
    int failIn = 0;
    bool failed = false;
-   bool gone = false;
    Core core;
+   Runtime runtime;
    std::vector<std::string> offences;
    std::vector<std::uint8_t> lastMessage;
    int arraysMade = 0;
-   void (*pinAction)() = nullptr;
 };
 
 State state;
@@ -128,6 +127,10 @@ bool failsWith(char const* className)
 jclass JNICALL findClass(JNIEnv*, char const* name)
 {
    Entry const entry("FindClass");
+   if (!state.runtime.hasClasses) {
+      raise("java/lang/NoClassDefFoundError", u"on demand");
+      return nullptr;
+   }
    return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(Kind::Class, name));
 }
 
@@ -268,9 +271,6 @@ void* pinned(void* storage)
       return nullptr;
    }
    ++state.pins;
-   if (state.pinAction != nullptr) {
-      state.pinAction();
-   }
    return storage;
 }
 
@@ -303,20 +303,19 @@ void JNICALL releaseStringCritical(JNIEnv*, jstring, jchar const*)
    --state.pins;
 }
 
-template <class Element>
-void region(jarray array, jsize start, jsize length, Element* to)
+template <class Array, class Element>
+void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Element* to)
 {
    Entry const entry("Get<Type>ArrayRegion");
    std::memcpy(to, objectOf(array)->storage.data() + static_cast<std::size_t>(start) * sizeof(Element),
                static_cast<std::size_t>(length) * sizeof(Element));
 }
-void JNICALL getByteArrayRegion(JNIEnv*, jbyteArray array, jsize start, jsize length, jbyte* to)
+
+void doMeanwhile()
 {
-   region(array, start, length, to);
-}
-void JNICALL getLongArrayRegion(JNIEnv*, jlongArray array, jsize start, jsize length, jlong* to)
-{
-   region(array, start, length, to);
+   if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
+      action();
+   }
 }
 
 // Enters a method of the core. False if it raises.
@@ -326,14 +325,7 @@ bool call(jvalue const* arguments)
    if (arguments != nullptr && arguments->l != nullptr) {
       state.lastMessage = objectOf(arguments->l)->storage;
    }
-   if (state.core.leavesControlWord != 0) {
-#if defined(__x86_64__)
-      __asm__ __volatile__("fldcw %0" : : "m"(state.core.leavesControlWord));
-#endif
-   }
-   if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
-      action();
-   }
+   doMeanwhile();
    if (!state.core.raises.empty()) {
       raise(state.core.raises, u"raised");
       return false;
@@ -342,21 +334,10 @@ bool call(jvalue const* arguments)
 }
 
 void JNICALL callVoid(JNIEnv*, jobject, jmethodID, jvalue const* arguments) { call(arguments); }
-jint JNICALL callInt(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
+template <class Number>
+Number JNICALL callNumber(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
 {
-   return call(arguments) ? state.core.number : 0;
-}
-jboolean JNICALL callBoolean(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
-{
-   return static_cast<jboolean>(call(arguments) ? state.core.number : 0);
-}
-jlong JNICALL callLong(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
-{
-   return call(arguments) ? state.core.number : 0;
-}
-jdouble JNICALL callDouble(JNIEnv*, jobject, jmethodID, jvalue const* arguments)
-{
-   return call(arguments) ? state.core.number : 0;
+   return static_cast<Number>(call(arguments) ? state.core.number : 0);
 }
 
 // The kind of object follows from what the core has been told to return.
@@ -398,6 +379,7 @@ void JNICALL callVoidV(JNIEnv*, jobject, jmethodID, std::va_list)
 jobject JNICALL newObjectV(JNIEnv*, jclass cls, jmethodID, std::va_list)
 {
    Entry const entry("NewObject");
+   doMeanwhile();
    if (state.core.makesNothing) {
       return nullptr;
    }
@@ -437,13 +419,13 @@ JNINativeInterface_ functions()
    table.GetStringLength = getStringLength;
    table.GetStringCritical = getStringCritical;
    table.ReleaseStringCritical = releaseStringCritical;
-   table.GetByteArrayRegion = getByteArrayRegion;
-   table.GetLongArrayRegion = getLongArrayRegion;
+   table.GetByteArrayRegion = getArrayRegion<jbyteArray, jbyte>;
+   table.GetLongArrayRegion = getArrayRegion<jlongArray, jlong>;
    table.CallVoidMethodA = callVoid;
-   table.CallIntMethodA = callInt;
-   table.CallBooleanMethodA = callBoolean;
-   table.CallLongMethodA = callLong;
-   table.CallDoubleMethodA = callDouble;
+   table.CallIntMethodA = callNumber<jint>;
+   table.CallBooleanMethodA = callNumber<jboolean>;
+   table.CallLongMethodA = callNumber<jlong>;
+   table.CallDoubleMethodA = callNumber<jdouble>;
    table.CallObjectMethodA = callObject;
    table.CallObjectMethodV = callObjectV;
    table.CallVoidMethodV = callVoidV;
@@ -458,8 +440,12 @@ JNIEnv env{&functionTable};
 jint JNICALL attachCurrentThread(JavaVM*, void** environment, void*)
 {
    Entry const entry("AttachCurrentThread", Allowed::WhilePending);
+   ++state.runtime.attachments;
+   if (state.runtime.attachStatus != JNI_OK) {
+      return state.runtime.attachStatus;
+   }
    *environment = &env;
-   return state.gone ? JNI_ERR : (failsNow() ? JNI_ENOMEM : JNI_OK);
+   return failsNow() ? JNI_ENOMEM : JNI_OK;
 }
 
 JNIInvokeInterface_ invocationFunctions()
@@ -476,6 +462,7 @@ JavaVM vm{&invocationTable};
 
 void reset() { state = State(); }
 Core& core() { return state.core; }
+Runtime& runtime() { return state.runtime; }
 
 void failCall(int n)
 {
@@ -485,7 +472,6 @@ void failCall(int n)
 
 bool isInside() { return depth != 0; }
 bool hasFailed() { return state.failed; }
-void setGone(bool gone) { state.gone = gone; }
 
 Holdings holdings()
 {
@@ -502,7 +488,6 @@ int calls() { return state.calls; }
 std::vector<std::string> const& offences() { return state.offences; }
 std::vector<std::uint8_t> const& lastMessage() { return state.lastMessage; }
 int arraysMade() { return state.arraysMade; }
-void onPin(void (*action)()) { state.pinAction = action; }
 
 std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message)
 {
@@ -526,11 +511,37 @@ std::string callNative(std::string const& name, std::vector<std::uint8_t> const&
 } // namespace fake
 
 // The library imports these; the program's own come first.
-extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize, jsize* count)
+extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize size, jsize* count)
 {
-   *vms = &fake::vm;
-   *count = 1;
-   return JNI_OK;
+   auto& runtime = fake::runtime();
+   ++runtime.queries;
+   *count = runtime.alreadyRunning ? 1 : 0;
+   if (runtime.alreadyRunning && size > 0) {
+      *vms = &fake::vm;
+   }
+   return runtime.queryStatus;
 }
 
-extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM**, void**, void*) { return JNI_ERR; }
+extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void* arguments)
+{
+   auto& runtime = fake::runtime();
+   ++runtime.creations;
+   if (runtime.onCreation) {
+      runtime.onCreation();
+   }
+   auto const& given = *static_cast<JavaVMInitArgs const*>(arguments);
+   runtime.version = given.version;
+   runtime.ignoreUnrecognized = given.ignoreUnrecognized;
+   runtime.options.clear();
+   for (jint i = 0; i < given.nOptions; ++i) {
+      runtime.options.emplace_back(given.options[i].optionString);
+      if (given.options[i].extraInfo != nullptr) {
+         fake::offend("JNI_CreateJavaVM with extra information");
+      }
+   }
+   if (runtime.createStatus == JNI_OK) {
+      *vm = &fake::vm;
+      *env = &fake::env;
+   }
+   return runtime.createStatus;
+}

@@ -14,23 +14,41 @@ namespace fake {
 // What the core's methods do when they are called.
 struct Core
 {
-   std::string raises;                   // the JNI path of an exception's class, or empty
-   std::vector<std::uint8_t> bytes;      // returned as byte[]
-   std::vector<std::int32_t> ints;       // returned as int[]
-   std::vector<std::int64_t> longs;      // returned as long[]
-   std::u16string text;                  // returned as String
-   std::int32_t number = 0;              // returned as a number of any kind
-   bool returnsNull = false;             // instead of an object
-   bool makesNothing = false;            // its ambassadors' constructor, as if it could return null
-   std::string lacks;                    // the method of its ambassador that is not there
-   std::function<void()> meanwhile;      // done once, in the next of its methods that is called
-   unsigned short leavesControlWord = 0; // the x87 control word it leaves behind; 0: as it is
+   std::string raises;              // the JNI path of an exception's class, or empty
+   std::vector<std::uint8_t> bytes; // returned as byte[]
+   std::vector<std::int32_t> ints;  // returned as int[]
+   std::vector<std::int64_t> longs; // returned as long[]
+   std::u16string text;             // returned as String
+   std::int32_t number = 0;         // returned as a number of any kind
+   bool returnsNull = false;        // instead of an object
+   bool makesNothing = false;       // its ambassadors' constructor, as if it could return null
+   std::string lacks;               // the method of its ambassador that is not there
+   std::function<void()> meanwhile; // done once, in the next method or constructor
+};
+
+// What the library asks of the Java runtime to have the VM, and what comes of it.
+struct Runtime
+{
+   jint queryStatus = JNI_OK;
+   jint createStatus = JNI_OK;
+   jint attachStatus = JNI_OK; // any other: as if the VM were gone
+   bool alreadyRunning = true;
+   bool hasClasses = true;
+
+   int queries = 0;
+   int creations = 0;
+   int attachments = 0;
+   jint version = 0;
+   jboolean ignoreUnrecognized = JNI_FALSE;
+   std::vector<std::string> options;
+   std::function<void()> onCreation;
 };
 
 // Starts over: no references, no failures, a core that returns zeros. The VM is there from the beginning.
 void reset();
 
 Core& core();
+Runtime& runtime();
 
 // Lets the n-th call from now on of those that can fail fail, n counting from 1; 0: none.
 void failCall(int n);
@@ -40,9 +58,6 @@ bool hasFailed();
 
 // Whether a function of the VM is running.
 bool isInside();
-
-// Lets attaching fail as if the VM were gone.
-void setGone(bool gone);
 
 // References and pins that are held now, and whether an exception is pending.
 struct Holdings
@@ -70,8 +85,5 @@ int arraysMade();
 // Calls a callback's native with a message, as the core would. Returns the message of the exception that it
 // left pending, or "none".
 std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message);
-
-// Runs each time an array or a string is pinned.
-void onPin(void (*action)());
 
 } // namespace fake

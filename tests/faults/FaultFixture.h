@@ -9,6 +9,7 @@
 
 #include <RTI/RTI1516.h>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -28,10 +29,7 @@ protected:
    {
       fake::reset();
       foreignCodeRanPinned = false;
-      for (auto const* operation :
-           {"encode", "encodedLength", "decode", "makeFinal", "makeLogicalTimeFactory"}) {
-         contract::Faults::set(operation, [this] { watchForeignCode(); });
-      }
+      watchForeignCode();
       ambassador = newAmbassador();
       ambassador->connect(federate, HLA_EVOKED);
       token = Bytes(fake::lastMessage().data(), 4).leadingInt();
@@ -75,20 +73,26 @@ protected:
       return {message.data(), message.data() + message.size()};
    }
 
-   contract::RecordingFederate federate;
-   std::unique_ptr<RTIambassador> ambassador;
-   std::uint32_t token = 0;
-   bool timesThrow = false;
-
-private:
-   void watchForeignCode()
+   // From now on notices when these operations of times run while something is pinned, and lets them do this.
+   void watchForeignCode(std::function<void()> const& fault = nullptr,
+                         std::vector<std::string> const& operations = {"encode", "encodedLength", "decode",
+                                                                       "makeFinal", "makeLogicalTimeFactory"})
    {
-      foreignCodeRanPinned = foreignCodeRanPinned || fake::holdings().pins != 0;
-      if (timesThrow) {
-         throw InvalidLogicalTime(L"thrown by the time");
+      for (auto const& operation : operations) {
+         contract::Faults::set(operation, [this, fault] {
+            foreignCodeRanPinned = foreignCodeRanPinned || fake::holdings().pins != 0;
+            if (fault) {
+               fault();
+            }
+         });
       }
    }
 
+   contract::RecordingFederate federate;
+   std::unique_ptr<RTIambassador> ambassador;
+   std::uint32_t token = 0;
+
+private:
    bool foreignCodeRanPinned = false;
 };
 

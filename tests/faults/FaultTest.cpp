@@ -1,10 +1,12 @@
 // Every failure that Java or the memory can have in each service, each callback and the making of an
 // ambassador, one after the other. Each must end in an exception that tells of it, with nothing referenced,
 // pinned or pending left behind, and the ambassador must go on working.
+#include "tests/contract/Caught.h"
 #include "tests/faults/FaultFixture.h"
-#include "tests/faults/MemoryFaults.h"
+#include "tests/values/CountedMemory.h"
 
 #include <algorithm>
+#include <functional>
 #include <new>
 #include <ostream>
 #include <stdexcept>
@@ -12,7 +14,7 @@
 
 namespace contract {
 
-void PrintTo(Service const& service, std::ostream* stream) { *stream << service.javaName(); }
+void PrintTo(Service const& service, std::ostream* stream) { *stream << service.method.name; }
 
 } // namespace contract
 
@@ -34,7 +36,7 @@ Outcome outcomeOf(Call call)
    } catch (NotConnected const&) {
       return {"NotConnected", {}};
    } catch (RTIinternalError const& error) {
-      failAllocation(0); // the text is a copy
+      memory::failAllocation(0); // the text is a copy
       return {error.what().empty() ? "RTIinternalError without a text" : "RTIinternalError", {}};
    } catch (std::bad_alloc const&) {
       return {"bad_alloc", {}};
@@ -48,27 +50,36 @@ struct Steps
    bool (*hasFailed)();
 };
 constexpr Steps ofJava{fake::failCall, fake::hasFailed};
-constexpr Steps ofMemory{failAllocation, allocationHasFailed};
+Steps const ofMemory{[](int n) {
+                        memory::isExempt = fake::isInside; // what the VM needs it has
+                        memory::failAllocation(n);
+                     },
+                     memory::hasFailed};
 
-// Does something with the n-th step failing, for every n until no step is left to fail, and lets expect judge
-// what came of it. Tells how many failures there were.
-template <class Do, class Expect>
-int failOneAfterTheOther(Steps steps, Do something, Expect expect)
+class StepFaults : public FaultTest
 {
-   for (int n = 1;; ++n) {
-      SCOPED_TRACE("failure " + std::to_string(n));
-      steps.fail(n);
-      auto const outcome = something();
-      bool const failed = steps.hasFailed();
-      steps.fail(0);
-      expect(outcome, failed);
-      if (!failed || testing::Test::HasFailure()) {
-         return n - 1;
+protected:
+   // Does something with the n-th step failing, for every n until no step is left to fail, and lets expect
+   // judge what came of it; nothing may be left but the ambassador. Tells how many failures there were.
+   template <class Do, class Expect>
+   int failOneAfterTheOther(Steps steps, Do something, Expect expect)
+   {
+      for (int n = 1;; ++n) {
+         SCOPED_TRACE("failure " + std::to_string(n));
+         steps.fail(n);
+         auto const outcome = something();
+         bool const failed = steps.hasFailed();
+         steps.fail(0);
+         expect(outcome, failed);
+         expectClean(1);
+         if (!failed || HasFailure()) {
+            return n - 1;
+         }
       }
    }
-}
+};
 
-class ServiceFaults : public FaultTest, public testing::WithParamInterface<contract::Service>
+class ServiceFaults : public StepFaults, public testing::WithParamInterface<contract::Service>
 {
 protected:
    void SetUp() override
@@ -76,7 +87,7 @@ protected:
       FaultTest::SetUp();
       fake::Core& core = fake::core();
       core.number = 1; // a handle, true, and an enumerator of each kind
-      std::string const& name = GetParam().javaName();
+      std::string const& name = GetParam().method.name;
       if (method.result() == "[B") {
          Bytes const bytes = name == "queryLookahead"           ? contract::TestInterval::encoded(7)
                              : name.compare(0, 5, "query") == 0 ? contract::TestTime::encoded(7)
@@ -99,23 +110,27 @@ protected:
       return outcomeOf([this] { return GetParam().call(*ambassador); });
    }
 
-   contract::JavaMethod const& method = GetParam().javaMethod();
+   template <class Expect>
+   int failEach(Steps steps, Expect expect)
+   {
+      return failOneAfterTheOther(
+         steps, [this] { return call(); }, expect);
+   }
+
+   contract::JavaMethod const& method = GetParam().method;
 };
 
 INSTANTIATE_TEST_SUITE_P(Each, ServiceFaults, testing::ValuesIn(contract::services()),
-                         [](auto const& each) { return each.param.javaName(); });
+                         [](auto const& each) { return each.param.method.name; });
 
 TEST_P(ServiceFaults, OfJavaEndInRTIinternalError)
 {
    auto const expected = call();
    EXPECT_EQ(expected.exception, "");
-   int const failures = failOneAfterTheOther(
-      ofJava, [this] { return call(); },
-      [&](Outcome const& outcome, bool failed) {
-         EXPECT_EQ(outcome.exception, failed ? "RTIinternalError" : "");
-         EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
-         expectClean(1);
-      });
+   int const failures = failEach(ofJava, [&](Outcome const& outcome, bool failed) {
+      EXPECT_EQ(outcome.exception, failed ? "RTIinternalError" : "");
+      EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
+   });
    EXPECT_GE(failures, method.takesMessage() ? 4 : 2); // attaching, the array, the pin and the call
 }
 
@@ -126,72 +141,116 @@ TEST_P(ServiceFaults, WhileAnExceptionIsTranslatedLoseAtMostItsClass)
    std::string const translated = std::find(classes.begin(), classes.end(), "NotConnected") != classes.end()
                                      ? "NotConnected"
                                      : "RTIinternalError";
-   int const failures = failOneAfterTheOther(
-      ofJava, [this] { return call(); },
-      [&](Outcome const& outcome, bool failed) {
-         EXPECT_TRUE(outcome.exception == translated || (failed && outcome.exception == "RTIinternalError"))
-            << outcome.exception;
-         expectClean(1);
-      });
+   int const failures = failEach(ofJava, [&](Outcome const& outcome, bool failed) {
+      EXPECT_TRUE(outcome.exception == translated || (failed && outcome.exception == "RTIinternalError"))
+         << outcome.exception;
+   });
    EXPECT_GE(failures, 4); // attaching, the class, and what gives the message
 }
 
 TEST_P(ServiceFaults, OfMemoryEndInBadAlloc)
 {
    auto const expected = call();
-   int const failures = failOneAfterTheOther(
-      ofMemory, [this] { return call(); },
-      [&](Outcome const& outcome, bool failed) {
-         EXPECT_EQ(outcome.exception, failed ? "bad_alloc" : "");
-         EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
-         expectClean(1);
-      });
+   int const failures = failEach(ofMemory, [&](Outcome const& outcome, bool failed) {
+      EXPECT_EQ(outcome.exception, failed ? "bad_alloc" : "");
+      EXPECT_EQ(outcome.result, failed ? L"" : expected.result);
+   });
    fake::core().raises = "hla/rti1516e/exceptions/NotConnected";
-   int const failuresOfTranslation = failOneAfterTheOther(
-      ofMemory, [this] { return call(); },
-      [&](Outcome const& outcome, bool failed) {
-         EXPECT_EQ(outcome.exception == "bad_alloc", failed);
-         expectClean(1);
-      });
+   int const failuresOfTranslation = failEach(ofMemory, [&](Outcome const& outcome, bool failed) {
+      EXPECT_EQ(outcome.exception == "bad_alloc", failed);
+   });
    EXPECT_GE(failures + failuresOfTranslation, 1);
 }
 
-class ServiceFaultsOfTimes : public FaultTest
-{};
-
-TEST_F(ServiceFaultsOfTimes, ReachTheCaller)
+// What the federation's own times throw, as it reaches the caller of a service, and the core.
+class TimeFaults : public FaultTest
 {
-   Bytes const seven = contract::TestTime::encoded(7);
-   fake::core().bytes.assign(seven.data(), seven.data() + seven.size());
-   timesThrow = true;
-   EXPECT_THROW(ambassador->timeAdvanceRequest(contract::samples::time), InvalidLogicalTime);
-   EXPECT_THROW(ambassador->queryLogicalTime(), InvalidLogicalTime);
-   EXPECT_THROW(ambassador->queryLITS(), InvalidLogicalTime);
-   EXPECT_THROW(ambassador->queryLookahead(), InvalidLogicalTime);
-   EXPECT_THROW(ambassador->getTimeFactory(), InvalidLogicalTime);
-   expectClean(1);
+protected:
+   struct Fault
+   {
+      std::function<void()> thrown;
+      contract::Caught caught;
+      std::string arriving;
+   };
+   std::vector<Fault> const faults = {
+      {[] { throw InvalidLogicalTime(L"fault"); }, {"InvalidLogicalTime", L"fault"}, "fault"},
+      {[] { throw std::runtime_error("fault"); }, {"std::exception", L"fault"}, "fault"},
+      {[] { throw 42; }, {"unknown", L""}, "Unknown C++ exception"}};
+};
+
+TEST_F(TimeFaults, ReachTheCaller)
+{
+   using contract::caughtFrom;
+   using namespace contract::samples;
+   auto& rti = *ambassador;
+   int const living = contract::TestTime::count + contract::TestInterval::count;
+   Bytes const encoded = contract::TestTime::encoded(7);
+   fake::core().bytes.assign(encoded.data(), encoded.data() + encoded.size());
+   for (auto const& fault : faults) {
+      watchForeignCode(fault.thrown);
+      EXPECT_EQ(caughtFrom([&] { rti.timeAdvanceRequest(contract::samples::time); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.enableTimeRegulation(interval); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.updateAttributeValues({}, {}, tag, contract::samples::time); }),
+                fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLogicalTime(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLookahead(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLITS(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.getTimeFactory(); }), fault.caught);
+      expectClean(1);
+   }
+   EXPECT_EQ(contract::TestTime::count + contract::TestInterval::count, living);
+}
+
+TEST_F(TimeFaults, ReachTheCore)
+{
+   int const living = contract::TestTime::count;
+   for (auto const* operation : {"decode", "makeFinal", "encodedLength"}) {
+      for (auto const& fault : faults) {
+         ambassador->joinFederationExecution(L"type", L"federation"); // a factory that was asked nothing yet
+         watchForeignCode(fault.thrown, {operation});
+         EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", contract::TestTime::encoded(7)),
+                   federateInternalError + fault.arriving)
+            << operation;
+         expectClean(1);
+         watchForeignCode();
+      }
+   }
+   EXPECT_TRUE(federate.takeCalled().empty());
+   EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", contract::TestTime::encoded(7)), "none");
+   EXPECT_EQ(federate.takeCalled().size(), 1U);
+   EXPECT_EQ(contract::TestTime::count, living);
 }
 
 using ServiceFaultsOfSize = FaultTest;
 
 TEST_F(ServiceFaultsOfSize, AreToldBeforeAnythingIsMade)
 {
-   char byte = 0;
-   VariableLengthData tag;
-   tag.setDataPointer(&byte, 0x7FFFFFFF); // with what stands before it just too much
+   char byte = 0; // and nothing behind it, so that none of it may be looked at
    int const before = fake::arraysMade();
-   EXPECT_THROW(ambassador->deleteObjectInstance(ObjectInstanceHandle(), tag), RTIinternalError);
-   tag.setDataPointer(&byte, 0xFFFFFFFF);
-   EXPECT_THROW(ambassador->deleteObjectInstance(ObjectInstanceHandle(), tag), RTIinternalError);
+   for (auto const& sizes : std::vector<std::vector<unsigned int>>{
+           {0x7FFFFFFF}, // with what stands before it just too much
+           {0x80000000},
+           {0xFFFFFFFF},
+           {0x60000000, 0x60000000},
+           {0x60000000, 0x60000000, 0x40000008}, // small once it has lost its upper half
+        }) {
+      AttributeHandleValueMap values;
+      for (auto const size : sizes) {
+         auto const number = static_cast<std::uint32_t>(values.size());
+         values[contract::handle<AttributeHandle>(number)].setDataPointer(&byte, size);
+      }
+      EXPECT_THROW(ambassador->updateAttributeValues({}, values, {}), RTIinternalError);
+   }
    EXPECT_EQ(fake::arraysMade(), before);
+   expectClean(1);
 }
 
-class CallbackFaults : public FaultTest, public testing::WithParamInterface<std::string>
+class CallbackFaults : public StepFaults, public testing::WithParamInterface<std::string>
 {
 protected:
    // Fails each step of a callback to a federate that throws, or not, and expects the Java exception that the
    // federate is called, or not called, with.
-   void failEach(Steps steps, bool throws)
+   int failEach(Steps steps, bool throws)
    {
       federate.inCallback = [throws] {
          if (throws) {
@@ -199,7 +258,7 @@ protected:
          }
       };
       auto const message = envelope(contract::argumentBytes(contract::codesOf(GetParam())));
-      failOneAfterTheOther(
+      return failOneAfterTheOther(
          steps, [&] { return fake::callNative(GetParam(), message); },
          [&](std::string const& pending, bool failed) {
             std::size_t const called = federate.takeCalled().size();
@@ -208,7 +267,6 @@ protected:
             if (!failed && throws) {
                EXPECT_EQ(pending, federateInternalError + "a text that is longer than any small string");
             }
-            expectClean(1);
          });
    }
 };
@@ -218,44 +276,13 @@ INSTANTIATE_TEST_SUITE_P(Each, CallbackFaults, testing::ValuesIn(contract::nativ
 
 TEST_P(CallbackFaults, BecomeAJavaException)
 {
-   for (Steps const steps : {ofJava, ofMemory}) {
-      for (bool const throws : {false, true}) {
-         failEach(steps, throws);
-      }
+   for (bool const throws : {false, true}) {
+      EXPECT_GE(failEach(ofJava, throws), throws ? 3 : 1); // pinning, and the exception's class and itself
+      EXPECT_GE(failEach(ofMemory, throws), throws ? 1 : 0);
    }
 }
 
-using FederateFaults = FaultTest;
-
-TEST_F(FederateFaults, BecomeAJavaException)
-{
-   struct Case
-   {
-      std::function<void()> reaction;
-      std::string text;
-   };
-   // The texts are in the form that JNI takes.
-   Case const cases[] = {
-      {[] { throw FederateInternalError(L"x"); }, "x"},
-      {[] { throw InvalidRegion(L"\x00e9\x20ac"); }, "\xC3\xA9\xC2\xAC"},
-      {[] { throw std::runtime_error("caf\xC3\xA9"); }, "caf\xC3\xA9"},
-      {[] { throw std::runtime_error("caf\xE9"); }, "caf\xC3\xA9"},
-      {[] { throw std::string("\xF0\x9F\x98\x80"); }, "\xED\xA0\xBD\xED\xB8\x80"},
-      {[] { throw std::string("a\0b", 3); }, "a\xC0\x80"
-                                             "b"},
-      {[] { throw 1; }, "Unknown C++ exception"},
-   };
-   for (auto const& row : cases) {
-      federate.inCallback = row.reaction;
-      EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + row.text);
-      expectClean(1);
-   }
-   timesThrow = true;
-   EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", contract::TestTime::encoded(7)),
-             federateInternalError + "thrown by the time");
-}
-
-using ConstructionFaults = FaultTest;
+using ConstructionFaults = StepFaults;
 
 TEST_F(ConstructionFaults, LeaveNothing)
 {
@@ -273,13 +300,11 @@ TEST_F(ConstructionFaults, LeaveNothing)
          // Nobody can let go of the core's ambassador on a thread that cannot be attached.
          fake::forgetGlobalReference();
       }
-      expectClean(1);
    });
    EXPECT_GE(failures, 10);
    int const ofMemoryFailures =
       failOneAfterTheOther(ofMemory, create, [&](Outcome const& outcome, bool failed) {
          EXPECT_EQ(outcome.exception, failed ? "bad_alloc" : "");
-         expectClean(1);
       });
    EXPECT_GE(ofMemoryFailures, 1);
 }
@@ -289,17 +314,6 @@ TEST_F(ConstructionFaults, OfAConstructorThatGivesNothingAreTold)
    fake::core().makesNothing = true;
    EXPECT_THROW(newAmbassador(), RTIinternalError);
    expectClean(1);
-}
-
-TEST_F(ConstructionFaults, OfAMethodThatIsNotThereEndTheProcess)
-{
-   auto const& methods = contract::javaMethods();
-   GTEST_FLAG_SET(death_test_style, "threadsafe"); // the child of a fork has no VM
-   for (auto const& method : {methods.front(), methods[methods.size() / 2], methods.back()}) {
-      fake::core().lacks = method.name;
-      EXPECT_DEATH(newAmbassador(), "Cannot locate " + method.name + "\\.\n.*id != 0");
-   }
-   fake::core().lacks.clear();
 }
 
 } // namespace

@@ -63,7 +63,7 @@ TEST_F(LifetimeTest, OfTokensEndsWithTheirAmbassador)
 
 TEST_F(LifetimeTest, OfTheVMMayEndFirst)
 {
-   fake::setGone(true);
+   fake::runtime().attachStatus = JNI_ERR;
    EXPECT_THROW(ambassador->enableCallbacks(), RTIinternalError);
    EXPECT_THROW(newAmbassador(), RTIinternalError);
    ambassador.reset(); // nothing to let go of the reference through
@@ -98,13 +98,23 @@ private:
    std::thread _thread;
 };
 
+TEST_F(LifetimeTest, OfOthersGoesOnAndEndsWhileACallbackRuns)
+{
+   auto other = newAmbassador();
+   CallbackUnderWay const callback(federate,
+                                   [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
+   other->enableCallbacks();
+   other.reset();
+   newAmbassador()->enableCallbacks();
+}
+
 TEST_F(LifetimeTest, OfTheVMMayEndWhileACallbackNeverDoes)
 {
    CallbackUnderWay const callback(federate,
                                    [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
-   fake::setGone(true);
+   fake::runtime().attachStatus = JNI_ERR;
    ambassador.reset();
-   fake::setGone(false);
+   fake::runtime().attachStatus = JNI_OK;
    fake::forgetGlobalReference();
 }
 
@@ -201,6 +211,11 @@ TEST_F(LifetimeTest, OfAnExceptionIsTheFederatesWhereItIsNotToBeCaught)
          EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "Unknown C++ exception");
       } else {
          EXPECT_THROW(deliver("federationSaved_Native"), Own);
+         federate.inCallback = [] { throw std::string("known"); };
+         EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "known");
+         federate.inCallback = [] { throw InvalidRegion(L"known"); };
+         EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "known");
+         federate.inCallback = [] { throw Own(); };
       }
       expectClean(1);
    }

@@ -6,6 +6,7 @@
 // jar.
 #include "tests/soak/Federates.h"
 #include "tests/soak/JavaReferences.h"
+#include "tests/soak/ResidentMemory.h"
 
 #include <RTI/Exception.h>
 #include <RTI/RTIambassadorFactory.h>
@@ -14,11 +15,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <fstream>
 #include <mutex>
 #include <string>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -26,16 +25,6 @@ namespace {
 constexpr int threadCount = 8;
 constexpr int looks = 10;
 constexpr long ofTheVM = 8; // global references that the VM itself has now and then
-
-// In kilobytes.
-long residentMemory()
-{
-   std::ifstream statm("/proc/self/statm");
-   long total = 0;
-   long resident = 0;
-   statm >> total >> resident;
-   return resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
 
 // Lets threads that live on work together until a number of operations is reached, and then rest. A thread
 // that a Java VM has seen is never forgotten by it, so that there must not be more and more of them.

@@ -4,19 +4,20 @@
 
 namespace memory {
 
-long allowed = plenty;
-long made = 0;
-long live = 0;
+std::atomic<long> made = 0;
+std::atomic<long> live = 0;
+bool (*isExempt)() = nullptr;
 
 namespace {
 
+int left = 0; // allocations up to the one that fails
+bool failed = false;
+
 void* allocate(std::size_t size) noexcept
 {
-   if (allowed == 0) {
+   if (left != 0 && (isExempt == nullptr || !isExempt()) && --left == 0) {
+      failed = true;
       return nullptr;
-   }
-   if (allowed != plenty) {
-      --allowed;
    }
    ++made;
    ++live;
@@ -32,6 +33,14 @@ void release(void* memory) noexcept
 }
 
 } // namespace
+
+void failAllocation(int n)
+{
+   left = n;
+   failed = failed && n == 0;
+}
+
+bool hasFailed() { return failed; }
 
 } // namespace memory
 

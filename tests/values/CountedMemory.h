@@ -2,35 +2,37 @@
 // CountedMemory.cpp.
 #pragma once
 
+#include <atomic>
 #include <gtest/gtest.h>
-#include <limits>
 #include <new>
 
 namespace memory {
 
-constexpr long plenty = std::numeric_limits<long>::max();
-extern long allowed; // allocations that still succeed
-extern long made;    // allocations that have succeeded
-extern long live;    // and are not yet released
+extern std::atomic<long> made; // allocations that have succeeded
+extern std::atomic<long> live; // and are not yet released
 
-enum class Outcome
-{
-   done,
-   badAlloc
-};
+// Lets the n-th allocation from now on fail, n counting from 1; 0: none.
+void failAllocation(int n);
 
+// Whether the last one that was to fail has.
+bool hasFailed();
+
+// Tells which allocations are never refused; none unless it is set.
+extern bool (*isExempt)();
+
+// Whether the operation ends without a std::bad_alloc though the n-th of its allocations fails.
 template <class Operation>
-Outcome runWithMemoryFor(long allocations, Operation operation)
+bool succeedsWithout(int n, Operation operation)
 {
-   allowed = allocations;
-   auto outcome = Outcome::done;
+   failAllocation(n);
+   bool succeeds = true;
    try {
       operation();
    } catch (std::bad_alloc const&) {
-      outcome = Outcome::badAlloc;
+      succeeds = false;
    }
-   allowed = plenty;
-   return outcome;
+   failAllocation(0);
+   return succeeds;
 }
 
 // The operation makes everything it needs and lets go of it again.
@@ -38,12 +40,12 @@ template <class Operation>
 void expectNothingLost(Operation operation)
 {
    long const before = live;
-   long allocations = 0;
-   while (runWithMemoryFor(allocations, operation) == Outcome::badAlloc) {
-      EXPECT_EQ(live, before) << "after " << allocations << " allocations";
-      ++allocations;
+   int n = 1;
+   while (!succeedsWithout(n, operation)) {
+      EXPECT_EQ(live, before) << "without allocation " << n;
+      ++n;
    }
-   EXPECT_GT(allocations, 0) << "nothing was allocated at all";
+   EXPECT_GT(n, 1) << "nothing was allocated at all";
    EXPECT_EQ(live, before);
 }
 

@@ -342,6 +342,15 @@ struct Arithmetic
    Number left, right, sum, difference;
 };
 
+template <class Time, class Interval, class Number>
+void expectIntervalArithmetic(Arithmetic<Number> const& row)
+{
+   expectArithmetic<Interval, Interval>(row.left, row.right, row.sum, row.difference);
+   Interval distance;
+   distance.setToDifference(Time(row.left), Time(row.right));
+   EXPECT_TRUE(holds(distance, row.difference));
+}
+
 TEST(HLAinteger64, WrapsAround)
 {
    constexpr auto least = IntegerFamily::least;
@@ -357,11 +366,7 @@ TEST(HLAinteger64, WrapsAround)
    };
    for (auto const& row : rows) {
       expectArithmetic<HLAinteger64Time, HLAinteger64Interval>(row.left, row.right, row.sum, row.difference);
-      expectArithmetic<HLAinteger64Interval, HLAinteger64Interval>(row.left, row.right, row.sum,
-                                                                   row.difference);
-      HLAinteger64Interval distance;
-      distance.setToDifference(HLAinteger64Time(row.left), HLAinteger64Time(row.right));
-      EXPECT_EQ(distance.getInterval(), row.difference);
+      expectIntervalArithmetic<HLAinteger64Time, HLAinteger64Interval>(row);
    }
 }
 
@@ -377,10 +382,7 @@ TEST(HLAfloat64, IntervalsAddAndSubtractPlainly)
       {infinite, 1.0, infinite, infinite},
    };
    for (auto const& row : rows) {
-      expectArithmetic<HLAfloat64Interval, HLAfloat64Interval>(row.left, row.right, row.sum, row.difference);
-      HLAfloat64Interval distance;
-      distance.setToDifference(HLAfloat64Time(row.left), HLAfloat64Time(row.right));
-      EXPECT_TRUE(holds(distance, row.difference));
+      expectIntervalArithmetic<HLAfloat64Time, HLAfloat64Interval>(row);
    }
 }
 

@@ -1,4 +1,3 @@
-#include "tests/values/encoding/ForeignElement.h"
 #include "tests/values/encoding/Octets.h"
 
 #include <RTI/encoding/BasicDataElements.h>
@@ -241,21 +240,6 @@ TEST(FixedArray, OfMoreThanThereIsMemoryFor)
    EXPECT_THROW(HLAfixedArray(HLAoctet(), std::numeric_limits<std::size_t>::max()), std::bad_alloc);
    EXPECT_THROW(HLAfixedArray(HLAfixedRecord(), std::numeric_limits<std::size_t>::max() / 16),
                 std::bad_alloc);
-}
-
-TEST(ForeignElements, TakePartInArrays)
-{
-   {
-      ForeignElement lent;
-      HLAfixedArray fixed(lent, 2);
-      fixed.setElementPointer(1, &lent);
-      EXPECT_EQ(ForeignElement::live, 2);
-      expectEncoding(fixed, octets("0f0e00 00 0f0e00"), 2);
-      fixed.decode(dataOf(octets("0f0e05 00 0f0e06")));
-      EXPECT_EQ(lent.value, 6);
-      expectEncoding(fixed, octets("0f0e05 00 0f0e06"), 2);
-   }
-   EXPECT_EQ(ForeignElement::live, 0);
 }
 
 } // namespace

@@ -11,7 +11,7 @@
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <memory>
+#include <vector>
 
 namespace {
 
@@ -63,40 +63,42 @@ TEST(Memory, IsNotLostInWantOfIt)
 TEST(Memory, WantOfItLeavesElementsAsTheyWere)
 {
    HLAfixedRecord const record = everything();
-   auto const& asElement = static_cast<DataElement const&>(record);
-   std::function<void(HLAfixedRecord&, HLAvariableArray&, HLAvariantRecord&)> const operations[] = {
-      [&](HLAfixedRecord& fields, HLAvariableArray&, HLAvariantRecord&) { fields.appendElement(record); },
-      [&](HLAfixedRecord& fields, HLAvariableArray&, HLAvariantRecord&) { fields.set(0, record); },
-      [&](HLAfixedRecord& fields, HLAvariableArray&, HLAvariantRecord&) { fields.set(0, fields[0]); },
-      [&](HLAfixedRecord&, HLAvariableArray& array, HLAvariantRecord&) { array.addElement(record); },
-      [&](HLAfixedRecord&, HLAvariableArray& array, HLAvariantRecord&) { array.set(0, record); },
-      [&](HLAfixedRecord&, HLAvariableArray&, HLAvariantRecord& variant) { variant.setDiscriminant(record); },
-      [&](HLAfixedRecord&, HLAvariableArray&, HLAvariantRecord& variant) {
-         variant.addVariant(HLAoctet('n'), record);
-      },
-      [&](HLAfixedRecord&, HLAvariableArray&, HLAvariantRecord& variant) {
-         variant.setVariant(HLAoctet('n'), variant.getVariant());
-      },
+   struct Elements
+   {
+      explicit Elements(HLAfixedRecord const& record) : array(static_cast<DataElement const&>(record))
+      {
+         fields.appendElement(record);
+         array.addElement(record);
+         variant.addVariant(HLAoctet('k'), record);
+      }
+      std::vector<Octets> encoded() const
+      {
+         return {octetsOf(fields.encode()), octetsOf(array.encode()), octetsOf(variant.encode())};
+      }
+
+      HLAfixedRecord fields;
+      HLAvariableArray array;
+      HLAvariantRecord variant{HLAoctet('k')};
+   };
+   std::function<void(Elements&)> const operations[] = {
+      [&](Elements& to) { to.fields.appendElement(record); },
+      [&](Elements& to) { to.fields.set(0, record); },
+      [&](Elements& to) { to.fields.set(0, to.fields[0]); },
+      [&](Elements& to) { to.array.addElement(record); },
+      [&](Elements& to) { to.array.set(0, record); },
+      [&](Elements& to) { to.variant.setDiscriminant(record); },
+      [&](Elements& to) { to.variant.addVariant(HLAoctet('n'), record); },
+      [&](Elements& to) { to.variant.setVariant(HLAoctet('n'), to.variant.getVariant()); },
    };
    for (auto const& operation : operations) {
-      memory::Outcome outcome = memory::Outcome::badAlloc;
-      for (long allocations = 0; outcome == memory::Outcome::badAlloc; ++allocations) {
+      bool done = false;
+      for (int n = 1; !done; ++n) {
          long const before = memory::live;
          {
-            HLAfixedRecord fields;
-            fields.appendElement(record);
-            HLAvariableArray array(asElement);
-            array.addElement(record);
-            HLAvariantRecord variant{HLAoctet('k')};
-            variant.addVariant(HLAoctet('k'), record);
-            Octets const was[] = {octetsOf(fields.encode()), octetsOf(array.encode()),
-                                  octetsOf(variant.encode())};
-            outcome = memory::runWithMemoryFor(allocations, [&] { operation(fields, array, variant); });
-            if (outcome == memory::Outcome::badAlloc) {
-               EXPECT_EQ(octetsOf(fields.encode()), was[0]);
-               EXPECT_EQ(octetsOf(array.encode()), was[1]);
-               EXPECT_EQ(octetsOf(variant.encode()), was[2]);
-            }
+            Elements elements(record);
+            auto const was = elements.encoded();
+            done = memory::succeedsWithout(n, [&] { operation(elements); });
+            EXPECT_TRUE(done || elements.encoded() == was) << "without allocation " << n;
          }
          EXPECT_EQ(memory::live, before);
       }
@@ -106,12 +108,12 @@ TEST(Memory, WantOfItLeavesElementsAsTheyWere)
 TEST(Memory, WantOfItLeavesAnEmptyArrayThatCanBeCopied)
 {
    HLAASCIIstring const text(longText);
-   auto outcome = memory::Outcome::badAlloc;
-   for (long allocations = 0; outcome == memory::Outcome::badAlloc; ++allocations) {
+   bool done = false;
+   for (int n = 1; !done; ++n) {
       HLAvariableArray array{HLAASCIIstring()};
-      outcome = memory::runWithMemoryFor(allocations, [&] { array.addElement(text); });
+      done = memory::succeedsWithout(n, [&] { array.addElement(text); });
       HLAvariableArray const copy(array);
-      EXPECT_EQ(copy.size(), outcome == memory::Outcome::done ? 1U : 0U) << "after " << allocations;
+      EXPECT_EQ(copy.size(), done ? 1U : 0U) << "without allocation " << n;
    }
 }
 
@@ -122,10 +124,10 @@ TEST(Memory, WantOfItWhileDecodingLeavesTextsAndSizes)
       full.addElement(HLAASCIIstring(longText));
    }
    VariableLengthData const encoded = full.encode();
-   for (long allocations = 0;; ++allocations) {
+   for (int n = 1;; ++n) {
       HLAvariableArray array{HLAASCIIstring(longText)};
       array.addElement(HLAASCIIstring("kept"));
-      if (memory::runWithMemoryFor(allocations, [&] { array.decode(encoded); }) == memory::Outcome::done) {
+      if (memory::succeedsWithout(n, [&] { array.decode(encoded); })) {
          EXPECT_EQ(octetsOf(array.encode()), octetsOf(encoded));
          break;
       }

@@ -1,6 +1,8 @@
 // Encodings that tests write down and compare.
 #pragma once
 
+#include "tests/contract/Bytes.h"
+
 #include <RTI/VariableLengthData.h>
 #include <RTI/encoding/DataElement.h>
 
@@ -10,20 +12,10 @@
 
 using Octets = std::vector<char>;
 
-// "00 0a ff", blanks wherever they help.
 inline Octets octets(std::string const& hexadecimal)
 {
-   Octets result;
-   std::string digits;
-   for (char const digit : hexadecimal) {
-      if (digit != ' ') {
-         digits += digit;
-      }
-   }
-   for (std::size_t i = 0; i < digits.size(); i += 2) {
-      result.push_back(static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16)));
-   }
-   return result;
+   contract::Bytes const bytes(hexadecimal);
+   return Octets(bytes.data(), bytes.data() + bytes.size());
 }
 
 inline Octets octetsOf(rti1516e::VariableLengthData const& data)

@@ -1,10 +1,12 @@
 package recording;
 
-import java.lang.ref.WeakReference;
+import java.io.ByteArrayInputStream;
+import java.io.ByteArrayOutputStream;
+import java.io.DataInputStream;
+import java.io.DataOutputStream;
+import java.io.IOException;
 import java.util.ArrayDeque;
-import java.util.ArrayList;
 import java.util.Deque;
-import java.util.List;
 import java.util.Map;
 import java.util.concurrent.ConcurrentHashMap;
 import morva.tovu1516e.FederateAmbassadorC2007;
@@ -19,42 +21,33 @@ public final class Recorder {
 
    private static final Map<String, Object> answers = new ConcurrentHashMap<>();
    private static final Deque<Call> calls = new ArrayDeque<>();
-   private static final List<Watched> watched = new ArrayList<>();
-   private static boolean watching;
    private static Throwable pending;
 
    private Recorder() {}
 
    private record Call(Object peer, String method, byte[] message) {}
 
-   private record Watched(String what, WeakReference<Object> reference) {}
-
    /** An answer that first delivers a callback, as a core does while callbacks are evoked. */
-   private record Delivery(String callback, byte[] message, int times, boolean onJavaThread) {
-      /** What the native left pending the last time it was called, null if nothing. */
+   private record Delivery(String callback, byte[] message, boolean onJavaThread) {
+      /** What the native left pending, null if nothing. */
       Throwable run() throws InterruptedException {
          if (!onJavaThread) {
-            return callAll();
+            return call();
          }
          Throwable[] left = new Throwable[1];
-         Thread thread = new Thread(() -> left[0] = callAll());
+         Thread thread = new Thread(() -> left[0] = call());
          thread.start();
          thread.join();
          return left[0];
       }
 
-      private Throwable callAll() {
-         Throwable left = null;
-         FederateAmbassadorC2007 federateAmbassador = new FederateAmbassadorC2007();
-         for (int i = 0; i < times; ++i) {
-            left = null;
-            try {
-               federateAmbassador.call(callback, message);
-            } catch (Throwable thrown) {
-               left = thrown;
-            }
+      private Throwable call() {
+         try {
+            new FederateAmbassadorC2007().call(callback, message);
+            return null;
+         } catch (Throwable thrown) {
+            return thrown;
          }
-         return left;
       }
    }
 
@@ -66,7 +59,6 @@ public final class Recorder {
             calls.removeFirst();
          }
          calls.addLast(new Call(peer, method, message));
-         watch(method + ": message", message);
       }
       Object answer = answers.get(method);
       if (answer instanceof Delivery delivery) {
@@ -85,7 +77,6 @@ public final class Recorder {
 
    /** What the constructor of the core's ambassador does, as the system property says. */
    public static void constructed(Object peer, byte[] message) throws Throwable {
-      watch("ambassador", peer);
       answer(peer, "<init>", message, null);
       String failure = System.getProperty("recording.constructor");
       if (failure != null) {
@@ -95,119 +86,120 @@ public final class Recorder {
       }
    }
 
-   // From here on: called by tests
+   /** Whatever a test says or asks: a word and its arguments, with counts before texts and arrays. */
+   static byte[] ask(byte[] request) throws ReflectiveOperationException, InterruptedException, IOException {
+      DataInputStream from = new DataInputStream(new ByteArrayInputStream(request));
+      ByteArrayOutputStream reply = new ByteArrayOutputStream();
+      DataOutputStream to = new DataOutputStream(reply);
+      String question = readText(from);
+      switch (question) {
+         case "answer" -> answerWith(readText(from), readAnswer(from));
+         case "calls" -> writeCalls(to);
+         case "forget" -> forget();
+         case "deliver" -> writeException(to, readDelivery(from).run());
+         case "pending" -> writeException(to, pending); // what the callback of an answer left
+         case "property" -> writeOptionalText(to, System.getProperty(readText(from)));
+         default -> throw new IllegalArgumentException(question);
+      }
+      return reply.toByteArray();
+   }
 
-   static void answerWith(String method, Object answer) {
+   private static void answerWith(String method, Object answer) {
       if (answer == null) {
          answers.remove(method);
       } else {
          answers.put(method, answer);
-         watch(method + ": answer", answer);
       }
    }
 
-   static void answerWith(String method, int answer) {
-      answers.put(method, answer);
+   private static Object readAnswer(DataInputStream from) throws ReflectiveOperationException, IOException {
+      String type = readText(from);
+      return switch (type) {
+         case "null" -> null;
+         case "I" -> from.readInt();
+         case "Z" -> from.readBoolean();
+         case "J" -> from.readLong();
+         case "D" -> from.readDouble();
+         case "[B" -> from.readNBytes(from.readInt());
+         case "[I" -> {
+            int[] values = new int[from.readInt()];
+            for (int i = 0; i < values.length; ++i) {
+               values[i] = from.readInt();
+            }
+            yield values;
+         }
+         case "[J" -> {
+            long[] values = new long[from.readInt()];
+            for (int i = 0; i < values.length; ++i) {
+               values[i] = from.readLong();
+            }
+            yield values;
+         }
+         case "String" -> readText(from);
+         case "exception" -> exception(readText(from), from.readBoolean() ? readText(from) : null);
+         case "delivery" -> readDelivery(from);
+         default -> throw new IllegalArgumentException(type);
+      };
    }
 
-   static void answerWith(String method, boolean answer) {
-      answers.put(method, answer);
+   private static Delivery readDelivery(DataInputStream from) throws IOException {
+      return new Delivery(readText(from), from.readNBytes(from.readInt()), from.readBoolean());
    }
 
-   static void answerWith(String method, long answer) {
-      answers.put(method, answer);
+   private static String readText(DataInputStream from) throws IOException {
+      char[] units = new char[from.readInt()];
+      for (int i = 0; i < units.length; ++i) {
+         units[i] = from.readChar();
+      }
+      return new String(units);
    }
 
-   static void answerWith(String method, double answer) {
-      answers.put(method, answer);
+   private static void writeText(DataOutputStream to, String text) throws IOException {
+      to.writeInt(text.length());
+      to.writeChars(text);
    }
 
-   static Throwable exception(String className, String message) throws ReflectiveOperationException {
+   private static void writeOptionalText(DataOutputStream to, String text) throws IOException {
+      to.writeBoolean(text != null);
+      if (text != null) {
+         writeText(to, text);
+      }
+   }
+
+   private static void writeException(DataOutputStream to, Throwable thrown) throws IOException {
+      to.writeBoolean(thrown != null);
+      if (thrown != null) {
+         writeText(to, thrown.getClass().getName());
+         writeOptionalText(to, thrown.getMessage());
+      }
+   }
+
+   private static void writeCalls(DataOutputStream to) throws IOException {
+      synchronized (calls) {
+         to.writeInt(calls.size());
+         for (Call call : calls) {
+            writeText(to, call.method());
+            to.writeInt(System.identityHashCode(call.peer()));
+            to.writeBoolean(call.message() != null);
+            if (call.message() != null) {
+               to.writeInt(call.message().length);
+               to.write(call.message());
+            }
+         }
+      }
+   }
+
+   private static Throwable exception(String className, String message) throws ReflectiveOperationException {
       return (Throwable) Class.forName(className).getConstructor(String.class).newInstance(message);
    }
 
-   static Object delivery(String callback, byte[] message, int times, boolean onJavaThread) {
-      return new Delivery(callback, message, times, onJavaThread);
-   }
-
-   static Throwable deliver(String callback, byte[] message, int times, boolean onJavaThread)
-         throws InterruptedException {
-      return new Delivery(callback, message, times, onJavaThread).run();
-   }
-
-   /** What the callback of an answer left pending. */
-   static Throwable pending() {
-      return pending;
-   }
-
-   static int calls() {
-      synchronized (calls) {
-         return calls.size();
-      }
-   }
-
-   private static Call call(int index) {
-      synchronized (calls) {
-         return calls.stream().skip(index).findFirst().orElseThrow();
-      }
-   }
-
-   static String method(int index) {
-      return call(index).method();
-   }
-
-   static byte[] message(int index) {
-      return call(index).message();
-   }
-
-   static int peer(int index) {
-      return System.identityHashCode(call(index).peer());
-   }
-
-   static String property(String name) {
-      return System.getProperty(name);
-   }
-
    /** Forgets calls and answers. */
-   static void forget() {
+   private static void forget() {
       answers.clear();
       pending = null;
       synchronized (calls) {
          calls.clear();
       }
-   }
-
-   /** From now on remembers, without holding on to it, every object that crosses the boundary. */
-   static void watchReferences() {
-      synchronized (watched) {
-         watched.clear();
-         watching = true;
-      }
-   }
-
-   private static void watch(String what, Object object) {
-      synchronized (watched) {
-         if (watching && object != null) {
-            watched.add(new Watched(what, new WeakReference<>(object)));
-         }
-      }
-   }
-
-   /** Names the remembered objects that somebody still holds on to after all was forgotten here. */
-   static String heldReferences() {
-      forget();
-      System.gc();
-      StringBuilder held = new StringBuilder();
-      synchronized (watched) {
-         watching = false;
-         for (Watched each : watched) {
-            if (each.reference().get() != null) {
-               held.append(each.what()).append('\n');
-            }
-         }
-         watched.clear();
-      }
-      return held.toString();
    }
 
    @SuppressWarnings("unchecked")

@@ -1,7 +1,7 @@
 // The control word of the x87 unit, as the processor has it.
 #pragma once
 
-namespace contract {
+namespace faults {
 
 // All exceptions masked, rounding to nearest but for the last.
 constexpr unsigned int extendedPrecision = 0x037F;
@@ -32,4 +32,4 @@ inline unsigned int pendingExceptions()
 // Divides zero by zero.
 inline void raiseInvalid() { asm volatile("fldz\n\tfldz\n\tfdivp\n\tfstp %st(0)"); }
 
-} // namespace contract
+} // namespace faults
