@@ -310,6 +310,26 @@ TEST_P(Objects, OfAnEagerFederationTellWithoutBeingAsked)
    reader->destroyFederationExecution(wide(eager));
 }
 
+TEST_P(Objects, AreUpdatedAtTheHighestRateThatIsWanted)
+{
+   alpha->enableAttributeRelevanceAdvisorySwitch();
+   alpha->publishObjectClassAttributes(car, {position});
+   registered(alpha, car, "car");
+   auto const subscribe = [&](std::string const& name, std::wstring const& rate) {
+      joined(name)->subscribeObjectClassAttributes(car, {position}, true, rate);
+   };
+   subscribe("one", L"Slow");
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position}, Slow)"});
+   subscribe("two", L"Fast");
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position}, Fast)"});
+   subscribe("three", L"Slow");
+   expectNothing(alpha);
+   subscribe("four", L"");
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position})"}); // without a limit
+   subscribe("five", L"Fast");
+   expectNothing(alpha);
+}
+
 class Interactions : public RoadTest
 {};
 IN_BOTH_CALLBACK_MODELS(Interactions);

@@ -233,4 +233,15 @@ TEST_P(QueuedCallbacks, AreNoneAfterAResignation)
    EXPECT_EQ(refusal([&] { beta->disableTimeConstrained(); }), "TimeConstrainedIsNotEnabled");
 }
 
+TEST_P(QueuedCallbacks, ThatAnswerTheConnectionOutliveTheMembership)
+{
+   whileTheyWait(
+      beta, [&] { beta->listFederationExecutions(); },
+      [&] {
+         beta->resignFederationExecution(NO_ACTION);
+         beta.join(federation());
+      });
+   EXPECT_EQ(beta.callbacks(1).size(), 1u);
+}
+
 } // namespace

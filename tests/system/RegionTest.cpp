@@ -287,4 +287,15 @@ TEST_P(Regions, AreOfTheDimensionsOfWhatTheyAreUsedFor)
              "InteractionClassNotPublished");
 }
 
+TEST_P(Regions, AreSeenByOthersAsCommitted)
+{
+   RegionHandle const slow = region(alpha, "slow", {{lane, RangeBounds(0, 2)}});
+   EXPECT_EQ(refusal([&] { alpha->setRangeBounds(slow, lane, RangeBounds(3, 3)); }), "InvalidRangeBound");
+   alpha->setRangeBounds(slow, lane, RangeBounds(0, 3));
+   EXPECT_EQ(alpha->getRangeBounds(slow, lane).getUpperBound(), 3u);
+   EXPECT_EQ(beta->getRangeBounds(slow, lane).getUpperBound(), 2u);
+   alpha->commitRegionModifications({slow});
+   EXPECT_EQ(beta->getRangeBounds(slow, lane).getUpperBound(), 3u);
+}
+
 } // namespace

@@ -144,4 +144,14 @@ TEST_P(Synchronization, IsNotRegisteredTwiceNorForWhoIsNotJoined)
              "SynchronizationPointLabelNotAnnounced");
 }
 
+TEST_P(Synchronization, IsAchievedOnceByEach)
+{
+   Federate& alpha = joined("alpha");
+   joined("beta");
+   alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
+   alpha->synchronizationPointAchieved(L"ready", false);
+   EXPECT_EQ(refusal([&] { alpha->synchronizationPointAchieved(L"ready"); }),
+             "SynchronizationPointLabelNotAnnounced");
+}
+
 } // namespace
