@@ -566,6 +566,41 @@ TEST_P(TimeManagement, FlushesNoFurtherThanToTheFirstMessage)
    expect(beta, {reflected("a", 8), granted(8)});
 }
 
+TEST_P(TimeManagement, BeginsToRegulateWhereNobodyIsAhead)
+{
+   constrain(beta);
+   beta->timeAdvanceRequestAvailable(time(10));
+   expect(beta, {granted(10)});
+   advance(alpha, 5);
+   alpha->enableTimeRegulation(interval(0));
+   expect(alpha, {"timeRegulationEnabled(10)"});
+   EXPECT_EQ(refusal([&] { update("1", 9); }), "InvalidLogicalTime");
+   EXPECT_EQ(refusal([&] { update("1", 10); }), "nothing");
+}
+
+TEST_P(TimeManagement, BeginsToRegulateBehindNoMessageThatHasCome)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   update("a", 7);
+   beta->timeAdvanceRequest(time(10));
+   advance(alpha, 7);
+   expect(beta, {reflected("a", 7)}); // though not granted yet
+   Federate& gamma = joined("gamma");
+   gamma->enableTimeRegulation(interval(0));
+   expect(gamma, {"timeRegulationEnabled(7)"});
+}
+
+TEST_P(TimeManagement, SavesBeforeTheTimeIsGranted)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   alpha->requestFederationSave(L"noon", time(10));
+   advance(alpha, 20);
+   beta->timeAdvanceRequest(time(10));
+   expect(beta, {"initiateFederateSave(noon, 10)"});
+}
+
 TEST_P(TimeManagement, ConstrainsWhoIsAheadWhenTheOthersHaveCaughtUp)
 {
    regulate(alpha, 1);
@@ -581,14 +616,17 @@ TEST_P(TimeManagement, IsOnlyForWhoTakesPart)
 {
    EXPECT_EQ(refusal([&] { alpha->requestFederationSave(L"noon", time(5)); }), "FederateUnableToUseTime");
    regulate(alpha, 1);
-   regulate(beta, 1);
-   MessageRetractionHandle const sent = update("1", 5);
-   EXPECT_EQ(refusal([&] { beta->retract(sent); }), "InvalidMessageRetractionHandle");
    if (GetParam() == HLA_IMMEDIATE) {
       double const none = std::numeric_limits<double>::quiet_NaN();
       EXPECT_EQ(refusal([&] { alpha->timeAdvanceRequest(HLAfloat64Time(none)); }), "InvalidLogicalTime");
       EXPECT_EQ(refusal([&] { alpha->modifyLookahead(HLAfloat64Interval(none)); }), "InvalidLookahead");
    }
+   regulate(beta, 1);
+   MessageRetractionHandle const sent = update("1", 5);
+   EXPECT_EQ(refusal([&] { beta->retract(sent); }), "InvalidMessageRetractionHandle");
+   constrain(alpha);
+   alpha->timeAdvanceRequest(time(20)); // which promises not to send for 5 any more
+   EXPECT_EQ(refusal([&] { alpha->retract(sent); }), "MessageCanNoLongerBeRetracted");
 }
 
 TEST_P(TimeManagement, GoesOnAfterARestoreWithWhatWasNotToldAtTheSave)
