@@ -217,6 +217,23 @@ TEST_P(Regions, SelectInteractions)
    EXPECT_EQ(refusal([&] { send({inside}); }), "InvalidRegion");
 }
 
+TEST_P(Regions, MeetWhereTheirRangesOverlap)
+{
+   beta->subscribeInteractionClassWithRegions(accident, {region(beta, "here", {{lane, RangeBounds(2, 4)}})});
+   RegionHandle const there = region(alpha, "there", {{lane, RangeBounds(0, 8)}});
+   struct
+   {
+      RangeBounds range;
+      bool meets;
+   } const rows[] = {{{0, 2}, false}, {{0, 3}, true}, {{3, 4}, true}, {{4, 8}, false}, {{0, 8}, true}};
+   for (auto const& row : rows) {
+      SCOPED_TRACE(row.range.getLowerBound());
+      move(alpha, there, row.range);
+      alpha->sendInteractionWithRegions(accident, {}, {there}, bytes(""));
+      EXPECT_EQ(beta.callbacks(row.meets ? 1 : 0).size(), row.meets ? 1u : 0u);
+   }
+}
+
 TEST_P(Regions, SelectWhoIsAskedForValues)
 {
    ObjectInstanceHandle const near = carIn(region(alpha, "first", {{lane, RangeBounds(0, 1)}}), "near");
