@@ -232,6 +232,22 @@ TEST_P(Regions, MeetWhereTheirRangesOverlap)
       alpha->sendInteractionWithRegions(accident, {}, {there}, bytes(""));
       EXPECT_EQ(beta.callbacks(row.meets ? 1 : 0).size(), row.meets ? 1u : 0u);
    }
+   RegionHandle const across = region(alpha, "across", {{distance, RangeBounds(0, 1000)}});
+   alpha->sendInteractionWithRegions(accident, {}, {across}, bytes(""));
+   expectNothing(beta); // they have no dimension in common
+}
+
+TEST_P(Regions, AreOfOneOwnersUpdates)
+{
+   RegionHandle const here = region(alpha, "here", {{lane, RangeBounds(0, 1)}});
+   ObjectInstanceHandle const object = carIn(here, "car");
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {position});
+   EXPECT_EQ(refusal([&] { alpha->deleteRegion(here); }), "nothing");
+   alpha->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   alpha.callbacks(1);
+   RegionHandle const there = region(beta, "there", {{lane, RangeBounds(7, 8)}});
+   beta->requestAttributeValueUpdateWithRegions(car, {{{position}, {there}}}, bytes("please"));
+   expect(alpha, {"provideAttributeValueUpdate(car, {Position}, please)"}); // it is everywhere now
 }
 
 TEST_P(Regions, SelectWhoIsAskedForValues)
