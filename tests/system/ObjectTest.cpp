@@ -310,6 +310,26 @@ TEST_P(Objects, OfAnEagerFederationTellWithoutBeingAsked)
    reader->destroyFederationExecution(wide(eager));
 }
 
+TEST_P(Objects, AreToldOfAsTheyAreToWhoBeginsToListen)
+{
+   alpha->publishObjectClassAttributes(car, {position});
+   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   beta->subscribeObjectClassAttributes(vehicle, {position});
+   expect(beta, {"discoverObjectInstance(car, Vehicle, car, alpha)"});
+   for (int round = 0; round < 2; ++round) {
+      alpha->enableAttributeRelevanceAdvisorySwitch();
+      expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position})"});
+      alpha->disableAttributeRelevanceAdvisorySwitch();
+      beta->enableAttributeScopeAdvisorySwitch();
+      expect(beta, {"attributesInScope(car, {Position})"});
+      beta->disableAttributeScopeAdvisorySwitch();
+   }
+   alpha->enableAttributeRelevanceAdvisorySwitch();
+   alpha.callbacks(1);
+   beta->localDeleteObjectInstance(object);
+   expect(alpha, {"turnUpdatesOffForObjectInstance(car, {Position})"});
+}
+
 TEST_P(Objects, AreUpdatedAtTheHighestRateThatIsWanted)
 {
    alpha->enableAttributeRelevanceAdvisorySwitch();

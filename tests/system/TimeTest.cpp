@@ -601,6 +601,18 @@ TEST_P(TimeManagement, SavesBeforeTheTimeIsGranted)
    expect(beta, {"initiateFederateSave(noon, 10)"});
 }
 
+TEST_P(TimeManagement, TakesDeletionsBack)
+{
+   regulate(alpha, 1);
+   MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
+   names().add(deletion, "deletion");
+   EXPECT_EQ(beta.callbacks(1).size(), 1u);
+   EXPECT_EQ(refusal([&] { update("1", 6); }), "ObjectInstanceNotKnown");
+   alpha->retract(deletion);
+   expect(beta, {"requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"});
+   EXPECT_TRUE(update("1", 6).isValid());
+}
+
 TEST_P(TimeManagement, ConstrainsWhoIsAheadWhenTheOthersHaveCaughtUp)
 {
    regulate(alpha, 1);
