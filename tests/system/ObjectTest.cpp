@@ -310,6 +310,16 @@ TEST_P(Objects, OfAnEagerFederationTellWithoutBeingAsked)
    reader->destroyFederationExecution(wide(eager));
 }
 
+TEST_P(Objects, LeaveTheirNamesToOthers)
+{
+   alpha->publishObjectClassAttributes(car, {position});
+   for (int round = 0; round < 2; ++round) {
+      alpha->reserveObjectInstanceName(L"herbie");
+      expect(alpha, {"objectInstanceNameReservationSucceeded(herbie)"});
+      alpha->deleteObjectInstance(alpha->registerObjectInstance(car, L"herbie"), bytes(""));
+   }
+}
+
 TEST_P(Objects, AreToldOfAsTheyAreToWhoBeginsToListen)
 {
    alpha->publishObjectClassAttributes(car, {position});
