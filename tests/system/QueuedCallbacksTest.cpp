@@ -233,6 +233,28 @@ TEST_P(QueuedCallbacks, AreNoneAfterAResignation)
    EXPECT_EQ(refusal([&] { beta->disableTimeConstrained(); }), "TimeConstrainedIsNotEnabled");
 }
 
+TEST_P(QueuedCallbacks, AreNoneOfWhatARestoreReplaces)
+{
+   alpha->requestFederationSave(L"noon");
+   for (Federate* const federate : {&alpha, &beta}) {
+      federate->callbacks(1);
+      (*federate)->federateSaveBegun();
+      (*federate)->federateSaveComplete();
+   }
+   expectEach({&alpha, &beta}, {"federationSaved()"});
+   whileTheyWait(
+      beta,
+      [&] {
+         alpha->updateAttributeValues(object, values({{position, "1"}}), bytes(""));
+      },
+      [&] {
+         alpha->requestFederationRestore(L"noon");
+         alpha->federateRestoreComplete();
+         beta->federateRestoreComplete();
+      });
+   expect(beta, {"federationRestored()"});
+}
+
 TEST_P(QueuedCallbacks, ThatAnswerTheConnectionOutliveTheMembership)
 {
    whileTheyWait(
