@@ -217,6 +217,16 @@ TEST_P(Regions, SelectInteractions)
    EXPECT_EQ(refusal([&] { send({inside}); }), "InvalidRegion");
 }
 
+TEST_P(Regions, SelectWhoIsAskedForValues)
+{
+   ObjectInstanceHandle const near = carIn(region(alpha, "first", {{lane, RangeBounds(0, 1)}}), "near");
+   ObjectInstanceHandle const far = carIn(region(alpha, "last", {{lane, RangeBounds(7, 8)}}), "far");
+   EXPECT_NE(near, far);
+   RegionHandle const here = region(beta, "here", {{lane, RangeBounds(0, 4)}});
+   beta->requestAttributeValueUpdateWithRegions(car, {{{position}, {here}}}, bytes("please"));
+   expect(alpha, {"provideAttributeValueUpdate(near, {Position}, please)"});
+}
+
 TEST_P(Regions, MeetWhereTheirRangesOverlap)
 {
    beta->subscribeInteractionClassWithRegions(accident, {region(beta, "here", {{lane, RangeBounds(2, 4)}})});
@@ -248,16 +258,6 @@ TEST_P(Regions, AreOfOneOwnersUpdates)
    RegionHandle const there = region(beta, "there", {{lane, RangeBounds(7, 8)}});
    beta->requestAttributeValueUpdateWithRegions(car, {{{position}, {there}}}, bytes("please"));
    expect(alpha, {"provideAttributeValueUpdate(car, {Position}, please)"}); // it is everywhere now
-}
-
-TEST_P(Regions, SelectWhoIsAskedForValues)
-{
-   ObjectInstanceHandle const near = carIn(region(alpha, "first", {{lane, RangeBounds(0, 1)}}), "near");
-   ObjectInstanceHandle const far = carIn(region(alpha, "last", {{lane, RangeBounds(7, 8)}}), "far");
-   EXPECT_NE(near, far);
-   RegionHandle const here = region(beta, "here", {{lane, RangeBounds(0, 4)}});
-   beta->requestAttributeValueUpdateWithRegions(car, {{{position}, {here}}}, bytes("please"));
-   expect(alpha, {"provideAttributeValueUpdate(near, {Position}, please)"});
 }
 
 TEST_P(Regions, AreOfTheDimensionsOfWhatTheyAreUsedFor)
