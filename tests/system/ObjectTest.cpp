@@ -323,7 +323,7 @@ TEST_P(Objects, LeaveTheirNamesToOthers)
 TEST_P(Objects, AreToldOfAsTheyAreToWhoBeginsToListen)
 {
    alpha->publishObjectClassAttributes(car, {position});
-   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   ObjectInstanceHandle const heard = registered(alpha, car, "car");
    beta->subscribeObjectClassAttributes(vehicle, {position});
    expect(beta, {"discoverObjectInstance(car, Vehicle, car, alpha)"});
    for (int round = 0; round < 2; ++round) {
@@ -336,7 +336,7 @@ TEST_P(Objects, AreToldOfAsTheyAreToWhoBeginsToListen)
    }
    alpha->enableAttributeRelevanceAdvisorySwitch();
    alpha.callbacks(1);
-   beta->localDeleteObjectInstance(object);
+   beta->localDeleteObjectInstance(heard);
    expect(alpha, {"turnUpdatesOffForObjectInstance(car, {Position})"});
 }
 

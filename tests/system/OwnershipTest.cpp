@@ -147,6 +147,17 @@ TEST_P(Ownership, GoesToWhoAskedFirst)
    expectNothing(gamma);
 }
 
+TEST_P(Ownership, IsStillOnOfferWhenWhoWantedItResigns)
+{
+   alpha->negotiatedAttributeOwnershipDivestiture(object, {position}, bytes(""));
+   beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   expect(alpha, {"requestDivestitureConfirmation(car, {Position})"});
+   beta->resignFederationExecution(CANCEL_PENDING_OWNERSHIP_ACQUISITIONS);
+   EXPECT_EQ(refusal([&] { alpha->confirmDivestiture(object, {position}, {}); }), "NoAcquisitionPending");
+   gamma->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   expect(alpha, {"requestDivestitureConfirmation(car, {Position})"});
+}
+
 TEST_P(Ownership, BringsNothingOfHowTheFormerOwnerHadItTravel)
 {
    alpha->requestAttributeTransportationTypeChange(object, {position}, BEST_EFFORT);
