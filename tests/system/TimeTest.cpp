@@ -605,7 +605,7 @@ TEST_P(TimeManagement, TakesDeletionsBack)
 {
    regulate(alpha, 1);
    MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
-   names().add(deletion, "deletion");
+   names().add(deletion.toString(), "deletion");
    EXPECT_EQ(beta.callbacks(1).size(), 1u);
    EXPECT_EQ(refusal([&] { update("1", 6); }), "ObjectInstanceNotKnown");
    alpha->retract(deletion);
