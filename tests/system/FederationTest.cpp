@@ -65,7 +65,7 @@ void FederationTest::end()
    _created = false;
    for (auto const& entry : _federates) {
       Federate& federate = *entry.second;
-      EXPECT_EQ(refusal([&] { federate->disconnect(); }), "nothing") << federate.name();
+      EXPECT_REFUSED("nothing", federate->disconnect()) << federate.name();
    }
    _federates.clear();
 }

@@ -24,16 +24,15 @@ TEST_P(Objects, HaveNamesThatAreReservedOnce)
 {
    alpha->publishObjectClassAttributes(car, ofVehicle);
    beta->publishObjectClassAttributes(car, ofVehicle);
-   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(car, L"herbie"); }),
-             "ObjectInstanceNameNotReserved");
-   EXPECT_EQ(refusal([&] { alpha->reserveObjectInstanceName(L"HLAherbie"); }), "IllegalName");
-   EXPECT_EQ(refusal([&] { alpha->releaseObjectInstanceName(L"herbie"); }), "ObjectInstanceNameNotReserved");
+   EXPECT_REFUSED("ObjectInstanceNameNotReserved", alpha->registerObjectInstance(car, L"herbie"));
+   EXPECT_REFUSED("IllegalName", alpha->reserveObjectInstanceName(L"HLAherbie"));
+   EXPECT_REFUSED("ObjectInstanceNameNotReserved", alpha->releaseObjectInstanceName(L"herbie"));
 
    alpha->reserveObjectInstanceName(L"herbie");
    expect(alpha, {"objectInstanceNameReservationSucceeded(herbie)"});
    beta->reserveObjectInstanceName(L"herbie");
    expect(beta, {"objectInstanceNameReservationFailed(herbie)"});
-   EXPECT_EQ(refusal([&] { beta->registerObjectInstance(car, L"herbie"); }), "ObjectInstanceNameNotReserved");
+   EXPECT_REFUSED("ObjectInstanceNameNotReserved", beta->registerObjectInstance(car, L"herbie"));
    alpha->releaseObjectInstanceName(L"herbie");
    beta->reserveObjectInstanceName(L"herbie");
    expect(beta, {"objectInstanceNameReservationSucceeded(herbie)"});
@@ -41,26 +40,23 @@ TEST_P(Objects, HaveNamesThatAreReservedOnce)
    ObjectInstanceHandle const herbie = beta->registerObjectInstance(car, L"herbie");
    EXPECT_EQ(beta->getObjectInstanceName(herbie), L"herbie");
    EXPECT_EQ(beta->getObjectInstanceHandle(L"herbie"), herbie);
-   EXPECT_EQ(refusal([&] { alpha->getObjectInstanceHandle(L"herbie"); }), "ObjectInstanceNotKnown");
-   EXPECT_EQ(refusal([&] { beta->registerObjectInstance(car, L"herbie"); }), "ObjectInstanceNameInUse");
+   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->getObjectInstanceHandle(L"herbie"));
+   EXPECT_REFUSED("ObjectInstanceNameInUse", beta->registerObjectInstance(car, L"herbie"));
    alpha->reserveObjectInstanceName(L"herbie");
    expect(alpha, {"objectInstanceNameReservationFailed(herbie)"});
 }
 
 TEST_P(Objects, HaveNamesThatAreReservedTogetherOrNotAtAll)
 {
-   EXPECT_EQ(refusal([&] { alpha->reserveMultipleObjectInstanceName({}); }), "NameSetWasEmpty");
-   EXPECT_EQ(refusal([&] { alpha->reserveMultipleObjectInstanceName({L"a", L"HLAb"}); }), "IllegalName");
+   EXPECT_REFUSED("NameSetWasEmpty", alpha->reserveMultipleObjectInstanceName({}));
+   EXPECT_REFUSED("IllegalName", alpha->reserveMultipleObjectInstanceName({L"a", L"HLAb"}));
    alpha->reserveMultipleObjectInstanceName({L"a", L"b"});
    expect(alpha, {"multipleObjectInstanceNameReservationSucceeded({a b})"});
    beta->reserveMultipleObjectInstanceName({L"b", L"c"});
    expect(beta, {"multipleObjectInstanceNameReservationFailed({b c})"});
    alpha->reserveObjectInstanceName(L"c");
    expect(alpha, {"objectInstanceNameReservationSucceeded(c)"});
-   EXPECT_EQ(refusal([&] {
-                alpha->releaseMultipleObjectInstanceName({L"a", L"d"});
-             }),
-             "ObjectInstanceNameNotReserved");
+   EXPECT_REFUSED("ObjectInstanceNameNotReserved", alpha->releaseMultipleObjectInstanceName({L"a", L"d"}));
    alpha->releaseMultipleObjectInstanceName({L"a", L"b", L"c"});
    beta->reserveMultipleObjectInstanceName({L"a", L"b", L"c"});
    expect(beta, {"multipleObjectInstanceNameReservationSucceeded({a b c})"});
@@ -89,8 +85,8 @@ TEST_P(Objects, AreDiscoveredAsTheMostSpecificSubscribedClass)
    EXPECT_EQ(gamma->getKnownObjectClassHandle(cab), car);
    EXPECT_EQ(gamma->getObjectInstanceName(cab), alpha->getObjectInstanceName(cab));
    EXPECT_EQ(gamma->getObjectInstanceHandle(alpha->getObjectInstanceName(cab)), cab);
-   EXPECT_EQ(refusal([&] { delta->getKnownObjectClassHandle(cab); }), "ObjectInstanceNotKnown");
-   EXPECT_EQ(refusal([&] { delta->getObjectInstanceName(cab); }), "ObjectInstanceNotKnown");
+   EXPECT_REFUSED("ObjectInstanceNotKnown", delta->getKnownObjectClassHandle(cab));
+   EXPECT_REFUSED("ObjectInstanceNotKnown", delta->getObjectInstanceName(cab));
 
    beta->subscribeObjectClassAttributes(taxi, {position}); // too late
    expectNothing(beta);
@@ -154,14 +150,14 @@ TEST_P(Objects, AreUpdatedByTheirOwnerAlone)
 TEST_P(Objects, AreDeletedByWhoHasThePrivilege)
 {
    ObjectInstanceHandle const object = aCar();
-   EXPECT_EQ(refusal([&] { beta->deleteObjectInstance(object, {}); }), "DeletePrivilegeNotHeld");
-   EXPECT_EQ(refusal([&] { joined("gamma")->deleteObjectInstance(object, {}); }), "ObjectInstanceNotKnown");
+   EXPECT_REFUSED("DeletePrivilegeNotHeld", beta->deleteObjectInstance(object, {}));
+   EXPECT_REFUSED("ObjectInstanceNotKnown", joined("gamma")->deleteObjectInstance(object, {}));
    alpha->deleteObjectInstance(object, bytes("scrapped"));
    expect(beta, {"removeObjectInstance(car, scrapped, RO, by alpha)"});
    expectNothing(alpha);
    for (Federate* const federate : {&alpha, &beta}) {
-      EXPECT_EQ(refusal([&] { (*federate)->deleteObjectInstance(object, {}); }), "ObjectInstanceNotKnown");
-      EXPECT_EQ(refusal([&] { (*federate)->getObjectInstanceName(object); }), "ObjectInstanceNotKnown");
+      EXPECT_REFUSED("ObjectInstanceNotKnown", (*federate)->deleteObjectInstance(object, {}));
+      EXPECT_REFUSED("ObjectInstanceNotKnown", (*federate)->getObjectInstanceName(object));
    }
    registered(alpha, car, "second");
    expect(beta, {"discoverObjectInstance(second, Vehicle, second, alpha)"});
@@ -170,16 +166,16 @@ TEST_P(Objects, AreDeletedByWhoHasThePrivilege)
 TEST_P(Objects, AreForgottenByOneFederateAndDiscoveredAnew)
 {
    ObjectInstanceHandle const object = aCar();
-   EXPECT_EQ(refusal([&] { alpha->localDeleteObjectInstance(object); }), "FederateOwnsAttributes");
+   EXPECT_REFUSED("FederateOwnsAttributes", alpha->localDeleteObjectInstance(object));
    beta->publishObjectClassAttributes(vehicle, ofVehicle);
    beta->attributeOwnershipAcquisition(object, {fuel}, {});
-   EXPECT_EQ(refusal([&] { beta->localDeleteObjectInstance(object); }), "OwnershipAcquisitionPending");
+   EXPECT_REFUSED("OwnershipAcquisitionPending", beta->localDeleteObjectInstance(object));
    beta->cancelAttributeOwnershipAcquisition(object, {fuel});
    expect(beta, {"confirmAttributeOwnershipAcquisitionCancellation(car, {Fuel})"});
 
    beta->unsubscribeObjectClass(vehicle);
    beta->localDeleteObjectInstance(object);
-   EXPECT_EQ(refusal([&] { beta->localDeleteObjectInstance(object); }), "ObjectInstanceNotKnown");
+   EXPECT_REFUSED("ObjectInstanceNotKnown", beta->localDeleteObjectInstance(object));
    expectNothing(beta);
    beta->subscribeObjectClassAttributes(car, {passengers});
    expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
@@ -207,13 +203,11 @@ TEST_P(Objects, AreAskedForTheirValues)
    expectNothing(beta);
    expectNothing(gamma);
 
-   EXPECT_EQ(refusal([&] { beta->requestAttributeValueUpdate(object, {passengers}, {}); }),
-             "AttributeNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->requestAttributeValueUpdate(lorry, {position}, {}); }),
-             "ObjectInstanceNotKnown");
-   EXPECT_EQ(refusal([&] { beta->requestAttributeValueUpdate(car, {load}, {}); }), "AttributeNotDefined");
-   EXPECT_EQ(refusal([&] { beta->requestAttributeValueUpdate(ObjectClassHandle(), {position}, {}); }),
-             "ObjectClassNotDefined");
+   EXPECT_REFUSED("AttributeNotDefined", beta->requestAttributeValueUpdate(object, {passengers}, {}));
+   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->requestAttributeValueUpdate(lorry, {position}, {}));
+   EXPECT_REFUSED("AttributeNotDefined", beta->requestAttributeValueUpdate(car, {load}, {}));
+   EXPECT_REFUSED("ObjectClassNotDefined",
+                  beta->requestAttributeValueUpdate(ObjectClassHandle(), {position}, {}));
 }
 
 TEST_P(Objects, ComeIntoScopeAndGoOutOfIt)
@@ -267,14 +261,12 @@ TEST_P(Objects, TravelAsTheirOwnerHasThemTravel)
    expectInAnyOrder(beta, {"reflectAttributeValues(car, {Fuel=3}, , RO, reliable, by alpha)",
                            "reflectAttributeValues(car, {Position=1 Speed=2}, , RO, best-effort, by alpha)"});
 
-   EXPECT_EQ(refusal([&] { beta->requestAttributeTransportationTypeChange(object, {fuel}, BEST_EFFORT); }),
-             "AttributeNotOwned");
-   EXPECT_EQ(refusal([&] { alpha->requestAttributeTransportationTypeChange(object, {load}, BEST_EFFORT); }),
-             "AttributeNotDefined");
-   EXPECT_EQ(refusal([&] { beta->queryAttributeTransportationType(object, passengers); }),
-             "AttributeNotDefined");
-   EXPECT_EQ(refusal([&] { beta->queryAttributeTransportationType({}, position); }),
-             "ObjectInstanceNotKnown");
+   EXPECT_REFUSED("AttributeNotOwned",
+                  beta->requestAttributeTransportationTypeChange(object, {fuel}, BEST_EFFORT));
+   EXPECT_REFUSED("AttributeNotDefined",
+                  alpha->requestAttributeTransportationTypeChange(object, {load}, BEST_EFFORT));
+   EXPECT_REFUSED("AttributeNotDefined", beta->queryAttributeTransportationType(object, passengers));
+   EXPECT_REFUSED("ObjectInstanceNotKnown", beta->queryAttributeTransportationType({}, position));
 }
 
 TEST_P(Objects, OfAnEagerFederationTellWithoutBeingAsked)
@@ -340,20 +332,14 @@ TEST_P(Interactions, AreReceivedAsTheMostSpecificSubscribedClass)
 TEST_P(Interactions, AreSentAsPublished)
 {
    alpha->publishInteractionClass(message);
-   EXPECT_EQ(refusal([&] {
-                alpha->sendInteraction(message, values({{level, "9"}}), {});
-             }),
-             "InteractionParameterNotDefined");
-   EXPECT_EQ(refusal([&] {
-                alpha->sendInteraction(message, {{ParameterHandle(), {}}}, {});
-             }),
-             "InteractionParameterNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->sendInteraction(InteractionClassHandle(), {}, {}); }),
-             "InteractionClassNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->changeInteractionOrderType(accident, RECEIVE); }),
-             "InteractionClassNotPublished");
-   EXPECT_EQ(refusal([&] { alpha->requestInteractionTransportationTypeChange(accident, RELIABLE); }),
-             "InteractionClassNotPublished");
+   EXPECT_REFUSED("InteractionParameterNotDefined",
+                  alpha->sendInteraction(message, values({{level, "9"}}), {}));
+   EXPECT_REFUSED("InteractionParameterNotDefined",
+                  alpha->sendInteraction(message, {{ParameterHandle(), {}}}, {}));
+   EXPECT_REFUSED("InteractionClassNotDefined", alpha->sendInteraction(InteractionClassHandle(), {}, {}));
+   EXPECT_REFUSED("InteractionClassNotPublished", alpha->changeInteractionOrderType(accident, RECEIVE));
+   EXPECT_REFUSED("InteractionClassNotPublished",
+                  alpha->requestInteractionTransportationTypeChange(accident, RELIABLE));
 
    beta->subscribeInteractionClass(message);
    alpha->requestInteractionTransportationTypeChange(message, BEST_EFFORT);

@@ -67,13 +67,10 @@ TEST_P(Ownership, IsGivenAwayByAgreement)
 {
    alpha->negotiatedAttributeOwnershipDivestiture(object, {position, speed}, bytes("offer"));
    expectEach({&beta, &gamma}, {"requestAttributeOwnershipAssumption(car, {Position Speed}, offer)"});
-   EXPECT_EQ(refusal([&] {
-                alpha->negotiatedAttributeOwnershipDivestiture(object, {speed, fuel}, {});
-             }),
-             "AttributeAlreadyBeingDivested");
-   EXPECT_EQ(refusal([&] { alpha->confirmDivestiture(object, {position}, {}); }), "NoAcquisitionPending");
-   EXPECT_EQ(refusal([&] { alpha->confirmDivestiture(object, {fuel}, {}); }),
-             "AttributeDivestitureWasNotRequested");
+   EXPECT_REFUSED("AttributeAlreadyBeingDivested",
+                  alpha->negotiatedAttributeOwnershipDivestiture(object, {speed, fuel}, {}));
+   EXPECT_REFUSED("NoAcquisitionPending", alpha->confirmDivestiture(object, {position}, {}));
+   EXPECT_REFUSED("AttributeDivestitureWasNotRequested", alpha->confirmDivestiture(object, {fuel}, {}));
 
    beta->attributeOwnershipAcquisition(object, {position}, bytes("mine"));
    expect(alpha, {"requestDivestitureConfirmation(car, {Position})"});
@@ -91,13 +88,12 @@ TEST_P(Ownership, IsGivenAwayByAgreement)
 
 TEST_P(Ownership, IsKeptWhenTheOfferIsTakenBack)
 {
-   EXPECT_EQ(refusal([&] { alpha->cancelNegotiatedAttributeOwnershipDivestiture(object, {position}); }),
-             "AttributeDivestitureWasNotRequested");
+   EXPECT_REFUSED("AttributeDivestitureWasNotRequested",
+                  alpha->cancelNegotiatedAttributeOwnershipDivestiture(object, {position}));
    alpha->negotiatedAttributeOwnershipDivestiture(object, {position}, bytes("offer"));
    forgetOffers();
    alpha->cancelNegotiatedAttributeOwnershipDivestiture(object, {position});
-   EXPECT_EQ(refusal([&] { alpha->confirmDivestiture(object, {position}, {}); }),
-             "AttributeDivestitureWasNotRequested");
+   EXPECT_REFUSED("AttributeDivestitureWasNotRequested", alpha->confirmDivestiture(object, {position}, {}));
    expectOwner(position, &alpha);
    beta->attributeOwnershipAcquisition(object, {position}, bytes("mine"));
    expect(alpha, {"requestAttributeOwnershipRelease(car, {Position}, mine)"});
@@ -138,10 +134,9 @@ TEST_P(Ownership, GoesStraightToWhoIsWaitingForIt)
 
 TEST_P(Ownership, IsAskedForNoMore)
 {
-   EXPECT_EQ(refusal([&] { beta->cancelAttributeOwnershipAcquisition(object, {position}); }),
-             "AttributeAcquisitionWasNotRequested");
-   EXPECT_EQ(refusal([&] { alpha->cancelAttributeOwnershipAcquisition(object, {position}); }),
-             "AttributeAlreadyOwned");
+   EXPECT_REFUSED("AttributeAcquisitionWasNotRequested",
+                  beta->cancelAttributeOwnershipAcquisition(object, {position}));
+   EXPECT_REFUSED("AttributeAlreadyOwned", alpha->cancelAttributeOwnershipAcquisition(object, {position}));
    beta->attributeOwnershipAcquisition(object, {position}, bytes("mine"));
    beta->cancelAttributeOwnershipAcquisition(object, {position});
    expect(beta, {"confirmAttributeOwnershipAcquisitionCancellation(car, {Position})"});
@@ -163,10 +158,10 @@ TEST_P(Ownership, IsTakenIfAvailable)
    expectOwner(speed, &alpha);
 
    beta->attributeOwnershipAcquisition(object, {speed}, bytes("mine"));
-   EXPECT_EQ(refusal([&] { beta->attributeOwnershipAcquisitionIfAvailable(object, {speed}); }),
-             "AttributeAlreadyBeingAcquired");
-   EXPECT_EQ(refusal([&] { beta->attributeOwnershipAcquisitionIfAvailable(object, {position}); }),
-             "FederateOwnsAttributes");
+   EXPECT_REFUSED("AttributeAlreadyBeingAcquired",
+                  beta->attributeOwnershipAcquisitionIfAvailable(object, {speed}));
+   EXPECT_REFUSED("FederateOwnsAttributes",
+                  beta->attributeOwnershipAcquisitionIfAvailable(object, {position}));
 }
 
 TEST_P(Ownership, IsForPublishersOfAttributesThatThereAre)
@@ -177,8 +172,7 @@ TEST_P(Ownership, IsForPublishersOfAttributesThatThereAre)
    auto const acquire = [&](Federate& federate, AttributeHandle attribute) {
       std::string const way =
          refusal([&] { federate->attributeOwnershipAcquisition(object, {attribute}, {}); });
-      EXPECT_EQ(refusal([&] { federate->attributeOwnershipAcquisitionIfAvailable(object, {attribute}); }),
-                way);
+      EXPECT_REFUSED(way, federate->attributeOwnershipAcquisitionIfAvailable(object, {attribute}));
       return way;
    };
    EXPECT_EQ(acquire(delta, position), "ObjectClassNotPublished");
@@ -205,21 +199,21 @@ TEST_P(Ownership, IsForPublishersOfAttributesThatThereAre)
    };
    for (auto const& service : services) {
       SCOPED_TRACE(service.name);
-      EXPECT_EQ(refusal([&] { service.call(position, object); }), "AttributeNotOwned");
-      EXPECT_EQ(refusal([&] { service.call(load, object); }), "AttributeNotDefined");
-      EXPECT_EQ(refusal([&] { service.call(position, {}); }), "ObjectInstanceNotKnown");
+      EXPECT_REFUSED("AttributeNotOwned", service.call(position, object));
+      EXPECT_REFUSED("AttributeNotDefined", service.call(load, object));
+      EXPECT_REFUSED("ObjectInstanceNotKnown", service.call(position, {}));
    }
-   EXPECT_EQ(refusal([&] { beta->queryAttributeOwnership(object, load); }), "AttributeNotDefined");
-   EXPECT_EQ(refusal([&] { beta->queryAttributeOwnership({}, position); }), "ObjectInstanceNotKnown");
-   EXPECT_EQ(refusal([&] { beta->isAttributeOwnedByFederate(object, load); }), "AttributeNotDefined");
-   EXPECT_EQ(refusal([&] { beta->isAttributeOwnedByFederate({}, position); }), "ObjectInstanceNotKnown");
+   EXPECT_REFUSED("AttributeNotDefined", beta->queryAttributeOwnership(object, load));
+   EXPECT_REFUSED("ObjectInstanceNotKnown", beta->queryAttributeOwnership({}, position));
+   EXPECT_REFUSED("AttributeNotDefined", beta->isAttributeOwnedByFederate(object, load));
+   EXPECT_REFUSED("ObjectInstanceNotKnown", beta->isAttributeOwnedByFederate({}, position));
 }
 
 TEST_P(Ownership, OfThePrivilegeToDeletePassesTheRightToDelete)
 {
    alpha->unconditionalAttributeOwnershipDivestiture(object, {privilege});
    forgetOffers();
-   EXPECT_EQ(refusal([&] { alpha->deleteObjectInstance(object, {}); }), "DeletePrivilegeNotHeld");
+   EXPECT_REFUSED("DeletePrivilegeNotHeld", alpha->deleteObjectInstance(object, {}));
    beta->attributeOwnershipAcquisitionIfAvailable(object, {privilege});
    expect(beta, {"attributeOwnershipAcquisitionNotification(car, {HLAprivilegeToDeleteObject}, )"});
    beta->deleteObjectInstance(object, bytes(""));
@@ -255,8 +249,8 @@ TEST_P(Ownership, EndsAsTheResigningFederateHasIt)
       buyer.callbacks(1);
       buyer->attributeOwnershipAcquisition(lorry, {fuel}, {});
       owner.callbacks(1);
-      EXPECT_EQ(refusal([&] { buyer->resignFederationExecution(row.action); }), row.whileAcquiring);
-      EXPECT_EQ(refusal([&] { owner->resignFederationExecution(row.action); }), row.whileOwning);
+      EXPECT_REFUSED(row.whileAcquiring, buyer->resignFederationExecution(row.action));
+      EXPECT_REFUSED(row.whileOwning, owner->resignFederationExecution(row.action));
       for (Federate* const federate : {&owner, &buyer}) {
          refusal([&] { (*federate)->resignFederationExecution(CANCEL_THEN_DELETE_THEN_DIVEST); });
       }

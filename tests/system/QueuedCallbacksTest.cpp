@@ -230,7 +230,7 @@ TEST_P(QueuedCallbacks, AreNoneAfterAResignation)
    alpha.callbacks();
    alpha->queryAttributeOwnership(object, position);
    expect(alpha, {"attributeIsNotOwned(car, Position)"});
-   EXPECT_EQ(refusal([&] { beta->disableTimeConstrained(); }), "TimeConstrainedIsNotEnabled");
+   EXPECT_REFUSED("TimeConstrainedIsNotEnabled", beta->disableTimeConstrained());
 }
 
 } // namespace

@@ -29,4 +29,7 @@ std::string refusal(Call&& call)
 
 } // namespace system_tests
 
+// That the call, which may have commas of its own, throws just this.
+#define EXPECT_REFUSED(exception, ...) EXPECT_EQ(refusal([&] { __VA_ARGS__; }), exception)
+
 #endif

@@ -39,7 +39,7 @@ TEST_P(Regions, HaveRangesInTheirDimensions)
    EXPECT_EQ(alpha->getRangeBounds(slow, lane).getUpperBound(), 2u);
    EXPECT_EQ(alpha->decodeRegionHandle(slow.encode()), slow);
 
-   EXPECT_EQ(refusal([&] { alpha->createRegion({lane, DimensionHandle()}); }), "InvalidDimensionHandle");
+   EXPECT_REFUSED("InvalidDimensionHandle", alpha->createRegion({lane, DimensionHandle()}));
    auto const set = [&](Federate& federate, RegionHandle which, DimensionHandle dimension,
                         RangeBounds range) {
       return refusal([&] { federate->setRangeBounds(which, dimension, range); });
@@ -50,16 +50,15 @@ TEST_P(Regions, HaveRangesInTheirDimensions)
    EXPECT_EQ(set(alpha, slow, distance, RangeBounds(0, 1)), "RegionDoesNotContainSpecifiedDimension");
    EXPECT_EQ(set(beta, slow, lane, RangeBounds(0, 1)), "RegionNotCreatedByThisFederate");
    EXPECT_EQ(set(alpha, RegionHandle(), lane, RangeBounds(0, 1)), "InvalidRegion");
-   EXPECT_EQ(refusal([&] { alpha->getRangeBounds(slow, distance); }),
-             "RegionDoesNotContainSpecifiedDimension");
-   EXPECT_EQ(refusal([&] { alpha->getRangeBounds({}, lane); }), "InvalidRegion");
-   EXPECT_EQ(refusal([&] { alpha->getDimensionHandleSet({}); }), "InvalidRegion");
-   EXPECT_EQ(refusal([&] { beta->commitRegionModifications({slow}); }), "RegionNotCreatedByThisFederate");
-   EXPECT_EQ(refusal([&] { alpha->commitRegionModifications({RegionHandle()}); }), "InvalidRegion");
-   EXPECT_EQ(refusal([&] { beta->deleteRegion(slow); }), "RegionNotCreatedByThisFederate");
+   EXPECT_REFUSED("RegionDoesNotContainSpecifiedDimension", alpha->getRangeBounds(slow, distance));
+   EXPECT_REFUSED("InvalidRegion", alpha->getRangeBounds({}, lane));
+   EXPECT_REFUSED("InvalidRegion", alpha->getDimensionHandleSet({}));
+   EXPECT_REFUSED("RegionNotCreatedByThisFederate", beta->commitRegionModifications({slow}));
+   EXPECT_REFUSED("InvalidRegion", alpha->commitRegionModifications({RegionHandle()}));
+   EXPECT_REFUSED("RegionNotCreatedByThisFederate", beta->deleteRegion(slow));
    alpha->deleteRegion(slow);
-   EXPECT_EQ(refusal([&] { alpha->deleteRegion(slow); }), "InvalidRegion");
-   EXPECT_EQ(refusal([&] { alpha->getRangeBounds(slow, lane); }), "InvalidRegion");
+   EXPECT_REFUSED("InvalidRegion", alpha->deleteRegion(slow));
+   EXPECT_REFUSED("InvalidRegion", alpha->getRangeBounds(slow, lane));
 }
 
 TEST_P(Regions, SelectWhatIsDiscoveredAndReflected)
@@ -160,8 +159,8 @@ TEST_P(Regions, AddUpInSubscriptions)
    move(alpha, where, RangeBounds(0, 1));
    update();
    expect(beta, {reflected});
-   EXPECT_EQ(refusal([&] { beta->deleteRegion(first); }), "RegionInUseForUpdateOrSubscription");
-   EXPECT_EQ(refusal([&] { alpha->deleteRegion(where); }), "RegionInUseForUpdateOrSubscription");
+   EXPECT_REFUSED("RegionInUseForUpdateOrSubscription", beta->deleteRegion(first));
+   EXPECT_REFUSED("RegionInUseForUpdateOrSubscription", alpha->deleteRegion(where));
    beta->unsubscribeObjectClassAttributesWithRegions(car, {{{position}, {first}}});
    beta->deleteRegion(first);
    update();
@@ -214,7 +213,7 @@ TEST_P(Regions, SelectInteractions)
    send({inside});
    expectNothing(beta);
    alpha->deleteRegion(inside);
-   EXPECT_EQ(refusal([&] { send({inside}); }), "InvalidRegion");
+   EXPECT_REFUSED("InvalidRegion", send({inside}));
 }
 
 TEST_P(Regions, SelectWhoIsAskedForValues)
@@ -257,34 +256,26 @@ TEST_P(Regions, AreOfTheDimensionsOfWhatTheyAreUsedFor)
    };
    for (auto const& service : services) {
       SCOPED_TRACE(service.name);
-      EXPECT_EQ(refusal([&] { service.call(speed, wide); }), "InvalidRegionContext"); // has no distance
-      EXPECT_EQ(refusal([&] { service.call(fuel, wide); }), "InvalidRegionContext");
-      EXPECT_EQ(refusal([&] { service.call(position, others); }), "RegionNotCreatedByThisFederate");
-      EXPECT_EQ(refusal([&] { service.call(position, {}); }), "InvalidRegion");
-      EXPECT_EQ(refusal([&] { service.call(load, wide); }), "AttributeNotDefined");
-      EXPECT_EQ(refusal([&] { service.call(position, wide); }), "nothing");
+      EXPECT_REFUSED("InvalidRegionContext", service.call(speed, wide)); // has no distance
+      EXPECT_REFUSED("InvalidRegionContext", service.call(fuel, wide));
+      EXPECT_REFUSED("RegionNotCreatedByThisFederate", service.call(position, others));
+      EXPECT_REFUSED("InvalidRegion", service.call(position, {}));
+      EXPECT_REFUSED("AttributeNotDefined", service.call(load, wide));
+      service.call(position, wide);
    }
-   EXPECT_EQ(refusal([&] {
-                alpha->registerObjectInstanceWithRegions(truck, {{{position}, {wide}}});
-             }),
-             "ObjectClassNotPublished");
-   EXPECT_EQ(refusal([&] {
-                alpha->registerObjectInstanceWithRegions({}, {{{position}, {wide}}});
-             }),
-             "ObjectClassNotDefined");
-   EXPECT_EQ(refusal([&] {
-                alpha->registerObjectInstanceWithRegions(car, {{{position}, {wide}}}, L"nobody's");
-             }),
-             "ObjectInstanceNameNotReserved");
+   EXPECT_REFUSED("ObjectClassNotPublished",
+                  alpha->registerObjectInstanceWithRegions(truck, {{{position}, {wide}}}));
+   EXPECT_REFUSED("ObjectClassNotDefined",
+                  alpha->registerObjectInstanceWithRegions({}, {{{position}, {wide}}}));
+   EXPECT_REFUSED("ObjectInstanceNameNotReserved",
+                  alpha->registerObjectInstanceWithRegions(car, {{{position}, {wide}}}, L"nobody's"));
    alpha->publishInteractionClass(message);
-   EXPECT_EQ(refusal([&] { alpha->sendInteractionWithRegions(message, {}, {wide}, {}); }),
-             "InvalidRegionContext");
-   EXPECT_EQ(refusal([&] { alpha->subscribeInteractionClassWithRegions(message, {wide}); }),
-             "InvalidRegionContext");
-   EXPECT_EQ(refusal([&] { alpha->subscribeInteractionClassWithRegions(accident, {others}); }),
-             "RegionNotCreatedByThisFederate");
-   EXPECT_EQ(refusal([&] { beta->sendInteractionWithRegions(accident, {}, {others}, {}); }),
-             "InteractionClassNotPublished");
+   EXPECT_REFUSED("InvalidRegionContext", alpha->sendInteractionWithRegions(message, {}, {wide}, {}));
+   EXPECT_REFUSED("InvalidRegionContext", alpha->subscribeInteractionClassWithRegions(message, {wide}));
+   EXPECT_REFUSED("RegionNotCreatedByThisFederate",
+                  alpha->subscribeInteractionClassWithRegions(accident, {others}));
+   EXPECT_REFUSED("InteractionClassNotPublished",
+                  beta->sendInteractionWithRegions(accident, {}, {others}, {}));
 }
 
 } // namespace

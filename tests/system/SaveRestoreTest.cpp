@@ -94,7 +94,7 @@ TEST_P(SaveRestore, DoesNotSaveWhenOneResigns)
 
 TEST_P(SaveRestore, AbortsASaveAtAnyPoint)
 {
-   EXPECT_EQ(refusal([&] { alpha->abortFederationSave(); }), "SaveNotInProgress");
+   EXPECT_REFUSED("SaveNotInProgress", alpha->abortFederationSave());
    for (int steps = 0; steps < 3; ++steps) {
       askForASave();
       if (steps > 0) {
@@ -106,21 +106,21 @@ TEST_P(SaveRestore, AbortsASaveAtAnyPoint)
       beta->abortFederationSave();
       expectEach({&alpha, &beta}, {"federationNotSaved(aborted)"});
       expectSaveStatus("{alpha=idle beta=idle}");
-      EXPECT_EQ(refusal([&] { alpha->abortFederationSave(); }), "SaveNotInProgress");
+      EXPECT_REFUSED("SaveNotInProgress", alpha->abortFederationSave());
    }
 }
 
 TEST_P(SaveRestore, SavesInTheRightOrder)
 {
-   EXPECT_EQ(refusal([&] { alpha->federateSaveBegun(); }), "SaveNotInitiated");
-   EXPECT_EQ(refusal([&] { alpha->federateSaveComplete(); }), "FederateHasNotBegunSave");
-   EXPECT_EQ(refusal([&] { alpha->federateSaveNotComplete(); }), "FederateHasNotBegunSave");
+   EXPECT_REFUSED("SaveNotInitiated", alpha->federateSaveBegun());
+   EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveComplete());
+   EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveNotComplete());
    askForASave();
-   EXPECT_EQ(refusal([&] { alpha->federateSaveComplete(); }), "FederateHasNotBegunSave");
-   EXPECT_EQ(refusal([&] { alpha->federateSaveNotComplete(); }), "FederateHasNotBegunSave");
-   EXPECT_EQ(refusal([&] { alpha->requestFederationSave(L"later"); }), "SaveInProgress");
-   EXPECT_EQ(refusal([&] { alpha->requestFederationRestore(L"noon"); }), "SaveInProgress");
-   EXPECT_EQ(refusal([&] { connected("late").join(federation()); }), "SaveInProgress");
+   EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveComplete());
+   EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveNotComplete());
+   EXPECT_REFUSED("SaveInProgress", alpha->requestFederationSave(L"later"));
+   EXPECT_REFUSED("SaveInProgress", alpha->requestFederationRestore(L"noon"));
+   EXPECT_REFUSED("SaveInProgress", connected("late").join(federation()));
 }
 
 TEST_P(SaveRestore, RestoresWhenAllHaveRestored)
@@ -159,7 +159,7 @@ TEST_P(SaveRestore, DoesNotRestoreWhenOneResigns)
 
 TEST_P(SaveRestore, AbortsARestore)
 {
-   EXPECT_EQ(refusal([&] { alpha->abortFederationRestore(); }), "RestoreNotInProgress");
+   EXPECT_REFUSED("RestoreNotInProgress", alpha->abortFederationRestore());
    save();
    for (bool const oneIsDone : {false, true}) {
       askForARestore();
@@ -168,14 +168,14 @@ TEST_P(SaveRestore, AbortsARestore)
       }
       beta->abortFederationRestore();
       expectEach({&alpha, &beta}, {"federationNotRestored(aborted)"});
-      EXPECT_EQ(refusal([&] { alpha->abortFederationRestore(); }), "RestoreNotInProgress");
+      EXPECT_REFUSED("RestoreNotInProgress", alpha->abortFederationRestore());
    }
 }
 
 TEST_P(SaveRestore, RestoresOnlyWhatWasSavedByTheSameFederates)
 {
-   EXPECT_EQ(refusal([&] { alpha->federateRestoreComplete(); }), "RestoreNotRequested");
-   EXPECT_EQ(refusal([&] { alpha->federateRestoreNotComplete(); }), "RestoreNotRequested");
+   EXPECT_REFUSED("RestoreNotRequested", alpha->federateRestoreComplete());
+   EXPECT_REFUSED("RestoreNotRequested", alpha->federateRestoreNotComplete());
    save();
    alpha->requestFederationRestore(L"midnight");
    expect(alpha, {"requestFederationRestoreFailed(midnight)"});
@@ -186,9 +186,9 @@ TEST_P(SaveRestore, RestoresOnlyWhatWasSavedByTheSameFederates)
    late->resignFederationExecution(NO_ACTION);
 
    askForARestore();
-   EXPECT_EQ(refusal([&] { alpha->requestFederationRestore(L"noon"); }), "RestoreInProgress");
-   EXPECT_EQ(refusal([&] { alpha->requestFederationSave(L"noon"); }), "RestoreInProgress");
-   EXPECT_EQ(refusal([&] { late.join(federation()); }), "RestoreInProgress");
+   EXPECT_REFUSED("RestoreInProgress", alpha->requestFederationRestore(L"noon"));
+   EXPECT_REFUSED("RestoreInProgress", alpha->requestFederationSave(L"noon"));
+   EXPECT_REFUSED("RestoreInProgress", late.join(federation()));
 }
 
 } // namespace

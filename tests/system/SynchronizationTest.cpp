@@ -27,8 +27,7 @@ TEST_P(Synchronization, WaitsForEveryFederate)
    alpha->synchronizationPointAchieved(L"ready");
    expectEach({&alpha, &beta}, {synchronized});
 
-   EXPECT_EQ(refusal([&] { alpha->synchronizationPointAchieved(L"ready"); }),
-             "SynchronizationPointLabelNotAnnounced");
+   EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced", alpha->synchronizationPointAchieved(L"ready"));
    beta->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
    expectInAnyOrder(beta, {registered, announced});
 }
@@ -57,10 +56,8 @@ TEST_P(Synchronization, IsOfTheGivenFederatesAlone)
    expectEach({&beta, &gamma}, {announced});
    Federate& late = joined("late");
 
-   EXPECT_EQ(refusal([&] { alpha->synchronizationPointAchieved(L"ready"); }),
-             "SynchronizationPointLabelNotAnnounced");
-   EXPECT_EQ(refusal([&] { late->synchronizationPointAchieved(L"ready"); }),
-             "SynchronizationPointLabelNotAnnounced");
+   EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced", alpha->synchronizationPointAchieved(L"ready"));
+   EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced", late->synchronizationPointAchieved(L"ready"));
    beta->synchronizationPointAchieved(L"ready");
    gamma->synchronizationPointAchieved(L"ready");
    expectEach({&beta, &gamma}, {synchronized});
@@ -133,15 +130,12 @@ TEST_P(Synchronization, IsNotRegisteredTwiceNorForWhoIsNotJoined)
    expect(beta, {"synchronizationPointRegistrationFailed(ready, label-not-unique)"});
    alpha->registerFederationSynchronizationPoint(L"done", bytes("tag"), {beta.handle(), gone});
    expect(alpha, {"synchronizationPointRegistrationFailed(done, member-not-joined)"});
-   EXPECT_EQ(refusal([&] {
-                alpha->registerFederationSynchronizationPoint(L"done", bytes("tag"),
-                                                              {beta.handle(), FederateHandle()});
-             }),
-             "InvalidFederateHandle");
+   EXPECT_REFUSED("InvalidFederateHandle", alpha->registerFederationSynchronizationPoint(
+                                              L"done", bytes("tag"), {beta.handle(), FederateHandle()}));
    expectNothing(alpha);
    expectNothing(beta);
-   EXPECT_EQ(refusal([&] { beta->synchronizationPointAchieved(L"never heard of"); }),
-             "SynchronizationPointLabelNotAnnounced");
+   EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced",
+                  beta->synchronizationPointAchieved(L"never heard of"));
 }
 
 } // namespace
