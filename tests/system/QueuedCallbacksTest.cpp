@@ -31,8 +31,8 @@ protected:
    }
    static std::string reflected(std::string const& value, std::string const& at)
    {
-      return "reflectAttributeValues(car, {Position=" + value + "}, , TSO, reliable, at " + at +
-             " retractable, by alpha)";
+      return "reflectAttributeValues(car, {Position=" + value + "}, , TSO, reliable, " + at +
+             ", retractable, by alpha)";
    }
 
    // The callbacks that the action leaves for the federate wait until the other is done.
@@ -55,8 +55,8 @@ TEST_P(QueuedCallbacks, TellOfARetractionOnlyWhereTheMessageWasDelivered)
    MessageRetractionHandle handle;
    auto const send = [&] { handle = update("1", 5); };
    send();
-   expect(beta, {reflected("1", "5 RO")});
-   names().add(handle, "sent");
+   expect(beta, {reflected("1", "5, RO")});
+   names().add(handle.toString(), "sent");
    alpha->retract(handle);
    expect(beta, {"requestRetraction(sent)"});
 
@@ -72,11 +72,11 @@ TEST_P(QueuedCallbacks, TellOfARetractionOnlyWhereTheMessageWasDelivered)
    whileTheyWait(
       beta, [&] { handle = alpha->deleteObjectInstance(object, bytes(""), time(5)); },
       [&] {
-         names().add(handle, "deletion");
+         names().add(handle.toString(), "deletion");
          alpha->retract(handle);
          beta->subscribeObjectClassAttributes(car, ofVehicle);
       });
-   expect(beta, {"removeObjectInstance(car, , TSO, at 5 RO retractable, by alpha)",
+   expect(beta, {"removeObjectInstance(car, , TSO, 5, RO, retractable, by alpha)",
                  "requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"});
 }
 
@@ -133,9 +133,9 @@ TEST_P(QueuedCallbacks, ComeInTheOrderOfTimeOnlyToWhoKnowsThatItIsConstrained)
       beta, [&] { update("before", 9); }, enable);
    update("after", 8);
    update("after", 7);
-   expect(beta, {reflected("before", "9 RO"), "timeConstrainedEnabled(0)"});
+   expect(beta, {reflected("before", "9, RO"), "timeConstrainedEnabled(0)"});
    beta->flushQueueRequest(time(0));
-   expect(beta, {reflected("after", "7 TSO"), reflected("after", "8 TSO"), "timeAdvanceGrant(0)"});
+   expect(beta, {reflected("after", "7, TSO"), reflected("after", "8, TSO"), "timeAdvanceGrant(0)"});
 
    whileTheyWait(
       beta,
@@ -147,7 +147,7 @@ TEST_P(QueuedCallbacks, ComeInTheOrderOfTimeOnlyToWhoKnowsThatItIsConstrained)
       },
       [&] { beta->disableTimeConstrained(); });
    expect(beta,
-          {reflected("a", "5 RO"), reflected("b", "6 RO"), "timeAdvanceGrant(0)", reflected("c", "4 RO")});
+          {reflected("a", "5, RO"), reflected("b", "6, RO"), "timeAdvanceGrant(0)", reflected("c", "4, RO")});
 }
 
 TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)

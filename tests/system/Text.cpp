@@ -50,6 +50,18 @@ std::string showStatus(RestoreStatus status)
    return showOneOf(names, status);
 }
 
+template <class Info>
+std::string showProducer(Info const& info)
+{
+   return info.hasProducingFederate ? "by " + show(info.producingFederate) : "by somebody";
+}
+
+template <class Info>
+std::string showRegions(Info const& info)
+{
+   return info.sentRegions.empty() ? "" : ", from " + show(info.sentRegions);
+}
+
 std::string sorted(std::string const& words)
 {
    std::istringstream in(words);
@@ -113,7 +125,13 @@ std::string show(RestoreFailureReason reason)
                                        "aborted"};
    return showOneOf(names, reason);
 }
-std::string show(MessageRetractionHandle const& handle) { return narrow(handle.toString()); }
+std::string show(MessageRetractionHandle const& handle)
+{
+   return handle.isValid() ? "retractable" : "not retractable";
+}
+std::string show(SupplementalReflectInfo const& info) { return showProducer(info) + showRegions(info); }
+std::string show(SupplementalReceiveInfo const& info) { return showProducer(info) + showRegions(info); }
+std::string show(SupplementalRemoveInfo const& info) { return showProducer(info); }
 std::string show(std::pair<FederateHandle, SaveStatus> const& status)
 {
    return show(status.first) + "=" + showStatus(status.second);

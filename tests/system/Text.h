@@ -30,7 +30,10 @@ std::string show(rti1516e::TransportationType transportation);
 std::string show(rti1516e::SynchronizationPointFailureReason reason);
 std::string show(rti1516e::SaveFailureReason reason);
 std::string show(rti1516e::RestoreFailureReason reason);
-std::string show(rti1516e::MessageRetractionHandle const& handle);
+std::string show(rti1516e::MessageRetractionHandle const& handle); // whether there is one
+std::string show(rti1516e::SupplementalReflectInfo const& info);
+std::string show(rti1516e::SupplementalReceiveInfo const& info);
+std::string show(rti1516e::SupplementalRemoveInfo const& info);
 std::string show(std::pair<rti1516e::FederateHandle, rti1516e::SaveStatus> const& status);
 std::string show(rti1516e::FederateRestoreStatus const& status);
 std::string show(rti1516e::FederationExecutionInformation const& federation);
