@@ -9,13 +9,12 @@ class Objects : public RoadTest
 {
 protected:
    // A car of alpha's that beta knows as a vehicle.
-   ObjectInstanceHandle aCar()
+   void showACar()
    {
       alpha->publishObjectClassAttributes(car, {position, speed, fuel, passengers});
       beta->subscribeObjectClassAttributes(vehicle, ofVehicle);
-      ObjectInstanceHandle const object = registered(alpha, car, "car");
+      object = registered(alpha, car, "car");
       expect(beta, {"discoverObjectInstance(car, Vehicle, car, alpha)"});
-      return object;
    }
 };
 IN_BOTH_CALLBACK_MODELS(Objects);
@@ -99,7 +98,7 @@ TEST_P(Objects, AreDiscoveredForAnAttributeThatSomebodyOwns)
 {
    beta->subscribeObjectClassAttributes(car, {fuel});
    alpha->publishObjectClassAttributes(car, {position});
-   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   object = registered(alpha, car, "car");
    expectNothing(beta);
    alpha->publishObjectClassAttributes(car, {fuel});
    alpha->attributeOwnershipAcquisitionIfAvailable(object, {fuel});
@@ -109,7 +108,7 @@ TEST_P(Objects, AreDiscoveredForAnAttributeThatSomebodyOwns)
 
 TEST_P(Objects, AreReflectedToSubscribersByTheirAttributes)
 {
-   ObjectInstanceHandle const object = aCar();
+   showACar();
    Federate& gamma = joined("gamma");
    gamma->subscribeObjectClassAttributes(car, {fuel, passengers}, false); // passively, which is as good
    expect(gamma, {"discoverObjectInstance(car, Car, car, alpha)"});
@@ -133,25 +132,17 @@ TEST_P(Objects, AreReflectedToSubscribersByTheirAttributes)
    expect(gamma, {"reflectAttributeValues(car, {Fuel=6}, tag, RO, reliable, by alpha)"});
 }
 
-TEST_P(Objects, AreUpdatedByTheirOwnerAlone)
-{
-   ObjectInstanceHandle const object = aCar();
-   auto const update = [&](Federate& federate, ObjectInstanceHandle what, AttributeHandle attribute) {
-      return refusal([&] { federate->updateAttributeValues(what, values({{attribute, "1"}}), {}); });
-   };
-   EXPECT_EQ(update(beta, object, position), "AttributeNotOwned");
-   EXPECT_EQ(update(beta, object, passengers), "AttributeNotDefined"); // of a vehicle, which it is to beta
-   EXPECT_EQ(update(alpha, object, load), "AttributeNotDefined");
-   EXPECT_EQ(update(joined("gamma"), object, position), "ObjectInstanceNotKnown");
-   EXPECT_EQ(update(alpha, ObjectInstanceHandle(), position), "ObjectInstanceNotKnown");
-   expectNothing(beta);
-}
-
 TEST_P(Objects, AreDeletedByWhoHasThePrivilege)
 {
-   ObjectInstanceHandle const object = aCar();
+   showACar();
    EXPECT_REFUSED("DeletePrivilegeNotHeld", beta->deleteObjectInstance(object, {}));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", joined("gamma")->deleteObjectInstance(object, {}));
+   // As the vehicle that it is to beta it has no passengers, and to gamma it is nothing.
+   Federate& gamma = joined("gamma");
+   EXPECT_REFUSED("AttributeNotDefined",
+                  beta->updateAttributeValues(object, values({{passengers, "1"}}), {}));
+   EXPECT_REFUSED("AttributeNotDefined", beta->requestAttributeValueUpdate(object, {passengers}, {}));
+   EXPECT_REFUSED("ObjectInstanceNotKnown", gamma->updateAttributeValues(object, values({{fuel, "1"}}), {}));
+   EXPECT_REFUSED("ObjectInstanceNotKnown", gamma->deleteObjectInstance(object, {}));
    alpha->deleteObjectInstance(object, bytes("scrapped"));
    expect(beta, {"removeObjectInstance(car, scrapped, RO, by alpha)"});
    expectNothing(alpha);
@@ -165,7 +156,7 @@ TEST_P(Objects, AreDeletedByWhoHasThePrivilege)
 
 TEST_P(Objects, AreForgottenByOneFederateAndDiscoveredAnew)
 {
-   ObjectInstanceHandle const object = aCar();
+   showACar();
    EXPECT_REFUSED("FederateOwnsAttributes", alpha->localDeleteObjectInstance(object));
    beta->publishObjectClassAttributes(vehicle, ofVehicle);
    beta->attributeOwnershipAcquisition(object, {fuel}, {});
@@ -186,9 +177,9 @@ TEST_P(Objects, AreForgottenByOneFederateAndDiscoveredAnew)
 
 TEST_P(Objects, AreAskedForTheirValues)
 {
-   ObjectInstanceHandle const object = aCar();
+   showACar();
    beta->publishObjectClassAttributes(truck, {position, load});
-   ObjectInstanceHandle const lorry = registered(beta, truck, "lorry");
+   registered(beta, truck, "lorry");
    Federate& gamma = joined("gamma");
    gamma->subscribeObjectClassAttributes(vehicle, {position});
    gamma.callbacks(2);
@@ -202,12 +193,6 @@ TEST_P(Objects, AreAskedForTheirValues)
    expect(alpha, {"provideAttributeValueUpdate(car, {Passengers}, cars)"});
    expectNothing(beta);
    expectNothing(gamma);
-
-   EXPECT_REFUSED("AttributeNotDefined", beta->requestAttributeValueUpdate(object, {passengers}, {}));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->requestAttributeValueUpdate(lorry, {position}, {}));
-   EXPECT_REFUSED("AttributeNotDefined", beta->requestAttributeValueUpdate(car, {load}, {}));
-   EXPECT_REFUSED("ObjectClassNotDefined",
-                  beta->requestAttributeValueUpdate(ObjectClassHandle(), {position}, {}));
 }
 
 TEST_P(Objects, ComeIntoScopeAndGoOutOfIt)
@@ -215,7 +200,7 @@ TEST_P(Objects, ComeIntoScopeAndGoOutOfIt)
    beta->enableAttributeScopeAdvisorySwitch();
    alpha->publishObjectClassAttributes(car, {position, speed});
    beta->subscribeObjectClassAttributes(car, {position, fuel});
-   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   object = registered(alpha, car, "car");
    expect(beta, {"discoverObjectInstance(car, Car, car, alpha)", "attributesInScope(car, {Position})"});
    beta->subscribeObjectClassAttributes(car, {speed});
    expect(beta, {"attributesInScope(car, {Speed})"});
@@ -250,7 +235,7 @@ TEST_P(Objects, HaveOwnersWhoWantToKnowWhetherToUpdate)
 
 TEST_P(Objects, TravelAsTheirOwnerHasThemTravel)
 {
-   ObjectInstanceHandle const object = aCar();
+   showACar();
    alpha->requestAttributeTransportationTypeChange(object, {position}, BEST_EFFORT);
    expect(alpha, {"confirmAttributeTransportationTypeChange(car, {Position}, best-effort)"});
    beta->queryAttributeTransportationType(object, position);
@@ -260,13 +245,6 @@ TEST_P(Objects, TravelAsTheirOwnerHasThemTravel)
    alpha->updateAttributeValues(object, values({{position, "1"}, {speed, "2"}, {fuel, "3"}}), bytes(""));
    expectInAnyOrder(beta, {"reflectAttributeValues(car, {Fuel=3}, , RO, reliable, by alpha)",
                            "reflectAttributeValues(car, {Position=1 Speed=2}, , RO, best-effort, by alpha)"});
-
-   EXPECT_REFUSED("AttributeNotOwned",
-                  beta->requestAttributeTransportationTypeChange(object, {fuel}, BEST_EFFORT));
-   EXPECT_REFUSED("AttributeNotDefined",
-                  alpha->requestAttributeTransportationTypeChange(object, {load}, BEST_EFFORT));
-   EXPECT_REFUSED("AttributeNotDefined", beta->queryAttributeTransportationType(object, passengers));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", beta->queryAttributeTransportationType({}, position));
 }
 
 TEST_P(Objects, OfAnEagerFederationTellWithoutBeingAsked)
@@ -333,10 +311,7 @@ TEST_P(Interactions, AreSentAsPublished)
 {
    alpha->publishInteractionClass(message);
    EXPECT_REFUSED("InteractionParameterNotDefined",
-                  alpha->sendInteraction(message, values({{level, "9"}}), {}));
-   EXPECT_REFUSED("InteractionParameterNotDefined",
                   alpha->sendInteraction(message, {{ParameterHandle(), {}}}, {}));
-   EXPECT_REFUSED("InteractionClassNotDefined", alpha->sendInteraction(InteractionClassHandle(), {}, {}));
    EXPECT_REFUSED("InteractionClassNotPublished", alpha->changeInteractionOrderType(accident, RECEIVE));
    EXPECT_REFUSED("InteractionClassNotPublished",
                   alpha->requestInteractionTransportationTypeChange(accident, RELIABLE));

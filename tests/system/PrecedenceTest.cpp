@@ -1,5 +1,7 @@
 #include "RoadTest.h"
 
+#include <functional>
+
 namespace {
 
 using namespace rti1516e;
@@ -13,135 +15,170 @@ protected:
       : stretch(region(alpha, "stretch", {{lane, RangeBounds(0, 1)}, {distance, RangeBounds(0, 10)}})),
         foreign(region(beta, "foreign", {{lane, RangeBounds(0, 1)}}))
    {
-      alpha->publishObjectClassAttributes(car, {position, speed, fuel});
-      beta->publishObjectClassAttributes(car, ofVehicle);
-      beta->subscribeObjectClassAttributes(car, ofVehicle);
-      object = registered(alpha, car, "car");
-      expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
-   }
-
-   AttributeHandleSetRegionHandleSetPairVector with(AttributeHandle attribute, RegionHandleSet const& regions)
-   {
-      return {{{attribute}, regions}};
+      shareACar();
    }
 
    RegionHandle const stretch, foreign;
-   ObjectInstanceHandle object;
    ObjectInstanceHandle const nothing;
    ObjectClassHandle const noClass;
    AttributeHandle const noAttribute;
    InteractionClassHandle const noInteraction;
+   RegionHandle const noRegion;
 };
 IN_BOTH_CALLBACK_MODELS(Precedence);
 
+template <class... Arguments>
+struct NamedCall
+{
+   char const* name;
+   std::function<void(Arguments...)> call;
+};
+
 TEST_P(Precedence, IsFromTheClassToTheAttributeToItsState)
 {
-   EXPECT_REFUSED("ObjectClassNotDefined", alpha->publishObjectClassAttributes(noClass, {noAttribute}));
-   EXPECT_REFUSED("ObjectClassNotDefined", alpha->unpublishObjectClassAttributes(noClass, {noAttribute}));
+   NamedCall<ObjectClassHandle, AttributeHandleSet> const services[] = {
+      {"publish", [&](auto c, auto a) { alpha->publishObjectClassAttributes(c, a); }},
+      {"unpublish", [&](auto c, auto a) { alpha->unpublishObjectClassAttributes(c, a); }},
+      {"subscribe", [&](auto c, auto a) { alpha->subscribeObjectClassAttributes(c, a); }},
+      {"unsubscribe", [&](auto c, auto a) { alpha->unsubscribeObjectClassAttributes(c, a); }},
+      {"request", [&](auto c, auto a) { alpha->requestAttributeValueUpdate(c, a, {}); }}};
+   for (auto const& service : services) {
+      SCOPED_TRACE(service.name);
+      EXPECT_REFUSED("ObjectClassNotDefined", service.call(noClass, {noAttribute}));
+      EXPECT_REFUSED("AttributeNotDefined", service.call(car, {noAttribute}));
+      EXPECT_REFUSED("AttributeNotDefined", service.call(car, {position, load})); // a car has no load
+   }
+   EXPECT_REFUSED("ObjectClassNotDefined", alpha->unpublishObjectClass(noClass));
+   EXPECT_REFUSED("ObjectClassNotDefined", alpha->unsubscribeObjectClass(noClass));
    EXPECT_REFUSED("InvalidUpdateRateDesignator",
                   alpha->subscribeObjectClassAttributes(noClass, {noAttribute}, true, L"Breakneck"));
-   EXPECT_REFUSED("ObjectClassNotDefined", alpha->subscribeObjectClassAttributes(noClass, {noAttribute}));
-   EXPECT_REFUSED("ObjectClassNotDefined", alpha->unsubscribeObjectClassAttributes(noClass, {noAttribute}));
+   EXPECT_REFUSED("InteractionClassNotDefined", alpha->publishInteractionClass(noInteraction));
+   EXPECT_REFUSED("InteractionClassNotDefined", alpha->unpublishInteractionClass(noInteraction));
+   EXPECT_REFUSED("InteractionClassNotDefined", alpha->subscribeInteractionClass(noInteraction));
+   EXPECT_REFUSED("InteractionClassNotDefined", alpha->unsubscribeInteractionClass(noInteraction));
+   EXPECT_REFUSED("ObjectClassNotDefined", alpha->registerObjectInstance(noClass));
    EXPECT_REFUSED("ObjectClassNotDefined", alpha->registerObjectInstance(noClass, L"free"));
    EXPECT_REFUSED("ObjectClassNotPublished", alpha->registerObjectInstance(truck, L"free"));
-   EXPECT_REFUSED("NameSetWasEmpty", alpha->reserveMultipleObjectInstanceName({}));
-   EXPECT_REFUSED("ObjectClassNotDefined", alpha->requestAttributeValueUpdate(noClass, {noAttribute}, {}));
-   EXPECT_REFUSED("InvalidObjectClassHandle", alpha->getAttributeName(noClass, noAttribute));
-   EXPECT_REFUSED("InvalidAttributeHandle", alpha->getAttributeName(car, noAttribute));
-   EXPECT_REFUSED("InvalidObjectClassHandle",
-                  alpha->getAvailableDimensionsForClassAttribute(noClass, noAttribute));
-   EXPECT_REFUSED("InvalidInteractionClassHandle", alpha->getParameterName(noInteraction, {}));
-   EXPECT_REFUSED("InvalidInteractionClassHandle", alpha->getParameterHandle(noInteraction, L"Nothing"));
+}
+
+TEST_P(Precedence, IsFromTheObjectToTheAttribute)
+{
+   NamedCall<ObjectInstanceHandle, AttributeHandle> const services[] = {
+      {"request values", [&](auto o, auto a) { alpha->requestAttributeValueUpdate(o, {a}, {}); }},
+      {"query transportation", [&](auto o, auto a) { alpha->queryAttributeTransportationType(o, a); }},
+      {"update rate", [&](auto o, auto a) { alpha->getUpdateRateValueForAttribute(o, a); }},
+      {"acquire", [&](auto o, auto a) { alpha->attributeOwnershipAcquisition(o, {a}, {}); }},
+      {"acquire if available",
+       [&](auto o, auto a) { alpha->attributeOwnershipAcquisitionIfAvailable(o, {a}); }},
+      {"cancel the acquisition", [&](auto o, auto a) { alpha->cancelAttributeOwnershipAcquisition(o, {a}); }},
+      {"query the owner", [&](auto o, auto a) { alpha->queryAttributeOwnership(o, a); }},
+      {"is owned", [&](auto o, auto a) { alpha->isAttributeOwnedByFederate(o, a); }}};
+   for (auto const& service : services) {
+      SCOPED_TRACE(service.name);
+      EXPECT_REFUSED("ObjectInstanceNotKnown", service.call(nothing, noAttribute));
+      EXPECT_REFUSED("AttributeNotDefined", service.call(object, noAttribute));
+      EXPECT_REFUSED("AttributeNotDefined", service.call(object, load));
+   }
+   EXPECT_REFUSED("ObjectInstanceNotKnown", joined("gamma")->requestAttributeValueUpdate(object, {load}, {}));
+   EXPECT_REFUSED("AttributeNotDefined", alpha->attributeOwnershipAcquisition(object, {speed, load}, {}));
+   EXPECT_REFUSED("AttributeNotDefined", alpha->cancelAttributeOwnershipAcquisition(object, {speed, load}));
+   EXPECT_REFUSED("FederateOwnsAttributes",
+                  alpha->attributeOwnershipAcquisition(object, {passengers, speed}, {}));
+   beta->attributeOwnershipAcquisition(object, {fuel}, {});
+   EXPECT_REFUSED("AttributeNotPublished",
+                  beta->attributeOwnershipAcquisitionIfAvailable(object, {passengers, fuel}));
+   // Owns one thing, and wants another.
+   registered(beta, car, "own");
+   EXPECT_REFUSED("FederateOwnsAttributes", beta->resignFederationExecution(NO_ACTION));
+   EXPECT_REFUSED("OwnershipAcquisitionPending",
+                  beta->resignFederationExecution(UNCONDITIONALLY_DIVEST_ATTRIBUTES));
 }
 
 TEST_P(Precedence, IsFromTheObjectToTheAttributeToItsOwner)
 {
-   beta->attributeOwnershipAcquisition(object, {fuel}, bytes(""));
-   AttributeHandleSet divested;
-   AttributeHandleSet const badAndForeign{noAttribute, speed};
-   AttributeHandleValueMap const bad = values({{noAttribute, ""}, {speed, ""}});
-   AttributeHandleValueMap const others = values({{speed, ""}});
-   EXPECT_REFUSED("ObjectInstanceNotKnown", beta->updateAttributeValues(nothing, bad, {}));
-   EXPECT_REFUSED("AttributeNotDefined", beta->updateAttributeValues(object, bad, {}));
-   EXPECT_REFUSED("AttributeNotOwned", beta->updateAttributeValues(object, others, {}));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->requestAttributeValueUpdate(nothing, {noAttribute}, {}));
-   EXPECT_REFUSED("ObjectInstanceNotKnown",
-                  beta->requestAttributeTransportationTypeChange(nothing, badAndForeign, RELIABLE));
-   EXPECT_REFUSED("AttributeNotDefined",
-                  beta->requestAttributeTransportationTypeChange(object, badAndForeign, RELIABLE));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", beta->changeAttributeOrderType(nothing, badAndForeign, RECEIVE));
-   EXPECT_REFUSED("AttributeNotDefined", beta->changeAttributeOrderType(object, badAndForeign, RECEIVE));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->queryAttributeTransportationType(nothing, noAttribute));
-   EXPECT_REFUSED("AttributeNotDefined",
-                  beta->unconditionalAttributeOwnershipDivestiture(object, badAndForeign));
-   EXPECT_REFUSED("AttributeNotDefined",
-                  beta->negotiatedAttributeOwnershipDivestiture(object, badAndForeign, {}));
-   EXPECT_REFUSED("AttributeNotDefined", beta->confirmDivestiture(object, badAndForeign, {}));
-   EXPECT_REFUSED("AttributeNotOwned", beta->confirmDivestiture(object, {speed}, {}));
-   EXPECT_REFUSED("AttributeDivestitureWasNotRequested", alpha->confirmDivestiture(object, {speed}, {}));
-   EXPECT_REFUSED("AttributeNotDefined", beta->attributeOwnershipReleaseDenied(object, badAndForeign));
-   EXPECT_REFUSED("AttributeNotDefined",
-                  beta->attributeOwnershipDivestitureIfWanted(object, badAndForeign, divested));
-   EXPECT_REFUSED("AttributeNotOwned", beta->cancelNegotiatedAttributeOwnershipDivestiture(object, {speed}));
-   EXPECT_REFUSED("AttributeNotDefined",
-                  alpha->attributeOwnershipAcquisition(object, {noAttribute, speed}, {}));
-   EXPECT_REFUSED("FederateOwnsAttributes",
-                  alpha->attributeOwnershipAcquisition(object, {passengers, speed}, {}));
-   EXPECT_REFUSED("AttributeNotPublished",
-                  beta->attributeOwnershipAcquisitionIfAvailable(object, {passengers, fuel}));
-   EXPECT_REFUSED("AttributeNotDefined", alpha->cancelAttributeOwnershipAcquisition(object, badAndForeign));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->queryAttributeOwnership(nothing, noAttribute));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->isAttributeOwnedByFederate(nothing, noAttribute));
-   EXPECT_REFUSED("OwnershipAcquisitionPending", beta->resignFederationExecution(NO_ACTION));
-   EXPECT_REFUSED("FederateOwnsAttributes", alpha->localDeleteObjectInstance(object));
-   // Owns one thing, and wants another.
-   ObjectInstanceHandle const own = registered(beta, car, "own");
-   EXPECT_REFUSED("FederateOwnsAttributes", beta->resignFederationExecution(NO_ACTION));
-   EXPECT_REFUSED("OwnershipAcquisitionPending",
-                  beta->resignFederationExecution(UNCONDITIONALLY_DIVEST_ATTRIBUTES));
-   EXPECT_REFUSED("FederateOwnsAttributes", beta->localDeleteObjectInstance(own));
+   NamedCall<ObjectInstanceHandle, AttributeHandleSet> const services[] = {
+      {"update",
+       [&](auto o, auto a) {
+          AttributeHandleValueMap values;
+          for (AttributeHandle const attribute : a) {
+             values[attribute] = bytes("1");
+          }
+          beta->updateAttributeValues(o, values, {});
+       }},
+      {"transportation",
+       [&](auto o, auto a) { beta->requestAttributeTransportationTypeChange(o, a, RELIABLE); }},
+      {"order", [&](auto o, auto a) { beta->changeAttributeOrderType(o, a, RECEIVE); }},
+      {"divest", [&](auto o, auto a) { beta->unconditionalAttributeOwnershipDivestiture(o, a); }},
+      {"negotiate", [&](auto o, auto a) { beta->negotiatedAttributeOwnershipDivestiture(o, a, {}); }},
+      {"confirm", [&](auto o, auto a) { beta->confirmDivestiture(o, a, {}); }},
+      {"deny", [&](auto o, auto a) { beta->attributeOwnershipReleaseDenied(o, a); }},
+      {"divest if wanted", [&](auto o, auto a) { beta->attributeOwnershipDivestitureIfWanted(o, a, a); }},
+      {"cancel", [&](auto o, auto a) { beta->cancelNegotiatedAttributeOwnershipDivestiture(o, a); }}};
+   for (auto const& service : services) {
+      SCOPED_TRACE(service.name);
+      EXPECT_REFUSED("ObjectInstanceNotKnown", service.call(nothing, {noAttribute}));
+      EXPECT_REFUSED("AttributeNotDefined", service.call(object, {noAttribute, speed}));
+      EXPECT_REFUSED("AttributeNotDefined", service.call(object, {speed, load}));
+      EXPECT_REFUSED("AttributeNotOwned", service.call(object, {speed}));
+   }
 }
 
 TEST_P(Precedence, IsFromTheAttributeToTheRegion)
 {
-   RegionHandle const noRegion;
-   auto const both = with(position, {foreign, noRegion});
-   AttributeHandleSetRegionHandleSetPairVector const apart{{{position}, {foreign}}, {{position}, {noRegion}}};
-   EXPECT_REFUSED("ObjectClassNotDefined",
-                  alpha->registerObjectInstanceWithRegions(noClass, with(noAttribute, {noRegion})));
+   using Pairs = AttributeHandleSetRegionHandleSetPairVector;
+   struct Target
+   {
+      ObjectInstanceHandle object;
+      ObjectClassHandle objectClass;
+   };
+   struct
+   {
+      char const* name;
+      std::string ofNoTarget;
+      std::string ofAnotherContext;
+      std::function<void(Target, Pairs)> call;
+   } const services[] = {
+      {"register", "ObjectClassNotDefined", "InvalidRegionContext",
+       [&](Target t, auto p) { alpha->registerObjectInstanceWithRegions(t.objectClass, p); }},
+      {"associate", "ObjectInstanceNotKnown", "InvalidRegionContext",
+       [&](Target t, auto p) { alpha->associateRegionsForUpdates(t.object, p); }},
+      {"unassociate", "ObjectInstanceNotKnown", "nothing",
+       [&](Target t, auto p) { alpha->unassociateRegionsForUpdates(t.object, p); }},
+      {"subscribe", "ObjectClassNotDefined", "InvalidRegionContext",
+       [&](Target t, auto p) { alpha->subscribeObjectClassAttributesWithRegions(t.objectClass, p); }},
+      {"unsubscribe", "ObjectClassNotDefined", "nothing",
+       [&](Target t, auto p) { alpha->unsubscribeObjectClassAttributesWithRegions(t.objectClass, p); }},
+      {"request", "ObjectClassNotDefined", "InvalidRegionContext",
+       [&](Target t, auto p) { alpha->requestAttributeValueUpdateWithRegions(t.objectClass, p, {}); }},
+   };
+   auto const with = [](AttributeHandle attribute, RegionHandleSet const& regions) {
+      return Pairs{{{attribute}, regions}};
+   };
+   Pairs const apart{{{position}, {foreign}}, {{position}, {noRegion}}};
+   for (auto const& service : services) {
+      SCOPED_TRACE(service.name);
+      EXPECT_REFUSED(service.ofNoTarget, service.call({nothing, noClass}, with(noAttribute, {noRegion})));
+      EXPECT_REFUSED("AttributeNotDefined", service.call({object, car}, with(load, {noRegion})));
+      EXPECT_REFUSED("InvalidRegion", service.call({object, car}, with(position, {foreign, noRegion})));
+      EXPECT_REFUSED("InvalidRegion", service.call({object, car}, apart));
+      EXPECT_REFUSED("RegionNotCreatedByThisFederate", service.call({object, car}, with(fuel, {foreign})));
+      EXPECT_REFUSED(service.ofAnotherContext, service.call({object, car}, with(fuel, {stretch})));
+      EXPECT_REFUSED(service.ofAnotherContext, service.call({object, car}, with(speed, {stretch})));
+      service.call({object, car}, with(position, {stretch}));
+   }
+   EXPECT_REFUSED("InvalidUpdateRateDesignator",
+                  alpha->subscribeObjectClassAttributesWithRegions(noClass, apart, true, L"Breakneck"));
    EXPECT_REFUSED("AttributeNotDefined",
                   alpha->registerObjectInstanceWithRegions(truck, with(noAttribute, {noRegion})));
    EXPECT_REFUSED("ObjectClassNotPublished",
                   alpha->registerObjectInstanceWithRegions(truck, with(position, {noRegion})));
    EXPECT_REFUSED("AttributeNotPublished",
                   alpha->registerObjectInstanceWithRegions(car, with(passengers, {noRegion})));
-   EXPECT_REFUSED("InvalidRegion", alpha->registerObjectInstanceWithRegions(car, both, L"free"));
    EXPECT_REFUSED("InvalidRegion", alpha->registerObjectInstanceWithRegions(car, apart, L"free"));
    EXPECT_REFUSED("InvalidRegionContext",
                   alpha->registerObjectInstanceWithRegions(car, with(fuel, {stretch}), L"free"));
    EXPECT_REFUSED("ObjectInstanceNameNotReserved",
                   alpha->registerObjectInstanceWithRegions(car, with(position, {stretch}), L"free"));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->associateRegionsForUpdates(nothing, both));
-   EXPECT_REFUSED("AttributeNotDefined", alpha->associateRegionsForUpdates(object, with(load, {noRegion})));
-   EXPECT_REFUSED("InvalidRegion", alpha->associateRegionsForUpdates(object, apart));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->unassociateRegionsForUpdates(nothing, both));
-   EXPECT_REFUSED("InvalidRegion", alpha->unassociateRegionsForUpdates(object, apart));
-   EXPECT_REFUSED("InvalidUpdateRateDesignator",
-                  alpha->subscribeObjectClassAttributesWithRegions(noClass, both, true, L"Breakneck"));
-   EXPECT_REFUSED("ObjectClassNotDefined", alpha->subscribeObjectClassAttributesWithRegions(noClass, both));
-   EXPECT_REFUSED("InvalidRegion", alpha->subscribeObjectClassAttributesWithRegions(car, apart));
-   EXPECT_REFUSED("ObjectClassNotDefined", alpha->unsubscribeObjectClassAttributesWithRegions(noClass, both));
-   EXPECT_REFUSED("InvalidRegion", alpha->unsubscribeObjectClassAttributesWithRegions(car, apart));
-   EXPECT_REFUSED("InteractionClassNotDefined",
-                  alpha->subscribeInteractionClassWithRegions(noInteraction, {noRegion}));
-   EXPECT_REFUSED("InvalidRegion",
-                  alpha->subscribeInteractionClassWithRegions(accident, {foreign, noRegion}));
-   EXPECT_REFUSED("InteractionClassNotDefined",
-                  alpha->unsubscribeInteractionClassWithRegions(noInteraction, {noRegion}));
-   EXPECT_REFUSED("InvalidRegion",
-                  alpha->unsubscribeInteractionClassWithRegions(accident, {foreign, noRegion}));
-   EXPECT_REFUSED("ObjectClassNotDefined", alpha->requestAttributeValueUpdateWithRegions(noClass, both, {}));
-   EXPECT_REFUSED("InvalidRegion", alpha->requestAttributeValueUpdateWithRegions(car, apart, {}));
    EXPECT_REFUSED("InvalidRegion", alpha->commitRegionModifications({foreign, noRegion}));
    EXPECT_REFUSED("InvalidRegion", alpha->setRangeBounds(noRegion, {}, RangeBounds(9, 1)));
    EXPECT_REFUSED("RegionNotCreatedByThisFederate", alpha->setRangeBounds(foreign, {}, RangeBounds(9, 1)));
@@ -150,21 +187,37 @@ TEST_P(Precedence, IsFromTheAttributeToTheRegion)
    EXPECT_REFUSED("InvalidRegion", alpha->getRangeBounds(noRegion, {}));
 }
 
+TEST_P(Precedence, IsFromTheInteractionToTheRegion)
+{
+   NamedCall<InteractionClassHandle, RegionHandleSet> const services[] = {
+      {"subscribe", [&](auto c, auto r) { alpha->subscribeInteractionClassWithRegions(c, r); }},
+      {"unsubscribe", [&](auto c, auto r) { alpha->unsubscribeInteractionClassWithRegions(c, r); }},
+      {"send", [&](auto c, auto r) { alpha->sendInteractionWithRegions(c, {}, r, {}); }}};
+   EXPECT_REFUSED("InteractionClassNotPublished",
+                  alpha->sendInteractionWithRegions(accident, {}, {foreign}, {}));
+   alpha->publishInteractionClass(message);
+   alpha->publishInteractionClass(accident);
+   for (auto const& service : services) {
+      SCOPED_TRACE(service.name);
+      EXPECT_REFUSED("InteractionClassNotDefined", service.call(noInteraction, {noRegion}));
+      EXPECT_REFUSED("InvalidRegion", service.call(accident, {foreign, noRegion}));
+      EXPECT_REFUSED("RegionNotCreatedByThisFederate", service.call(message, {foreign}));
+   }
+   EXPECT_REFUSED("InvalidRegionContext", alpha->subscribeInteractionClassWithRegions(message, {stretch}));
+   EXPECT_REFUSED("InvalidRegionContext", alpha->sendInteractionWithRegions(message, {}, {stretch}, {}));
+}
+
 TEST_P(Precedence, IsOfTheTimeLast)
 {
    ParameterHandleValueMap const wrong = values({{level, ""}});
    auto const past = time(0);
-   alpha->enableTimeRegulation(interval(5));
-   expect(alpha, {"timeRegulationEnabled(0)"});
-   beta->enableTimeRegulation(interval(5));
-   beta.callbacks(1);
+   regulate(alpha, 5);
+   regulate(beta, 5);
    EXPECT_REFUSED("ObjectInstanceNotKnown",
                   beta->updateAttributeValues(nothing, values({{noAttribute, ""}}), {}, past));
    EXPECT_REFUSED("AttributeNotDefined",
                   beta->updateAttributeValues(object, values({{noAttribute, ""}}), {}, past));
    EXPECT_REFUSED("AttributeNotOwned", beta->updateAttributeValues(object, values({{speed, ""}}), {}, past));
-   EXPECT_REFUSED("InvalidLogicalTime",
-                  alpha->updateAttributeValues(object, values({{speed, ""}}), {}, past));
    EXPECT_REFUSED("InteractionClassNotDefined", alpha->sendInteraction(noInteraction, wrong, {}, past));
    EXPECT_REFUSED("InteractionParameterNotDefined", alpha->sendInteraction(accident, wrong, {}, past));
    EXPECT_REFUSED("InteractionClassNotPublished", alpha->sendInteraction(accident, {}, {}, past));
@@ -172,15 +225,12 @@ TEST_P(Precedence, IsOfTheTimeLast)
                   alpha->sendInteractionWithRegions(accident, {}, {foreign}, {}, past));
    EXPECT_REFUSED("ObjectInstanceNotKnown", beta->deleteObjectInstance(nothing, {}, past));
    EXPECT_REFUSED("DeletePrivilegeNotHeld", beta->deleteObjectInstance(object, {}, past));
-   EXPECT_REFUSED("InvalidLogicalTime", alpha->deleteObjectInstance(object, {}, past));
    alpha->publishInteractionClass(accident);
    EXPECT_REFUSED("RegionNotCreatedByThisFederate",
                   alpha->sendInteractionWithRegions(accident, {}, {foreign}, {}, past));
-   EXPECT_REFUSED("InvalidLogicalTime", alpha->sendInteraction(accident, {}, {}, past));
    EXPECT_REFUSED("TimeRegulationAlreadyEnabled", alpha->enableTimeRegulation(interval(-1)));
    alpha->timeAdvanceRequest(time(10));
-   beta->enableTimeConstrained();
-   beta.callbacks();
+   constrain(beta);
    beta->timeAdvanceRequest(time(100));
    EXPECT_REFUSED("InTimeAdvancingState", beta->timeAdvanceRequest(time(-1)));
    EXPECT_REFUSED("InTimeAdvancingState", beta->modifyLookahead(interval(-1)));

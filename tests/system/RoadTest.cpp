@@ -72,15 +72,48 @@ ParameterHandle RoadTest::parameter(InteractionClassHandle interactionClass, std
 ObjectInstanceHandle RoadTest::registered(Federate& federate, ObjectClassHandle objectClass,
                                           std::string const& alias)
 {
-   ObjectInstanceHandle const object = federate->registerObjectInstance(objectClass);
-   call(federate, object, alias);
-   return object;
+   ObjectInstanceHandle const instance = federate->registerObjectInstance(objectClass);
+   call(federate, instance, alias);
+   return instance;
 }
 
-void RoadTest::call(Federate& federate, ObjectInstanceHandle object, std::string const& alias)
+void RoadTest::shareACar()
 {
-   names().add(object, alias);
-   names().add(federate->getObjectInstanceName(object), alias);
+   for (Federate* const federate : {&alpha, &beta}) {
+      (*federate)->publishObjectClassAttributes(car, ofVehicle);
+   }
+   beta->subscribeObjectClassAttributes(car, ofVehicle);
+   object = registered(alpha, car, "car");
+   expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+}
+
+MessageRetractionHandle RoadTest::update(std::string const& value, int when)
+{
+   return alpha->updateAttributeValues(object, values({{position, value}}), bytes(""), time(when));
+}
+
+std::string RoadTest::reflected(std::string const& value, int when, std::string const& receivedOrder)
+{
+   return "reflectAttributeValues(car, {Position=" + value + "}, , TSO, reliable, " + std::to_string(when) +
+          ", " + receivedOrder + ", retractable, by alpha)";
+}
+
+void RoadTest::regulate(Federate& federate, int lookahead)
+{
+   federate->enableTimeRegulation(interval(lookahead));
+   expect(federate, {"timeRegulationEnabled(0)"});
+}
+
+void RoadTest::constrain(Federate& federate)
+{
+   federate->enableTimeConstrained();
+   expect(federate, {"timeConstrainedEnabled(0)"});
+}
+
+void RoadTest::call(Federate& federate, ObjectInstanceHandle instance, std::string const& alias)
+{
+   names().add(instance, alias);
+   names().add(federate->getObjectInstanceName(instance), alias);
 }
 
 RegionHandle RoadTest::region(Federate& federate, std::string const& alias, Ranges ranges)

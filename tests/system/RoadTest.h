@@ -38,8 +38,19 @@ protected:
    rti1516e::ObjectInstanceHandle registered(Federate& federate, rti1516e::ObjectClassHandle objectClass,
                                              std::string const& alias);
 
+   // Has alpha register the object, a car of which beta is told. Both publish what it has as a vehicle.
+   void shareACar();
+
+   // An update of that car, and what beta makes of it.
+   rti1516e::MessageRetractionHandle update(std::string const& value, int when);
+   static std::string reflected(std::string const& value, int when, std::string const& receivedOrder = "TSO");
+
+   // Of a federate at time 0.
+   void regulate(Federate& federate, int lookahead);
+   static void constrain(Federate& federate);
+
    // What the federates call an object instance that one of them registered.
-   void call(Federate& federate, rti1516e::ObjectInstanceHandle object, std::string const& alias);
+   void call(Federate& federate, rti1516e::ObjectInstanceHandle instance, std::string const& alias);
 
    // A region with a range in each of its dimensions, committed.
    using Ranges = std::initializer_list<std::pair<rti1516e::DimensionHandle, rti1516e::RangeBounds>>;
@@ -61,6 +72,8 @@ protected:
    rti1516e::InteractionClassHandle const message, urgent, accident;
    rti1516e::ParameterHandle const words, level, damage;
    rti1516e::DimensionHandle const lane, distance;
+
+   rti1516e::ObjectInstanceHandle object;
 
    rti1516e::AttributeHandleSet const ofVehicle{position, speed, fuel};
 

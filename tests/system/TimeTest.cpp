@@ -10,28 +10,11 @@ class TimeManagement : public RoadTest
 protected:
    TimeManagement()
    {
-      for (Federate* const federate : {&alpha, &beta}) {
-         (*federate)->publishObjectClassAttributes(car, ofVehicle);
-         (*federate)->publishInteractionClass(accident);
-         (*federate)->publishInteractionClass(message);
+      shareACar();
+      for (InteractionClassHandle const interaction : {accident, message}) {
+         alpha->publishInteractionClass(interaction);
+         beta->subscribeInteractionClass(interaction);
       }
-      beta->subscribeObjectClassAttributes(car, ofVehicle);
-      beta->subscribeInteractionClass(accident);
-      beta->subscribeInteractionClass(message);
-      object = registered(alpha, car, "car");
-      expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
-   }
-
-   void regulate(Federate& federate, int lookahead)
-   {
-      federate->enableTimeRegulation(interval(lookahead));
-      expect(federate, {"timeRegulationEnabled(0)"});
-   }
-
-   static void constrain(Federate& federate)
-   {
-      federate->enableTimeConstrained();
-      expect(federate, {"timeConstrainedEnabled(0)"});
    }
 
    // For a federate that nobody holds back.
@@ -42,17 +25,6 @@ protected:
    }
 
    static std::string granted(int when) { return "timeAdvanceGrant(" + std::to_string(when) + ")"; }
-
-   // An update of alpha's car and what beta makes of it when it is sent and received in time stamp order.
-   MessageRetractionHandle update(std::string const& value, int when)
-   {
-      return alpha->updateAttributeValues(object, values({{position, value}}), bytes(""), time(when));
-   }
-   static std::string reflected(std::string const& value, int when)
-   {
-      return "reflectAttributeValues(car, {Position=" + value + "}, , TSO, reliable, " +
-             std::to_string(when) + ", TSO, retractable, by alpha)";
-   }
 
    void say(std::string const& value)
    {
@@ -70,8 +42,6 @@ protected:
    {
       return system_tests::show(*federate->queryLookahead());
    }
-
-   ObjectInstanceHandle object;
 
 private:
    static std::string show(TimeQueryReturn const& answer)
@@ -266,9 +236,6 @@ TEST_P(TimeManagement, OrdersOnlyWhatIsSentAndReceivedInOrder)
           {reflected("1", 5),
            "reflectAttributeValues(car, {Fuel=2}, , TSO, reliable, 5, TSO, retractable, by alpha)",
            "receiveInteraction(Message, {}, , TSO, reliable, 7, TSO, retractable, by alpha)", granted(10)});
-   EXPECT_REFUSED("AttributeNotOwned", beta->changeAttributeOrderType(object, {fuel}, RECEIVE));
-   EXPECT_REFUSED("AttributeNotDefined", alpha->changeAttributeOrderType(object, {load}, RECEIVE));
-   EXPECT_REFUSED("ObjectInstanceNotKnown", alpha->changeAttributeOrderType({}, {fuel}, RECEIVE));
 }
 
 TEST_P(TimeManagement, KeepsSendersToTheirLookahead)
