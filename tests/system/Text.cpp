@@ -1,10 +1,5 @@
 #include "Text.h"
 
-#include <RTI/time/HLAfloat64Interval.h>
-#include <RTI/time/HLAfloat64Time.h>
-#include <RTI/time/HLAinteger64Interval.h>
-#include <RTI/time/HLAinteger64Time.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -16,18 +11,11 @@ using namespace rti1516e;
 
 namespace {
 
-template <class Integer, class Float, class Value>
-std::string showNumber(Value const& value)
+// The texts of numbers and handles: their class, and in brackets their number.
+std::string inBrackets(std::wstring const& text)
 {
-   std::ostringstream text;
-   if (auto const* const integer = dynamic_cast<Integer const*>(&value)) {
-      text << static_cast<Integer64>(*integer);
-   } else if (auto const* const real = dynamic_cast<Float const*>(&value)) {
-      text << static_cast<double>(*real);
-   } else {
-      text << narrow(value.toString());
-   }
-   return text.str();
+   std::size_t const open = text.find(L'<');
+   return narrow(text.substr(open + 1, text.find(L'>') - open - 1));
 }
 
 template <std::size_t n, class Enum>
@@ -92,17 +80,13 @@ VariableLengthData bytes(std::string const& text)
    return VariableLengthData(text.data(), static_cast<unsigned int>(text.size()));
 }
 
-std::string show(bool flag) { return flag ? "true" : "false"; }
 std::string show(std::wstring const& text) { return narrow(text); }
 std::string show(VariableLengthData const& data)
 {
    return data.size() == 0 ? std::string() : std::string(static_cast<char const*>(data.data()), data.size());
 }
-std::string show(LogicalTime const& time) { return showNumber<HLAinteger64Time, HLAfloat64Time>(time); }
-std::string show(LogicalTimeInterval const& interval)
-{
-   return showNumber<HLAinteger64Interval, HLAfloat64Interval>(interval);
-}
+std::string show(LogicalTime const& time) { return inBrackets(time.toString()); }
+std::string show(LogicalTimeInterval const& interval) { return inBrackets(interval.toString()); }
 std::string show(OrderType order) { return order == TIMESTAMP ? "TSO" : "RO"; }
 std::string show(TransportationType transportation)
 {
@@ -146,13 +130,11 @@ std::string show(FederationExecutionInformation const& federation)
 }
 
 // A handle's own text does not tell its kind.
-static std::string showHandle(char const* kind, std::wstring const& text)
-{
-   return kind + narrow(text.substr(text.find(L'<')));
-}
-
-#define SYSTEM_TESTS_SHOW(Handle) \
-   std::string show(rti1516e::Handle const& handle) { return showHandle(#Handle, handle.toString()); }
+#define SYSTEM_TESTS_SHOW(Handle)                               \
+   std::string show(rti1516e::Handle const& handle)             \
+   {                                                            \
+      return #Handle "<" + inBrackets(handle.toString()) + ">"; \
+   }
 RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
 #undef SYSTEM_TESTS_SHOW
 

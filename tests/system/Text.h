@@ -6,10 +6,8 @@
 
 #include <map>
 #include <mutex>
-#include <set>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace system_tests {
 
@@ -20,7 +18,6 @@ std::wstring wide(std::string const& text);
 // A tag or value that holds the characters of a text.
 rti1516e::VariableLengthData bytes(std::string const& text);
 
-std::string show(bool flag);
 std::string show(std::wstring const& text);
 std::string show(rti1516e::VariableLengthData const& data);
 std::string show(rti1516e::LogicalTime const& time);
@@ -51,28 +48,13 @@ std::string show(std::pair<First const, Second> const& entry)
 
 // Sets, maps and vectors whose order tells nothing: {a b c}.
 template <class Range>
-std::string showAll(Range const& range)
+auto show(Range const& range) -> decltype(range.begin(), std::string())
 {
    std::string text;
    for (auto const& element : range) {
       text += (text.empty() ? "" : " ") + show(element);
    }
    return "{" + text + "}";
-}
-template <class Element>
-std::string show(std::set<Element> const& elements)
-{
-   return showAll(elements);
-}
-template <class Element>
-std::string show(std::vector<Element> const& elements)
-{
-   return showAll(elements);
-}
-template <class Key, class Value>
-std::string show(std::map<Key, Value> const& entries)
-{
-   return showAll(entries);
 }
 
 // What the federates of one test call their handles. Any thread may use it.
