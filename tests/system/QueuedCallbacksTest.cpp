@@ -5,7 +5,8 @@ namespace {
 using namespace rti1516e;
 using namespace system_tests;
 
-// Callbacks that wait while things change: what a federate is told is so when it is told.
+// Callbacks that wait, because their federate has disabled them, while things change: what a federate is told
+// is so when it is told.
 class QueuedCallbacks : public RoadTest
 {
 protected:
@@ -15,14 +16,9 @@ protected:
       alpha->subscribeObjectClassAttributes(car, ofVehicle);
    }
 
-   // The callbacks that the action leaves for the federate wait until the other is done.
-   template <class Action, class Meanwhile>
-   void whileTheyWait(Federate& federate, Action&& action, Meanwhile&& meanwhile)
+   void updateNow(std::string const& value)
    {
-      federate->disableCallbacks();
-      action();
-      meanwhile();
-      federate->enableCallbacks();
+      alpha->updateAttributeValues(object, values({{position, value}}), bytes(""));
    }
 };
 IN_BOTH_CALLBACK_MODELS(QueuedCallbacks);
@@ -30,30 +26,31 @@ IN_BOTH_CALLBACK_MODELS(QueuedCallbacks);
 TEST_P(QueuedCallbacks, TellOfARetractionOnlyWhereTheMessageWasDelivered)
 {
    regulate(alpha, 1);
-   MessageRetractionHandle handle;
-   auto const send = [&] { handle = update("1", 5); };
-   send();
+   MessageRetractionHandle const delivered = update("1", 5);
    expect(beta, {reflected("1", 5, "RO")});
-   names().add(handle.toString(), "sent");
-   alpha->retract(handle);
-   expect(beta, {"requestRetraction(sent)"});
+   names().add(delivered.toString(), "delivered");
+   alpha->retract(delivered);
+   expect(beta, {"requestRetraction(delivered)"});
 
-   whileTheyWait(beta, send, [&] { alpha->retract(handle); });
+   beta->disableCallbacks();
+   alpha->retract(update("1", 5));
+   beta->enableCallbacks();
    expectNothing(beta);
-   whileTheyWait(beta, send, [&] {
-      beta->unsubscribeObjectClass(car);
-      alpha->retract(handle);
-   });
+
+   beta->disableCallbacks();
+   MessageRetractionHandle const unwanted = update("1", 5);
+   beta->unsubscribeObjectClass(car);
+   alpha->retract(unwanted);
+   beta->enableCallbacks();
    expectNothing(beta);
 
    // The news of a deletion is delivered in any case, for the object is there no more.
-   whileTheyWait(
-      beta, [&] { handle = alpha->deleteObjectInstance(object, bytes(""), time(5)); },
-      [&] {
-         names().add(handle.toString(), "deletion");
-         alpha->retract(handle);
-         beta->subscribeObjectClassAttributes(car, ofVehicle);
-      });
+   beta->disableCallbacks();
+   MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
+   names().add(deletion.toString(), "deletion");
+   alpha->retract(deletion);
+   beta->subscribeObjectClassAttributes(car, ofVehicle);
+   beta->enableCallbacks();
    expect(beta, {"removeObjectInstance(car, , TSO, 5, RO, retractable, by alpha)",
                  "requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"});
 }
@@ -63,15 +60,13 @@ TEST_P(QueuedCallbacks, TellNothingOfAnObjectThatTheFederateGaveUp)
    regulate(alpha, 1);
    constrain(beta);
    beta->enableAsynchronousDelivery();
-   whileTheyWait(
-      beta,
-      [&] {
-         alpha->updateAttributeValues(object, values({{position, "1"}}), bytes(""));
-         update("2", 5);
-         alpha->requestAttributeValueUpdate(object, {position}, bytes(""));
-         beta->queryAttributeOwnership(object, position);
-      },
-      [&] { beta->localDeleteObjectInstance(object); });
+   beta->disableCallbacks();
+   updateNow("1");
+   update("2", 5);
+   alpha->requestAttributeValueUpdate(object, {position}, bytes(""));
+   beta->queryAttributeOwnership(object, position);
+   beta->localDeleteObjectInstance(object);
+   beta->enableCallbacks();
    expectNothing(beta);
    beta->unsubscribeObjectClass(car);
    beta->subscribeObjectClassAttributes(car, ofVehicle);
@@ -81,21 +76,18 @@ TEST_P(QueuedCallbacks, TellNothingOfAnObjectThatTheFederateGaveUp)
    beta.callbacks();
    beta->attributeOwnershipAcquisitionIfAvailable(object, {privilege});
    beta.callbacks();
-   whileTheyWait(
-      beta,
-      [&] {
-         alpha->updateAttributeValues(object, values({{position, "1"}}), bytes(""));
-         update("2", 5);
-      },
-      [&] { beta->deleteObjectInstance(object, bytes("")); });
+   beta->disableCallbacks();
+   updateNow("1");
+   update("2", 5);
+   beta->deleteObjectInstance(object, bytes(""));
+   beta->enableCallbacks();
    expectNothing(beta);
    expect(alpha, {"removeObjectInstance(car, , RO, by beta)"});
 
    // An object that it does not even know of yet.
-   ObjectInstanceHandle other;
-   whileTheyWait(
-      beta, [&] { other = registered(alpha, car, "other"); },
-      [&] { beta->localDeleteObjectInstance(other); });
+   beta->disableCallbacks();
+   beta->localDeleteObjectInstance(registered(alpha, car, "other"));
+   beta->enableCallbacks();
    expectNothing(beta);
    alpha->timeAdvanceRequest(time(50));
    beta->timeAdvanceRequest(time(20));
@@ -105,43 +97,35 @@ TEST_P(QueuedCallbacks, TellNothingOfAnObjectThatTheFederateGaveUp)
 TEST_P(QueuedCallbacks, ComeInTheOrderOfTimeOnlyToWhoKnowsThatItIsConstrained)
 {
    regulate(alpha, 1);
-   auto const enable = [&] { beta->enableTimeConstrained(); };
-   whileTheyWait(
-      beta, [&] { update("before", 9); }, enable);
+   beta->disableCallbacks();
+   update("before", 9);
+   beta->enableTimeConstrained();
+   beta->enableCallbacks();
    update("after", 8);
    update("after", 7);
    expect(beta, {reflected("before", 9, "RO"), "timeConstrainedEnabled(0)"});
    beta->flushQueueRequest(time(0));
    expect(beta, {reflected("after", 7), reflected("after", 8), "timeAdvanceGrant(0)"});
 
-   whileTheyWait(
-      beta,
-      [&] {
-         update("b", 6);
-         update("a", 5);
-         beta->flushQueueRequest(time(0));
-         update("c", 4);
-      },
-      [&] { beta->disableTimeConstrained(); });
+   beta->disableCallbacks();
+   update("b", 6);
+   update("a", 5);
+   beta->flushQueueRequest(time(0));
+   update("c", 4);
+   beta->disableTimeConstrained();
+   beta->enableCallbacks();
    expect(beta,
           {reflected("a", 5, "RO"), reflected("b", 6, "RO"), "timeAdvanceGrant(0)", reflected("c", 4, "RO")});
 }
 
 TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)
 {
-   auto const divest = [&] { alpha->unconditionalAttributeOwnershipDivestiture(object, {position, speed}); };
-   auto const acquire = [&] {
-      beta->attributeOwnershipAcquisition(object, {position, speed}, bytes("mine"));
-   };
-
    // Offered, taken and given up again before it heard of any of it.
-   whileTheyWait(
-      beta,
-      [&] {
-         divest();
-         acquire();
-      },
-      [&] { beta->unpublishObjectClassAttributes(car, {position}); });
+   beta->disableCallbacks();
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {position, speed});
+   beta->attributeOwnershipAcquisition(object, {position, speed}, bytes("mine"));
+   beta->unpublishObjectClassAttributes(car, {position});
+   beta->enableCallbacks();
    expect(beta, {"attributeOwnershipAcquisitionNotification(car, {Speed}, )"});
    EXPECT_FALSE(beta->isAttributeOwnedByFederate(object, position));
    EXPECT_TRUE(beta->isAttributeOwnedByFederate(object, speed));
@@ -153,35 +137,30 @@ TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)
    beta.callbacks();
 
    // Asked for the release, or to confirm one, and neither is wanted any more.
-   whileTheyWait(alpha, acquire, [&] {
-      beta->cancelAttributeOwnershipAcquisition(object, {position});
-      alpha->unconditionalAttributeOwnershipDivestiture(object, {speed});
-   });
+   alpha->disableCallbacks();
+   beta->attributeOwnershipAcquisition(object, {position, speed}, bytes("mine"));
+   beta->cancelAttributeOwnershipAcquisition(object, {position});
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {speed});
+   alpha->enableCallbacks();
    expectNothing(alpha);
    expect(beta, {"confirmAttributeOwnershipAcquisitionCancellation(car, {Position})",
                  "attributeOwnershipAcquisitionNotification(car, {Speed}, )"});
    alpha->negotiatedAttributeOwnershipDivestiture(object, {position, fuel}, bytes(""));
    beta.callbacks(1);
-   whileTheyWait(
-      alpha,
-      [&] {
-         beta->attributeOwnershipAcquisition(object, {position, fuel}, bytes(""));
-      },
-      [&] {
-         beta->cancelAttributeOwnershipAcquisition(object, {fuel});
-         alpha->cancelNegotiatedAttributeOwnershipDivestiture(object, {position});
-      });
+   alpha->disableCallbacks();
+   beta->attributeOwnershipAcquisition(object, {position, fuel}, bytes(""));
+   beta->cancelAttributeOwnershipAcquisition(object, {fuel});
+   alpha->cancelNegotiatedAttributeOwnershipDivestiture(object, {position});
+   alpha->enableCallbacks();
    expect(alpha, {"requestAttributeOwnershipRelease(car, {Position}, )"});
    beta.callbacks();
 
    // Asked for values of what it owns no more; its transportation type changes no more either.
-   whileTheyWait(
-      alpha,
-      [&] {
-         beta->requestAttributeValueUpdate(object, {position, fuel}, bytes(""));
-         alpha->requestAttributeTransportationTypeChange(object, {position, fuel}, BEST_EFFORT);
-      },
-      [&] { alpha->unconditionalAttributeOwnershipDivestiture(object, {position}); });
+   alpha->disableCallbacks();
+   beta->requestAttributeValueUpdate(object, {position, fuel}, bytes(""));
+   alpha->requestAttributeTransportationTypeChange(object, {position, fuel}, BEST_EFFORT);
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {position});
+   alpha->enableCallbacks();
    expect(alpha, {"provideAttributeValueUpdate(car, {Fuel}, )",
                   "confirmAttributeTransportationTypeChange(car, {Fuel}, best-effort)"});
    expect(beta, {"attributeOwnershipAcquisitionNotification(car, {Position}, )"});
@@ -191,18 +170,14 @@ TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)
 
 TEST_P(QueuedCallbacks, AreNoneAfterAResignation)
 {
-   whileTheyWait(
-      beta,
-      [&] {
-         update("1", 5);
-         alpha->unconditionalAttributeOwnershipDivestiture(object, {position});
-         beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
-         beta->enableTimeConstrained();
-      },
-      [&] {
-         beta->resignFederationExecution(UNCONDITIONALLY_DIVEST_ATTRIBUTES);
-         beta.join(federation());
-      });
+   beta->disableCallbacks();
+   update("1", 5);
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {position});
+   beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   beta->enableTimeConstrained();
+   beta->resignFederationExecution(UNCONDITIONALLY_DIVEST_ATTRIBUTES);
+   beta.join(federation());
+   beta->enableCallbacks();
    expectNothing(beta);
    alpha.callbacks();
    alpha->queryAttributeOwnership(object, position);

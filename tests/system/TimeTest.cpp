@@ -17,6 +17,28 @@ protected:
       }
    }
 
+   void coordinate(int lookahead)
+   {
+      for (Federate* const federate : {&alpha, &beta}) {
+         regulate(*federate, lookahead);
+         constrain(*federate);
+      }
+   }
+
+   void requestAdvances(int to)
+   {
+      alpha->timeAdvanceRequest(time(to));
+      beta->timeAdvanceRequest(time(to));
+   }
+
+   void completeSave()
+   {
+      for (Federate* const federate : {&alpha, &beta}) {
+         (*federate)->federateSaveBegun();
+         (*federate)->federateSaveComplete();
+      }
+   }
+
    // For a federate that nobody holds back.
    void advance(Federate& federate, int to)
    {
@@ -70,7 +92,7 @@ TEST_P(TimeManagement, IsTakenUpAndGivenUp)
    constrain(alpha);
    alpha->enableAsynchronousDelivery();
    EXPECT_EQ(lookahead(alpha), "3");
-   EXPECT_REFUSED("TimeRegulationAlreadyEnabled", alpha->enableTimeRegulation(interval(1)));
+   EXPECT_REFUSED("TimeRegulationAlreadyEnabled", alpha->enableTimeRegulation(interval(-1)));
    EXPECT_REFUSED("TimeConstrainedAlreadyEnabled", alpha->enableTimeConstrained());
    EXPECT_REFUSED("InvalidLookahead", alpha->modifyLookahead(interval(-1)));
    EXPECT_REFUSED("AsynchronousDeliveryAlreadyEnabled", alpha->enableAsynchronousDelivery());
@@ -130,7 +152,7 @@ TEST_P(TimeManagement, HoldsConstrainedFederatesBack)
    expectNothing(beta);
    EXPECT_EQ(now(beta), "0");
    for (Advance const request : advances) {
-      EXPECT_REFUSED("InTimeAdvancingState", ((*beta).*request)(time(20)));
+      EXPECT_REFUSED("InTimeAdvancingState", ((*beta).*request)(time(-1)));
    }
    EXPECT_REFUSED("InTimeAdvancingState", beta->enableTimeRegulation(interval(1)));
    advance(alpha, 9); // from 10 on there may be more
@@ -350,10 +372,7 @@ TEST_P(TimeManagement, FlushesTheQueue)
 
 TEST_P(TimeManagement, NeverWaitsForItself)
 {
-   for (Federate* const federate : {&alpha, &beta}) {
-      regulate(*federate, 0);
-      constrain(*federate);
-   }
+   coordinate(0);
    int to = 0;
    for (Advance const ofAlpha : advances) {
       for (Advance const ofBeta : advances) {
@@ -434,22 +453,15 @@ TEST_P(TimeManagement, TakesMessagesBack)
 
 TEST_P(TimeManagement, SavesAtATime)
 {
-   for (Federate* const federate : {&alpha, &beta}) {
-      regulate(*federate, 1);
-      constrain(*federate);
-   }
+   coordinate(1);
    advance(alpha, 0);
    alpha->requestFederationSave(L"noon", time(10));
    update("before", 9);
    update("after", 12);
-   alpha->timeAdvanceRequest(time(20));
-   beta->timeAdvanceRequest(time(20));
+   requestAdvances(20);
    expect(beta, {reflected("before", 9), "initiateFederateSave(noon, 10)"});
    expect(alpha, {"initiateFederateSave(noon, 10)"});
-   for (Federate* const federate : {&alpha, &beta}) {
-      (*federate)->federateSaveBegun();
-      (*federate)->federateSaveComplete();
-   }
+   completeSave();
    expect(alpha, {"federationSaved()", granted(20)});
    expect(beta, {"federationSaved()", reflected("after", 12), granted(20)});
    EXPECT_REFUSED("LogicalTimeAlreadyPassed", alpha->requestFederationSave(L"past", time(5)));
@@ -457,25 +469,17 @@ TEST_P(TimeManagement, SavesAtATime)
 
 TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
 {
-   for (Federate* const federate : {&alpha, &beta}) {
-      regulate(*federate, 1);
-      constrain(*federate);
-   }
-   alpha->timeAdvanceRequest(time(10));
-   beta->timeAdvanceRequest(time(10));
+   coordinate(1);
+   requestAdvances(10);
    expectEach({&alpha, &beta}, {granted(10)});
    update("kept", 15);
    beta->requestFederationSave(L"noon");
    expectEach({&alpha, &beta}, {"initiateFederateSave(noon)"});
-   for (Federate* const federate : {&alpha, &beta}) {
-      (*federate)->federateSaveBegun();
-      (*federate)->federateSaveComplete();
-   }
+   completeSave();
    expectEach({&alpha, &beta}, {"federationSaved()"});
 
    alpha->deleteObjectInstance(object, bytes(""));
-   alpha->timeAdvanceRequest(time(30));
-   beta->timeAdvanceRequest(time(30));
+   requestAdvances(30);
    expect(alpha, {granted(30)});
    expect(beta, {"removeObjectInstance(car, , RO, by alpha)", granted(30)}); // and so no more of the car
    alpha->disableTimeRegulation();
@@ -491,8 +495,7 @@ TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
    EXPECT_EQ(lookahead(alpha), "1");
    EXPECT_TRUE(alpha->isAttributeOwnedByFederate(object, position));
    EXPECT_EQ(beta->getKnownObjectClassHandle(object), car);
-   alpha->timeAdvanceRequest(time(20));
-   beta->timeAdvanceRequest(time(20));
+   requestAdvances(20);
    expect(alpha, {granted(20)});
    expect(beta, {reflected("kept", 15), granted(20)});
 }
