@@ -6,8 +6,6 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 using Clock = std::chrono::steady_clock;
 
 Federate::Federate(std::string const& name, CallbackModel model, Names& names)
@@ -104,10 +102,10 @@ void Federate::reportFederationExecutions(FederationExecutionInformationVector c
       _drained = true;
       tell();
    } else {
-      called(__func__, federations);
+      recording(__func__)(federations);
    }
 }
 
-void Federate::requestRetraction(MessageRetractionHandle handle) { called(__func__, handle.toString()); }
+void Federate::requestRetraction(MessageRetractionHandle handle) { recording(__func__)(handle.toString()); }
 
 } // namespace system_tests

@@ -2,7 +2,6 @@
 #ifndef RTI1516E_TESTS_SYSTEM_FEDERATE_H
 #define RTI1516E_TESTS_SYSTEM_FEDERATE_H
 
-#include "EveryCallback.h"
 #include "Text.h"
 
 #include <RTI/RTI1516.h>
@@ -19,24 +18,45 @@
 
 namespace system_tests {
 
-// Each callback becomes a text such as "announceSynchronizationPoint(ready, tag)", in which handles have the
-// names that the test's dictionary gives them.
-//
-// One thread, the test's, asks for callbacks; they may come on any other.
-class Federate : private EveryCallback<Federate>
+using namespace rti1516e;
+
+// Each callback becomes a text such as "announceSynchronizationPoint(ready, tag)".
+class CallbackTexts : public FederateAmbassador
+{
+protected:
+   auto recording(char const* name)
+   {
+      return [this, name](auto const&... arguments) {
+         std::string text;
+         ((text += (text.empty() ? "" : ", ") + show(arguments)), ...);
+         written(name + ("(" + text + ")"));
+      };
+   }
+
+#define CALLBACK(name, parameters, arguments) \
+   void name parameters override { recording(#name) arguments; }
+#include "tests/contract/Callbacks.def"
+
+private:
+   virtual void written(std::string const& callback) = 0;
+};
+
+// In the texts handles have the names that the test's dictionary gives them. One thread, the test's, asks for
+// callbacks; they may come on any other.
+class Federate : private CallbackTexts
 {
 public:
    using Callbacks = std::vector<std::string>;
 
-   Federate(std::string const& name, rti1516e::CallbackModel model, Names& names);
+   Federate(std::string const& name, CallbackModel model, Names& names);
 
    // Destroys the ambassador first, as any federate has to.
    ~Federate() override;
 
    std::string const& name() const { return _name; }
-   rti1516e::FederateHandle handle() const { return _handle; }
-   rti1516e::RTIambassador* operator->() { return _ambassador.get(); }
-   rti1516e::RTIambassador& operator*() { return *_ambassador; }
+   FederateHandle handle() const { return _handle; }
+   RTIambassador* operator->() { return _ambassador.get(); }
+   RTIambassador& operator*() { return *_ambassador; }
 
    void connect();
    void join(std::string const& federation, std::vector<std::wstring> const& modules = {});
@@ -57,23 +77,14 @@ public:
    std::size_t waiting() const;
 
 private:
-   friend EveryCallback<Federate>;
-   template <class... Arguments>
-   void called(char const* callback, Arguments const&... arguments)
-   {
-      std::string text;
-      ((text += (text.empty() ? "" : ", ") + show(arguments)), ...);
-      written(callback + ("(" + text + ")"));
-   }
-
-   void written(std::string const& callback);
+   void written(std::string const& callback) override;
    void tell();
    void drain();
 
    std::string const _name;
-   rti1516e::CallbackModel const _model;
+   CallbackModel const _model;
    Names& _names;
-   rti1516e::FederateHandle _handle;
+   FederateHandle _handle;
 
    mutable std::mutex _mutex;
    std::condition_variable _news;
@@ -82,13 +93,12 @@ private:
    std::atomic<bool> _draining{false};
    std::atomic<bool> _drained{false};
 
-   std::unique_ptr<rti1516e::RTIambassador> _ambassador;
+   std::unique_ptr<RTIambassador> _ambassador;
 
    // Also the end of a drain, which is not recorded.
-   void reportFederationExecutions(
-      rti1516e::FederationExecutionInformationVector const& federations) override;
+   void reportFederationExecutions(FederationExecutionInformationVector const& federations) override;
    // Names the handle, which in other callbacks is only there or not.
-   void requestRetraction(rti1516e::MessageRetractionHandle handle) override;
+   void requestRetraction(MessageRetractionHandle handle) override;
 };
 
 } // namespace system_tests
