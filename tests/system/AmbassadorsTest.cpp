@@ -7,7 +7,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 using namespace std::chrono_literals;
 

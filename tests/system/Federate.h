@@ -18,8 +18,6 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 // Each callback becomes a text such as "announceSynchronizationPoint(ready, tag)".
 class CallbackTexts : public FederateAmbassador
 {

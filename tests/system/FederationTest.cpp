@@ -6,8 +6,6 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 std::wstring fom(std::string const& file) { return wide(SYSTEM_TESTS_FOM "/" + file); }
 
 std::string uniqueName()

@@ -25,7 +25,7 @@ std::wstring fom(std::string const& file);
 // A name that no other federation of this process has.
 std::string uniqueName();
 
-class FederationTest : public testing::TestWithParam<rti1516e::CallbackModel>
+class FederationTest : public testing::TestWithParam<CallbackModel>
 {
 protected:
    void TearDown() override { end(); }
@@ -62,7 +62,7 @@ private:
    std::map<std::string, std::unique_ptr<Federate>> _federates;
 };
 
-std::string modelName(testing::TestParamInfo<rti1516e::CallbackModel> const& info);
+std::string modelName(testing::TestParamInfo<CallbackModel> const& info);
 
 } // namespace system_tests
 

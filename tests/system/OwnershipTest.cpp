@@ -2,7 +2,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
 // Alpha's car, whose attributes beta and gamma may own too.

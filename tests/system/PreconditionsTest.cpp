@@ -5,7 +5,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
 // What state of the federate or of its federation forbids, it forbids to every service that lists the

@@ -2,7 +2,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
 // Callbacks that wait, because their federate has disabled them, while things change: what a federate is told

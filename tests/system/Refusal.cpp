@@ -2,11 +2,11 @@
 
 namespace system_tests {
 
-std::string className(rti1516e::Exception const& exception)
+std::string className(Exception const& exception)
 {
-#define SYSTEM_TESTS_NAME(Name)                                      \
-   if (dynamic_cast<rti1516e::Name const*>(&exception) != nullptr) { \
-      return #Name;                                                  \
+#define SYSTEM_TESTS_NAME(Name)                            \
+   if (dynamic_cast<Name const*>(&exception) != nullptr) { \
+      return #Name;                                        \
    }
    RTI_FOR_EACH_EXCEPTION(SYSTEM_TESTS_NAME)
 #undef SYSTEM_TESTS_NAME

@@ -10,7 +10,7 @@
 
 namespace system_tests {
 
-std::string className(rti1516e::Exception const& exception);
+std::string className(Exception const& exception);
 
 // The class of the exception that the call throws, or "nothing". Exceptions that the standard does not
 // foresee show their message, so that a failing test tells what went wrong.
@@ -20,9 +20,9 @@ std::string refusal(Call&& call)
    try {
       call();
       return "nothing";
-   } catch (rti1516e::RTIinternalError const& error) {
+   } catch (RTIinternalError const& error) {
       return "RTIinternalError: " + narrow(error.what());
-   } catch (rti1516e::Exception const& exception) {
+   } catch (Exception const& exception) {
       return className(exception);
    }
 }

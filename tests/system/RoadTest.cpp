@@ -7,28 +7,27 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 RoadTest::RoadTest()
    : alpha(firstOnTheRoad()),
      beta(joined("beta")),
-     vehicle(objectClass("HLAobjectRoot.Vehicle")),
-     car(objectClass("HLAobjectRoot.Vehicle.Car")),
-     taxi(objectClass("HLAobjectRoot.Vehicle.Car.Taxi")),
-     truck(objectClass("HLAobjectRoot.Vehicle.Truck")),
-     position(attribute(vehicle, "Position")),
-     speed(attribute(vehicle, "Speed")),
-     fuel(attribute(vehicle, "Fuel")),
-     passengers(attribute(car, "Passengers")),
-     fare(attribute(taxi, "Fare")),
-     load(attribute(truck, "Load")),
-     privilege(attribute(vehicle, "HLAprivilegeToDeleteObject")),
-     message(interactionClass("HLAinteractionRoot.Message")),
-     urgent(interactionClass("HLAinteractionRoot.Message.Urgent")),
-     accident(interactionClass("HLAinteractionRoot.Accident")),
-     words(parameter(message, "Words")),
-     level(parameter(urgent, "Level")),
-     damage(parameter(accident, "Damage")),
+     vehicle(named(alpha->getObjectClassHandle(L"Vehicle"), "Vehicle")),
+     car(named(alpha->getObjectClassHandle(L"Vehicle.Car"), "Car")),
+     taxi(named(alpha->getObjectClassHandle(L"Vehicle.Car.Taxi"), "Taxi")),
+     truck(named(alpha->getObjectClassHandle(L"Vehicle.Truck"), "Truck")),
+     position(named(alpha->getAttributeHandle(vehicle, L"Position"), "Position")),
+     speed(named(alpha->getAttributeHandle(vehicle, L"Speed"), "Speed")),
+     fuel(named(alpha->getAttributeHandle(vehicle, L"Fuel"), "Fuel")),
+     passengers(named(alpha->getAttributeHandle(car, L"Passengers"), "Passengers")),
+     fare(named(alpha->getAttributeHandle(taxi, L"Fare"), "Fare")),
+     load(named(alpha->getAttributeHandle(truck, L"Load"), "Load")),
+     privilege(named(alpha->getAttributeHandle(vehicle, L"HLAprivilegeToDeleteObject"),
+                     "HLAprivilegeToDeleteObject")),
+     message(named(alpha->getInteractionClassHandle(L"Message"), "Message")),
+     urgent(named(alpha->getInteractionClassHandle(L"Message.Urgent"), "Urgent")),
+     accident(named(alpha->getInteractionClassHandle(L"Accident"), "Accident")),
+     words(named(alpha->getParameterHandle(message, L"Words"), "Words")),
+     level(named(alpha->getParameterHandle(urgent, L"Level"), "Level")),
+     damage(named(alpha->getParameterHandle(accident, L"Damage"), "Damage")),
      lane(alpha->getDimensionHandle(L"Lane")),
      distance(alpha->getDimensionHandle(L"Distance"))
 {}
@@ -37,36 +36,6 @@ Federate& RoadTest::firstOnTheRoad()
 {
    create({fom("Road.xml")}, GetParam() == HLA_EVOKED ? "HLAinteger64Time" : "HLAfloat64Time");
    return joined("alpha");
-}
-
-static std::string lastPart(std::string const& name) { return name.substr(name.rfind('.') + 1); }
-
-ObjectClassHandle RoadTest::objectClass(std::string const& name)
-{
-   ObjectClassHandle const handle = alpha->getObjectClassHandle(wide(name));
-   names().add(handle, lastPart(name));
-   return handle;
-}
-
-InteractionClassHandle RoadTest::interactionClass(std::string const& name)
-{
-   InteractionClassHandle const handle = alpha->getInteractionClassHandle(wide(name));
-   names().add(handle, lastPart(name));
-   return handle;
-}
-
-AttributeHandle RoadTest::attribute(ObjectClassHandle objectClass, std::string const& name)
-{
-   AttributeHandle const handle = alpha->getAttributeHandle(objectClass, wide(name));
-   names().add(handle, name);
-   return handle;
-}
-
-ParameterHandle RoadTest::parameter(InteractionClassHandle interactionClass, std::string const& name)
-{
-   ParameterHandle const handle = alpha->getParameterHandle(interactionClass, wide(name));
-   names().add(handle, name);
-   return handle;
 }
 
 ObjectInstanceHandle RoadTest::registered(Federate& federate, ObjectClassHandle objectClass,

@@ -4,7 +4,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
 class Support : public RoadTest

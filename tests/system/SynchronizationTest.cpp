@@ -2,7 +2,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
 std::string const registered = "synchronizationPointRegistrationSucceeded(ready)";

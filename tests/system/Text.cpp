@@ -7,8 +7,6 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 namespace {
 
 // The texts of numbers and handles: their class, and in brackets their number.
@@ -130,11 +128,8 @@ std::string show(FederationExecutionInformation const& federation)
 }
 
 // A handle's own text does not tell its kind.
-#define SYSTEM_TESTS_SHOW(Handle)                               \
-   std::string show(rti1516e::Handle const& handle)             \
-   {                                                            \
-      return #Handle "<" + inBrackets(handle.toString()) + ">"; \
-   }
+#define SYSTEM_TESTS_SHOW(Handle) \
+   std::string show(Handle const& handle) { return #Handle "<" + inBrackets(handle.toString()) + ">"; }
 RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
 #undef SYSTEM_TESTS_SHOW
 
