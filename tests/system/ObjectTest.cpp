@@ -246,37 +246,33 @@ TEST_P(Objects, TravelAsTheirOwnerHasThemTravel)
                            "reflectAttributeValues(car, {Position=1 Speed=2}, , RO, best-effort, by alpha)"});
 }
 
-TEST_P(Objects, OfAnEagerFederationTellWithoutBeingAsked)
+class EagerFederation : public FederationTest
+{};
+IN_BOTH_CALLBACK_MODELS(EagerFederation);
+
+TEST_P(EagerFederation, TellsOfObjectsWithoutBeingAsked)
 {
-   std::string const eager = uniqueName();
-   Federate& owner = connected("owner");
-   Federate& reader = connected("reader");
-   owner->createFederationExecution(wide(eager), fom("Eager.xml"));
-   owner.join(eager);
-   reader.join(eager);
+   create({fom("Eager.xml")});
+   Federate& owner = joined("owner");
+   Federate& reader = joined("reader");
    ObjectClassHandle const buoy = owner->getObjectClassHandle(L"HLAobjectRoot.Buoy");
    AttributeHandle const drift = owner->getAttributeHandle(buoy, L"Drift");
-   Names& aliases = names();
-   aliases.add(buoy, "Buoy");
-   aliases.add(drift, "Drift");
-
    owner->publishObjectClassAttributes(buoy, {drift});
    ObjectInstanceHandle const first = owner->registerObjectInstance(buoy);
-   call(owner, first, "first");
+   names().add(buoy, "Buoy");
+   names().add(drift, "Drift");
+   names().add(first, "first");
+   names().add(owner->getObjectInstanceName(first), "first");
+
    expectNothing(owner);
    reader->subscribeObjectClassAttributes(buoy, {drift});
    expectInAnyOrder(owner, {"startRegistrationForObjectClass(Buoy)",
                             "turnUpdatesOnForObjectInstance(first, {Drift})",
                             "provideAttributeValueUpdate(first, {Drift}, )"});
-   Federate::Callbacks const seen = reader.callbacks(2);
-   EXPECT_EQ(seen.at(1), "attributesInScope(first, {Drift})");
-   EXPECT_EQ(seen.at(0).find("discoverObjectInstance(first, Buoy, first"), 0u) << seen[0];
+   expect(reader, {"discoverObjectInstance(first, Buoy, first, owner)", "attributesInScope(first, {Drift})"});
    EXPECT_EQ(owner->getAutomaticResignDirective(), DELETE_OBJECTS_THEN_DIVEST);
    forget("owner"); // which resigns as the FOM has it
-   EXPECT_TRUE(reader.await([&] { return reader.waiting() > 0; }));
-   EXPECT_EQ(reader.callbacks().at(0).find("removeObjectInstance(first, "), 0u);
-   reader->resignFederationExecution(NO_ACTION);
-   reader->destroyFederationExecution(wide(eager));
+   expect(reader, {"removeObjectInstance(first, , RO, by owner)"});
 }
 
 class Interactions : public RoadTest

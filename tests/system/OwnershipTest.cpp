@@ -238,10 +238,4 @@ TEST_P(Ownership, IsOnOfferAfterTheOwnerResigned)
    expect(gamma, {"attributeIsNotOwned(car, Position)"});
 }
 
-TEST_P(Ownership, EndsWithTheObject)
-{
-   alpha->resignFederationExecution(DELETE_OBJECTS);
-   expectEach({&beta, &gamma}, {"removeObjectInstance(car, , RO, by alpha)"});
-}
-
 } // namespace

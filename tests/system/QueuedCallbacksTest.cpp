@@ -25,12 +25,6 @@ IN_BOTH_CALLBACK_MODELS(QueuedCallbacks);
 TEST_P(QueuedCallbacks, TellOfARetractionOnlyWhereTheMessageWasDelivered)
 {
    regulate(alpha, 1);
-   MessageRetractionHandle const delivered = update("1", 5);
-   expect(beta, {reflected("1", 5, "RO")});
-   names().add(delivered.toString(), "delivered");
-   alpha->retract(delivered);
-   expect(beta, {"requestRetraction(delivered)"});
-
    beta->disableCallbacks();
    alpha->retract(update("1", 5));
    beta->enableCallbacks();

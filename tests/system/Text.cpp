@@ -23,19 +23,6 @@ std::string showOneOf(char const* const (&names)[n], Enum value)
    return index < n ? names[index] : "#" + std::to_string(index);
 }
 
-std::string showStatus(SaveStatus status)
-{
-   static char const* const names[] = {"idle", "instructed", "saving", "waiting"};
-   return showOneOf(names, status);
-}
-
-std::string showStatus(RestoreStatus status)
-{
-   static char const* const names[] = {"idle",     "requested", "awaiting-start",
-                                       "prepared", "restoring", "waiting"};
-   return showOneOf(names, status);
-}
-
 template <class Info>
 std::string showProducer(Info const& info)
 {
@@ -85,6 +72,7 @@ std::string show(VariableLengthData const& data)
 }
 std::string show(LogicalTime const& time) { return inBrackets(time.toString()); }
 std::string show(LogicalTimeInterval const& interval) { return inBrackets(interval.toString()); }
+std::string show(TimeQueryReturn const& answer) { return answer.timeIsValid ? show(*answer.time) : "none"; }
 std::string show(OrderType order) { return order == TIMESTAMP ? "TSO" : "RO"; }
 std::string show(TransportationType transportation)
 {
@@ -114,13 +102,20 @@ std::string show(MessageRetractionHandle const& handle)
 std::string show(SupplementalReflectInfo const& info) { return showProducer(info) + showRegions(info); }
 std::string show(SupplementalReceiveInfo const& info) { return showProducer(info) + showRegions(info); }
 std::string show(SupplementalRemoveInfo const& info) { return showProducer(info); }
-std::string show(std::pair<FederateHandle, SaveStatus> const& status)
+std::string show(SaveStatus status)
 {
-   return show(status.first) + "=" + showStatus(status.second);
+   static char const* const names[] = {"idle", "instructed", "saving", "waiting"};
+   return showOneOf(names, status);
+}
+std::string show(RestoreStatus status)
+{
+   static char const* const names[] = {"idle",     "requested", "awaiting-start",
+                                       "prepared", "restoring", "waiting"};
+   return showOneOf(names, status);
 }
 std::string show(FederateRestoreStatus const& status)
 {
-   return show(status.preRestoreHandle) + "=" + showStatus(status.status);
+   return show(status.preRestoreHandle) + "=" + show(status.status);
 }
 std::string show(FederationExecutionInformation const& federation)
 {

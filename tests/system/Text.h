@@ -24,6 +24,7 @@ std::string show(std::wstring const& text);
 std::string show(VariableLengthData const& data);
 std::string show(LogicalTime const& time);
 std::string show(LogicalTimeInterval const& interval);
+std::string show(TimeQueryReturn const& answer);
 std::string show(OrderType order);
 std::string show(TransportationType transportation);
 std::string show(SynchronizationPointFailureReason reason);
@@ -33,7 +34,8 @@ std::string show(MessageRetractionHandle const& handle); // whether there is one
 std::string show(SupplementalReflectInfo const& info);
 std::string show(SupplementalReceiveInfo const& info);
 std::string show(SupplementalRemoveInfo const& info);
-std::string show(std::pair<FederateHandle, SaveStatus> const& status);
+std::string show(SaveStatus status);
+std::string show(RestoreStatus status);
 std::string show(FederateRestoreStatus const& status);
 std::string show(FederationExecutionInformation const& federation);
 
@@ -43,7 +45,7 @@ RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
 #undef SYSTEM_TESTS_SHOW
 
 template <class First, class Second>
-std::string show(std::pair<First const, Second> const& entry)
+std::string show(std::pair<First, Second> const& entry)
 {
    return show(entry.first) + "=" + show(entry.second);
 }

@@ -56,19 +56,10 @@ protected:
       return "receiveInteraction(Message, {Words=" + value + "}, , RO, reliable, by alpha)";
    }
 
-   std::string galt(Federate& federate) { return show(federate->queryGALT()); }
-   std::string lits(Federate& federate) { return show(federate->queryLITS()); }
-   static std::string now(Federate& federate) { return system_tests::show(*federate->queryLogicalTime()); }
-   static std::string lookahead(Federate& federate)
-   {
-      return system_tests::show(*federate->queryLookahead());
-   }
-
-private:
-   static std::string show(TimeQueryReturn const& answer)
-   {
-      return answer.timeIsValid ? system_tests::show(*answer.time) : "none";
-   }
+   static std::string galt(Federate& federate) { return show(federate->queryGALT()); }
+   static std::string lits(Federate& federate) { return show(federate->queryLITS()); }
+   static std::string now(Federate& federate) { return show(*federate->queryLogicalTime()); }
+   static std::string lookahead(Federate& federate) { return show(*federate->queryLookahead()); }
 };
 IN_BOTH_CALLBACK_MODELS(TimeManagement);
 
