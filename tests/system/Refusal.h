@@ -3,28 +3,22 @@
 #define RTI1516E_TESTS_SYSTEM_REFUSAL_H
 
 #include "Text.h"
-
-#include <RTI/Exception.h>
+#include "tests/contract/Caught.h"
 
 #include <string>
 
 namespace system_tests {
-
-std::string className(Exception const& exception);
 
 // The class of the exception that the call throws, or "nothing". Exceptions that the standard does not
 // foresee show their message, so that a failing test tells what went wrong.
 template <class Call>
 std::string refusal(Call&& call)
 {
-   try {
-      call();
-      return "nothing";
-   } catch (RTIinternalError const& error) {
-      return "RTIinternalError: " + narrow(error.what());
-   } catch (Exception const& exception) {
-      return className(exception);
+   contract::Caught const caught = contract::caughtFrom(call);
+   if (caught.type == "RTIinternalError") {
+      return caught.type + ": " + narrow(caught.text);
    }
+   return caught.type.empty() ? "nothing" : caught.type;
 }
 
 } // namespace system_tests
