@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds and runs all benchmarks, and writes their tables to the screen and to bench/RESULTS.md. Fails if a
-# measurement is above its bound. Arguments go to the benchmark programs, such as --benchmark_repetitions=5.
+# Builds and runs all benchmarks, writes their tables to the screen and to bench/RESULTS.md, and draws their ratios
+# in bench/ratios.svg. Fails if a measurement is above its bound. Arguments go to the benchmark programs, such as
+# --benchmark_repetitions=5.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -18,6 +19,8 @@ cached() { sed -n "s/^$1:[A-Z]*=//p" $build/CMakeCache.txt; }
   echo
   echo "Written by \`scripts/bench.sh\`: medians of runs that are repeated and interleaved in one process, in"
   echo "processor time. What the floors are, and why some bounds are exceeded, is told in \`docs/performance.md\`."
+  echo
+  echo "![The ratios against their bounds](ratios.svg)"
   echo
   echo "| | |"
   echo "|:--|:--|"
@@ -43,5 +46,6 @@ for target in $targets; do
   failed=$((failed | status))
   { echo; grep '^|' $build/output.txt; } | tee -a $results
 done
-echo "Written to $results"
+bench/plot-ratios.sh $results >bench/ratios.svg
+echo "Written to $results and bench/ratios.svg"
 exit $failed

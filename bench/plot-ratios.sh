@@ -1,6 +1,6 @@
 #!/bin/sh
 # Draws the ratios of a table of benchmark results that have a bound as bars, to the standard output as SVG:
-# docs/pictures/plot-ratios.sh bench/RESULTS.md >docs/pictures/ratios.svg
+# bench/plot-ratios.sh bench/RESULTS.md >bench/ratios.svg
 exec awk -F ' *[|] *' '
   function escaped(text) { gsub(/&/, "\\&amp;", text); gsub(/</, "\\&lt;", text); return text }
   $6 ~ /^[0-9.]+$/ && $7 ~ /^[0-9.]/ && $2 !~ /growth/ {
