@@ -109,4 +109,12 @@ TEST_P(Declaration, IsToldToPublishersWhoWantToKnowWhetherToSend)
    expect(alpha, {"turnInteractionsOff(Urgent)"});
 }
 
+TEST_P(Declaration, OfOnesOwnInterestIsNothingToBeToldOf)
+{
+   alpha->enableObjectClassRelevanceAdvisorySwitch();
+   alpha->publishObjectClassAttributes(car, {position});
+   alpha->subscribeObjectClassAttributes(car, {position});
+   expectNothing(alpha);
+}
+
 } // namespace

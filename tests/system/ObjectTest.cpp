@@ -275,6 +275,56 @@ TEST_P(EagerFederation, TellsOfObjectsWithoutBeingAsked)
    expect(reader, {"removeObjectInstance(first, , RO, by owner)"});
 }
 
+TEST_P(Objects, LeaveTheirNamesToOthers)
+{
+   alpha->publishObjectClassAttributes(car, {position});
+   for (int round = 0; round < 2; ++round) {
+      alpha->reserveObjectInstanceName(L"herbie");
+      expect(alpha, {"objectInstanceNameReservationSucceeded(herbie)"});
+      alpha->deleteObjectInstance(alpha->registerObjectInstance(car, L"herbie"), bytes(""));
+   }
+}
+
+TEST_P(Objects, AreToldOfAsTheyAreToWhoBeginsToListen)
+{
+   alpha->publishObjectClassAttributes(car, {position});
+   ObjectInstanceHandle const heard = registered(alpha, car, "car");
+   beta->subscribeObjectClassAttributes(vehicle, {position});
+   expect(beta, {"discoverObjectInstance(car, Vehicle, car, alpha)"});
+   for (int round = 0; round < 2; ++round) {
+      alpha->enableAttributeRelevanceAdvisorySwitch();
+      expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position})"});
+      alpha->disableAttributeRelevanceAdvisorySwitch();
+      beta->enableAttributeScopeAdvisorySwitch();
+      expect(beta, {"attributesInScope(car, {Position})"});
+      beta->disableAttributeScopeAdvisorySwitch();
+   }
+   alpha->enableAttributeRelevanceAdvisorySwitch();
+   alpha.callbacks(1);
+   beta->localDeleteObjectInstance(heard);
+   expect(alpha, {"turnUpdatesOffForObjectInstance(car, {Position})"});
+}
+
+TEST_P(Objects, AreUpdatedAtTheHighestRateThatIsWanted)
+{
+   alpha->enableAttributeRelevanceAdvisorySwitch();
+   alpha->publishObjectClassAttributes(car, {position});
+   registered(alpha, car, "car");
+   auto const subscribe = [&](std::string const& name, std::wstring const& rate) {
+      joined(name)->subscribeObjectClassAttributes(car, {position}, true, rate);
+   };
+   subscribe("one", L"Slow");
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position}, Slow)"});
+   subscribe("two", L"Fast");
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position}, Fast)"});
+   subscribe("three", L"Slow");
+   expectNothing(alpha);
+   subscribe("four", L"");
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position})"}); // without a limit
+   subscribe("five", L"Fast");
+   expectNothing(alpha);
+}
+
 class Interactions : public RoadTest
 {};
 IN_BOTH_CALLBACK_MODELS(Interactions);

@@ -126,6 +126,44 @@ TEST_P(Ownership, GoesStraightToWhoIsWaitingForIt)
    expect(gamma, {"attributeOwnershipAcquisitionNotification(car, {Position}, )"});
 }
 
+TEST_P(Ownership, GoesToWhoAskedFirst)
+{
+   beta->attributeOwnershipAcquisition(object, {position}, bytes("first"));
+   beta->attributeOwnershipAcquisition(object, {position}, bytes("first again"));
+   gamma->attributeOwnershipAcquisition(object, {position}, bytes("second"));
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {position});
+   expect(beta, {"attributeOwnershipAcquisitionNotification(car, {Position}, )",
+                 "requestAttributeOwnershipRelease(car, {Position}, second)"});
+   expectNothing(gamma);
+}
+
+TEST_P(Ownership, IsStillOnOfferWhenWhoWantedItResigns)
+{
+   alpha->negotiatedAttributeOwnershipDivestiture(object, {position}, bytes(""));
+   beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   expect(alpha, {"requestDivestitureConfirmation(car, {Position})"});
+   beta->resignFederationExecution(CANCEL_PENDING_OWNERSHIP_ACQUISITIONS);
+   EXPECT_REFUSED("NoAcquisitionPending", alpha->confirmDivestiture(object, {position}, {}));
+   gamma->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   expect(alpha, {"requestDivestitureConfirmation(car, {Position})"});
+}
+
+TEST_P(Ownership, BringsNothingOfHowTheFormerOwnerHadItTravel)
+{
+   alpha->requestAttributeTransportationTypeChange(object, {position}, BEST_EFFORT);
+   alpha.callbacks(1);
+   alpha->negotiatedAttributeOwnershipDivestiture(object, {position}, bytes(""));
+   beta->attributeOwnershipAcquisitionIfAvailable(object, {position});
+   EXPECT_REFUSED("AttributeAcquisitionWasNotRequested", // it is not insisted on
+                  beta->cancelAttributeOwnershipAcquisition(object, {position}));
+   alpha->confirmDivestiture(object, {position}, bytes(""));
+   forgetOffers();
+   beta->queryAttributeTransportationType(object, position);
+   expect(beta, {"reportAttributeTransportationType(car, Position, reliable)"});
+   beta->negotiatedAttributeOwnershipDivestiture(object, {position}, bytes("")); // which alpha's was not
+   expect(alpha, {"requestAttributeOwnershipAssumption(car, {Position}, )"});
+}
+
 TEST_P(Ownership, IsAskedForNoMore)
 {
    EXPECT_REFUSED("AttributeAcquisitionWasNotRequested",

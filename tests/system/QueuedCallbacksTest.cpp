@@ -178,4 +178,32 @@ TEST_P(QueuedCallbacks, AreNoneAfterAResignation)
    EXPECT_REFUSED("TimeConstrainedIsNotEnabled", beta->disableTimeConstrained());
 }
 
+TEST_P(QueuedCallbacks, AreNoneOfWhatARestoreReplaces)
+{
+   alpha->requestFederationSave(L"noon");
+   for (Federate* const federate : {&alpha, &beta}) {
+      federate->callbacks(1);
+      (*federate)->federateSaveBegun();
+      (*federate)->federateSaveComplete();
+   }
+   expectEach({&alpha, &beta}, {"federationSaved()"});
+   beta->disableCallbacks();
+   updateNow("1");
+   alpha->requestFederationRestore(L"noon");
+   alpha->federateRestoreComplete();
+   beta->federateRestoreComplete();
+   beta->enableCallbacks();
+   expect(beta, {"federationRestored()"});
+}
+
+TEST_P(QueuedCallbacks, ThatAnswerTheConnectionOutliveTheMembership)
+{
+   beta->disableCallbacks();
+   beta->listFederationExecutions();
+   beta->resignFederationExecution(NO_ACTION);
+   beta.join(federation());
+   beta->enableCallbacks();
+   EXPECT_EQ(beta.callbacks(1).size(), 1u);
+}
+
 } // namespace

@@ -181,4 +181,22 @@ TEST_P(SaveRestore, RestoresOnlyWhatWasSavedByTheSameFederates)
    EXPECT_REFUSED("RestoreInProgress", late.join(federation()));
 }
 
+TEST_P(SaveRestore, RestoresEachAsItselfOrElseAsAnotherOfItsType)
+{
+   save();
+   alpha->resignFederationExecution(NO_ACTION);
+   beta->resignFederationExecution(NO_ACTION);
+   FederateHandle const handle = beta.handle();
+   Federate& gamma = joined("gamma");
+   alpha.join(federation());
+   alpha->requestFederationRestore(L"noon");
+   expect(alpha, {"requestFederationRestoreSucceeded(noon)", "federationRestoreBegun()",
+                  "initiateFederateRestore(noon, alpha, alpha)"});
+   expect(gamma, {"federationRestoreBegun()", "initiateFederateRestore(noon, beta, beta)"});
+   alpha->federateRestoreComplete();
+   gamma->federateRestoreComplete();
+   expectEach({&alpha, &gamma}, {"federationRestored()"});
+   EXPECT_EQ(gamma->getFederateName(handle), L"beta");
+}
+
 } // namespace

@@ -123,4 +123,11 @@ TEST_P(Synchronization, IsNotRegisteredTwiceNorForWhoIsNotJoined)
    EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced", beta->synchronizationPointAchieved(L"unheard of"));
 }
 
+TEST_P(Synchronization, IsAchievedOnceByEach)
+{
+   registerReady();
+   alpha->synchronizationPointAchieved(L"ready", false);
+   EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced", alpha->synchronizationPointAchieved(L"ready"));
+}
+
 } // namespace

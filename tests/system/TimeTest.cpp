@@ -1,5 +1,10 @@
 #include "RoadTest.h"
 
+#include <RTI/time/HLAfloat64Interval.h>
+#include <RTI/time/HLAfloat64Time.h>
+
+#include <limits>
+
 namespace {
 
 using namespace system_tests;
@@ -488,6 +493,149 @@ TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
    requestAdvances(20);
    expect(alpha, {granted(20)});
    expect(beta, {reflected("kept", 15), granted(20)});
+}
+
+TEST_P(TimeManagement, CountsWithWhatIsAnsweredToAMessage)
+{
+   regulate(alpha, 2);
+   regulate(beta, 30);
+   constrain(alpha);
+   constrain(beta);
+   alpha->nextMessageRequest(time(100));
+   EXPECT_EQ(galt(alpha), "30");
+   EXPECT_EQ(galt(beta), "32"); // beta may yet send for 30 what alpha answers
+
+   beta->disableTimeRegulation();
+   expect(alpha, {granted(100)});
+   beta->nextMessageRequestAvailable(time(200));
+   expectNothing(beta);
+   update("a", 102);
+   expect(beta, {reflected("a", 102), granted(102)}); // there is nothing left to wait for
+}
+
+TEST_P(TimeManagement, FlushesNoFurtherThanToTheFirstMessage)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   update("a", 8);
+   advance(alpha, 20);
+   beta->flushQueueRequest(time(10));
+   expect(beta, {reflected("a", 8), granted(8)});
+}
+
+TEST_P(TimeManagement, BeginsToRegulateWhereNobodyIsAhead)
+{
+   constrain(beta);
+   beta->timeAdvanceRequestAvailable(time(10));
+   expect(beta, {granted(10)});
+   advance(alpha, 5);
+   alpha->enableTimeRegulation(interval(0));
+   expect(alpha, {"timeRegulationEnabled(10)"});
+   EXPECT_REFUSED("InvalidLogicalTime", update("1", 9));
+   update("1", 10);
+}
+
+TEST_P(TimeManagement, BeginsToRegulateBehindNoMessageThatHasCome)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   update("a", 7);
+   beta->timeAdvanceRequest(time(10));
+   advance(alpha, 7);
+   expect(beta, {reflected("a", 7)}); // though not granted yet
+   Federate& gamma = joined("gamma");
+   gamma->enableTimeRegulation(interval(0));
+   expect(gamma, {"timeRegulationEnabled(7)"});
+}
+
+TEST_P(TimeManagement, SavesBeforeTheTimeIsGranted)
+{
+   regulate(alpha, 1);
+   constrain(beta);
+   alpha->requestFederationSave(L"noon", time(10));
+   advance(alpha, 20);
+   beta->timeAdvanceRequest(time(10));
+   expect(beta, {"initiateFederateSave(noon, 10)"});
+}
+
+TEST_P(TimeManagement, TakesDeletionsBack)
+{
+   regulate(alpha, 1);
+   MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
+   names().add(deletion.toString(), "deletion");
+   EXPECT_EQ(beta.callbacks(1).size(), 1u);
+   EXPECT_REFUSED("ObjectInstanceNotKnown", update("1", 6));
+   alpha->retract(deletion);
+   expect(beta, {"requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"});
+   EXPECT_TRUE(update("1", 6).isValid());
+}
+
+TEST_P(TimeManagement, ConstrainsWhoIsAheadWhenTheOthersHaveCaughtUp)
+{
+   regulate(alpha, 1);
+   advance(beta, 50);
+   beta->enableTimeConstrained();
+   advance(alpha, 49); // which may still send for 50, which beta has passed
+   expectNothing(beta);
+   advance(alpha, 50);
+   expect(beta, {"timeConstrainedEnabled(50)"});
+}
+
+TEST_P(TimeManagement, IsOnlyForWhoTakesPart)
+{
+   EXPECT_REFUSED("FederateUnableToUseTime", alpha->requestFederationSave(L"noon", time(5)));
+   regulate(alpha, 1);
+   if (GetParam() == HLA_IMMEDIATE) {
+      double const none = std::numeric_limits<double>::quiet_NaN();
+      EXPECT_REFUSED("InvalidLogicalTime", alpha->timeAdvanceRequest(HLAfloat64Time(none)));
+      EXPECT_REFUSED("InvalidLookahead", alpha->modifyLookahead(HLAfloat64Interval(none)));
+   }
+   regulate(beta, 1);
+   MessageRetractionHandle const sent = update("1", 5);
+   EXPECT_REFUSED("InvalidMessageRetractionHandle", beta->retract(sent));
+   constrain(alpha);
+   alpha->timeAdvanceRequest(time(20)); // which promises not to send for 5 any more
+   EXPECT_REFUSED("MessageCanNoLongerBeRetracted", alpha->retract(sent));
+}
+
+TEST_P(TimeManagement, GoesOnAfterARestoreWithWhatWasNotToldAtTheSave)
+{
+   Federate& gamma = joined("gamma");
+   Federate& delta = joined("delta");
+   regulate(alpha, 1);
+   constrain(beta);
+   advance(alpha, 20);
+   beta->disableCallbacks();
+   beta->timeAdvanceRequestAvailable(time(10));
+   gamma->disableCallbacks();
+   gamma->enableTimeRegulation(interval(1));
+   delta->timeAdvanceRequest(time(50));
+   expect(delta, {granted(50)});
+   delta->enableTimeConstrained(); // which has to wait for the others
+
+   std::vector<Federate*> const all{&alpha, &beta, &gamma, &delta};
+   alpha->requestFederationSave(L"noon");
+   for (Federate* const federate : all) {
+      (*federate)->federateSaveBegun();
+      (*federate)->federateSaveComplete();
+   }
+   beta->enableCallbacks();
+   gamma->enableCallbacks();
+   expect(beta, {granted(10), "initiateFederateSave(noon)", "federationSaved()"});
+   expect(gamma, {"timeRegulationEnabled(9)", "initiateFederateSave(noon)", "federationSaved()"});
+
+   alpha->requestFederationRestore(L"noon");
+   for (Federate* const federate : all) {
+      federate->callbacks(2);
+      (*federate)->federateRestoreComplete();
+   }
+   expect(alpha, {"federationRestored()"});
+   expect(beta, {"federationRestored()", granted(10)});
+   expect(gamma, {"timeRegulationEnabled(9)", "federationRestored()"});
+   expect(delta, {"federationRestored()"});
+   advance(alpha, 60);
+   advance(gamma, 60);
+   expect(delta, {"timeConstrainedEnabled(50)"});
 }
 
 } // namespace
