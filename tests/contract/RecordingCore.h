@@ -47,7 +47,7 @@ struct RecordedCall
 {
    std::string method;
    std::optional<Bytes> message; // none where the method takes no array
-   int ambassador;               // tells the core's ambassadors apart
+   std::uint32_t ambassador;     // tells the core's ambassadors apart
 };
 
 class RecordingCore
@@ -77,8 +77,10 @@ public:
 private:
    RecordingCore();
 
-   JavaVM* _vm;
-   jclass _recorder;
+   // All that is said between the tests and the recorder, as bytes.
+   Bytes ask(char const* question, Bytes const& arguments = Bytes());
+
+   JavaVM* _vm = nullptr;
 };
 
 } // namespace contract

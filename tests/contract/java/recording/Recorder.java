@@ -1,5 +1,10 @@
 package recording;
 
+import java.io.ByteArrayInputStream;
+import java.io.ByteArrayOutputStream;
+import java.io.DataInputStream;
+import java.io.DataOutputStream;
+import java.io.IOException;
 import java.lang.ref.WeakReference;
 import java.util.ArrayDeque;
 import java.util.ArrayList;
@@ -95,81 +100,120 @@ public final class Recorder {
       }
    }
 
-   // From here on: called by tests
+   /** Whatever a test says or asks: a word and its arguments, with counts before texts and arrays. */
+   static byte[] ask(byte[] request) throws ReflectiveOperationException, InterruptedException, IOException {
+      DataInputStream from = new DataInputStream(new ByteArrayInputStream(request));
+      ByteArrayOutputStream reply = new ByteArrayOutputStream();
+      DataOutputStream to = new DataOutputStream(reply);
+      String question = readText(from);
+      switch (question) {
+         case "answer" -> answerWith(readText(from), readAnswer(from));
+         case "calls" -> writeCalls(to);
+         case "forget" -> forget();
+         case "deliver" -> writeException(to, readDelivery(from).run());
+         case "pending" -> writeException(to, pending); // what the callback of an answer left
+         case "watch references" -> watchReferences();
+         case "held references" -> writeText(to, heldReferences());
+         case "property" -> writeOptionalText(to, System.getProperty(readText(from)));
+         default -> throw new IllegalArgumentException(question);
+      }
+      return reply.toByteArray();
+   }
 
-   static void answerWith(String method, Object answer) {
+   private static void answerWith(String method, Object answer) {
       if (answer == null) {
          answers.remove(method);
       } else {
          answers.put(method, answer);
-         watch(method + ": answer", answer);
+         if (!(answer instanceof Number || answer instanceof Boolean)) { // of which Java has its own
+            watch(method + ": answer", answer);
+         }
       }
    }
 
-   static void answerWith(String method, int answer) {
-      answers.put(method, answer);
+   private static Object readAnswer(DataInputStream from) throws ReflectiveOperationException, IOException {
+      String type = readText(from);
+      return switch (type) {
+         case "null" -> null;
+         case "I" -> from.readInt();
+         case "Z" -> from.readBoolean();
+         case "J" -> from.readLong();
+         case "D" -> from.readDouble();
+         case "[B" -> from.readNBytes(from.readInt());
+         case "[I" -> {
+            int[] values = new int[from.readInt()];
+            for (int i = 0; i < values.length; ++i) {
+               values[i] = from.readInt();
+            }
+            yield values;
+         }
+         case "[J" -> {
+            long[] values = new long[from.readInt()];
+            for (int i = 0; i < values.length; ++i) {
+               values[i] = from.readLong();
+            }
+            yield values;
+         }
+         case "String" -> readText(from);
+         case "exception" -> exception(readText(from), from.readBoolean() ? readText(from) : null);
+         case "delivery" -> readDelivery(from);
+         default -> throw new IllegalArgumentException(type);
+      };
    }
 
-   static void answerWith(String method, boolean answer) {
-      answers.put(method, answer);
+   private static Delivery readDelivery(DataInputStream from) throws IOException {
+      return new Delivery(readText(from), from.readNBytes(from.readInt()), from.readInt(), from.readBoolean());
    }
 
-   static void answerWith(String method, long answer) {
-      answers.put(method, answer);
+   private static String readText(DataInputStream from) throws IOException {
+      char[] units = new char[from.readInt()];
+      for (int i = 0; i < units.length; ++i) {
+         units[i] = from.readChar();
+      }
+      return new String(units);
    }
 
-   static void answerWith(String method, double answer) {
-      answers.put(method, answer);
+   private static void writeText(DataOutputStream to, String text) throws IOException {
+      to.writeInt(text.length());
+      to.writeChars(text);
    }
 
-   static Throwable exception(String className, String message) throws ReflectiveOperationException {
+   private static void writeOptionalText(DataOutputStream to, String text) throws IOException {
+      to.writeBoolean(text != null);
+      if (text != null) {
+         writeText(to, text);
+      }
+   }
+
+   private static void writeException(DataOutputStream to, Throwable thrown) throws IOException {
+      to.writeBoolean(thrown != null);
+      if (thrown != null) {
+         writeText(to, thrown.getClass().getName());
+         writeOptionalText(to, thrown.getMessage());
+      }
+   }
+
+   private static void writeCalls(DataOutputStream to) throws IOException {
+      synchronized (calls) {
+         to.writeInt(calls.size());
+         for (Call call : calls) {
+            writeText(to, call.method());
+            to.writeInt(System.identityHashCode(call.peer()));
+            to.writeBoolean(call.message() != null);
+            if (call.message() != null) {
+               to.writeInt(call.message().length);
+               to.write(call.message());
+            }
+         }
+      }
+   }
+
+   private static Throwable exception(String className, String message) throws ReflectiveOperationException {
       return (Throwable) Class.forName(className).getConstructor(String.class).newInstance(message);
    }
 
-   static Object delivery(String callback, byte[] message, int times, boolean onJavaThread) {
-      return new Delivery(callback, message, times, onJavaThread);
-   }
-
-   static Throwable deliver(String callback, byte[] message, int times, boolean onJavaThread)
-         throws InterruptedException {
-      return new Delivery(callback, message, times, onJavaThread).run();
-   }
-
-   /** What the callback of an answer left pending. */
-   static Throwable pending() {
-      return pending;
-   }
-
-   static int calls() {
-      synchronized (calls) {
-         return calls.size();
-      }
-   }
-
-   private static Call call(int index) {
-      synchronized (calls) {
-         return calls.stream().skip(index).findFirst().orElseThrow();
-      }
-   }
-
-   static String method(int index) {
-      return call(index).method();
-   }
-
-   static byte[] message(int index) {
-      return call(index).message();
-   }
-
-   static int peer(int index) {
-      return System.identityHashCode(call(index).peer());
-   }
-
-   static String property(String name) {
-      return System.getProperty(name);
-   }
-
    /** Forgets calls and answers. */
-   static void forget() {
+   private static void forget() {
       answers.clear();
       pending = null;
       synchronized (calls) {
@@ -178,7 +222,7 @@ public final class Recorder {
    }
 
    /** From now on remembers, without holding on to it, every object that crosses the boundary. */
-   static void watchReferences() {
+   private static void watchReferences() {
       synchronized (watched) {
          watched.clear();
          watching = true;
@@ -194,7 +238,7 @@ public final class Recorder {
    }
 
    /** Names the remembered objects that somebody still holds on to after all was forgotten here. */
-   static String heldReferences() {
+   private static String heldReferences() {
       forget();
       System.gc();
       StringBuilder held = new StringBuilder();
