@@ -181,6 +181,16 @@ TEST_P(Regions, MeetWhereTheirRangesOverlap)
    expectNothing(beta); // they have no dimension in common
 }
 
+TEST_P(Regions, GoWithNamedObjectsToo)
+{
+   RegionHandle const here = region(alpha, "here", {{lane, RangeBounds(0, 1)}});
+   alpha->reserveObjectInstanceName(L"herbie");
+   expect(alpha, {"objectInstanceNameReservationSucceeded(herbie)"});
+   alpha->registerObjectInstanceWithRegions(car, {{{position}, {here}}}, L"herbie");
+   EXPECT_TRUE(alpha->getObjectInstanceHandle(L"herbie").isValid());
+   EXPECT_REFUSED("RegionInUseForUpdateOrSubscription", alpha->deleteRegion(here));
+}
+
 TEST_P(Regions, AreOfOneOwnersUpdates)
 {
    RegionHandle const here = region(alpha, "here", {{lane, RangeBounds(0, 1)}});

@@ -601,6 +601,7 @@ TEST_P(TimeManagement, IsOnlyForWhoTakesPart)
 TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
 {
    Federate& gamma = joined("gamma");
+   RegionHandle const where = region(alpha, "where", {{lane, RangeBounds(0, 2)}});
    regulate(alpha, 1);
    constrain(beta);
    beta->timeAdvanceRequest(time(10));
@@ -621,6 +622,7 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
    }
    expectEach(all, {"federationSaved()"});
    letThemGo();
+   alpha->deleteRegion(where);
 
    alpha->requestFederationRestore(L"noon");
    alpha.callbacks(3);
@@ -631,6 +633,7 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
    }
    expectEach(all, {"federationRestored()"});
    letThemGo();
+   EXPECT_EQ(alpha->getRangeBounds(where, lane).getUpperBound(), 2u);
 }
 
 } // namespace

@@ -108,6 +108,8 @@ final class FomTest {
                 {"<objects><objectClass><name>Vehicle</name></objectClass></objects>", "HLAobjectRoot"},
                 {in(REPORT, "<order>Receive</order>"), "order"},
                 {in(REPORT, "<parameter><name>other</name></parameter>"), "other"},
+                {in(REPORT, "<interactionClass><name>Alert</name><parameter><name>text</name></parameter>"
+                        + "</interactionClass>"), "another parameter 'text"},
                 {dimension("X", "7"), "'X'"},
                 {dimension("Z", "many"), "many"},
                 {dimension("Z", "0"), "'0'"},
