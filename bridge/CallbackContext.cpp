@@ -111,12 +111,7 @@ void CallbackContextSlot::releaseAndCleanUp() noexcept
 
 void CallbackContextSlot::setTimeFactory(std::unique_ptr<TimeFactory> factory) noexcept
 {
-   TimeFactory* const old = _timeFactory.exchange(factory.release());
-   if (users(_state.load()) == 1) {
-      delete old;
-   } else {
-      retire(old);
-   }
+   retire(_timeFactory.exchange(factory.release()));
 }
 
 // Puts a chain of factories aside.
@@ -164,6 +159,8 @@ void CallbackContext::setFederateAmbassador(rti1516e::FederateAmbassador& federa
 
 void CallbackContext::setTimeFactory(std::unique_ptr<rti1516e::LogicalTimeFactory> factory)
 {
+   // Another thread may replace it at the same time. The last user that leaves takes the old ones along.
+   CallbackContextReference const use(_token);
    CallbackContextSlot& slot = slotOf(_token);
    TimeFactory* const present = slot.timeFactory();
    if (present != nullptr && &present->factory() == factory.get()) {

@@ -78,6 +78,7 @@ public:
       }
    }
 
+   // To be called while using the slot. The old one goes with the last user.
    void setTimeFactory(std::unique_ptr<TimeFactory> factory) noexcept;
    TimeFactory* timeFactory() const noexcept { return _timeFactory.load(); }
 

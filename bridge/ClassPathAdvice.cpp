@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <sstream>
 #include <system_error>
+#include <unistd.h>
 
 namespace tovu1516e {
 namespace {
@@ -26,19 +27,37 @@ std::string coreJar()
    return "<where it is>/tovu1516e.jar";
 }
 
-// A line for each file that the class path names and that is not there.
-std::string missingFiles(std::string const& classPath)
+// What is wrong with a part of the class path, whatever may be in it; nothing if nothing is.
+std::string faultOf(std::string const& name)
+{
+   if (name.back() == '*') {
+      return "Only the java command knows what to do with * in a class path; name each jar: " + name + "\n";
+   }
+   if (std::error_code failure; !fs::exists(name, failure)) {
+      return "There is no file " + name + "\n";
+   }
+   if (access(name.c_str(), R_OK) != 0) {
+      return "You may not read " + name + "\n";
+   }
+   if (std::error_code failure; fs::is_directory(name, failure)) {
+      return "Jars in a folder are not looked into; name each jar: " + name + "\n";
+   }
+   return {};
+}
+
+std::string faultsOfParts(std::string const& classPath)
 {
    std::string lines;
    std::istringstream names(classPath);
    for (std::string name; std::getline(names, name, ':');) {
-      bool const isPattern = !name.empty() && name.back() == '*';
-      if (std::error_code failure; !name.empty() && !isPattern && !fs::exists(name, failure)) {
-         lines += "There is no file " + name + "\n";
+      if (!name.empty()) {
+         lines += faultOf(name);
       }
    }
    return lines;
 }
+
+std::string whatToSet() { return "Set it before the program starts: export CLASSPATH=" + coreJar() + "\n"; }
 
 } // namespace
 
@@ -46,13 +65,20 @@ std::string classPathAdvice()
 {
    char const* const value = std::getenv("CLASSPATH");
    std::string const classPath(value != nullptr ? value : "");
-   std::string advice = missingFiles(classPath);
+   std::string advice = faultsOfParts(classPath);
    if (classPath.empty()) {
       advice = "The environment variable CLASSPATH is not set.\n";
    } else if (advice.empty()) {
       advice = "None of these is the jar of a core for this library.\n";
    }
-   return advice + "Set it before the program starts: export CLASSPATH=" + coreJar() + "\n";
+   return advice + whatToSet();
+}
+
+std::string otherCoreAdvice()
+{
+   return "The core on the CLASSPATH is of another version than this library: use the tovu1516e.jar that "
+          "came with it.\n" +
+          whatToSet();
 }
 
 } // namespace tovu1516e

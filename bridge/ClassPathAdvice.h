@@ -1,11 +1,15 @@
-// What to do about a class path that does not lead to the core, for the person at the console.
+// What to do about a class path that does not lead to the right core, for the person at the console: a line
+// or more, each with its line end.
 #pragma once
 
 #include <string>
 
 namespace tovu1516e {
 
-// A line or more, each with its line end: what is wrong with the present CLASSPATH and what would be right.
+// The core was not found: what is wrong with the present CLASSPATH, and what would be right.
 std::string classPathAdvice();
+
+// A core was found, but it lacks something that the library needs.
+std::string otherCoreAdvice();
 
 } // namespace tovu1516e

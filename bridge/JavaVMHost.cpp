@@ -16,13 +16,17 @@ namespace {
 // Set once, when the VM is ready for use. Every service reads it to attach its thread.
 std::atomic<JavaVM*> javaVM{nullptr};
 
-// In the child of a fork nothing of the VM runs any more, and whoever entered it would wait for good.
-std::atomic<bool> hasForked{false};
+// Whether a VM is there, or on its way. In the child of a fork nothing of it runs any more, and whoever
+// entered it would wait for good.
+std::atomic<bool> isStarted{false};
+std::atomic<bool> isLostByFork{false};
 
 void loseVM() noexcept
 {
-   hasForked.store(true, std::memory_order_relaxed);
-   javaVM.store(nullptr, std::memory_order_relaxed);
+   if (isStarted.load(std::memory_order_relaxed)) {
+      isLostByFork.store(true, std::memory_order_relaxed);
+      javaVM.store(nullptr, std::memory_order_relaxed);
+   }
 }
 
 void watchForForks()
@@ -33,8 +37,6 @@ void watchForForks()
    }
    watching = true;
 }
-
-constexpr wchar_t const* forked = L"The Java VM of a process does not live on in the child of a fork";
 
 // What the VM expects of the x87 unit: all exceptions masked, rounding to nearest, 53-bit precision,
 // projective infinity, denormals kept.
@@ -50,6 +52,7 @@ constexpr std::uint32_t wholeControlWord = 0x30F031F;
 
 [[noreturn]] void failWith(wchar_t const* what, jint code)
 {
+   isStarted.store(false, std::memory_order_relaxed);
    failSetup(what + (L" Error: " + jniErrorText(code)) + L"\n");
 }
 
@@ -93,33 +96,42 @@ JavaVM* createVM()
    return vm;
 }
 
+void startVM()
+{
+   watchForForks();
+   isStarted.store(true, std::memory_order_relaxed);
+   auto const saved = control87(0, 0);
+   setControlWordForVM();
+   JavaVM* vm = joinVM();
+   if (vm == nullptr) {
+      vm = createVM();
+   }
+   javaVM.store(vm, std::memory_order_release);
+   control87(saved, wholeControlWord);
+}
+
 } // namespace
 
 JNIEnv* acquireJNIEnv()
 {
-   if (javaVM.load(std::memory_order_acquire) == nullptr) {
-      if (hasForked.load(std::memory_order_relaxed)) {
-         failSetup(std::wstring(forked) + L"\n");
-      }
-      watchForForks();
-      auto const saved = control87(0, 0);
-      setControlWordForVM();
-      JavaVM* vm = joinVM();
-      if (vm == nullptr) {
-         vm = createVM();
-      }
-      javaVM.store(vm, std::memory_order_release);
-      control87(saved, wholeControlWord);
+   if (javaVM.load(std::memory_order_acquire) == nullptr && !isLostByFork.load(std::memory_order_relaxed)) {
+      startVM();
    }
-   return attachCurrentThread();
+   try {
+      return attachCurrentThread();
+   } catch (rti1516e::RTIinternalError const& failure) {
+      failSetup(failure.what() + L"\n");
+   }
 }
 
 JNIEnv* attachCurrentThread()
 {
    JavaVM* const vm = javaVM.load(std::memory_order_acquire);
    if (vm == nullptr) {
-      bool const isChild = hasForked.load(std::memory_order_relaxed);
-      throw rti1516e::RTIinternalError(isChild ? forked : L"There is no Java VM");
+      throw rti1516e::RTIinternalError(
+         isLostByFork.load(std::memory_order_relaxed)
+            ? L"The Java VM of a process does not live on in the child of a fork"
+            : L"There is no Java VM");
    }
    void* env = nullptr;
    if (jint const code = vm->AttachCurrentThread(&env, nullptr); code < 0) {

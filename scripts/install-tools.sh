@@ -8,10 +8,13 @@ needs=(
   "g++ g++"
   "cmake cmake"
   "ninja ninja-build"
+  "make make"
   "git git"
   "javac openjdk-17-jdk-headless"
   "/usr/include/gtest/gtest.h libgtest-dev"
   "pkg-config pkg-config"
+  "dpkg-shlibdeps dpkg-dev"
+  "file file"
 )
 case ${1:-} in
   lint) needs+=("clang-format clang-format" "clang-tidy clang-tidy" "cppcheck cppcheck" "shellcheck shellcheck") ;;

@@ -2,6 +2,7 @@
 
 #include "bridge/Assertion.h"
 #include "bridge/CallbackContext.h"
+#include "bridge/ClassPathAdvice.h"
 #include "bridge/JavaException.h"
 #include "bridge/LocalReference.h"
 #include "bridge/PinnedArray.h"
@@ -114,9 +115,9 @@ private:
 template <class... Codes, std::size_t... I>
 void deliver(JNIEnv* env, jbyteArray array, Callback<Codes...> const& callback, std::index_sequence<I...>)
 {
-   std::tuple<typename Codes::Received...> arguments;
-   // Whatever happens, the message is let go of before the context, with which a time factory may go.
+   // The message is let go of first, and last the context, with which a time factory may go.
    CallbackContextReference context;
+   std::tuple<typename Codes::Received...> arguments;
    std::optional<IncomingMessage> message(std::in_place, env, array);
    if (!context.find(message->token())) {
       refuse("The RTI ambassador of this callback is gone");
@@ -224,6 +225,7 @@ void registerCallbackNatives(JNIEnv* env)
    }
    if (!cls) {
       std::fputs("The file tovu1516e.jar can not be found in the CLASSPATH.\n", stderr);
+      std::fputs(otherCoreAdvice().c_str(), stderr);
       return;
    }
    static char signature[] = "([B)V";
@@ -240,6 +242,7 @@ void registerCallbackNatives(JNIEnv* env)
          env->ExceptionClear();
       }
       std::fputs("Failed to register native functions.\n", stderr);
+      std::fputs(otherCoreAdvice().c_str(), stderr);
    }
 }
 

@@ -1,6 +1,7 @@
 #include "gen/cpp/ServiceFrame.h"
 
 #include "bridge/Assertion.h"
+#include "bridge/ClassPathAdvice.h"
 #include "bridge/JavaVMHost.h"
 
 #include <RTI/Exception.h>
@@ -100,9 +101,7 @@ void fillMethodTable(JNIEnv* env, jclass ambassadorClass)
       jmethodID const id = env->GetMethodID(ambassadorClass, method->name, method->signature);
       if (id == nullptr) {
          env->ExceptionClear();
-         std::fputs("The core on the CLASSPATH is of another version than this library: "
-                    "use the tovu1516e.jar that came with it.\n",
-                    stderr);
+         std::fputs(otherCoreAdvice().c_str(), stderr);
          std::fprintf(stderr, "Cannot locate %s.\n", method->name);
          failAssertion("id != 0", "gen/cpp/RTIambassadorC", __LINE__);
       }

@@ -16,9 +16,9 @@ namespace rti1516e {
 // What a federate implements to be called back. NullFederateAmbassador spares it the callbacks it has no use
 // for.
 //
-// In the evoked model callbacks run on the thread that evokes them; in the immediate model on a thread of the
-// infrastructure's, with the floating-point control word of the thread that called connect. Arguments taken
-// by reference live until the callback returns: copy what is to be kept, times by their own means.
+// In the evoked model callbacks run on the thread that evokes them, in the immediate model on a thread of the
+// infrastructure's; in both with the floating-point control word of the thread that called connect. Arguments
+// taken by reference live until the callback returns: copy what is to be kept, times by their own means.
 //
 // A callback reports failure by throwing FederateInternalError. That, any other exception of the interface,
 // std::exception, a std::string and, unless the environment variable TOVU1516_DONTCATCHALL is set, whatever

@@ -10,6 +10,7 @@
 #include <RTI/LogicalTime.h>
 #include <RTI/LogicalTimeFactory.h>
 #include <RTI/LogicalTimeInterval.h>
+#include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTIambassador.h>
 #include <RTI/RTIambassadorFactory.h>
 #include <RTI/RangeBounds.h>

@@ -30,7 +30,9 @@ public:
    // child of a fork, there is no infrastructure to be reached, and no new VM can be had in this process.
    //
    // Throws RTIinternalError, with the reason also written to the standard error stream, if there is no
-   // infrastructure to be reached.
+   // infrastructure to be reached, and RTIinternalError too if the process has 4096 ambassadors already. The
+   // next call tries again; but where a VM has refused its options once, those of OpenJDK start a second time
+   // without their class path, so that only a new process helps.
    std::auto_ptr<RTIambassador> createRTIambassador();
 };
 

@@ -31,7 +31,8 @@ public:
 
    ~VariableLengthData();
 
-   // The bytes, valid until this object is changed or destroyed. Null if there are none.
+   // The bytes, valid until this object is changed or destroyed; of no use, and perhaps null, if there are
+   // none.
    void const* data() const noexcept;
    unsigned int size() const noexcept;
 

@@ -61,6 +61,7 @@ class TestValue : public Base, public Living<TestValue<Base, length>>
 {
 public:
    explicit TestValue(std::uint64_t number) : _number(number) {}
+   ~TestValue() override { Faults::at("destroy"); }
 
    static Bytes encoded(std::uint64_t number)
    {

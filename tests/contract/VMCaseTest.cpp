@@ -278,9 +278,10 @@ TEST_F(VMCaseTest, VMThatIsGone)
 {
    environment["CLASSPATH"] = recordingCore;
    std::string const text = "RTIinternalError: Cannot attach the thread to the Java VM: Unknown error (-1)\n";
-   EXPECT_EQ(seenBy("VM that is destroyed"), "destroyed VM: 0\n" + text + text + "destroyed\n");
-   EXPECT_EQ(seenBy("static ambassador when Java exits"), text + text + "destroyed\n");
-   EXPECT_EQ(seenBy("static ambassador in a callback when Java exits"), text + text + "destroyed\n");
+   std::string const destroyed = text + text + "\ndestroyed\n";
+   EXPECT_EQ(seenBy("VM that is destroyed"), "destroyed VM: 0\n" + destroyed);
+   EXPECT_EQ(seenBy("static ambassador when Java exits"), destroyed);
+   EXPECT_EQ(seenBy("static ambassador in a callback when Java exits"), destroyed);
    EXPECT_EQ(seenBy("static ambassador"), working);
 }
 

@@ -1,6 +1,7 @@
 // Makes the mistake that its argument names, as a federate's author might: mistakes MISTAKE FOM-MODULE.
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
+#include <RTI/time/HLAinteger64Time.h>
 
 #include <chrono>
 #include <functional>
@@ -60,7 +61,23 @@ std::map<std::string, std::function<void()>> const mistakes = {
        fomModule = L"rom.xml";
        Federate federate;
     }},
+   {"FOM is a folder",
+    [] {
+       fomModule = L"fom";
+       Federate federate;
+    }},
+   {"FOM is no XML",
+    [] {
+       fomModule = L"notes.txt";
+       Federate federate;
+    }},
+   {"FOM is another XML",
+    [] {
+       fomModule = L"page.xml";
+       Federate federate;
+    }},
    {"wrong name", [] { Federate().rti->getObjectClassHandle(L"Thermometr"); }},
+   {"name not in full", [] { Federate().rti->getObjectClassHandle(L"person"); }},
    {"no such federation",
     [] {
        Federate federate;
@@ -84,6 +101,12 @@ std::map<std::string, std::function<void()>> const mistakes = {
        Federate other(L"Hall");
        one.registerPerson();
        one.rti->deleteObjectInstance(other.registerPerson(), VariableLengthData());
+    }},
+   {"time of another class", [] { Federate().rti->timeAdvanceRequest(HLAinteger64Time(4)); }},
+   {"asks for a time of another class",
+    [] {
+       HLAinteger64Time time;
+       Federate().rti->queryLogicalTime(time);
     }},
    {"never evokes",
     [] {

@@ -14,10 +14,11 @@ c++ "${flags[@]}" "-L$prefix/lib" "-Wl,-rpath,$prefix/lib" -o mistakes
 jar=$prefix/share/rti1516e/tovu1516e.jar
 failures=0
 
-# The page is written for one place of installation, one folder to work in, and the usual patience.
+# The page is written for one place of installation, one folder to work in, the usual patience and one state of the source.
 as_on_page() {
   sed -e "s|$prefix/|/opt/rti1516e/|g" -e "s|$scratch/lib/|/opt/rti1516e/lib/|g" -e "s|$scratch|/home/you/room|g" \
-    -e 's|evoked none for 1 s|evoked none for 10 s|' -e 's|^\./[a-z_]*: ||' -e 's|^/usr/bin/ld: ||'
+    -e 's|evoked none for 1 s|evoked none for 10 s|' -e 's|\(RTIambassadorC, line\) [0-9]*|\1 107|' \
+    -e 's|^\./[a-z_]*: ||' -e 's|^/usr/bin/ld: ||'
 }
 
 mistake() { # what to run; it prints something, and each line of it is on the page
@@ -35,6 +36,11 @@ mistake() { # what to run; it prints something, and each line of it is on the pa
   done <<<"$lines"
 }
 
+# What the mistakes about FOM modules name.
+mkdir fom
+echo 'The room has four walls.' >notes.txt
+echo '<html><body/></html>' >page.xml
+
 run() { # CLASSPATH, MISTAKE: the program with this mistake; how it ends is no matter
   CLASSPATH=$1 TOVU1516_OPTION1=-Dtovu.local.evokeReminder=1 ./mistakes "$2" "$fom_module" || true
 }
@@ -49,6 +55,7 @@ with_two_versions() {
   { CLASSPATH=$contract_jars/lacks-retractMRH.jar:$contract_jars/recording-core.jar ./mistakes none "$fom_module" || true; } 2>&1 |
     grep -v Aborted
 }
+asking_for_another_time() { run "$jar" "asks for a time of another class" 2>&1 | grep -v Aborted; }
 without_java() { LD_LIBRARY_PATH=$scratch/lib ./without_rpath none "$fom_module" || true; }
 linked_without_java() {
   { c++ "${flags[@]}" -L"$scratch/lib" -o nothing || true; } 2>&1 | grep -v 'collect2\|GetCreated' | sed 's|.*undefined|undefined|'
@@ -58,13 +65,21 @@ mistake told_once without_class_path
 mistake told_once run "$prefix/tovu1516e.jar" none
 cp "$contract_jars/chained-exceptions.jar" other.jar
 mistake told_once run other.jar none
+mkdir jars
+cp "$jar" jars
+mistake told_once run jars none
+mistake told_once run 'jars/*' none
 mistake with_two_versions
 mistake with_bad_option
-mistake ./without_rpath none "$fom_module" || true
-for mistake in "not connected" "not joined" "wrong FOM" "wrong name" "no such federation" "not published" \
-  "another federation's handle" "resigns as owner" "never evokes" "throws in a callback"; do
+if ldd without_rpath | grep -q 'librti1516e.*not found'; then # or else the library is also where the loader looks
+  mistake ./without_rpath none "$fom_module" || true # it cannot even start
+fi
+for mistake in "not connected" "not joined" "wrong FOM" "FOM is a folder" "FOM is no XML" "FOM is another XML" \
+  "wrong name" "name not in full" "no such federation" "not published" "another federation's handle" \
+  "resigns as owner" "time of another class" "never evokes" "throws in a callback"; do
   mistake run "$jar" "$mistake"
 done
+mistake asking_for_another_time
 
 # A library whose Java runtime is gone.
 mkdir lib

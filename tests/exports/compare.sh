@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Compares what the libraries export with the lists beside this script: names are an ABI that federates are linked
-# with, so that each that comes or goes has to be meant.
+# with, so that each that comes or goes has to be meant. And the natives among them have to stay where they are.
 #
 #   compare.sh librti1516e.so libfedtime1516e.so          fails, and tells the differences
 #   compare.sh librti1516e.so libfedtime1516e.so --update writes interface.txt anew
@@ -42,5 +42,10 @@ if [ "${3:-}" = --update ]; then
 fi
 if ! diff <({ exceptions; natives; cat "$here/interface.txt"; } | sort) <({ exported "$1"; exported "$2"; } | sort); then
   echo "Names with < are no longer exported, names with > are new." >&2
+  exit 1
+fi
+
+if ! readelf --wide --dynamic "$1" | grep -q NODELETE; then
+  echo "$1 can be unloaded, although the Java VM calls into it." >&2
   exit 1
 fi

@@ -82,6 +82,22 @@ TEST(CallbackContexts, KeepAReplacedTimeFactoryWhileItIsUsed)
    EXPECT_EQ(livingFactories, 0);
 }
 
+TEST(CallbackContexts, MayBeGivenTimeFactoriesByTwoThreads)
+{
+   {
+      CallbackContext context;
+      auto const join = [&context] {
+         for (int i = 0; i < 20000; ++i) {
+            context.setTimeFactory(std::make_unique<CountedFactory>());
+         }
+      };
+      std::thread other(join);
+      join();
+      other.join();
+   }
+   EXPECT_EQ(livingFactories, 0);
+}
+
 TEST(CallbackContexts, OutliveTheirAmbassadorForACallbackThatRuns)
 {
    auto context = std::make_unique<CallbackContext>();

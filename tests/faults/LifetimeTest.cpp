@@ -20,8 +20,11 @@ protected:
 TEST_F(LifetimeTest, OfAnAmbassadorMayEndInItsOwnCallback)
 {
    federate.inCallback = [this] { ambassador.reset(); };
+   contract::Faults::set("destroy", [] { EXPECT_EQ(contract::TestTimeFactory::count, 1); });
    EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", contract::TestTime::encoded(7)), "none");
+   contract::Faults::clear();
    EXPECT_EQ(ambassador, nullptr);
+   EXPECT_EQ(contract::TestTimeFactory::count, 0);
 }
 
 // The service that evokes the callback comes back to an ambassador that is no more.

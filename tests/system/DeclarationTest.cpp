@@ -56,6 +56,10 @@ TEST_P(Declaration, IsNotTakenBackWhileOwnershipIsBeingAcquired)
    EXPECT_REFUSED("OwnershipAcquisitionPending", beta->unpublishObjectClass(car));
    EXPECT_REFUSED("OwnershipAcquisitionPending", beta->unpublishObjectClassAttributes(car, {speed, fuel}));
    beta->unpublishObjectClassAttributes(car, {fuel});
+   beta->cancelAttributeOwnershipAcquisition(object, {speed});
+   beta->attributeOwnershipAcquisition(object, {privilege}, {});
+   EXPECT_REFUSED("OwnershipAcquisitionPending",
+                  beta->unpublishObjectClassAttributes(car, {position, speed})); // the privilege would go too
 }
 
 TEST_P(Declaration, IsToldToPublishersWhoWantToKnowWhetherToRegister)

@@ -42,6 +42,9 @@ TEST_P(Objects, HaveNamesThatAreReservedOnce)
    EXPECT_REFUSED("ObjectInstanceNameInUse", beta->registerObjectInstance(car, L"herbie"));
    alpha->reserveObjectInstanceName(L"herbie");
    expect(alpha, {"objectInstanceNameReservationFailed(herbie)"});
+   beta->resignFederationExecution(UNCONDITIONALLY_DIVEST_ATTRIBUTES); // nobody knows it any more
+   alpha->reserveObjectInstanceName(L"herbie");
+   expect(alpha, {"objectInstanceNameReservationSucceeded(herbie)"});
 }
 
 TEST_P(Objects, HaveNamesThatAreReservedTogetherOrNotAtAll)

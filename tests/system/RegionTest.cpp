@@ -204,6 +204,23 @@ TEST_P(Regions, AreOfOneOwnersUpdates)
    expect(alpha, {"provideAttributeValueUpdate(car, {Position}, please)"}); // it is everywhere now
 }
 
+TEST_P(Regions, AreSubscribedToOnTermsOfTheirOwn)
+{
+   RegionHandle const near = region(beta, "near", {{lane, RangeBounds(0, 1)}});
+   RegionHandle const far = region(beta, "far", {{lane, RangeBounds(2, 3)}});
+   beta->subscribeObjectClassAttributesWithRegions(car, {{{position}, {near}}}, true, L"Fast");
+   beta->subscribeObjectClassAttributesWithRegions(car, {{{position}, {far}}}, false);
+   RegionHandle const where = region(alpha, "where", {{lane, RangeBounds(0, 1)}});
+   alpha->enableAttributeRelevanceAdvisorySwitch();
+   ObjectInstanceHandle const moving = carIn(where, "car");
+   expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+   expect(alpha, {"turnUpdatesOnForObjectInstance(car, {Position}, Fast)"});
+   EXPECT_EQ(beta->getUpdateRateValueForAttribute(moving, position), 50);
+   move(alpha, where, RangeBounds(2, 3)); // where beta takes whatever comes, but asks for nothing
+   expect(alpha, {"turnUpdatesOffForObjectInstance(car, {Position})"});
+   EXPECT_EQ(beta->getUpdateRateValueForAttribute(moving, position), 0);
+}
+
 TEST_P(Regions, BringAttributesIntoScope)
 {
    beta->enableAttributeScopeAdvisorySwitch();

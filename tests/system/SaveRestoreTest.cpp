@@ -113,6 +113,12 @@ TEST_P(SaveRestore, SavesInTheRightOrder)
    EXPECT_REFUSED("SaveNotInitiated", alpha->federateSaveBegun());
    EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveComplete());
    EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveNotComplete());
+   beta->disableCallbacks();
+   alpha->requestFederationSave(L"noon");
+   EXPECT_REFUSED("SaveNotInitiated", beta->federateSaveBegun()); // as far as beta knows
+   alpha->abortFederationSave();
+   beta->enableCallbacks();
+   expectEach({&alpha, &beta}, {"initiateFederateSave(noon)", "federationNotSaved(aborted)"});
    askForASave();
    EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveComplete());
    EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveNotComplete());

@@ -1,5 +1,8 @@
 #include "FederationTest.h"
 
+#include <set>
+#include <string>
+
 namespace {
 
 using namespace system_tests;
@@ -79,6 +82,24 @@ TEST_P(Synchronization, IsAnnouncedToWhoJoinsLate)
    late->synchronizationPointAchieved(L"ready");
    expectEach({&alpha, &beta, &late}, {synchronized});
    expectNothing(joined("latest"));
+}
+
+TEST_P(Synchronization, IsAnnouncedToMembersOnly)
+{
+   for (int point = 0; point < 20; ++point) {
+      alpha->registerFederationSynchronizationPoint(std::to_wstring(point), bytes("tag"));
+   }
+   Federate& late = connected("late");
+   std::set<std::string> answers;
+   late.onCallback = [&](std::string const&) {
+      answers.insert(refusal([&] { late->getAutomaticResignDirective(); }));
+   };
+   for (int visit = 0; visit < 10; ++visit) {
+      late.join(federation());
+      EXPECT_EQ(late.callbacks(20).size(), 20U);
+      EXPECT_EQ(answers, std::set<std::string>{"nothing"});
+      late->resignFederationExecution(NO_ACTION);
+   }
 }
 
 TEST_P(Synchronization, DoesNotWaitForWhoResigned)

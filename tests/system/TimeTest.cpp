@@ -444,6 +444,16 @@ TEST_P(TimeManagement, TakesMessagesBack)
    alpha->retract(third); // which beta has received
    expectEach({&beta, &gamma}, {"requestRetraction(third)"});
    EXPECT_REFUSED("TimeRegulationIsNotEnabled", beta->retract(third));
+
+   RegionHandle const where = region(alpha, "where", {{lane, RangeBounds(0, 1)}});
+   alpha->associateRegionsForUpdates(object, {{{position}, {where}}});
+   alpha->retract(alpha->deleteObjectInstance(object, bytes(""), time(20)));
+   EXPECT_REFUSED("RegionInUseForUpdateOrSubscription", alpha->deleteRegion(where));
+   MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(20));
+   alpha->unpublishObjectClass(car);
+   alpha->retract(deletion);
+   EXPECT_EQ(alpha->getKnownObjectClassHandle(object), car);
+   EXPECT_FALSE(alpha->isAttributeOwnedByFederate(object, position)); // which it does not publish any more
 }
 
 TEST_P(TimeManagement, SavesAtATime)
@@ -453,46 +463,59 @@ TEST_P(TimeManagement, SavesAtATime)
    alpha->requestFederationSave(L"noon", time(10));
    update("before", 9);
    update("after", 12);
-   requestAdvances(20);
+   alpha->timeAdvanceRequest(time(20)); // which beta would not allow
+   beta->timeAdvanceRequest(time(15));
    expect(beta, {reflected("before", 9), "initiateFederateSave(noon, 10)"});
    expect(alpha, {"initiateFederateSave(noon, 10)"});
    completeSave();
-   expect(alpha, {"federationSaved()", granted(20)});
-   expect(beta, {"federationSaved()", reflected("after", 12), granted(20)});
+   expect(alpha, {"federationSaved()"});
+   expect(beta, {"federationSaved()", reflected("after", 12), granted(15)});
+   advance(beta, 20);
+   expect(alpha, {granted(20)});
    EXPECT_REFUSED("LogicalTimeAlreadyPassed", alpha->requestFederationSave(L"past", time(5)));
 }
 
 TEST_P(TimeManagement, AndObjectsComeBackWithARestore)
 {
    coordinate(1);
+   Federate& gamma = joined("gamma"); // is sent the same messages
+   gamma->subscribeObjectClassAttributes(car, ofVehicle);
+   expect(gamma, {"discoverObjectInstance(car, Car, car, alpha)"});
+   constrain(gamma);
    requestAdvances(10);
    expectEach({&alpha, &beta}, {granted(10)});
    update("kept", 15);
    beta->requestFederationSave(L"noon");
-   expectEach({&alpha, &beta}, {"initiateFederateSave(noon)"});
+   expectEach({&alpha, &beta, &gamma}, {"initiateFederateSave(noon)"});
    completeSave();
-   expectEach({&alpha, &beta}, {"federationSaved()"});
+   gamma->federateSaveBegun();
+   gamma->federateSaveComplete();
+   expectEach({&alpha, &beta, &gamma}, {"federationSaved()"});
 
    alpha->deleteObjectInstance(object, bytes(""));
    requestAdvances(30);
    expect(alpha, {granted(30)});
    expect(beta, {"removeObjectInstance(car, , RO, by alpha)", granted(30)}); // and so no more of the car
    alpha->disableTimeRegulation();
+   beta->requestFederationSave(L"evening", time(40));
 
    alpha->requestFederationRestore(L"noon");
    alpha.callbacks(3);
    beta.callbacks(2);
-   alpha->federateRestoreComplete();
-   beta->federateRestoreComplete();
-   expectEach({&alpha, &beta}, {"federationRestored()"});
+   gamma.callbacks(2);
+   for (Federate* const federate : {&alpha, &beta, &gamma}) {
+      (*federate)->federateRestoreComplete();
+   }
+   expectEach({&alpha, &beta, &gamma}, {"federationRestored()"});
    EXPECT_EQ(now(alpha), "10");
    EXPECT_EQ(now(beta), "10");
    EXPECT_EQ(lookahead(alpha), "1");
    EXPECT_TRUE(alpha->isAttributeOwnedByFederate(object, position));
    EXPECT_EQ(beta->getKnownObjectClassHandle(object), car);
-   requestAdvances(20);
-   expect(alpha, {granted(20)});
-   expect(beta, {reflected("kept", 15), granted(20)});
+   requestAdvances(50); // past the time of the save, which is off
+   gamma->timeAdvanceRequest(time(50));
+   expect(alpha, {granted(50)});
+   expectEach({&beta, &gamma}, {reflected("kept", 15), granted(50)});
 }
 
 TEST_P(TimeManagement, CountsWithWhatIsAnsweredToAMessage)
@@ -579,6 +602,20 @@ TEST_P(TimeManagement, ConstrainsWhoIsAheadWhenTheOthersHaveCaughtUp)
    expectNothing(beta);
    advance(alpha, 50);
    expect(beta, {"timeConstrainedEnabled(50)"});
+}
+
+TEST_P(TimeManagement, HasNothingBehindItsEnd)
+{
+   constrain(beta);
+   if (GetParam() == HLA_IMMEDIATE) {
+      beta->timeAdvanceRequest(HLAfloat64Time(std::numeric_limits<double>::infinity()));
+   } else {
+      beta->timeAdvanceRequest(*beta->getTimeFactory()->makeFinal());
+   }
+   beta.callbacks(1);
+   alpha->enableTimeRegulation(interval(1));
+   alpha.callbacks(1);
+   EXPECT_TRUE(*alpha->queryLogicalTime() > time(0)); // is a number
 }
 
 TEST_P(TimeManagement, IsOnlyForWhoTakesPart)

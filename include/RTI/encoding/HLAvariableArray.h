@@ -25,13 +25,12 @@ RTI_AUTO_PTR_BEGIN
 //
 // Decoding resizes the array to the number that it finds: it decodes into the elements that there are, adds
 // clones of the prototype, and takes away the last ones. Three things to know of it:
-// - the count is looked for at the next multiple of 4 from the index on, while the array is encoded on its
-// own
-//   octet boundary; pass an index that is a multiple of getOctetBoundary();
-// - a number larger than the number of octets left fails before anything is changed: EncoderException
+// - The count is looked for at the next multiple of 4 from the index on, although the array is encoded on its
+//   own octet boundary: pass an index that is a multiple of getOctetBoundary().
+// - A number larger than the number of octets left fails before anything is changed: EncoderException
 //   "HLAvariableArray cannot decode (indata too short)". Elements without octets (empty records) are decoded
-//   only up to that number;
-// - a failure in an element leaves those before it changed and the array resized.
+//   only up to that number.
+// - A failure in an element leaves those before it changed and the array resized.
 class RTI_EXPORT HLAvariableArray : public DataElement
 {
 public:
@@ -63,6 +62,7 @@ public:
    virtual DataElement const& get(size_t index) const;
    DataElement const& operator[](size_t index) const;
 
+   // Whether an element is of the prototype's type.
    virtual bool hasPrototypeSameTypeAs(DataElement const& other) const;
 
    // Appends a clone of the given element, or the element itself, lent. Neither is compared with the

@@ -40,10 +40,17 @@ final class Connection {
 
     /**
      * An ambassador that is destroyed while it is joined disconnects in vain and is dropped by the library right after.
-     * Only the garbage collector sees that, and the federation should not have to wait for it to come round.
+     * Only the garbage collector sees that, and the federation should not have to wait for it to come round. How soon
+     * "right after" is depends on how busy the machine is, so it looks again, after longer and longer.
      */
-    private static void suspectDestruction() {
-        CompletableFuture.delayedExecutor(100, TimeUnit.MILLISECONDS).execute(System::gc);
+    private void suspectDestruction() {
+        for (long delay = 100; delay <= 10_000; delay *= 10) {
+            CompletableFuture.delayedExecutor(delay, TimeUnit.MILLISECONDS).execute(() -> {
+                if (session.federate() != null) {
+                    System.gc();
+                }
+            });
+        }
     }
 
     /** @return what delivered until now, or null */

@@ -61,6 +61,17 @@ final class Merger {
             T row = byName.get(name);
             return row != null || root.isEmpty() ? row : byName.get(root + "." + name);
         }
+
+        /** A name that has more in front of it or other letters small, or null. */
+        String nameLike(String name) {
+            String end = "." + name;
+            for (String each : byName.keySet()) {
+                if (("." + each).regionMatches(true, each.length() - name.length(), end, 0, end.length())) {
+                    return each;
+                }
+            }
+            return null;
+        }
     }
 
     private InconsistentFDD inconsistent(FomElement where, String what) {
@@ -218,12 +229,17 @@ final class Merger {
         }
     }
 
-    private void addAttribute(ObjectClass theClass, FomElement row) throws InconsistentFDD {
+    private String nameOfNew(FomElement row, ClassNode<?, ?> theClass) throws InconsistentFDD {
         String name = name(row);
         if (theClass.member(name) != null || theClass.isDeclaredBelow(name)) {
-            throw inconsistent(row, "class '" + theClass.name() + "', or a class above or below it, has another attribute '" + name
-                    + "'; rename one of them");
+            throw inconsistent(row, "class '" + theClass.name() + "', or a class above or below it, has another "
+                    + row.tag + " '" + name + "'; rename one of them");
         }
+        return name;
+    }
+
+    private void addAttribute(ObjectClass theClass, FomElement row) throws InconsistentFDD {
+        String name = nameOfNew(row, theClass);
         Attribute attribute = readAttribute(row, model.attributes.size() + 1, name);
         model.attributes.add(attribute);
         theClass.addMember(name, attribute.handle(), attribute);
@@ -330,11 +346,7 @@ final class Merger {
     }
 
     private void addParameter(InteractionClass theClass, FomElement row) throws InconsistentFDD {
-        String name = name(row);
-        if (theClass.member(name) != null || theClass.isDeclaredBelow(name)) {
-            throw inconsistent(row, "class '" + theClass.name() + "', or a class above or below it, has another parameter '" + name
-                    + "'; rename one of them");
-        }
+        String name = nameOfNew(row, theClass);
         Parameter parameter = new Parameter(model.parameters.size() + 1, name);
         model.parameters.add(parameter);
         theClass.addMember(name, parameter.handle(), parameter);

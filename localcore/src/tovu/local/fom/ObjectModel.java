@@ -73,6 +73,11 @@ public final class ObjectModel {
         return objectClasses.named(name, OBJECT_ROOT);
     }
 
+    /** The name of an object class that might be meant by one that there is not, or null. */
+    public String objectClassLike(String name) {
+        return objectClasses.nameLike(name);
+    }
+
     /** The attribute whose owner may delete an instance. */
     public Attribute privilegeToDelete() {
         return objectClass(OBJECT_ROOT).member(PRIVILEGE_TO_DELETE);
@@ -84,6 +89,10 @@ public final class ObjectModel {
 
     public InteractionClass interactionClass(String name) {
         return interactionClasses.named(name, INTERACTION_ROOT);
+    }
+
+    public String interactionClassLike(String name) {
+        return interactionClasses.nameLike(name);
     }
 
     public Dimension dimension(int handle) {

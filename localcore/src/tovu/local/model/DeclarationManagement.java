@@ -8,6 +8,7 @@ import java.util.Set;
 import java.util.TreeSet;
 import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectClass;
+import tovu.local.model.Interest.Terms;
 
 /** Publication and subscription. */
 @SuppressWarnings("serial") // kept in memory only
@@ -51,17 +52,18 @@ public final class DeclarationManagement implements Saved {
 
     private void unpublish(Federate federate, ObjectClass theClass, Set<Integer> attributes)
             throws OwnershipAcquisitionPending {
+        Set<Integer> gone = federate.publications.goneWith(theClass, attributes);
         for (ObjectInstance object : federate.knownObjects) {
             if (object.knowledgeOf(federate).knownClass == theClass) {
                 for (InstanceAttribute each : object.attributes()) {
-                    if (attributes.contains(each.handle()) && each.candidate(federate) != null) {
+                    if (gone.contains(each.handle()) && each.candidate(federate) != null) {
                         throw new OwnershipAcquisitionPending(federate + " wants to own attribute '"
                                 + each.definition.name() + "' of " + object + "; cancel the acquisition first");
                     }
                 }
             }
         }
-        federate.publications.remove(theClass, attributes);
+        federate.publications.remove(theClass, gone);
         federation.ownership().unpublished(federate, theClass);
         federation.relevance().publicationChanged(federate, theClass);
     }
@@ -82,14 +84,13 @@ public final class DeclarationManagement implements Saved {
             String updateRate) throws RTIexception {
         federation.lookup().updateRate(updateRate);
         ObjectClass theClass = federation.lookup().objectClass(classHandle);
-        subscribe(federate, theClass, everyRegion(Lookup.attributes(theClass, attributes)), active, updateRate);
+        Map<Integer, Set<Region>> everywhere = everyRegion(Lookup.attributes(theClass, attributes));
+        subscribe(federate, theClass, everywhere, new Terms(active, updateRate));
     }
 
     /** @param where for each attribute the regions, or null for everywhere */
-    void subscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where, boolean active,
-            String updateRate) {
-        where.forEach((attribute, regions) ->
-                federate.subscriptions.add(theClass, attribute, regions, active, updateRate));
+    void subscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where, Terms terms) {
+        where.forEach((attribute, regions) -> federate.subscriptions.add(theClass, attribute, regions, terms));
         subscriptionChanged(federate, theClass);
     }
 

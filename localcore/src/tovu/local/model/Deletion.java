@@ -2,6 +2,7 @@ package tovu.local.model;
 
 import java.util.List;
 import tovu.local.fom.ObjectClass;
+import tovu.local.model.InstanceAttribute.Possession;
 
 /**
  * What it takes to undo a deletion that is retracted.
@@ -11,6 +12,6 @@ import tovu.local.fom.ObjectClass;
  * @param knownClass as which class the deleter knew it
  * @param owned      the attributes that the deleter owned
  */
-record Deletion(ObjectInstance object, Federate deleter, ObjectClass knownClass, List<InstanceAttribute> owned)
+record Deletion(ObjectInstance object, Federate deleter, ObjectClass knownClass, List<Possession> owned)
         implements Saved {
 }

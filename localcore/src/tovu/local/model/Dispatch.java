@@ -43,7 +43,7 @@ final class Dispatch {
         if (order == OrderType.TIMESTAMP && sent == null) {
             sent = federation.retractions().register(sender, time);
         }
-        return new Message.Sending(sender, time, timed, order, order == OrderType.TIMESTAMP ? sent.handle : 0,
+        return new Message.Sending(time, timed, order, order == OrderType.TIMESTAMP ? sent.handle : 0,
                 federation.nextSequence(), tag);
     }
 

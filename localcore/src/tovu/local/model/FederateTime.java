@@ -24,10 +24,18 @@ final class FederateTime implements Saved {
     private long floor = Long.MIN_VALUE;
     private long start; // of regulation, while that is pending
     private long deliveredUntil = Long.MIN_VALUE;
+    private boolean doubted;
     boolean asynchronousDelivery;
 
     FederateTime(TimeFamily family) {
         this.family = family;
+    }
+
+    /** Whether nobody has doubted yet that the federate uses times of the right class; from now on somebody has. */
+    boolean isFirstDoubt() {
+        boolean first = !doubted;
+        doubted = true;
+        return first;
     }
 
     long time() {
@@ -60,11 +68,6 @@ final class FederateTime implements Saved {
     void decide(long theTime) {
         decided = true;
         granted = theTime;
-    }
-
-    /** What was decided was never told: it is to be decided again. */
-    void undecide() {
-        decided = false;
     }
 
     /** The federate is told what was decided. */

@@ -13,7 +13,6 @@ import hla.rti1516e.exceptions.RestoreInProgress;
 import hla.rti1516e.exceptions.SaveInProgress;
 import java.util.Collection;
 import java.util.List;
-import java.util.Map;
 import java.util.Set;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
@@ -243,6 +242,7 @@ public final class Federation {
             String chosen = federateName == null ? unusedName(federateType, handle) : federateName;
             Federate federate = new Federate(this, handle, chosen, federateType, session, sink);
             state.members.put(handle, federate);
+            session.become(federate);
             state.synchronizationPoints.joined(federate);
             return federate;
         }

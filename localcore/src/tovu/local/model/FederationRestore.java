@@ -95,21 +95,26 @@ public final class FederationRestore {
             if (failed) {
                 fail(RestoreFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
-                replaceState();
+                try {
+                    replaceState();
+                } catch (IllegalStateException e) {
+                    fail(RestoreFailureReason.RTI_UNABLE_TO_RESTORE);
+                    throw e;
+                }
                 end(FederateCallbacks::federationRestored);
             }
         }
     }
 
-    /** What is still on its way belongs to the state that ends here, and is dropped with it. */
+    /** What is still on its way or due belongs to the state that ends here, and is dropped with it. */
     private void replaceState() {
         FederationState restored = saves.get(label).snapshot.copy();
+        federation.save().forgetDue();
         successors.forEach((federate, successor) -> {
             federate.dropCallbacks();
             restored.members.get(successor.handle).replace(federate);
         });
         federation.restore(restored);
-        restored.time.resume();
     }
 
     public void abort() throws RestoreNotInProgress {

@@ -17,6 +17,7 @@ import java.util.Set;
 public final class FederationSave {
     private final Federation federation;
     private final Map<Federate, SaveStatus> statuses = new HashMap<>(); // empty while no save is in progress
+    private Set<Federate> instructed = Set.of(); // those that have been told to save
     private String label;
     private boolean failed;
     private final Set<Federate> reached = new HashSet<>();
@@ -40,7 +41,6 @@ public final class FederationSave {
 
     /** Saves as soon as can be. */
     public void request(String theLabel) {
-        dueLabel = null;
         begin(theLabel, null);
     }
 
@@ -56,18 +56,24 @@ public final class FederationSave {
                     + " enable one of them, or request the save without a time");
         }
         TimeFamily family = federation.timeFamily();
-        long time = family.time(timeBits);
+        long time = federation.time().time(requester, timeBits);
         for (Federate each : federation.members()) {
             if ((each == requester || each.time.isConstrained()) && time < each.time.reached()) {
                 throw new LogicalTimeAlreadyPassed("The save is requested for time " + family.text(time) + " but "
-                        + each + " has passed that already");
+                        + each + " has passed that already; request it for a later one");
             }
         }
+        forgetDue();
         dueLabel = theLabel;
         dueTime = time;
-        reached.clear();
         federation.time().evaluate();
         beginIfDue();
+    }
+
+    /** A save that waits for its time is not wanted any more. */
+    void forgetDue() {
+        dueLabel = null;
+        reached.clear();
     }
 
     /** Whether a federate may not be granted that time before the save that is due. */
@@ -80,7 +86,10 @@ public final class FederationSave {
         return dueLabel == null ? time : Math.min(time, dueTime);
     }
 
-    /** The federate could go on past the time of the save, were it not for the save. */
+    /**
+     * All that could come to the federate before the time of the save has come, and it wants to go on. How far others
+     * let it must not count: they may be waiting for the save themselves.
+     */
     void reached(Federate federate) {
         reached.add(federate);
     }
@@ -88,25 +97,27 @@ public final class FederationSave {
     void beginIfDue() {
         if (dueLabel != null && federation.members().stream().allMatch(each -> !each.time.isConstrained()
                 || reached.contains(each) || each.time.reached() >= dueTime)) {
-            String theLabel = dueLabel;
-            dueLabel = null;
-            begin(theLabel, new LogicalTime(federation.timeFamily(), dueTime));
+            begin(dueLabel, new LogicalTime(federation.timeFamily(), dueTime));
         }
     }
 
     private void begin(String theLabel, LogicalTime time) {
+        forgetDue();
         label = theLabel;
         failed = false;
+        Set<Federate> told = new HashSet<>();
+        instructed = told;
         for (Federate each : federation.members()) {
             statuses.put(each, SaveStatus.INSTRUCTED_TO_SAVE);
-            each.post(to -> to.initiateFederateSave(theLabel, time));
+            each.postChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, time));
         }
     }
 
+    /** Who has been instructed has been told all that came before, so that a save leaves out no callback. */
     public void begun(Federate federate) throws SaveNotInitiated, RestoreInProgress {
         federation.restore().requireNotInProgress();
-        if (statuses.get(federate) != SaveStatus.INSTRUCTED_TO_SAVE) {
-            throw new SaveNotInitiated(federate + " is not instructed to save, or has begun already");
+        if (statuses.get(federate) != SaveStatus.INSTRUCTED_TO_SAVE || !instructed.contains(federate)) {
+            throw new SaveNotInitiated(federate + " is not instructed to save yet, or has begun already");
         }
         statuses.put(federate, SaveStatus.SAVING);
     }
@@ -123,7 +134,12 @@ public final class FederationSave {
             if (failed) {
                 fail(SaveFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
-                federation.restore().keep(label);
+                try {
+                    federation.restore().keep(label);
+                } catch (IllegalStateException e) {
+                    fail(SaveFailureReason.RTI_UNABLE_TO_SAVE);
+                    throw e;
+                }
                 end(FederateCallbacks::federationSaved);
             }
         }

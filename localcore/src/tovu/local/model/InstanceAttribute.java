@@ -2,6 +2,7 @@ package tovu.local.model;
 
 import java.util.ArrayList;
 import java.util.HashMap;
+import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
@@ -27,6 +28,18 @@ final class InstanceAttribute implements Saved {
     record Candidate(Federate federate, boolean ifAvailable, byte[] tag) implements Saved {
     }
 
+    /**
+     * What an owner has made of the attribute, for the case that it gets it back.
+     *
+     * @param attribute      the attribute
+     * @param transportation how its updates travelled
+     * @param order          how they were ordered
+     * @param regions        where they were sent
+     */
+    record Possession(InstanceAttribute attribute, Transportation transportation, OrderType order,
+            Set<Region> regions) implements Saved {
+    }
+
     final Attribute definition;
     final List<Candidate> candidates = new ArrayList<>(0);
     private final Map<Federate, Set<Region>> associations = new HashMap<>(0);
@@ -37,7 +50,7 @@ final class InstanceAttribute implements Saved {
     Divestiture divestiture = Divestiture.NONE;
     /** Whether it is up for anyone who may own it: it had an owner who left it. */
     boolean abandoned;
-    transient boolean transportationChanging; // the confirmation is not kept by a save
+    boolean transportationChanging;
     /** The update rate at which the owner was told to update, or null when it was told not to, or nothing. */
     String updatesOn;
 
@@ -76,6 +89,20 @@ final class InstanceAttribute implements Saved {
         abandoned = newOwner == null;
         updatesOn = null;
         resetDelivery();
+    }
+
+    Possession possession() {
+        return new Possession(this, transportation, order, updateRegions());
+    }
+
+    /** Hands it to a federate as that had it before, but for regions that are deleted since. */
+    void giveBack(Federate formerOwner, Possession possession) {
+        giveTo(formerOwner);
+        transportation = possession.transportation;
+        order = possession.order;
+        Set<Region> left = new LinkedHashSet<>(possession.regions);
+        left.removeIf(region -> !formerOwner.federation().regions().has(region));
+        associate(formerOwner, left);
     }
 
     Transportation transportation() {

@@ -1,6 +1,9 @@
 package tovu.local.model;
 
-import java.util.LinkedHashSet;
+import java.util.ArrayList;
+import java.util.LinkedHashMap;
+import java.util.List;
+import java.util.Map;
 import java.util.Set;
 
 /**
@@ -9,20 +12,25 @@ import java.util.Set;
  */
 @SuppressWarnings("serial") // kept in memory only
 final class Interest implements Saved {
-    private boolean everywhere;
-    private final Set<Region> regions = new LinkedHashSet<>();
-    private boolean active;
-    private String updateRate = "";
+    /**
+     * How updates are wanted.
+     *
+     * @param active     whether they are to be made for this subscription
+     * @param updateRate the designator of the rate at which they are wanted; empty for all of them
+     */
+    record Terms(boolean active, String updateRate) implements Saved {
+    }
 
-    /** @param where the regions to add; null for everywhere */
-    void add(Set<Region> where, boolean isActive, String theUpdateRate) {
-        active = isActive;
-        updateRate = theUpdateRate;
+    private Terms everywhere; // null when it is not
+    private final Map<Region, Terms> regions = new LinkedHashMap<>();
+
+    /** @param where the regions to add, or to give other terms; null for everywhere */
+    void add(Set<Region> where, Terms terms) {
         if (where == null) {
-            everywhere = true;
+            everywhere = terms;
         } else {
             for (Region region : where) {
-                if (regions.add(region)) {
+                if (regions.put(region, terms) == null) {
                     region.retain();
                 }
             }
@@ -31,33 +39,43 @@ final class Interest implements Saved {
 
     /** Takes away regions; null takes away everything. */
     void remove(Set<Region> where) {
-        everywhere &= where != null;
-        for (Region region : where == null ? Set.copyOf(regions) : where) {
-            if (regions.remove(region)) {
+        everywhere = where == null ? null : everywhere;
+        for (Region region : where == null ? Set.copyOf(regions.keySet()) : where) {
+            if (regions.remove(region) != null) {
                 region.release();
             }
         }
     }
 
     boolean isEmpty() {
-        return !everywhere && regions.isEmpty();
+        return everywhere == null && regions.isEmpty();
     }
 
+    /** Whether it is active anywhere. */
     boolean isActive() {
-        return active;
+        return terms(Set.of()).stream().anyMatch(Terms::active);
     }
 
-    /** The designator of the rate at which updates are wanted; empty for all of them. */
-    String updateRate() {
-        return updateRate;
+    /** @param sentRegions where updates are sent; empty for the default region */
+    List<Terms> terms(Set<Region> sentRegions) {
+        List<Terms> met = new ArrayList<>();
+        if (everywhere != null) {
+            met.add(everywhere);
+        }
+        regions.forEach((region, terms) -> {
+            if (sentRegions.isEmpty() || Region.anyOverlap(Set.of(region), sentRegions)) {
+                met.add(terms);
+            }
+        });
+        return met;
     }
 
     boolean uses(Region region) {
-        return regions.contains(region);
+        return regions.containsKey(region);
     }
 
     /** @param sentRegions what a message is sent with; empty for the default region */
     boolean meets(Set<Region> sentRegions) {
-        return everywhere || sentRegions.isEmpty() || Region.anyOverlap(regions, sentRegions);
+        return everywhere != null || sentRegions.isEmpty() || Region.anyOverlap(regions.keySet(), sentRegions);
     }
 }

@@ -1,5 +1,6 @@
 package tovu.local.model;
 
+import java.util.List;
 import java.util.Set;
 import java.util.TreeSet;
 import tovu.local.fom.Attribute;
@@ -42,6 +43,12 @@ final class Knowledge implements Saved {
     /** The federate's interest in an attribute at its known class, or null. */
     Interest interest(int attribute) {
         return federate.subscriptions.interest(knownClass, attribute);
+    }
+
+    /** On what terms updates of an attribute are wanted where they are sent now; none when they are not. */
+    List<Interest.Terms> terms(InstanceAttribute attribute) {
+        Interest interest = interest(attribute.handle());
+        return interest == null ? List.of() : interest.terms(attribute.updateRegions());
     }
 
     boolean isInScope(InstanceAttribute attribute) {

@@ -19,11 +19,14 @@ final class Lookup {
         this.model = model;
     }
 
+    static String nothingHas(int handle, String kind, String service) {
+        return "No " + kind + " has handle " + handle + "; get the handle with " + service;
+    }
+
     ObjectClass objectClass(int handle) throws ObjectClassNotDefined {
         ObjectClass theClass = model.objectClass(handle);
         if (theClass == null) {
-            throw new ObjectClassNotDefined("No object class has handle " + handle
-                    + "; get the handle with getObjectClassHandle");
+            throw new ObjectClassNotDefined(nothingHas(handle, "object class", "getObjectClassHandle"));
         }
         return theClass;
     }
@@ -31,8 +34,7 @@ final class Lookup {
     InteractionClass interactionClass(int handle) throws InteractionClassNotDefined {
         InteractionClass theClass = model.interactionClass(handle);
         if (theClass == null) {
-            throw new InteractionClassNotDefined("No interaction class has handle " + handle
-                    + "; get the handle with getInteractionClassHandle");
+            throw new InteractionClassNotDefined(nothingHas(handle, "interaction class", "getInteractionClassHandle"));
         }
         return theClass;
     }
@@ -75,5 +77,13 @@ final class Lookup {
                     + "' is not defined; add it to the updateRates table of a FOM module");
         }
         return rate;
+    }
+
+    /** The designator of the higher of two rates; null is lower than any. */
+    String higherRate(String one, String other) {
+        if (one == null || other.isEmpty()) {
+            return other;
+        }
+        return one.isEmpty() || model.updateRate(one) >= model.updateRate(other) ? one : other;
     }
 }

@@ -9,7 +9,6 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
     /**
      * What is common to all that one service call sends.
      *
-     * @param sender     who sends
      * @param time       the ordinal of the time it is sent with, if it is timed
      * @param timed      whether it is sent with a time
      * @param sentOrder  the order it is sent in
@@ -17,8 +16,8 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
      * @param sequence   greater for what is sent later
      * @param tag        the user-supplied tag
      */
-    record Sending(Federate sender, long time, boolean timed, OrderType sentOrder, int retraction, long sequence,
-            byte[] tag) implements Saved {
+    record Sending(long time, boolean timed, OrderType sentOrder, int retraction, long sequence, byte[] tag)
+            implements Saved {
     }
 
     final Federate receiver;

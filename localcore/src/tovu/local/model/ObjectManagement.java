@@ -44,10 +44,7 @@ public final class ObjectManagement {
     /** @param regions for some attributes the regions that their updates are sent with */
     int register(Federate federate, ObjectClass theClass, String name, Map<Integer, Set<Region>> regions)
             throws RTIexception {
-        if (!federate.publications.publishes(theClass)) {
-            throw new ObjectClassNotPublished(federate + " does not publish class '" + theClass.name()
-                    + "'; publish some of its attributes first");
-        }
+        requirePublished(federate, theClass);
         if (name != null) {
             federation.names().requireUsable(federate, name);
         }
@@ -61,6 +58,13 @@ public final class ObjectManagement {
         regions.forEach((attribute, set) -> object.attribute(attribute).associate(federate, set));
         federation.visibility().registered(object);
         return object.handle;
+    }
+
+    static void requirePublished(Federate federate, ObjectClass theClass) throws ObjectClassNotPublished {
+        if (!federate.publications.publishes(theClass)) {
+            throw new ObjectClassNotPublished(federate + " does not publish class '" + theClass.name()
+                    + "'; publish some of its attributes first");
+        }
     }
 
     /** @return by which the update may be retracted, or 0 */
@@ -135,7 +139,8 @@ public final class ObjectManagement {
         ObjectInstance object = own.object;
         Federate federate = own.federate;
         dispatch.deletes(new Deletion(object, federate, own.knownClass,
-                object.attributes(each -> each.owner() == federate)));
+                object.attributes(each -> each.owner() == federate).stream()
+                        .map(InstanceAttribute::possession).toList()));
         object.deleted = true;
         int producer = federation.supplement(federate, Set.of()).producer();
         List<Knowledge> others = new ArrayList<>(object.knowers());

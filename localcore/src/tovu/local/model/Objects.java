@@ -88,7 +88,7 @@ public final class Objects implements Saved {
         return attributes;
     }
 
-    /** Ends what a federate has to do with an object; a deleted object ends with the last federate that knew it. */
+    /** Ends what a federate has to do with an object, which ends with the last federate that knew it. */
     void forget(Knowledge knowledge) {
         ObjectInstance object = knowledge.object;
         Federate federate = knowledge.federate;
@@ -103,8 +103,9 @@ public final class Objects implements Saved {
         endIfForgotten(object);
     }
 
+    /** Whether it was deleted or not: what nobody knows nobody owns, and what nobody owns nobody discovers. */
     private void endIfForgotten(ObjectInstance object) {
-        if (object.deleted && !object.mayReturn && object.knowers().isEmpty()) {
+        if (object.knowers().isEmpty() && !object.mayReturn) {
             byHandle.remove(object.handle);
             byName.remove(object.name);
             ofClass(object.objectClass).remove(object);
@@ -119,7 +120,7 @@ public final class Objects implements Saved {
         object.mayReturn = false;
         object.becomeKnown(deletion.deleter(), deletion.knownClass());
         federation.ownership().giveBack(deletion);
-        federation.visibility().regionsChanged(Set.of(object));
+        federation.visibility().objectChanged(object);
     }
 
     /** From here on a deletion is for good. */

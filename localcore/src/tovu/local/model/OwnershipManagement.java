@@ -66,7 +66,7 @@ public final class OwnershipManagement {
             }
         }
         notices.post();
-        federation.visibility().ownershipChanged(object);
+        federation.visibility().objectChanged(object);
     }
 
     /** Gives an attribute to its first candidate, with the tag of the divestiture that this completes. */
@@ -154,7 +154,7 @@ public final class OwnershipManagement {
             handOver(each, tag, notices);
         }
         notices.post();
-        federation.visibility().ownershipChanged(knowledge.object);
+        federation.visibility().objectChanged(knowledge.object);
     }
 
     private static List<InstanceAttribute> ownedAndDivesting(Knowledge knowledge, int[] attributes)
@@ -241,7 +241,7 @@ public final class OwnershipManagement {
             }
         }
         notices.post();
-        federation.visibility().ownershipChanged(knowledge.object);
+        federation.visibility().objectChanged(knowledge.object);
     }
 
     /** The owner keeps the attributes; those who want them go on waiting until it lets go, or they do. */
@@ -306,20 +306,28 @@ public final class OwnershipManagement {
         for (ObjectInstance object : List.copyOf(federate.knownObjects)) {
             Knowledge knowledge = object.knowledgeOf(federate);
             if (knowledge.knownClass == theClass) {
-                release(object, object.attributes(each ->
-                        each.owner() == federate && !knowledge.publishes(each.definition)));
+                releaseUnpublished(knowledge);
             }
         }
     }
 
-    /** Gives a deleter its own again. Who asked for it in between has to ask the deleter. */
+    private void releaseUnpublished(Knowledge knowledge) {
+        release(knowledge.object, knowledge.object.attributes(each ->
+                each.owner() == knowledge.federate && !knowledge.publishes(each.definition)));
+    }
+
+    /**
+     * Gives a deleter its own again, as far as it still publishes that. Who asked for it in between has to ask the
+     * deleter.
+     */
     void giveBack(Deletion deletion) {
         OwnershipNotices notices = new OwnershipNotices(deletion.object());
-        for (InstanceAttribute each : deletion.owned()) {
-            each.giveTo(deletion.deleter());
-            keep(each, notices);
+        for (InstanceAttribute.Possession each : deletion.owned()) {
+            each.attribute().giveBack(deletion.deleter(), each);
+            keep(each.attribute(), notices);
         }
         notices.post();
+        releaseUnpublished(deletion.object().knowledgeOf(deletion.deleter()));
     }
 
     boolean isAcquiring(Federate federate, ObjectInstance object) {

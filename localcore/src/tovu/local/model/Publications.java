@@ -20,7 +20,7 @@ final class Publications implements Saved {
     static final class Sending implements Saved {
         Transportation transportation;
         OrderType order;
-        transient boolean transportationChanging; // the confirmation is not kept by a save
+        boolean transportationChanging;
 
         Sending(InteractionClass theClass) {
             transportation = theClass.transportation();
@@ -48,12 +48,23 @@ final class Publications implements Saved {
         }
     }
 
-    /** Once nothing else of a class is published, neither is the privilege to delete instances. */
+    /** What goes with those attributes: once nothing else of a class is left, the privilege to delete instances too. */
+    Set<Integer> goneWith(ObjectClass theClass, Set<Integer> attributes) {
+        Set<Integer> gone = new TreeSet<>(attributes(theClass));
+        Set<Integer> left = new TreeSet<>(gone);
+        gone.retainAll(attributes);
+        left.removeAll(attributes);
+        if (!gone.isEmpty() && left.equals(Set.of(privilegeToDelete))) {
+            gone.addAll(left);
+        }
+        return gone;
+    }
+
     void remove(ObjectClass theClass, Set<Integer> attributes) {
         Set<Integer> published = objectClasses.get(theClass);
         if (published != null) {
             published.removeAll(attributes);
-            if (published.isEmpty() || published.equals(Set.of(privilegeToDelete))) {
+            if (published.isEmpty()) {
                 objectClasses.remove(theClass);
             }
         }

@@ -6,7 +6,6 @@ import hla.rti1516e.exceptions.InvalidDimensionHandle;
 import hla.rti1516e.exceptions.InvalidRangeBound;
 import hla.rti1516e.exceptions.InvalidRegion;
 import hla.rti1516e.exceptions.InvalidRegionContext;
-import hla.rti1516e.exceptions.ObjectClassNotPublished;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RegionDoesNotContainSpecifiedDimension;
 import hla.rti1516e.exceptions.RegionInUseForUpdateOrSubscription;
@@ -61,6 +60,10 @@ public final class RegionManagement implements Saved {
         return region.handle;
     }
 
+    boolean has(Region region) {
+        return regions.get(region.handle) == region;
+    }
+
     private Region region(int handle) throws InvalidRegion {
         Region region = regions.get(handle);
         if (region == null) {
@@ -108,7 +111,7 @@ public final class RegionManagement implements Saved {
                 moved.add(object);
             }
         }
-        federation.visibility().regionsChanged(moved);
+        moved.forEach(federation.visibility()::objectChanged);
         for (ObjectClass theClass : Set.copyOf(federate.subscriptions.objectClasses())) {
             if (federate.subscriptions.interests(theClass).values().stream()
                     .anyMatch(each -> committed.stream().anyMatch(each::uses))) {
@@ -195,10 +198,7 @@ public final class RegionManagement implements Saved {
     public int register(Federate federate, int classHandle, List<Pair> pairs, String name) throws RTIexception {
         ObjectClass theClass = federation.lookup().objectClass(classHandle);
         Set<Integer> attributes = attributes(theClass, pairs);
-        if (!federate.publications.publishes(theClass)) {
-            throw new ObjectClassNotPublished(federate + " does not publish class '" + theClass.name()
-                    + "'; publish some of its attributes first");
-        }
+        ObjectManagement.requirePublished(federate, theClass);
         for (int attribute : attributes) {
             if (!federate.publications.publishes(theClass, attribute)) {
                 throw new AttributeNotPublished(federate + " does not publish attribute '"
@@ -217,7 +217,7 @@ public final class RegionManagement implements Saved {
             all.addAll(set);
             attribute.associate(federate, all);
         });
-        federation.visibility().regionsChanged(List.of(knowledge.object));
+        federation.visibility().objectChanged(knowledge.object);
     }
 
     public void unassociate(Federate federate, int objectHandle, List<Pair> pairs) throws RTIexception {
@@ -228,7 +228,7 @@ public final class RegionManagement implements Saved {
             left.removeAll(set);
             attribute.associate(federate, left);
         });
-        federation.visibility().regionsChanged(List.of(knowledge.object));
+        federation.visibility().objectChanged(knowledge.object);
     }
 
     public void subscribe(Federate federate, int classHandle, List<Pair> pairs, boolean active, String updateRate)
@@ -237,7 +237,7 @@ public final class RegionManagement implements Saved {
         ObjectClass theClass = federation.lookup().objectClass(classHandle);
         Map<Integer, Set<Region>> where = inContext(theClass, byAttribute(federate, theClass, pairs));
         where.values().removeIf(Set::isEmpty);
-        federation.declarations().subscribe(federate, theClass, where, active, updateRate);
+        federation.declarations().subscribe(federate, theClass, where, new Interest.Terms(active, updateRate));
     }
 
     public void unsubscribe(Federate federate, int classHandle, List<Pair> pairs) throws RTIexception {

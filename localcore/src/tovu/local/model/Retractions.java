@@ -47,7 +47,8 @@ public final class Retractions implements Saved {
     }
 
     Sent register(Federate sender, long time) {
-        Sent sent = new Sent(++lastHandle, sender, time);
+        lastHandle = lastHandle == Integer.MAX_VALUE ? 1 : lastHandle + 1;
+        Sent sent = new Sent(lastHandle, sender, time);
         retractable.put(sent.handle, sent);
         bySender.computeIfAbsent(sender, key -> new PriorityQueue<>()).add(sent);
         return sent;

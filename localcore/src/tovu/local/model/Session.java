@@ -92,8 +92,7 @@ public final class Session {
             throw new FederateAlreadyExecutionMember(federate + " is joined to federation '"
                     + federate.federation().name() + "' already; resign first");
         }
-        federate = federations.find(federationName).join(this, sink, federateName, federateType, fomModules);
-        return federate;
+        return federations.find(federationName).join(this, sink, federateName, federateType, fomModules);
     }
 
     public synchronized void resign(ResignAction action) throws RTIexception {
@@ -137,9 +136,12 @@ public final class Session {
         }
     }
 
-    /** A restore gives the ambassador the federate that was saved in the place of the one it is. */
-    void become(Federate restored) {
-        federate = restored;
+    /**
+     * The ambassador is joined as that federate from now on: a new one, or after a restore the one that was saved.
+     * Called under the federation's lock, so that whatever the federate is told finds it joined.
+     */
+    void become(Federate member) {
+        federate = member;
     }
 
     /** The federate that this ambassador is joined as, or null. */

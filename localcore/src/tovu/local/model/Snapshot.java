@@ -8,6 +8,9 @@ import java.io.ObjectInputStream;
 import java.io.ObjectOutputStream;
 import java.io.OutputStream;
 import java.io.Serializable;
+import java.util.concurrent.Callable;
+import java.util.concurrent.ExecutionException;
+import java.util.concurrent.FutureTask;
 import tovu.local.fom.Attribute;
 import tovu.local.fom.Dimension;
 import tovu.local.fom.InteractionClass;
@@ -26,6 +29,8 @@ final class Snapshot {
         FEDERATION, OBJECT_CLASS, INTERACTION_CLASS, ATTRIBUTE, DIMENSION
     }
 
+    private static final long STACK_BYTES = 256L << 20; // which are taken as they are needed
+
     private final Federation federation;
     private final byte[] bytes;
 
@@ -33,20 +38,38 @@ final class Snapshot {
     Snapshot(Federation federation, FederationState state) {
         this.federation = federation;
         ByteArrayOutputStream out = new ByteArrayOutputStream();
-        try (Writer writer = new Writer(out)) {
-            writer.writeObject(state);
-        } catch (IOException e) {
-            throw new IllegalStateException("The state of federation '" + federation.name() + "' cannot be kept", e);
-        }
+        onDeepStack(() -> {
+            try (Writer writer = new Writer(out)) {
+                writer.writeObject(state);
+            }
+            return null;
+        }, "kept");
         bytes = out.toByteArray();
     }
 
     FederationState copy() {
-        try (Reader reader = new Reader(new ByteArrayInputStream(bytes), federation)) {
-            return (FederationState) reader.readObject();
-        } catch (IOException | ClassNotFoundException e) {
-            throw new IllegalStateException("The state of federation '" + federation.name()
-                    + "' cannot be restored", e);
+        return onDeepStack(() -> {
+            try (Reader reader = new Reader(new ByteArrayInputStream(bytes), federation)) {
+                return (FederationState) reader.readObject();
+            }
+        }, "restored");
+    }
+
+    /** Writing and reading go down from federate to federate: an ordinary stack holds a hundred or so of them. */
+    private <R> R onDeepStack(Callable<R> task, String what) {
+        FutureTask<R> result = new FutureTask<>(task);
+        Thread thread = new Thread(null, result, "snapshot", STACK_BYTES);
+        thread.setDaemon(true);
+        thread.start();
+        try {
+            return result.get();
+        } catch (ExecutionException e) {
+            throw new IllegalStateException("The state of federation '" + federation.name() + "' cannot be " + what
+                    + ": " + e.getCause(), e);
+        } catch (InterruptedException e) {
+            Thread.currentThread().interrupt();
+            throw new IllegalStateException("The state of federation '" + federation.name() + "' was not " + what
+                    + ": the thread was interrupted", e);
         }
     }
 

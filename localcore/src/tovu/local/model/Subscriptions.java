@@ -6,6 +6,7 @@ import java.util.Map;
 import java.util.Set;
 import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectClass;
+import tovu.local.model.Interest.Terms;
 
 /** What one federate subscribes to. */
 @SuppressWarnings("serial") // kept in memory only
@@ -40,9 +41,9 @@ final class Subscriptions implements Saved {
     }
 
     /** @param where null for everywhere */
-    void add(ObjectClass theClass, int attribute, Set<Region> where, boolean active, String updateRate) {
+    void add(ObjectClass theClass, int attribute, Set<Region> where, Terms terms) {
         objectClasses.computeIfAbsent(theClass, key -> new LinkedHashMap<>())
-                .computeIfAbsent(attribute, key -> new Interest()).add(where, active, updateRate);
+                .computeIfAbsent(attribute, key -> new Interest()).add(where, terms);
     }
 
     /** @param where null for everything */
@@ -61,7 +62,7 @@ final class Subscriptions implements Saved {
     }
 
     void add(InteractionClass theClass, Set<Region> where, boolean active) {
-        interactionClasses.computeIfAbsent(theClass, key -> new Interest()).add(where, active, "");
+        interactionClasses.computeIfAbsent(theClass, key -> new Interest()).add(where, new Terms(active, ""));
     }
 
     void remove(InteractionClass theClass, Set<Region> where) {

@@ -14,6 +14,7 @@ import hla.rti1516e.exceptions.InvalidUpdateRateDesignator;
 import hla.rti1516e.exceptions.NameNotFound;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.Set;
+import java.util.function.Supplier;
 import tovu.local.fom.Attribute;
 import tovu.local.fom.Dimension;
 import tovu.local.fom.InteractionClass;
@@ -34,9 +35,16 @@ public final class SupportLookups {
     }
 
     private static <T> T named(T found, String what, String name) throws NameNotFound {
+        return named(found, what, name, () -> null);
+    }
+
+    /** @param like looks for another name that may have been meant */
+    private static <T> T named(T found, String what, String name, Supplier<String> like) throws NameNotFound {
         if (found == null) {
-            throw new NameNotFound("The federation's FOM modules define no " + what + " '" + name
-                    + "'; check its spelling and the modules that the federation was created with");
+            String meant = like.get();
+            throw new NameNotFound("The federation's FOM modules define no " + what + " '" + name + "'; "
+                    + (meant == null ? "" : "did you mean '" + meant + "'? Otherwise ")
+                    + "check its spelling and the modules that the federation was created with");
         }
         return found;
     }
@@ -44,7 +52,7 @@ public final class SupportLookups {
     private ObjectClass objectClass(int handle) throws InvalidObjectClassHandle {
         ObjectClass theClass = model.objectClass(handle);
         if (theClass == null) {
-            throw new InvalidObjectClassHandle("No object class has handle " + handle);
+            throw new InvalidObjectClassHandle(Lookup.nothingHas(handle, "object class", "getObjectClassHandle"));
         }
         return theClass;
     }
@@ -52,7 +60,8 @@ public final class SupportLookups {
     private InteractionClass interactionClass(int handle) throws InvalidInteractionClassHandle {
         InteractionClass theClass = model.interactionClass(handle);
         if (theClass == null) {
-            throw new InvalidInteractionClassHandle("No interaction class has handle " + handle);
+            throw new InvalidInteractionClassHandle(
+                    Lookup.nothingHas(handle, "interaction class", "getInteractionClassHandle"));
         }
         return theClass;
     }
@@ -61,7 +70,7 @@ public final class SupportLookups {
             throws InvalidObjectClassHandle, InvalidAttributeHandle, AttributeNotDefined {
         ObjectClass theClass = objectClass(classHandle);
         if (!model.hasAttribute(handle)) {
-            throw new InvalidAttributeHandle("No attribute has handle " + handle);
+            throw new InvalidAttributeHandle(Lookup.nothingHas(handle, "attribute", "getAttributeHandle"));
         }
         Attribute attribute = theClass.member(handle);
         if (attribute == null) {
@@ -73,13 +82,13 @@ public final class SupportLookups {
     private Dimension dimension(int handle) throws InvalidDimensionHandle {
         Dimension dimension = model.dimension(handle);
         if (dimension == null) {
-            throw new InvalidDimensionHandle("No dimension has handle " + handle);
+            throw new InvalidDimensionHandle(Lookup.nothingHas(handle, "dimension", "getDimensionHandle"));
         }
         return dimension;
     }
 
     public int objectClassHandle(String name) throws NameNotFound {
-        return named(model.objectClass(name), "object class", name).handle();
+        return named(model.objectClass(name), "object class", name, () -> model.objectClassLike(name)).handle();
     }
 
     public String objectClassName(int handle) throws InvalidObjectClassHandle {
@@ -96,7 +105,8 @@ public final class SupportLookups {
     }
 
     public int interactionClassHandle(String name) throws NameNotFound {
-        return named(model.interactionClass(name), "interaction class", name).handle();
+        return named(model.interactionClass(name), "interaction class", name, () -> model.interactionClassLike(name))
+                .handle();
     }
 
     public String interactionClassName(int handle) throws InvalidInteractionClassHandle {
@@ -111,12 +121,12 @@ public final class SupportLookups {
     public String parameterName(int classHandle, int handle) throws RTIexception {
         InteractionClass theClass = interactionClass(classHandle);
         if (!model.hasParameter(handle)) {
-            throw new InvalidParameterHandle("No parameter has handle " + handle);
+            throw new InvalidParameterHandle(Lookup.nothingHas(handle, "parameter", "getParameterHandle"));
         }
         Parameter parameter = theClass.member(handle);
         if (parameter == null) {
             throw new InteractionParameterNotDefined("Class '" + theClass.name() + "' has no parameter with handle "
-                    + handle);
+                    + handle + "; get the handle with getParameterHandle for this class");
         }
         return parameter.name();
     }
@@ -153,8 +163,11 @@ public final class SupportLookups {
     public double updateRate(Federate federate, int object, int attributeHandle) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
         InstanceAttribute attribute = Objects.attribute(knowledge, attributeHandle);
-        Interest interest = knowledge.interest(attribute.handle());
-        return interest == null ? 0 : federation.lookup().updateRate(interest.updateRate());
+        String rate = null;
+        for (Interest.Terms terms : knowledge.terms(attribute)) {
+            rate = federation.lookup().higherRate(rate, terms.updateRate());
+        }
+        return rate == null ? 0 : federation.lookup().updateRate(rate);
     }
 
     public OrderType orderType(String name) throws InvalidOrderName {

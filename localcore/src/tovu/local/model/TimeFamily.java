@@ -41,9 +41,18 @@ public enum TimeFamily {
         String text(long ordinal) {
             return Long.toString(ordinal);
         }
+
+        /** Integers that are ordinary real numbers, bit for bit, are beyond 4e18. */
+        @Override
+        boolean looksForeign(long bits) {
+            double real = Math.abs(Double.longBitsToDouble(bits));
+            return real > 0x1p-64 && real < 0x1p64;
+        }
     },
 
     FLOAT64("HLAfloat64Time") {
+        private static final long INFINITY = Double.doubleToRawLongBits(Double.POSITIVE_INFINITY);
+
         @Override
         boolean isNumber(long bits) {
             return !Double.isNaN(Double.longBitsToDouble(bits));
@@ -54,9 +63,10 @@ public enum TimeFamily {
             return bits == Long.MIN_VALUE ? 0 : flip(bits); // minus zero is zero
         }
 
+        /** Later than infinity are bounds only: nothing more can come. */
         @Override
         long bits(long ordinal) {
-            return flip(ordinal);
+            return flip(Math.min(ordinal, INFINITY));
         }
 
         /** Turns the order of the negative half around, so that all doubles compare as their bits do. */
@@ -83,6 +93,13 @@ public enum TimeFamily {
         @Override
         String text(long ordinal) {
             return Double.toString(real(ordinal));
+        }
+
+        /** Real numbers that are ordinary integers, bit for bit, are below 3e-308; epsilon is one that is in use. */
+        @Override
+        boolean looksForeign(long bits) {
+            double real = Math.abs(Double.longBitsToDouble(bits));
+            return real > Double.MIN_VALUE && real < Double.MIN_NORMAL;
         }
     };
 
@@ -127,6 +144,19 @@ public enum TimeFamily {
     abstract long minus(long time, long other);
 
     abstract String text(long ordinal);
+
+    /** Whether those bytes make sense as a time or interval of the other family rather than of this one. */
+    abstract boolean looksForeign(long bits);
+
+    private TimeFamily other() {
+        return this == INTEGER64 ? FLOAT64 : INTEGER64;
+    }
+
+    /** What to say to who gave the bytes of a time or interval that look foreign. */
+    String doubtAbout(long bits) {
+        return "gives the time or interval " + describe(bits) + "; was " + other().describe(bits)
+                + " meant? Those of this federation are of " + implementationName + ": use its classes";
+    }
 
     /** The time or interval with those bytes, in words. */
     public String describe(long bits) {

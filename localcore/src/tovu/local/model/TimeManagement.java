@@ -39,14 +39,29 @@ public final class TimeManagement implements Saved {
         return new LogicalTime(family, ordinal);
     }
 
+    /** The ordinal of a time that the federate gives. */
+    long time(Federate federate, long bits) throws InvalidLogicalTime {
+        remindOfFamily(federate, bits);
+        return family.time(bits);
+    }
+
+    /** Nothing in the bytes tells the class of a time. Whoever seems to use the wrong one is told so, once. */
+    private void remindOfFamily(Federate federate, long bits) {
+        if (family.looksForeign(bits) && federate.time.isFirstDoubt()) {
+            System.err.println(federate + " " + family.doubtAbout(bits));
+        }
+    }
+
     /** @param lookahead the bytes of the interval */
     public void enableRegulation(Federate federate, long lookahead) throws RTIexception {
         FederateTime own = federate.time;
         if (own.regulation() == Switch.ON) {
-            throw new TimeRegulationAlreadyEnabled(federate + " is time-regulating already");
+            throw new TimeRegulationAlreadyEnabled(federate
+                    + " is time-regulating already; change its lookahead with modifyLookahead");
         }
         requireNoRegulationPending(federate);
         requireNotAdvancing(federate);
+        remindOfFamily(federate, lookahead);
         long interval = family.lookahead(lookahead);
         long promised = own.time();
         for (Federate each : federation.members()) {
@@ -60,12 +75,7 @@ public final class TimeManagement implements Saved {
         }
         own.beginRegulation(interval, start, Math.max(promised, family.plus(start, interval)));
         regulating.add(federate);
-        tellRegulation(federate);
-    }
-
-    private void tellRegulation(Federate federate) {
-        federate.postChange(federate.time::completeRegulation,
-                to -> to.timeRegulationEnabled(time(federate.time.time())));
+        federate.postChange(own::completeRegulation, to -> to.timeRegulationEnabled(time(own.time())));
     }
 
     public void disableRegulation(Federate federate) throws TimeRegulationIsNotEnabled {
@@ -106,10 +116,11 @@ public final class TimeManagement implements Saved {
         requireNoConstraintPending(federate);
         requireNoRegulationPending(federate);
         requireNotAdvancing(federate);
-        long requested = family.time(requestedTime);
+        long requested = time(federate, requestedTime);
         if (requested < federate.time.time()) {
             throw new LogicalTimeAlreadyPassed(federate + " asks for time " + family.text(requested)
-                    + " but has reached " + family.text(federate.time.time()) + " already");
+                    + " but has reached " + family.text(federate.time.time())
+                    + " already; ask for that or a later one");
         }
         federate.time.request(kind, requested);
         federate.inbox.releaseHeld();
@@ -149,6 +160,7 @@ public final class TimeManagement implements Saved {
     public void modifyLookahead(Federate federate, long lookahead) throws RTIexception {
         requireRegulating(federate);
         requireNotAdvancing(federate);
+        remindOfFamily(federate, lookahead);
         federate.time.modifyLookahead(family.lookahead(lookahead));
         evaluate();
     }
@@ -186,10 +198,11 @@ public final class TimeManagement implements Saved {
 
     /** The ordinal of a time that the federate sends with; a regulating federate must not send too early. */
     long sendingTime(Federate federate, long bits) throws InvalidLogicalTime {
-        long time = family.time(bits);
+        long time = time(federate, bits);
         if (federate.time.regulation() == Switch.ON && time < federate.time.sendBound()) {
             throw new InvalidLogicalTime(federate + " sends with time " + family.text(time)
-                    + " but promised to send nothing before " + family.text(federate.time.sendBound()));
+                    + " but promised to send nothing before " + family.text(federate.time.sendBound())
+                    + "; send with that time or a later one");
         }
         return time;
     }
@@ -217,23 +230,6 @@ public final class TimeManagement implements Saved {
         waiting.remove(federate);
         stopRegulating(federate);
         evaluate();
-    }
-
-    /** After a restore: what was decided but not told by the time of the save is told now. */
-    void resume() {
-        for (Federate each : federation.members()) {
-            FederateTime own = each.time;
-            if (own.isAdvancing()) {
-                own.undecide();
-                waiting.add(each);
-            }
-            if (own.regulation() == Switch.PENDING) {
-                tellRegulation(each);
-            }
-            if (own.constraint() == Switch.PENDING) {
-                waiting.add(each);
-            }
-        }
     }
 
     /** What every regulating federate may still send, as the others' requests and messages have it. */
@@ -315,7 +311,7 @@ public final class TimeManagement implements Saved {
                 long until = Math.min(federation.save().limit(target), galt - 1);
                 own.deliveredUntil(federate.inbox.deliverUntil(until, Long.MIN_VALUE));
             }
-            if (due) {
+            if (held && federation.save().comesBefore(galt)) {
                 federation.save().reached(federate);
             }
             return;

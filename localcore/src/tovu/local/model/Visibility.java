@@ -1,6 +1,5 @@
 package tovu.local.model;
 
-import java.util.Collection;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
@@ -33,12 +32,8 @@ final class Visibility {
         }
     }
 
-    /** Objects may have come into sight, because of where their updates are sent or because they are there again. */
-    void regionsChanged(Collection<ObjectInstance> objects) {
-        objects.forEach(this::ownershipChanged);
-    }
-
-    void ownershipChanged(ObjectInstance object) {
+    /** Its owners have changed, or where they send their updates, or it is there again: who sees what may differ. */
+    void objectChanged(ObjectInstance object) {
         discover(object);
         for (Knowledge each : object.knowers()) {
             refreshScope(each);
@@ -103,7 +98,8 @@ final class Visibility {
                     wanted.add(attribute.owner(), attribute);
                 }
             }
-            wanted.post(object, (to, attributes, tag) -> to.provideAttributeValueUpdate(object.handle, attributes, tag));
+            wanted.post(object,
+                    (to, attributes, tag) -> to.provideAttributeValueUpdate(object.handle, attributes, tag));
         }
     }
 
@@ -161,22 +157,13 @@ final class Visibility {
     private String wantedRate(ObjectInstance object, InstanceAttribute attribute) {
         String wanted = null;
         for (Knowledge each : object.knowers()) {
-            Interest interest = each.isInScope(attribute) ? each.interest(attribute.handle()) : null;
-            if (interest != null && interest.isActive()) {
-                wanted = higher(wanted, interest.updateRate());
+            if (each.isInScope(attribute)) {
+                for (Interest.Terms terms : each.terms(attribute)) {
+                    wanted = terms.active() ? federation.lookup().higherRate(wanted, terms.updateRate()) : wanted;
+                }
             }
         }
         return wanted;
-    }
-
-    private String higher(String one, String other) {
-        if (one == null || other.isEmpty()) {
-            return other;
-        }
-        if (one.isEmpty()) {
-            return one;
-        }
-        return federation.objectModel().updateRate(other) > federation.objectModel().updateRate(one) ? other : one;
     }
 
     /** A switch that is put on begins with telling what is so now. */
