@@ -78,6 +78,50 @@ TEST_P(Regions, SelectWhatIsDiscoveredAndReflected)
    expect(beta, {"reflectAttributeValues(near, {Position=3}, , RO, reliable, by alpha, from {inside})"});
 }
 
+TEST_P(Regions, MeetWhereTheirRangesOverlap)
+{
+   beta->subscribeInteractionClassWithRegions(accident, {region(beta, "here", {{lane, RangeBounds(2, 4)}})});
+   RegionHandle const there = region(alpha, "there", {{lane, RangeBounds(0, 8)}});
+   struct
+   {
+      RangeBounds range;
+      bool meets;
+   } const rows[] = {{{0, 2}, false}, {{0, 3}, true}, {{3, 4}, true}, {{4, 8}, false}, {{0, 8}, true}};
+   for (auto const& row : rows) {
+      SCOPED_TRACE(row.range.getLowerBound());
+      move(alpha, there, row.range);
+      alpha->sendInteractionWithRegions(accident, {}, {there}, bytes(""));
+      EXPECT_EQ(beta.callbacks(row.meets ? 1 : 0).size(), row.meets ? 1u : 0u);
+   }
+   RegionHandle const across = region(alpha, "across", {{distance, RangeBounds(0, 1000)}});
+   alpha->sendInteractionWithRegions(accident, {}, {across}, bytes(""));
+   expectNothing(beta); // they have no dimension in common
+}
+
+TEST_P(Regions, AreOfOneOwnersUpdates)
+{
+   RegionHandle const here = region(alpha, "here", {{lane, RangeBounds(0, 1)}});
+   ObjectInstanceHandle const mine = carIn(here, "car");
+   alpha->unconditionalAttributeOwnershipDivestiture(mine, {position});
+   alpha->deleteRegion(here);
+   alpha->attributeOwnershipAcquisition(mine, {position}, bytes(""));
+   alpha.callbacks(1);
+   RegionHandle const there = region(beta, "there", {{lane, RangeBounds(7, 8)}});
+   beta->requestAttributeValueUpdateWithRegions(car, {{{position}, {there}}}, bytes("please"));
+   expect(alpha, {"provideAttributeValueUpdate(car, {Position}, please)"}); // it is everywhere now
+}
+
+TEST_P(Regions, AreSeenByOthersAsCommitted)
+{
+   RegionHandle const slow = region(alpha, "slow", {{lane, RangeBounds(0, 2)}});
+   EXPECT_REFUSED("InvalidRangeBound", alpha->setRangeBounds(slow, lane, RangeBounds(3, 3)));
+   alpha->setRangeBounds(slow, lane, RangeBounds(0, 3));
+   EXPECT_EQ(alpha->getRangeBounds(slow, lane).getUpperBound(), 3u);
+   EXPECT_EQ(beta->getRangeBounds(slow, lane).getUpperBound(), 2u);
+   alpha->commitRegionModifications({slow});
+   EXPECT_EQ(beta->getRangeBounds(slow, lane).getUpperBound(), 3u);
+}
+
 TEST_P(Regions, CountOnlyWhenCommitted)
 {
    RegionHandle const here = region(beta, "here", {{lane, RangeBounds(0, 4)}});
@@ -161,39 +205,6 @@ TEST_P(Regions, AddUpInSubscriptions)
    expectNothing(beta);
 }
 
-TEST_P(Regions, MeetWhereTheirRangesOverlap)
-{
-   beta->subscribeInteractionClassWithRegions(accident, {region(beta, "here", {{lane, RangeBounds(2, 4)}})});
-   RegionHandle const there = region(alpha, "there", {{lane, RangeBounds(0, 8)}});
-   struct
-   {
-      RangeBounds range;
-      bool meets;
-   } const rows[] = {{{0, 2}, false}, {{0, 3}, true}, {{3, 4}, true}, {{4, 8}, false}, {{0, 8}, true}};
-   for (auto const& row : rows) {
-      SCOPED_TRACE(row.range.getLowerBound());
-      move(alpha, there, row.range);
-      alpha->sendInteractionWithRegions(accident, {}, {there}, bytes(""));
-      EXPECT_EQ(beta.callbacks(row.meets ? 1 : 0).size(), row.meets ? 1u : 0u);
-   }
-   RegionHandle const across = region(alpha, "across", {{distance, RangeBounds(0, 1000)}});
-   alpha->sendInteractionWithRegions(accident, {}, {across}, bytes(""));
-   expectNothing(beta); // they have no dimension in common
-}
-
-TEST_P(Regions, AreOfOneOwnersUpdates)
-{
-   RegionHandle const here = region(alpha, "here", {{lane, RangeBounds(0, 1)}});
-   ObjectInstanceHandle const mine = carIn(here, "car");
-   alpha->unconditionalAttributeOwnershipDivestiture(mine, {position});
-   alpha->deleteRegion(here);
-   alpha->attributeOwnershipAcquisition(mine, {position}, bytes(""));
-   alpha.callbacks(1);
-   RegionHandle const there = region(beta, "there", {{lane, RangeBounds(7, 8)}});
-   beta->requestAttributeValueUpdateWithRegions(car, {{{position}, {there}}}, bytes("please"));
-   expect(alpha, {"provideAttributeValueUpdate(car, {Position}, please)"}); // it is everywhere now
-}
-
 TEST_P(Regions, BringAttributesIntoScope)
 {
    beta->enableAttributeScopeAdvisorySwitch();
@@ -245,17 +256,6 @@ TEST_P(Regions, SelectWhoIsAskedForValues)
    RegionHandle const here = region(beta, "here", {{lane, RangeBounds(0, 4)}});
    beta->requestAttributeValueUpdateWithRegions(car, {{{position}, {here}}}, bytes("please"));
    expect(alpha, {"provideAttributeValueUpdate(near, {Position}, please)"});
-}
-
-TEST_P(Regions, AreSeenByOthersAsCommitted)
-{
-   RegionHandle const slow = region(alpha, "slow", {{lane, RangeBounds(0, 2)}});
-   EXPECT_REFUSED("InvalidRangeBound", alpha->setRangeBounds(slow, lane, RangeBounds(3, 3)));
-   alpha->setRangeBounds(slow, lane, RangeBounds(0, 3));
-   EXPECT_EQ(alpha->getRangeBounds(slow, lane).getUpperBound(), 3u);
-   EXPECT_EQ(beta->getRangeBounds(slow, lane).getUpperBound(), 2u);
-   alpha->commitRegionModifications({slow});
-   EXPECT_EQ(beta->getRangeBounds(slow, lane).getUpperBound(), 3u);
 }
 
 } // namespace

@@ -64,10 +64,6 @@ final class Inbox implements Saved {
         return timestamped.isEmpty() ? TimeFamily.NEVER : timestamped.first().sending.time();
     }
 
-    boolean isEmpty() {
-        return timestamped.isEmpty();
-    }
-
     /**
      * Delivers the time-stamped messages up to and including a time.
      *

@@ -71,10 +71,6 @@ final class Publications implements Saved {
         return objectClasses.getOrDefault(theClass, Set.of());
     }
 
-    void add(InteractionClass theClass) {
-        interactionClasses.add(theClass);
-    }
-
     boolean publishes(InteractionClass theClass) {
         return interactionClasses.contains(theClass);
     }
