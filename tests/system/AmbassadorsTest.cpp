@@ -7,7 +7,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 using namespace std::chrono_literals;
 
@@ -15,14 +14,11 @@ class Ambassadors : public FederationTest
 {
 protected:
    // The federation's last federate is gone when it can be destroyed.
-   bool canBeDestroyed(std::chrono::seconds limit)
+   bool canBeDestroyed()
    {
       Federate& destroyer = connected("destroyer");
-      return destroyer.await(
-         [&] {
-            return refusal([&] { destroyer->destroyFederationExecution(federationName()); }) == "nothing";
-         },
-         limit);
+      auto const destroy = [&] { destroyer->destroyFederationExecution(federationName()); };
+      return destroyer.await([&] { return refusal(destroy) == "nothing"; });
    }
 };
 IN_BOTH_CALLBACK_MODELS(Ambassadors);
@@ -84,13 +80,6 @@ TEST_P(Ambassadors, MayTakeTheirFederationsThroughLifeOnThreadsOfTheirOwn)
    EXPECT_EQ(done, 12);
 }
 
-TEST_P(Ambassadors, ThatGoWhileJoinedLetTheFederationGo)
-{
-   joined("alpha");
-   forget("alpha");
-   EXPECT_TRUE(canBeDestroyed(10s));
-}
-
 TEST_P(Ambassadors, ThatGoWhileJoinedLetTheOthersGoOn)
 {
    joined("alpha");
@@ -101,15 +90,10 @@ TEST_P(Ambassadors, ThatGoWhileJoinedLetTheOthersGoOn)
    forget("alpha");
    EXPECT_TRUE(beta.await([&] { return beta.waiting() == 1; }));
    expect(beta, {"federationSynchronized(ready, {})"});
-   EXPECT_TRUE(connected("second alpha")
-                  .await(
-                     [&] {
-                        return refusal([&] {
-                                  connected("second alpha")
-                                     ->joinFederationExecution(L"alpha", L"test", federationName());
-                               }) == "nothing";
-                     },
-                     10s));
+   joined("alpha"); // whose name is free again
+   forget("alpha");
+   forget("beta");
+   EXPECT_TRUE(canBeDestroyed());
 }
 
 TEST_P(Ambassadors, MayGoWhileAnotherIsInACallback)
@@ -142,7 +126,7 @@ TEST_P(Ambassadors, MayGoWhileAnotherIsInACallback)
    beta->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
    EXPECT_EQ(beta.callbacks(2).size(), 2u);
    beta->resignFederationExecution(NO_ACTION);
-   EXPECT_TRUE(canBeDestroyed(10s));
+   EXPECT_TRUE(canBeDestroyed());
 }
 
 TEST_P(Ambassadors, MayGoWithCallbacksStillUnderWay)
@@ -172,15 +156,6 @@ TEST(AmbassadorsOfEvokers, MayGoWhileAThreadWaitsForCallbacks)
    alpha.destroyAmbassador();
    EXPECT_FALSE(waiting.get());
    EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
-}
-
-TEST_P(Ambassadors, AreCreatedAndDestroyedManyTimes)
-{
-   for (int i = 0; i < 50; ++i) {
-      Federate& alpha = connected("alpha");
-      alpha->listFederationExecutions();
-      forget("alpha");
-   }
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 using namespace std::chrono_literals;
 
@@ -60,27 +59,25 @@ TEST_P(CallbackControl, CallsAFederateBackOnOneThreadAtATime)
 TEST_P(CallbackControl, RefusesFromWithinACallbackWhatWouldTangle)
 {
    Federate& alpha = joined("alpha");
-   std::vector<std::string> refusals;
+   std::string const no = "CallNotAllowedFromWithinCallback";
    alpha.onCallback = [&](std::string const&) {
-      refusals = {refusal([&] { alpha->evokeCallback(0.0); }),
-                  refusal([&] { alpha->evokeMultipleCallbacks(0.0, 0.0); }),
-                  refusal([&] { alpha->resignFederationExecution(NO_ACTION); }),
-                  refusal([&] { alpha->getFederateName(alpha.handle()); })};
+      EXPECT_REFUSED(no, alpha->evokeCallback(0.0));
+      EXPECT_REFUSED(no, alpha->evokeMultipleCallbacks(0.0, 0.0));
+      EXPECT_REFUSED(no, alpha->resignFederationExecution(NO_ACTION));
+      EXPECT_REFUSED("nothing", alpha->getFederateName(alpha.handle()));
    };
    askFor(1, alpha);
    EXPECT_EQ(alpha.callbacks(1).size(), 1u);
-   std::string const no = "CallNotAllowedFromWithinCallback";
-   EXPECT_EQ(refusals, (std::vector<std::string>{no, no, no, "nothing"}));
 
    alpha.onCallback = [&](std::string const&) {
-      refusals = {refusal([&] { alpha.join(federation()); }), refusal([&] { alpha->disconnect(); }),
-                  refusal([&] { alpha.connect(); }),
-                  refusal([&] { alpha->destroyFederationExecution(L"no such federation"); })};
+      EXPECT_REFUSED(no, alpha.join(federation()));
+      EXPECT_REFUSED(no, alpha->disconnect());
+      EXPECT_REFUSED(no, alpha.connect());
+      EXPECT_REFUSED("FederationExecutionDoesNotExist", alpha->destroyFederationExecution(L"none such"));
    };
    alpha->resignFederationExecution(NO_ACTION);
    alpha->listFederationExecutions();
    EXPECT_EQ(alpha.callbacks(1).size(), 1u);
-   EXPECT_EQ(refusals, (std::vector<std::string>{no, no, no, "FederationExecutionDoesNotExist"}));
 }
 
 TEST_P(CallbackControl, GoesOnAfterACallbackThatThrows)
@@ -89,19 +86,11 @@ TEST_P(CallbackControl, GoesOnAfterACallbackThatThrows)
    Federate& beta = joined("beta");
    std::atomic<int> count{0};
    alpha.onCallback = [&](std::string const&) {
-      switch (++count) {
-      case 1:
-         throw FederateInternalError(L"thrown on purpose");
-      case 2:
+      if (++count <= 3) {
          throw NotConnected(L"thrown on purpose");
-      case 3:
+      }
+      if (count <= 5) {
          throw std::runtime_error("thrown on purpose");
-      case 4:
-         throw std::string("thrown on purpose");
-      case 5:
-         throw 5;
-      default:
-         break;
       }
    };
    for (int i = 0; i < 3; ++i) {

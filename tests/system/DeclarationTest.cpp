@@ -2,69 +2,36 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
 class Declaration : public RoadTest
 {};
 IN_BOTH_CALLBACK_MODELS(Declaration);
 
-TEST_P(Declaration, IsOfClassesAndAttributesThatThereAre)
-{
-   AttributeHandleSet const wrong{position, load}; // a car has no load
-   ObjectClassHandle const noClass;
-   InteractionClassHandle const noInteraction;
-   struct
-   {
-      char const* name;
-      std::function<void(ObjectClassHandle, AttributeHandleSet const&)> call;
-   } const services[] = {
-      {"publish", [&](auto c, auto const& a) { alpha->publishObjectClassAttributes(c, a); }},
-      {"unpublish", [&](auto c, auto const& a) { alpha->unpublishObjectClassAttributes(c, a); }},
-      {"subscribe", [&](auto c, auto const& a) { alpha->subscribeObjectClassAttributes(c, a); }},
-      {"unsubscribe", [&](auto c, auto const& a) { alpha->unsubscribeObjectClassAttributes(c, a); }}};
-   for (auto const& service : services) {
-      EXPECT_EQ(refusal([&] { service.call(car, wrong); }), "AttributeNotDefined") << service.name;
-      EXPECT_EQ(refusal([&] { service.call(car, {AttributeHandle()}); }), "AttributeNotDefined")
-         << service.name;
-      EXPECT_EQ(refusal([&] { service.call(noClass, ofVehicle); }), "ObjectClassNotDefined") << service.name;
-   }
-   EXPECT_EQ(refusal([&] { alpha->unpublishObjectClass(noClass); }), "ObjectClassNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->unsubscribeObjectClass(noClass); }), "ObjectClassNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->subscribeObjectClassAttributes(car, ofVehicle, true, L"Breakneck"); }),
-             "InvalidUpdateRateDesignator");
-   EXPECT_EQ(refusal([&] { alpha->publishInteractionClass(noInteraction); }), "InteractionClassNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->unpublishInteractionClass(noInteraction); }), "InteractionClassNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->subscribeInteractionClass(noInteraction); }), "InteractionClassNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->unsubscribeInteractionClass(noInteraction); }),
-             "InteractionClassNotDefined");
-}
-
 TEST_P(Declaration, OfPublicationAllowsToRegisterAndToSend)
 {
-   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(car); }), "ObjectClassNotPublished");
-   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(ObjectClassHandle()); }), "ObjectClassNotDefined");
-   EXPECT_EQ(refusal([&] { alpha->sendInteraction(message, {}, {}); }), "InteractionClassNotPublished");
+   EXPECT_REFUSED("ObjectClassNotPublished", alpha->registerObjectInstance(car));
+   EXPECT_REFUSED("InteractionClassNotPublished", alpha->sendInteraction(message, {}, {}));
 
    alpha->publishObjectClassAttributes(vehicle, {position});
    alpha->publishInteractionClass(message);
-   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(car); }), "ObjectClassNotPublished");
-   EXPECT_EQ(refusal([&] { alpha->sendInteraction(urgent, {}, {}); }), "InteractionClassNotPublished");
-   EXPECT_EQ(refusal([&] { beta->registerObjectInstance(vehicle); }), "ObjectClassNotPublished");
-   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(vehicle); }), "nothing");
-   EXPECT_EQ(refusal([&] { alpha->sendInteraction(message, {}, {}); }), "nothing");
+   EXPECT_REFUSED("ObjectClassNotPublished", alpha->registerObjectInstance(car));
+   EXPECT_REFUSED("InteractionClassNotPublished", alpha->sendInteraction(urgent, {}, {}));
+   EXPECT_REFUSED("ObjectClassNotPublished", beta->registerObjectInstance(vehicle));
+   alpha->registerObjectInstance(vehicle);
+   alpha->sendInteraction(message, {}, {});
 
    alpha->unpublishObjectClass(vehicle);
    alpha->unpublishInteractionClass(message);
-   EXPECT_EQ(refusal([&] { alpha->registerObjectInstance(vehicle); }), "ObjectClassNotPublished");
-   EXPECT_EQ(refusal([&] { alpha->sendInteraction(message, {}, {}); }), "InteractionClassNotPublished");
+   EXPECT_REFUSED("ObjectClassNotPublished", alpha->registerObjectInstance(vehicle));
+   EXPECT_REFUSED("InteractionClassNotPublished", alpha->sendInteraction(message, {}, {}));
 }
 
 TEST_P(Declaration, OfPublicationAddsUpAndEndsWithOwnership)
 {
    alpha->publishObjectClassAttributes(car, {position});
    alpha->publishObjectClassAttributes(car, {speed, fuel});
-   ObjectInstanceHandle const object = registered(alpha, car, "car");
+   object = registered(alpha, car, "car");
    auto const owned = [&] {
       AttributeHandleSet result;
       for (AttributeHandle const attribute : {position, speed, fuel, passengers, privilege}) {
@@ -77,34 +44,22 @@ TEST_P(Declaration, OfPublicationAddsUpAndEndsWithOwnership)
    EXPECT_EQ(owned(), (AttributeHandleSet{position, speed, fuel, privilege}));
    alpha->unpublishObjectClassAttributes(car, {speed, passengers});
    EXPECT_EQ(owned(), (AttributeHandleSet{position, fuel, privilege}));
-   EXPECT_EQ(refusal([&] {
-                alpha->updateAttributeValues(object, values({{speed, "5"}}), {});
-             }),
-             "AttributeNotOwned");
+   EXPECT_REFUSED("AttributeNotOwned", alpha->updateAttributeValues(object, values({{speed, "5"}}), {}));
    alpha->unpublishObjectClass(car);
    EXPECT_EQ(owned(), AttributeHandleSet());
 }
 
 TEST_P(Declaration, IsNotTakenBackWhileOwnershipIsBeingAcquired)
 {
-   alpha->publishObjectClassAttributes(car, ofVehicle);
-   beta->publishObjectClassAttributes(car, ofVehicle);
-   beta->subscribeObjectClassAttributes(car, ofVehicle);
-   ObjectInstanceHandle const object = registered(alpha, car, "car");
-   expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+   shareACar();
    beta->attributeOwnershipAcquisition(object, {speed}, {});
-   EXPECT_EQ(refusal([&] { beta->unpublishObjectClass(car); }), "OwnershipAcquisitionPending");
-   EXPECT_EQ(refusal([&] {
-                beta->unpublishObjectClassAttributes(car, {speed, fuel});
-             }),
-             "OwnershipAcquisitionPending");
-   EXPECT_EQ(refusal([&] { beta->unpublishObjectClassAttributes(car, {fuel}); }), "nothing");
+   EXPECT_REFUSED("OwnershipAcquisitionPending", beta->unpublishObjectClass(car));
+   EXPECT_REFUSED("OwnershipAcquisitionPending", beta->unpublishObjectClassAttributes(car, {speed, fuel}));
+   beta->unpublishObjectClassAttributes(car, {fuel});
    beta->cancelAttributeOwnershipAcquisition(object, {speed});
    beta->attributeOwnershipAcquisition(object, {privilege}, {});
-   EXPECT_EQ(refusal([&] {
-                beta->unpublishObjectClassAttributes(car, {position, speed});
-             }),
-             "OwnershipAcquisitionPending"); // with them would go the privilege to delete
+   EXPECT_REFUSED("OwnershipAcquisitionPending",
+                  beta->unpublishObjectClassAttributes(car, {position, speed})); // the privilege would go too
 }
 
 TEST_P(Declaration, IsToldToPublishersWhoWantToKnowWhetherToRegister)
@@ -156,6 +111,14 @@ TEST_P(Declaration, IsToldToPublishersWhoWantToKnowWhetherToSend)
    expect(alpha, {"turnInteractionsOn(Urgent)"});
    beta->resignFederationExecution(NO_ACTION);
    expect(alpha, {"turnInteractionsOff(Urgent)"});
+}
+
+TEST_P(Declaration, OfOnesOwnInterestIsNothingToBeToldOf)
+{
+   alpha->enableObjectClassRelevanceAdvisorySwitch();
+   alpha->publishObjectClassAttributes(car, {position});
+   alpha->subscribeObjectClassAttributes(car, {position});
+   expectNothing(alpha);
 }
 
 } // namespace

@@ -6,8 +6,6 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 std::wstring fom(std::string const& file) { return wide(SYSTEM_TESTS_FOM "/" + file); }
 
 std::string uniqueName()
@@ -47,7 +45,7 @@ void FederationTest::create(std::vector<std::wstring> const& modules, std::strin
    _created = true;
 }
 
-void FederationTest::end()
+void FederationTest::TearDown()
 {
    for (auto const& entry : _federates) {
       Federate& federate = *entry.second;
@@ -62,12 +60,10 @@ void FederationTest::end()
    destroyer.connect();
    std::string const destroyed = refusal([&] { destroyer->destroyFederationExecution(federationName()); });
    EXPECT_TRUE(destroyed == "nothing" || destroyed == "FederationExecutionDoesNotExist") << destroyed;
-   _created = false;
    for (auto const& entry : _federates) {
       Federate& federate = *entry.second;
-      EXPECT_EQ(refusal([&] { federate->disconnect(); }), "nothing") << federate.name();
+      EXPECT_REFUSED("nothing", federate->disconnect()) << federate.name();
    }
-   _federates.clear();
 }
 
 void FederationTest::expect(Federate& federate, Callbacks const& callbacks)

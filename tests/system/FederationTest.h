@@ -25,10 +25,11 @@ std::wstring fom(std::string const& file);
 // A name that no other federation of this process has.
 std::string uniqueName();
 
-class FederationTest : public testing::TestWithParam<rti1516e::CallbackModel>
+class FederationTest : public testing::TestWithParam<CallbackModel>
 {
 protected:
-   void TearDown() override { end(); }
+   // Has all federates that have come to be resign, destroys the federation and disconnects them.
+   void TearDown() override;
 
    // Connected, and joined too. Each name is one federate.
    Federate& connected(std::string const& name);
@@ -43,9 +44,6 @@ protected:
    std::string const& federation() const { return _federation; }
    std::wstring federationName() const { return wide(_federation); }
    Names& names() { return _names; }
-
-   // Has all federates that have come to be resign, destroys the federation and disconnects them.
-   void end();
 
    // The next callbacks are these, in this order, and no other comes.
    static void expect(Federate& federate, Callbacks const& callbacks);
@@ -62,7 +60,7 @@ private:
    std::map<std::string, std::unique_ptr<Federate>> _federates;
 };
 
-std::string modelName(testing::TestParamInfo<rti1516e::CallbackModel> const& info);
+std::string modelName(testing::TestParamInfo<CallbackModel> const& info);
 
 } // namespace system_tests
 

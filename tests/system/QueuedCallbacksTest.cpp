@@ -2,99 +2,64 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
-// Callbacks that wait while things change: what a federate is told is so when it is told.
+// Callbacks that wait, because their federate has disabled them, while things change: what a federate is told
+// is so when it is told.
 class QueuedCallbacks : public RoadTest
 {
 protected:
    QueuedCallbacks()
    {
-      for (Federate* const federate : {&alpha, &beta}) {
-         (*federate)->publishObjectClassAttributes(car, ofVehicle);
-         (*federate)->subscribeObjectClassAttributes(car, ofVehicle);
-      }
-      object = registered(alpha, car, "car");
-      expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+      shareACar();
+      alpha->subscribeObjectClassAttributes(car, ofVehicle);
    }
 
-   void regulateAlpha()
+   void updateNow(std::string const& value)
    {
-      alpha->enableTimeRegulation(interval(1));
-      expect(alpha, {"timeRegulationEnabled(0)"});
+      alpha->updateAttributeValues(object, values({{position, value}}), bytes(""));
    }
-
-   MessageRetractionHandle update(std::string const& value, int when)
-   {
-      return alpha->updateAttributeValues(object, values({{position, value}}), bytes(""), time(when));
-   }
-   static std::string reflected(std::string const& value, std::string const& at)
-   {
-      return "reflectAttributeValues(car, {Position=" + value + "}, , TSO, reliable, at " + at +
-             " retractable, by alpha)";
-   }
-
-   // The callbacks that the action leaves for the federate wait until the other is done.
-   template <class Action, class Meanwhile>
-   void whileTheyWait(Federate& federate, Action&& action, Meanwhile&& meanwhile)
-   {
-      federate->disableCallbacks();
-      action();
-      meanwhile();
-      federate->enableCallbacks();
-   }
-
-   ObjectInstanceHandle object;
 };
 IN_BOTH_CALLBACK_MODELS(QueuedCallbacks);
 
 TEST_P(QueuedCallbacks, TellOfARetractionOnlyWhereTheMessageWasDelivered)
 {
-   regulateAlpha();
-   MessageRetractionHandle handle;
-   auto const send = [&] { handle = update("1", 5); };
-   send();
-   expect(beta, {reflected("1", "5 RO")});
-   names().add(handle, "sent");
-   alpha->retract(handle);
-   expect(beta, {"requestRetraction(sent)"});
-
-   whileTheyWait(beta, send, [&] { alpha->retract(handle); });
+   regulate(alpha, 1);
+   beta->disableCallbacks();
+   alpha->retract(update("1", 5));
+   beta->enableCallbacks();
    expectNothing(beta);
-   whileTheyWait(beta, send, [&] {
-      beta->unsubscribeObjectClass(car);
-      alpha->retract(handle);
-   });
+
+   beta->disableCallbacks();
+   MessageRetractionHandle const unwanted = update("1", 5);
+   beta->unsubscribeObjectClass(car);
+   alpha->retract(unwanted);
+   beta->enableCallbacks();
    expectNothing(beta);
 
    // The news of a deletion is delivered in any case, for the object is there no more.
-   whileTheyWait(
-      beta, [&] { handle = alpha->deleteObjectInstance(object, bytes(""), time(5)); },
-      [&] {
-         names().add(handle, "deletion");
-         alpha->retract(handle);
-         beta->subscribeObjectClassAttributes(car, ofVehicle);
-      });
-   expect(beta, {"removeObjectInstance(car, , TSO, at 5 RO retractable, by alpha)",
+   beta->disableCallbacks();
+   MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
+   names().add(deletion.toString(), "deletion");
+   alpha->retract(deletion);
+   beta->subscribeObjectClassAttributes(car, ofVehicle);
+   beta->enableCallbacks();
+   expect(beta, {"removeObjectInstance(car, , TSO, 5, RO, retractable, by alpha)",
                  "requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"});
 }
 
 TEST_P(QueuedCallbacks, TellNothingOfAnObjectThatTheFederateGaveUp)
 {
-   regulateAlpha();
-   beta->enableTimeConstrained();
-   expect(beta, {"timeConstrainedEnabled(0)"});
+   regulate(alpha, 1);
+   constrain(beta);
    beta->enableAsynchronousDelivery();
-   whileTheyWait(
-      beta,
-      [&] {
-         alpha->updateAttributeValues(object, values({{position, "1"}}), bytes(""));
-         update("2", 5);
-         alpha->requestAttributeValueUpdate(object, {position}, bytes(""));
-         beta->queryAttributeOwnership(object, position);
-      },
-      [&] { beta->localDeleteObjectInstance(object); });
+   beta->disableCallbacks();
+   updateNow("1");
+   update("2", 5);
+   alpha->requestAttributeValueUpdate(object, {position}, bytes(""));
+   beta->queryAttributeOwnership(object, position);
+   beta->localDeleteObjectInstance(object);
+   beta->enableCallbacks();
    expectNothing(beta);
    beta->unsubscribeObjectClass(car);
    beta->subscribeObjectClassAttributes(car, ofVehicle);
@@ -104,21 +69,18 @@ TEST_P(QueuedCallbacks, TellNothingOfAnObjectThatTheFederateGaveUp)
    beta.callbacks();
    beta->attributeOwnershipAcquisitionIfAvailable(object, {privilege});
    beta.callbacks();
-   whileTheyWait(
-      beta,
-      [&] {
-         alpha->updateAttributeValues(object, values({{position, "1"}}), bytes(""));
-         update("2", 5);
-      },
-      [&] { beta->deleteObjectInstance(object, bytes("")); });
+   beta->disableCallbacks();
+   updateNow("1");
+   update("2", 5);
+   beta->deleteObjectInstance(object, bytes(""));
+   beta->enableCallbacks();
    expectNothing(beta);
    expect(alpha, {"removeObjectInstance(car, , RO, by beta)"});
 
    // An object that it does not even know of yet.
-   ObjectInstanceHandle other;
-   whileTheyWait(
-      beta, [&] { other = registered(alpha, car, "other"); },
-      [&] { beta->localDeleteObjectInstance(other); });
+   beta->disableCallbacks();
+   beta->localDeleteObjectInstance(registered(alpha, car, "other"));
+   beta->enableCallbacks();
    expectNothing(beta);
    alpha->timeAdvanceRequest(time(50));
    beta->timeAdvanceRequest(time(20));
@@ -127,44 +89,36 @@ TEST_P(QueuedCallbacks, TellNothingOfAnObjectThatTheFederateGaveUp)
 
 TEST_P(QueuedCallbacks, ComeInTheOrderOfTimeOnlyToWhoKnowsThatItIsConstrained)
 {
-   regulateAlpha();
-   auto const enable = [&] { beta->enableTimeConstrained(); };
-   whileTheyWait(
-      beta, [&] { update("before", 9); }, enable);
+   regulate(alpha, 1);
+   beta->disableCallbacks();
+   update("before", 9);
+   beta->enableTimeConstrained();
+   beta->enableCallbacks();
    update("after", 8);
    update("after", 7);
-   expect(beta, {reflected("before", "9 RO"), "timeConstrainedEnabled(0)"});
+   expect(beta, {reflected("before", 9, "RO"), "timeConstrainedEnabled(0)"});
    beta->flushQueueRequest(time(0));
-   expect(beta, {reflected("after", "7 TSO"), reflected("after", "8 TSO"), "timeAdvanceGrant(0)"});
+   expect(beta, {reflected("after", 7), reflected("after", 8), "timeAdvanceGrant(0)"});
 
-   whileTheyWait(
-      beta,
-      [&] {
-         update("b", 6);
-         update("a", 5);
-         beta->flushQueueRequest(time(0));
-         update("c", 4);
-      },
-      [&] { beta->disableTimeConstrained(); });
+   beta->disableCallbacks();
+   update("b", 6);
+   update("a", 5);
+   beta->flushQueueRequest(time(0));
+   update("c", 4);
+   beta->disableTimeConstrained();
+   beta->enableCallbacks();
    expect(beta,
-          {reflected("a", "5 RO"), reflected("b", "6 RO"), "timeAdvanceGrant(0)", reflected("c", "4 RO")});
+          {reflected("a", 5, "RO"), reflected("b", 6, "RO"), "timeAdvanceGrant(0)", reflected("c", 4, "RO")});
 }
 
 TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)
 {
-   auto const divest = [&] { alpha->unconditionalAttributeOwnershipDivestiture(object, {position, speed}); };
-   auto const acquire = [&] {
-      beta->attributeOwnershipAcquisition(object, {position, speed}, bytes("mine"));
-   };
-
    // Offered, taken and given up again before it heard of any of it.
-   whileTheyWait(
-      beta,
-      [&] {
-         divest();
-         acquire();
-      },
-      [&] { beta->unpublishObjectClassAttributes(car, {position}); });
+   beta->disableCallbacks();
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {position, speed});
+   beta->attributeOwnershipAcquisition(object, {position, speed}, bytes("mine"));
+   beta->unpublishObjectClassAttributes(car, {position});
+   beta->enableCallbacks();
    expect(beta, {"attributeOwnershipAcquisitionNotification(car, {Speed}, )"});
    EXPECT_FALSE(beta->isAttributeOwnedByFederate(object, position));
    EXPECT_TRUE(beta->isAttributeOwnedByFederate(object, speed));
@@ -176,35 +130,30 @@ TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)
    beta.callbacks();
 
    // Asked for the release, or to confirm one, and neither is wanted any more.
-   whileTheyWait(alpha, acquire, [&] {
-      beta->cancelAttributeOwnershipAcquisition(object, {position});
-      alpha->unconditionalAttributeOwnershipDivestiture(object, {speed});
-   });
+   alpha->disableCallbacks();
+   beta->attributeOwnershipAcquisition(object, {position, speed}, bytes("mine"));
+   beta->cancelAttributeOwnershipAcquisition(object, {position});
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {speed});
+   alpha->enableCallbacks();
    expectNothing(alpha);
    expect(beta, {"confirmAttributeOwnershipAcquisitionCancellation(car, {Position})",
                  "attributeOwnershipAcquisitionNotification(car, {Speed}, )"});
    alpha->negotiatedAttributeOwnershipDivestiture(object, {position, fuel}, bytes(""));
    beta.callbacks(1);
-   whileTheyWait(
-      alpha,
-      [&] {
-         beta->attributeOwnershipAcquisition(object, {position, fuel}, bytes(""));
-      },
-      [&] {
-         beta->cancelAttributeOwnershipAcquisition(object, {fuel});
-         alpha->cancelNegotiatedAttributeOwnershipDivestiture(object, {position});
-      });
+   alpha->disableCallbacks();
+   beta->attributeOwnershipAcquisition(object, {position, fuel}, bytes(""));
+   beta->cancelAttributeOwnershipAcquisition(object, {fuel});
+   alpha->cancelNegotiatedAttributeOwnershipDivestiture(object, {position});
+   alpha->enableCallbacks();
    expect(alpha, {"requestAttributeOwnershipRelease(car, {Position}, )"});
    beta.callbacks();
 
    // Asked for values of what it owns no more; its transportation type changes no more either.
-   whileTheyWait(
-      alpha,
-      [&] {
-         beta->requestAttributeValueUpdate(object, {position, fuel}, bytes(""));
-         alpha->requestAttributeTransportationTypeChange(object, {position, fuel}, BEST_EFFORT);
-      },
-      [&] { alpha->unconditionalAttributeOwnershipDivestiture(object, {position}); });
+   alpha->disableCallbacks();
+   beta->requestAttributeValueUpdate(object, {position, fuel}, bytes(""));
+   alpha->requestAttributeTransportationTypeChange(object, {position, fuel}, BEST_EFFORT);
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {position});
+   alpha->enableCallbacks();
    expect(alpha, {"provideAttributeValueUpdate(car, {Fuel}, )",
                   "confirmAttributeTransportationTypeChange(car, {Fuel}, best-effort)"});
    expect(beta, {"attributeOwnershipAcquisitionNotification(car, {Position}, )"});
@@ -214,23 +163,47 @@ TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)
 
 TEST_P(QueuedCallbacks, AreNoneAfterAResignation)
 {
-   whileTheyWait(
-      beta,
-      [&] {
-         update("1", 5);
-         alpha->unconditionalAttributeOwnershipDivestiture(object, {position});
-         beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
-         beta->enableTimeConstrained();
-      },
-      [&] {
-         beta->resignFederationExecution(UNCONDITIONALLY_DIVEST_ATTRIBUTES);
-         beta.join(federation());
-      });
+   beta->disableCallbacks();
+   update("1", 5);
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {position});
+   beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   beta->enableTimeConstrained();
+   beta->resignFederationExecution(UNCONDITIONALLY_DIVEST_ATTRIBUTES);
+   beta.join(federation());
+   beta->enableCallbacks();
    expectNothing(beta);
    alpha.callbacks();
    alpha->queryAttributeOwnership(object, position);
    expect(alpha, {"attributeIsNotOwned(car, Position)"});
-   EXPECT_EQ(refusal([&] { beta->disableTimeConstrained(); }), "TimeConstrainedIsNotEnabled");
+   EXPECT_REFUSED("TimeConstrainedIsNotEnabled", beta->disableTimeConstrained());
+}
+
+TEST_P(QueuedCallbacks, AreNoneOfWhatARestoreReplaces)
+{
+   alpha->requestFederationSave(L"noon");
+   for (Federate* const federate : {&alpha, &beta}) {
+      federate->callbacks(1);
+      (*federate)->federateSaveBegun();
+      (*federate)->federateSaveComplete();
+   }
+   expectEach({&alpha, &beta}, {"federationSaved()"});
+   beta->disableCallbacks();
+   updateNow("1");
+   alpha->requestFederationRestore(L"noon");
+   alpha->federateRestoreComplete();
+   beta->federateRestoreComplete();
+   beta->enableCallbacks();
+   expect(beta, {"federationRestored()"});
+}
+
+TEST_P(QueuedCallbacks, ThatAnswerTheConnectionOutliveTheMembership)
+{
+   beta->disableCallbacks();
+   beta->listFederationExecutions();
+   beta->resignFederationExecution(NO_ACTION);
+   beta.join(federation());
+   beta->enableCallbacks();
+   EXPECT_EQ(beta.callbacks(1).size(), 1u);
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 #ifndef RTI1516E_TESTS_SYSTEM_RANDOMLEDGER_H
 #define RTI1516E_TESTS_SYSTEM_RANDOMLEDGER_H
 
+#include "Text.h"
+
 #include <RTI/RTI1516.h>
 
 #include <atomic>
@@ -26,7 +28,7 @@ struct Ledger
    std::atomic<std::size_t> messages{0}; // a message's number goes with it as its tag
 
    std::recursive_mutex mutex; // guards what follows
-   std::map<rti1516e::MessageRetractionHandle, std::size_t> retractable;
+   std::map<MessageRetractionHandle, std::size_t> retractable;
    std::set<std::size_t> retracted;
    std::vector<std::string> faults;
 

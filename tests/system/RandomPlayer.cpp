@@ -8,8 +8,6 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 static std::int64_t number(LogicalTime const& time) { return dynamic_cast<HLAinteger64Time const&>(time); }
 
 Player::Player(Ledger& theLedger, int theIndex, unsigned int seed, CallbackModel model)

@@ -70,7 +70,7 @@ constexpr Attributes with(unsigned int attributes, unsigned int others)
 struct Life
 {
    bool isJoined = false;
-   rti1516e::FederateHandle handle;
+   FederateHandle handle;
    std::size_t firstMessage = 0; // that can be for it
    std::array<Attributes, 4> published{};
    std::array<Attributes, 4> subscribed{};
@@ -78,18 +78,18 @@ struct Life
    std::array<bool, 3> publishedInteractions{};
    std::array<bool, 3> subscribedInteractions{};
    bool subscribedInteractionSomewhere = false;
-   std::vector<rti1516e::RegionHandle> regions;
-   std::vector<rti1516e::MessageRetractionHandle> sent;
-   std::map<rti1516e::ObjectInstanceHandle, std::size_t> known; // with the known class
-   std::map<rti1516e::ObjectInstanceHandle, Attributes> owned;
-   std::vector<std::pair<rti1516e::ObjectInstanceHandle, Attributes>> toConfirm;
-   rti1516e::ObjectInstanceHandle subject;          // of the present service
-   std::set<rti1516e::ObjectInstanceHandle> doubts; // heard to be known no more, and so to be removed
+   std::vector<RegionHandle> regions;
+   std::vector<MessageRetractionHandle> sent;
+   std::map<ObjectInstanceHandle, std::size_t> known; // with the known class
+   std::map<ObjectInstanceHandle, Attributes> owned;
+   std::vector<std::pair<ObjectInstanceHandle, Attributes>> toConfirm;
+   ObjectInstanceHandle subject;          // of the present service
+   std::set<ObjectInstanceHandle> doubts; // heard to be known no more, and so to be removed
 
    // Messages by their numbers: the parts that are still to come, and those that have.
    struct Due
    {
-      rti1516e::ObjectInstanceHandle object;
+      ObjectInstanceHandle object;
       Attributes parts;
    };
    std::map<std::size_t, Due> due;
@@ -109,18 +109,18 @@ struct Life
    std::int64_t latest = 0;   // that one had since the last grant
 };
 
-class Player : private rti1516e::NullFederateAmbassador, public Life
+class Player : private NullFederateAmbassador, public Life
 {
 public:
-   using Object = rti1516e::ObjectInstanceHandle;
+   using Object = ObjectInstanceHandle;
    using Lock = std::lock_guard<std::recursive_mutex>;
 
-   Player(Ledger& ledger, int index, unsigned int seed, rti1516e::CallbackModel model);
+   Player(Ledger& ledger, int index, unsigned int seed, CallbackModel model);
 
    void join(std::string const& federation);
 
    // Calls are counted by the asking for whom to call.
-   rti1516e::RTIambassador& rti()
+   RTIambassador& rti()
    {
       ++_calls;
       return *_rti;
@@ -128,7 +128,7 @@ public:
    long calls() const { return _calls; }
 
    void evoke() { rti().evokeMultipleCallbacks(0.0, 0.0); }
-   void drain(rti1516e::CallbackModel model); // until all that was under way to it has come
+   void drain(CallbackModel model); // until all that was under way to it has come
 
    int below(int bound) { return static_cast<int>(_random() % static_cast<unsigned int>(bound)); }
    bool oneIn(int chances) { return below(chances) == 0; }
@@ -139,8 +139,8 @@ public:
       return *std::next(container.begin(), below(static_cast<int>(container.size())));
    }
 
-   rti1516e::AttributeHandleSet setOf(Attributes attributes) const;
-   Attributes maskOf(rti1516e::AttributeHandleSet const& attributes) const;
+   AttributeHandleSet setOf(Attributes attributes) const;
+   Attributes maskOf(AttributeHandleSet const& attributes) const;
    bool isSubscribed(std::size_t interaction) const; // or to a class above
    // The infrastructure may have enabled something that this player has yet to hear of.
    bool isBehind() const { return ledger.concurrent && enabling > 0; }
@@ -156,74 +156,70 @@ public:
    std::recursive_mutex mutex; // guards this life; held during a service and during a callback
 
    // The handles are the same in each life.
-   std::array<rti1516e::AttributeHandle, 7> attributes;
-   std::array<rti1516e::ObjectClassHandle, 4> classes;
-   std::array<rti1516e::InteractionClassHandle, 3> interactions;
-   rti1516e::DimensionHandle lane;
+   std::array<AttributeHandle, 7> attributes;
+   std::array<ObjectClassHandle, 4> classes;
+   std::array<InteractionClassHandle, 3> interactions;
+   DimensionHandle lane;
 
 private:
    struct Stamp
    {
-      rti1516e::OrderType sent;
-      rti1516e::LogicalTime const* time;
-      rti1516e::OrderType received;
+      OrderType sent;
+      LogicalTime const* time;
+      OrderType received;
    };
 
-   void received(rti1516e::VariableLengthData const& tag, Attributes parts, Stamp const& stamp);
+   void received(VariableLengthData const& tag, Attributes parts, Stamp const& stamp);
    void checkTime(Stamp const& stamp);
-   void checkOwned(char const* callback, Object const& object, rti1516e::AttributeHandleSet const& some);
-   void enabled(rti1516e::LogicalTime const& time);
-   void reflected(Object const& object, rti1516e::AttributeHandleValueMap const& values,
-                  rti1516e::VariableLengthData const& tag, Stamp const& stamp);
-   void interaction(rti1516e::InteractionClassHandle const& theClass, rti1516e::VariableLengthData const& tag,
+   void checkOwned(char const* callback, Object const& object, AttributeHandleSet const& some);
+   void enabled(LogicalTime const& time);
+   void reflected(Object const& object, AttributeHandleValueMap const& values, VariableLengthData const& tag,
+                  Stamp const& stamp);
+   void interaction(InteractionClassHandle const& theClass, VariableLengthData const& tag,
                     Stamp const& stamp);
    void removed(Object const& object, Stamp const& stamp);
 
-   using Tag = rti1516e::VariableLengthData const&;
-   using Set = rti1516e::AttributeHandleSet const&;
-   using Values = rti1516e::AttributeHandleValueMap const&;
-   using Parameters = rti1516e::ParameterHandleValueMap const&;
-   using ObjectClass = rti1516e::ObjectClassHandle;
-   using Producer = rti1516e::FederateHandle;
-   using Class = rti1516e::InteractionClassHandle;
-   using Order = rti1516e::OrderType;
-   using Way = rti1516e::TransportationType;
-   using Time = rti1516e::LogicalTime const&;
-   using Retraction = rti1516e::MessageRetractionHandle;
-   using ReflectInfo = rti1516e::SupplementalReflectInfo;
-   using ReceiveInfo = rti1516e::SupplementalReceiveInfo;
-   using RemoveInfo = rti1516e::SupplementalRemoveInfo;
+   using Tag = VariableLengthData const&;
+   using Set = AttributeHandleSet const&;
+   using Values = AttributeHandleValueMap const&;
+   using Parameters = ParameterHandleValueMap const&;
+   using Interaction = InteractionClassHandle;
+   using Transport = TransportationType;
+   using Time = LogicalTime const&;
+   using Retraction = MessageRetractionHandle;
 
    // clang-format off
-   void reportFederationExecutions(rti1516e::FederationExecutionInformationVector const&) override
-   { _drained = true; }
-   void discoverObjectInstance(Object object, ObjectClass theClass, std::wstring const&) override;
-   void discoverObjectInstance(Object object, ObjectClass theClass, std::wstring const& name,
-                               Producer) override
+   void reportFederationExecutions(FederationExecutionInformationVector const&) override { _drained = true; }
+   void discoverObjectInstance(Object object, ObjectClassHandle theClass, std::wstring const&) override;
+   void discoverObjectInstance(Object object, ObjectClassHandle theClass, std::wstring const& name,
+                               FederateHandle) override
    { discoverObjectInstance(object, theClass, name); }
-   void reflectAttributeValues(Object object, Values values, Tag tag, Order how, Way, Time time, Order order,
-                               Retraction, ReflectInfo) override
+   void reflectAttributeValues(Object object, Values values, Tag tag, OrderType how, Transport, Time time,
+                               OrderType order, Retraction, SupplementalReflectInfo) override
    { reflected(object, values, tag, {how, &time, order}); }
-   void reflectAttributeValues(Object object, Values values, Tag tag, Order how, Way, Time time, Order order,
-                               ReflectInfo) override
+   void reflectAttributeValues(Object object, Values values, Tag tag, OrderType how, Transport, Time time,
+                               OrderType order, SupplementalReflectInfo) override
    { reflected(object, values, tag, {how, &time, order}); }
-   void reflectAttributeValues(Object object, Values values, Tag tag, Order how, Way, ReflectInfo) override
-   { reflected(object, values, tag, {how, nullptr, rti1516e::RECEIVE}); }
-   void receiveInteraction(Class theClass, Parameters, Tag tag, Order how, Way, Time time, Order order,
-                           Retraction, ReceiveInfo) override
+   void reflectAttributeValues(Object object, Values values, Tag tag, OrderType how, Transport,
+                               SupplementalReflectInfo) override
+   { reflected(object, values, tag, {how, nullptr, RECEIVE}); }
+   void receiveInteraction(Interaction theClass, Parameters, Tag tag, OrderType how, Transport, Time time,
+                           OrderType order, Retraction, SupplementalReceiveInfo) override
    { interaction(theClass, tag, {how, &time, order}); }
-   void receiveInteraction(Class theClass, Parameters, Tag tag, Order how, Way, Time time, Order order,
-                           ReceiveInfo) override
+   void receiveInteraction(Interaction theClass, Parameters, Tag tag, OrderType how, Transport, Time time,
+                           OrderType order, SupplementalReceiveInfo) override
    { interaction(theClass, tag, {how, &time, order}); }
-   void receiveInteraction(Class theClass, Parameters, Tag tag, Order how, Way, ReceiveInfo) override
-   { interaction(theClass, tag, {how, nullptr, rti1516e::RECEIVE}); }
-   void removeObjectInstance(Object object, Tag, Order how, Time time, Order order, Retraction,
-                             RemoveInfo) override
+   void receiveInteraction(Interaction theClass, Parameters, Tag tag, OrderType how, Transport,
+                           SupplementalReceiveInfo) override
+   { interaction(theClass, tag, {how, nullptr, RECEIVE}); }
+   void removeObjectInstance(Object object, Tag, OrderType how, Time time, OrderType order, Retraction,
+                             SupplementalRemoveInfo) override
    { removed(object, {how, &time, order}); }
-   void removeObjectInstance(Object object, Tag, Order how, Time time, Order order, RemoveInfo) override
+   void removeObjectInstance(Object object, Tag, OrderType how, Time time, OrderType order,
+                             SupplementalRemoveInfo) override
    { removed(object, {how, &time, order}); }
-   void removeObjectInstance(Object object, Tag, Order how, RemoveInfo) override
-   { removed(object, {how, nullptr, rti1516e::RECEIVE}); }
+   void removeObjectInstance(Object object, Tag, OrderType how, SupplementalRemoveInfo) override
+   { removed(object, {how, nullptr, RECEIVE}); }
    void provideAttributeValueUpdate(Object object, Set some, Tag) override
    { checkOwned("provides", object, some); }
    void requestAttributeOwnershipRelease(Object object, Set some, Tag) override
@@ -237,7 +233,7 @@ private:
    void requestRetraction(Retraction handle) override;
 
    std::mt19937 _random;
-   std::unique_ptr<rti1516e::RTIambassador> _rti;
+   std::unique_ptr<RTIambassador> _rti;
    std::atomic<long> _calls{0};
    std::atomic<bool> _drained{false};
    int _lives = 0;

@@ -10,7 +10,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
 constexpr int playerCount = 8;

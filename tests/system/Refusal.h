@@ -3,30 +3,27 @@
 #define RTI1516E_TESTS_SYSTEM_REFUSAL_H
 
 #include "Text.h"
-
-#include <RTI/Exception.h>
+#include "tests/contract/Caught.h"
 
 #include <string>
 
 namespace system_tests {
-
-std::string className(rti1516e::Exception const& exception);
 
 // The class of the exception that the call throws, or "nothing". Exceptions that the standard does not
 // foresee show their message, so that a failing test tells what went wrong.
 template <class Call>
 std::string refusal(Call&& call)
 {
-   try {
-      call();
-      return "nothing";
-   } catch (rti1516e::RTIinternalError const& error) {
-      return "RTIinternalError: " + narrow(error.what());
-   } catch (rti1516e::Exception const& exception) {
-      return className(exception);
+   contract::Caught const caught = contract::caughtFrom(call);
+   if (caught.type == "RTIinternalError") {
+      return caught.type + ": " + narrow(caught.text);
    }
+   return caught.type.empty() ? "nothing" : caught.type;
 }
 
 } // namespace system_tests
+
+// That the call, which may have commas of its own, throws just this.
+#define EXPECT_REFUSED(exception, ...) EXPECT_EQ(refusal([&] { __VA_ARGS__; }), exception)
 
 #endif

@@ -7,28 +7,27 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 RoadTest::RoadTest()
    : alpha(firstOnTheRoad()),
      beta(joined("beta")),
-     vehicle(objectClass("HLAobjectRoot.Vehicle")),
-     car(objectClass("HLAobjectRoot.Vehicle.Car")),
-     taxi(objectClass("HLAobjectRoot.Vehicle.Car.Taxi")),
-     truck(objectClass("HLAobjectRoot.Vehicle.Truck")),
-     position(attribute(vehicle, "Position")),
-     speed(attribute(vehicle, "Speed")),
-     fuel(attribute(vehicle, "Fuel")),
-     passengers(attribute(car, "Passengers")),
-     fare(attribute(taxi, "Fare")),
-     load(attribute(truck, "Load")),
-     privilege(attribute(vehicle, "HLAprivilegeToDeleteObject")),
-     message(interactionClass("HLAinteractionRoot.Message")),
-     urgent(interactionClass("HLAinteractionRoot.Message.Urgent")),
-     accident(interactionClass("HLAinteractionRoot.Accident")),
-     words(parameter(message, "Words")),
-     level(parameter(urgent, "Level")),
-     damage(parameter(accident, "Damage")),
+     vehicle(named(alpha->getObjectClassHandle(L"Vehicle"), "Vehicle")),
+     car(named(alpha->getObjectClassHandle(L"Vehicle.Car"), "Car")),
+     taxi(named(alpha->getObjectClassHandle(L"Vehicle.Car.Taxi"), "Taxi")),
+     truck(named(alpha->getObjectClassHandle(L"Vehicle.Truck"), "Truck")),
+     position(named(alpha->getAttributeHandle(vehicle, L"Position"), "Position")),
+     speed(named(alpha->getAttributeHandle(vehicle, L"Speed"), "Speed")),
+     fuel(named(alpha->getAttributeHandle(vehicle, L"Fuel"), "Fuel")),
+     passengers(named(alpha->getAttributeHandle(car, L"Passengers"), "Passengers")),
+     fare(named(alpha->getAttributeHandle(taxi, L"Fare"), "Fare")),
+     load(named(alpha->getAttributeHandle(truck, L"Load"), "Load")),
+     privilege(named(alpha->getAttributeHandle(vehicle, L"HLAprivilegeToDeleteObject"),
+                     "HLAprivilegeToDeleteObject")),
+     message(named(alpha->getInteractionClassHandle(L"Message"), "Message")),
+     urgent(named(alpha->getInteractionClassHandle(L"Message.Urgent"), "Urgent")),
+     accident(named(alpha->getInteractionClassHandle(L"Accident"), "Accident")),
+     words(named(alpha->getParameterHandle(message, L"Words"), "Words")),
+     level(named(alpha->getParameterHandle(urgent, L"Level"), "Level")),
+     damage(named(alpha->getParameterHandle(accident, L"Damage"), "Damage")),
      lane(alpha->getDimensionHandle(L"Lane")),
      distance(alpha->getDimensionHandle(L"Distance"))
 {}
@@ -39,48 +38,51 @@ Federate& RoadTest::firstOnTheRoad()
    return joined("alpha");
 }
 
-static std::string lastPart(std::string const& name) { return name.substr(name.rfind('.') + 1); }
-
-ObjectClassHandle RoadTest::objectClass(std::string const& name)
-{
-   ObjectClassHandle const handle = alpha->getObjectClassHandle(wide(name));
-   names().add(handle, lastPart(name));
-   return handle;
-}
-
-InteractionClassHandle RoadTest::interactionClass(std::string const& name)
-{
-   InteractionClassHandle const handle = alpha->getInteractionClassHandle(wide(name));
-   names().add(handle, lastPart(name));
-   return handle;
-}
-
-AttributeHandle RoadTest::attribute(ObjectClassHandle objectClass, std::string const& name)
-{
-   AttributeHandle const handle = alpha->getAttributeHandle(objectClass, wide(name));
-   names().add(handle, name);
-   return handle;
-}
-
-ParameterHandle RoadTest::parameter(InteractionClassHandle interactionClass, std::string const& name)
-{
-   ParameterHandle const handle = alpha->getParameterHandle(interactionClass, wide(name));
-   names().add(handle, name);
-   return handle;
-}
-
 ObjectInstanceHandle RoadTest::registered(Federate& federate, ObjectClassHandle objectClass,
                                           std::string const& alias)
 {
-   ObjectInstanceHandle const object = federate->registerObjectInstance(objectClass);
-   call(federate, object, alias);
-   return object;
+   ObjectInstanceHandle const instance = federate->registerObjectInstance(objectClass);
+   call(federate, instance, alias);
+   return instance;
 }
 
-void RoadTest::call(Federate& federate, ObjectInstanceHandle object, std::string const& alias)
+void RoadTest::shareACar()
 {
-   names().add(object, alias);
-   names().add(federate->getObjectInstanceName(object), alias);
+   for (Federate* const federate : {&alpha, &beta}) {
+      (*federate)->publishObjectClassAttributes(car, ofVehicle);
+   }
+   beta->subscribeObjectClassAttributes(car, ofVehicle);
+   object = registered(alpha, car, "car");
+   expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
+}
+
+MessageRetractionHandle RoadTest::update(std::string const& value, int when)
+{
+   return alpha->updateAttributeValues(object, values({{position, value}}), bytes(""), time(when));
+}
+
+std::string RoadTest::reflected(std::string const& value, int when, std::string const& receivedOrder)
+{
+   return "reflectAttributeValues(car, {Position=" + value + "}, , TSO, reliable, " + std::to_string(when) +
+          ", " + receivedOrder + ", retractable, by alpha)";
+}
+
+void RoadTest::regulate(Federate& federate, int lookahead)
+{
+   federate->enableTimeRegulation(interval(lookahead));
+   expect(federate, {"timeRegulationEnabled(0)"});
+}
+
+void RoadTest::constrain(Federate& federate)
+{
+   federate->enableTimeConstrained();
+   expect(federate, {"timeConstrainedEnabled(0)"});
+}
+
+void RoadTest::call(Federate& federate, ObjectInstanceHandle instance, std::string const& alias)
+{
+   names().add(instance, alias);
+   names().add(federate->getObjectInstanceName(instance), alias);
 }
 
 RegionHandle RoadTest::region(Federate& federate, std::string const& alias, Ranges ranges)

@@ -2,7 +2,6 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
 
 class SaveRestore : public FederationTest
@@ -16,13 +15,17 @@ protected:
       expectEach({&alpha, &beta}, {"initiateFederateSave(noon)"});
    }
 
+   static void complete(Federate& federate)
+   {
+      federate->federateSaveBegun();
+      federate->federateSaveComplete();
+   }
+
    void save()
    {
       askForASave();
-      for (Federate* const federate : {&alpha, &beta}) {
-         (*federate)->federateSaveBegun();
-         (*federate)->federateSaveComplete();
-      }
+      complete(alpha);
+      complete(beta);
       expectEach({&alpha, &beta}, {"federationSaved()"});
    }
 
@@ -69,24 +72,19 @@ TEST_P(SaveRestore, SavesWhenAllHaveSaved)
    save();
 }
 
-TEST_P(SaveRestore, DoesNotSaveWhenOneCannot)
+TEST_P(SaveRestore, DoesNotSaveWhenOneCannotOrResigns)
 {
    askForASave();
-   alpha->federateSaveBegun();
-   alpha->federateSaveComplete();
+   complete(alpha);
    beta->federateSaveBegun();
    beta->federateSaveNotComplete();
    expectEach({&alpha, &beta}, {"federationNotSaved(federate-failed)"});
    alpha->requestFederationRestore(L"noon");
    expect(alpha, {"requestFederationRestoreFailed(noon)"});
-   save();
-}
 
-TEST_P(SaveRestore, DoesNotSaveWhenOneResigns)
-{
+   save();
    askForASave();
-   alpha->federateSaveBegun();
-   alpha->federateSaveComplete();
+   complete(alpha);
    beta->federateSaveBegun();
    beta->resignFederationExecution(NO_ACTION);
    expect(alpha, {"federationNotSaved(federate-resigned)"});
@@ -94,7 +92,7 @@ TEST_P(SaveRestore, DoesNotSaveWhenOneResigns)
 
 TEST_P(SaveRestore, AbortsASaveAtAnyPoint)
 {
-   EXPECT_EQ(refusal([&] { alpha->abortFederationSave(); }), "SaveNotInProgress");
+   EXPECT_REFUSED("SaveNotInProgress", alpha->abortFederationSave());
    for (int steps = 0; steps < 3; ++steps) {
       askForASave();
       if (steps > 0) {
@@ -106,27 +104,25 @@ TEST_P(SaveRestore, AbortsASaveAtAnyPoint)
       beta->abortFederationSave();
       expectEach({&alpha, &beta}, {"federationNotSaved(aborted)"});
       expectSaveStatus("{alpha=idle beta=idle}");
-      EXPECT_EQ(refusal([&] { alpha->abortFederationSave(); }), "SaveNotInProgress");
+      EXPECT_REFUSED("SaveNotInProgress", alpha->abortFederationSave());
    }
 }
 
 TEST_P(SaveRestore, SavesInTheRightOrder)
 {
-   EXPECT_EQ(refusal([&] { alpha->federateSaveBegun(); }), "SaveNotInitiated");
-   EXPECT_EQ(refusal([&] { alpha->federateSaveComplete(); }), "FederateHasNotBegunSave");
-   EXPECT_EQ(refusal([&] { alpha->federateSaveNotComplete(); }), "FederateHasNotBegunSave");
+   EXPECT_REFUSED("SaveNotInitiated", alpha->federateSaveBegun());
+   EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveComplete());
+   EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveNotComplete());
    beta->disableCallbacks();
    alpha->requestFederationSave(L"noon");
-   EXPECT_EQ(refusal([&] { beta->federateSaveBegun(); }), "SaveNotInitiated"); // as far as beta knows
+   EXPECT_REFUSED("SaveNotInitiated", beta->federateSaveBegun()); // as far as beta knows
    alpha->abortFederationSave();
    beta->enableCallbacks();
    expectEach({&alpha, &beta}, {"initiateFederateSave(noon)", "federationNotSaved(aborted)"});
    askForASave();
-   EXPECT_EQ(refusal([&] { alpha->federateSaveComplete(); }), "FederateHasNotBegunSave");
-   EXPECT_EQ(refusal([&] { alpha->federateSaveNotComplete(); }), "FederateHasNotBegunSave");
-   EXPECT_EQ(refusal([&] { alpha->requestFederationSave(L"later"); }), "SaveInProgress");
-   EXPECT_EQ(refusal([&] { alpha->requestFederationRestore(L"noon"); }), "SaveInProgress");
-   EXPECT_EQ(refusal([&] { connected("late").join(federation()); }), "SaveInProgress");
+   EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveComplete());
+   EXPECT_REFUSED("FederateHasNotBegunSave", alpha->federateSaveNotComplete());
+   EXPECT_REFUSED("SaveInProgress", connected("late").join(federation()));
 }
 
 TEST_P(SaveRestore, RestoresWhenAllHaveRestored)
@@ -144,7 +140,7 @@ TEST_P(SaveRestore, RestoresWhenAllHaveRestored)
    askForARestore();
 }
 
-TEST_P(SaveRestore, DoesNotRestoreWhenOneCannot)
+TEST_P(SaveRestore, DoesNotRestoreWhenOneCannotOrResigns)
 {
    save();
    askForARestore();
@@ -152,11 +148,7 @@ TEST_P(SaveRestore, DoesNotRestoreWhenOneCannot)
    beta->federateRestoreNotComplete();
    expectEach({&alpha, &beta}, {"federationNotRestored(federate-failed)"});
    expectRestoreStatus("{alpha=idle beta=idle}");
-}
 
-TEST_P(SaveRestore, DoesNotRestoreWhenOneResigns)
-{
-   save();
    askForARestore();
    alpha->federateRestoreComplete();
    beta->resignFederationExecution(NO_ACTION);
@@ -165,7 +157,7 @@ TEST_P(SaveRestore, DoesNotRestoreWhenOneResigns)
 
 TEST_P(SaveRestore, AbortsARestore)
 {
-   EXPECT_EQ(refusal([&] { alpha->abortFederationRestore(); }), "RestoreNotInProgress");
+   EXPECT_REFUSED("RestoreNotInProgress", alpha->abortFederationRestore());
    save();
    for (bool const oneIsDone : {false, true}) {
       askForARestore();
@@ -174,14 +166,14 @@ TEST_P(SaveRestore, AbortsARestore)
       }
       beta->abortFederationRestore();
       expectEach({&alpha, &beta}, {"federationNotRestored(aborted)"});
-      EXPECT_EQ(refusal([&] { alpha->abortFederationRestore(); }), "RestoreNotInProgress");
+      EXPECT_REFUSED("RestoreNotInProgress", alpha->abortFederationRestore());
    }
 }
 
 TEST_P(SaveRestore, RestoresOnlyWhatWasSavedByTheSameFederates)
 {
-   EXPECT_EQ(refusal([&] { alpha->federateRestoreComplete(); }), "RestoreNotRequested");
-   EXPECT_EQ(refusal([&] { alpha->federateRestoreNotComplete(); }), "RestoreNotRequested");
+   EXPECT_REFUSED("RestoreNotRequested", alpha->federateRestoreComplete());
+   EXPECT_REFUSED("RestoreNotRequested", alpha->federateRestoreNotComplete());
    save();
    alpha->requestFederationRestore(L"midnight");
    expect(alpha, {"requestFederationRestoreFailed(midnight)"});
@@ -192,9 +184,25 @@ TEST_P(SaveRestore, RestoresOnlyWhatWasSavedByTheSameFederates)
    late->resignFederationExecution(NO_ACTION);
 
    askForARestore();
-   EXPECT_EQ(refusal([&] { alpha->requestFederationRestore(L"noon"); }), "RestoreInProgress");
-   EXPECT_EQ(refusal([&] { alpha->requestFederationSave(L"noon"); }), "RestoreInProgress");
-   EXPECT_EQ(refusal([&] { late.join(federation()); }), "RestoreInProgress");
+   EXPECT_REFUSED("RestoreInProgress", late.join(federation()));
+}
+
+TEST_P(SaveRestore, RestoresEachAsItselfOrElseAsAnotherOfItsType)
+{
+   save();
+   alpha->resignFederationExecution(NO_ACTION);
+   beta->resignFederationExecution(NO_ACTION);
+   FederateHandle const handle = beta.handle();
+   Federate& gamma = joined("gamma");
+   alpha.join(federation());
+   alpha->requestFederationRestore(L"noon");
+   expect(alpha, {"requestFederationRestoreSucceeded(noon)", "federationRestoreBegun()",
+                  "initiateFederateRestore(noon, alpha, alpha)"});
+   expect(gamma, {"federationRestoreBegun()", "initiateFederateRestore(noon, beta, beta)"});
+   alpha->federateRestoreComplete();
+   gamma->federateRestoreComplete();
+   expectEach({&alpha, &gamma}, {"federationRestored()"});
+   EXPECT_EQ(gamma->getFederateName(handle), L"beta");
 }
 
 } // namespace

@@ -5,43 +5,47 @@
 
 namespace {
 
-using namespace rti1516e;
 using namespace system_tests;
-
-class Synchronization : public FederationTest
-{};
-IN_BOTH_CALLBACK_MODELS(Synchronization);
 
 std::string const registered = "synchronizationPointRegistrationSucceeded(ready)";
 std::string const announced = "announceSynchronizationPoint(ready, tag)";
 std::string const synchronized = "federationSynchronized(ready, {})";
 
+class Synchronization : public FederationTest
+{
+protected:
+   Synchronization() : alpha(joined("alpha")), beta(joined("beta")) {}
+
+   // Of all federates.
+   void registerReady()
+   {
+      alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
+      expectInAnyOrder(alpha, {registered, announced});
+      expect(beta, {announced});
+   }
+
+   Federate& alpha;
+   Federate& beta;
+};
+IN_BOTH_CALLBACK_MODELS(Synchronization);
+
 TEST_P(Synchronization, WaitsForEveryFederate)
 {
-   Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
-   alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
-   expectInAnyOrder(alpha, {registered, announced});
-   expect(beta, {announced});
-
+   registerReady();
    beta->synchronizationPointAchieved(L"ready");
    expectNothing(alpha);
    expectNothing(beta);
    alpha->synchronizationPointAchieved(L"ready");
    expectEach({&alpha, &beta}, {synchronized});
 
-   EXPECT_EQ(refusal([&] { alpha->synchronizationPointAchieved(L"ready"); }),
-             "SynchronizationPointLabelNotAnnounced");
-   beta->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
-   expectInAnyOrder(beta, {registered, announced});
+   EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced", alpha->synchronizationPointAchieved(L"ready"));
+   registerReady();
 }
 
-TEST_P(Synchronization, TellsWhoFailed)
+TEST_P(Synchronization, OfAnEmptySetIsOfAllAndTellsWhoFailed)
 {
-   Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
    Federate& gamma = joined("gamma");
-   alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
+   alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"), FederateHandleSet());
    expectInAnyOrder(alpha, {registered, announced});
    expectEach({&beta, &gamma}, {announced});
    alpha->synchronizationPointAchieved(L"ready", false);
@@ -52,51 +56,36 @@ TEST_P(Synchronization, TellsWhoFailed)
 
 TEST_P(Synchronization, IsOfTheGivenFederatesAlone)
 {
-   Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
    Federate& gamma = joined("gamma");
    alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"), {beta.handle(), gamma.handle()});
    expect(alpha, {registered});
    expectEach({&beta, &gamma}, {announced});
    Federate& late = joined("late");
-
-   EXPECT_EQ(refusal([&] { alpha->synchronizationPointAchieved(L"ready"); }),
-             "SynchronizationPointLabelNotAnnounced");
-   EXPECT_EQ(refusal([&] { late->synchronizationPointAchieved(L"ready"); }),
-             "SynchronizationPointLabelNotAnnounced");
+   for (Federate* const federate : {&alpha, &late}) {
+      EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced",
+                     (*federate)->synchronizationPointAchieved(L"ready"));
+   }
    beta->synchronizationPointAchieved(L"ready");
    gamma->synchronizationPointAchieved(L"ready");
    expectEach({&beta, &gamma}, {synchronized});
-   expectNothing(alpha);
-   expectNothing(late);
-}
-
-TEST_P(Synchronization, OfAnEmptySetIsOfAll)
-{
-   Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
-   alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"), FederateHandleSet());
-   expectInAnyOrder(alpha, {registered, announced});
-   expect(beta, {announced});
+   expectEach({&alpha, &late}, {});
 }
 
 TEST_P(Synchronization, IsAnnouncedToWhoJoinsLate)
 {
-   Federate& alpha = joined("alpha");
-   alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
-   expectInAnyOrder(alpha, {registered, announced});
+   registerReady();
    Federate& late = joined("late");
    expect(late, {announced});
    alpha->synchronizationPointAchieved(L"ready");
+   beta->synchronizationPointAchieved(L"ready");
    expectNothing(alpha);
    late->synchronizationPointAchieved(L"ready");
-   expectEach({&alpha, &late}, {synchronized});
+   expectEach({&alpha, &beta, &late}, {synchronized});
    expectNothing(joined("latest"));
 }
 
 TEST_P(Synchronization, IsAnnouncedToMembersOnly)
 {
-   Federate& alpha = joined("alpha");
    for (int point = 0; point < 20; ++point) {
       alpha->registerFederationSynchronizationPoint(std::to_wstring(point), bytes("tag"));
    }
@@ -115,10 +104,7 @@ TEST_P(Synchronization, IsAnnouncedToMembersOnly)
 
 TEST_P(Synchronization, DoesNotWaitForWhoResigned)
 {
-   Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
-   alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
-   expectInAnyOrder(alpha, {registered, announced});
+   registerReady();
    alpha->synchronizationPointAchieved(L"ready");
    expectNothing(alpha);
    beta->resignFederationExecution(NO_ACTION);
@@ -127,8 +113,6 @@ TEST_P(Synchronization, DoesNotWaitForWhoResigned)
 
 TEST_P(Synchronization, KeepsSeveralPointsApart)
 {
-   Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
    alpha->registerFederationSynchronizationPoint(L"first", bytes(""));
    beta->registerFederationSynchronizationPoint(L"second", bytes(""));
    alpha.callbacks(3);
@@ -143,8 +127,6 @@ TEST_P(Synchronization, KeepsSeveralPointsApart)
 
 TEST_P(Synchronization, IsNotRegisteredTwiceNorForWhoIsNotJoined)
 {
-   Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
    FederateHandle const gone = joined("gone").handle();
    joined("gone")->resignFederationExecution(NO_ACTION);
 
@@ -155,15 +137,18 @@ TEST_P(Synchronization, IsNotRegisteredTwiceNorForWhoIsNotJoined)
    expect(beta, {"synchronizationPointRegistrationFailed(ready, label-not-unique)"});
    alpha->registerFederationSynchronizationPoint(L"done", bytes("tag"), {beta.handle(), gone});
    expect(alpha, {"synchronizationPointRegistrationFailed(done, member-not-joined)"});
-   EXPECT_EQ(refusal([&] {
-                alpha->registerFederationSynchronizationPoint(L"done", bytes("tag"),
-                                                              {beta.handle(), FederateHandle()});
-             }),
-             "InvalidFederateHandle");
-   expectNothing(alpha);
-   expectNothing(beta);
-   EXPECT_EQ(refusal([&] { beta->synchronizationPointAchieved(L"never heard of"); }),
-             "SynchronizationPointLabelNotAnnounced");
+   FederateHandleSet const invalid = {beta.handle(), FederateHandle()};
+   EXPECT_REFUSED("InvalidFederateHandle",
+                  alpha->registerFederationSynchronizationPoint(L"done", bytes("tag"), invalid));
+   expectEach({&alpha, &beta}, {});
+   EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced", beta->synchronizationPointAchieved(L"unheard of"));
+}
+
+TEST_P(Synchronization, IsAchievedOnceByEach)
+{
+   registerReady();
+   alpha->synchronizationPointAchieved(L"ready", false);
+   EXPECT_REFUSED("SynchronizationPointLabelNotAnnounced", alpha->synchronizationPointAchieved(L"ready"));
 }
 
 } // namespace

@@ -1,10 +1,5 @@
 #include "Text.h"
 
-#include <RTI/time/HLAfloat64Interval.h>
-#include <RTI/time/HLAfloat64Time.h>
-#include <RTI/time/HLAinteger64Interval.h>
-#include <RTI/time/HLAinteger64Time.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -12,22 +7,13 @@
 
 namespace system_tests {
 
-using namespace rti1516e;
-
 namespace {
 
-template <class Integer, class Float, class Value>
-std::string showNumber(Value const& value)
+// The texts of numbers and handles: their class, and in brackets their number.
+std::string inBrackets(std::wstring const& text)
 {
-   std::ostringstream text;
-   if (auto const* const integer = dynamic_cast<Integer const*>(&value)) {
-      text << static_cast<Integer64>(*integer);
-   } else if (auto const* const real = dynamic_cast<Float const*>(&value)) {
-      text << static_cast<double>(*real);
-   } else {
-      text << narrow(value.toString());
-   }
-   return text.str();
+   std::size_t const open = text.find(L'<');
+   return narrow(text.substr(open + 1, text.find(L'>') - open - 1));
 }
 
 template <std::size_t n, class Enum>
@@ -37,17 +23,16 @@ std::string showOneOf(char const* const (&names)[n], Enum value)
    return index < n ? names[index] : "#" + std::to_string(index);
 }
 
-std::string showStatus(SaveStatus status)
+template <class Info>
+std::string showProducer(Info const& info)
 {
-   static char const* const names[] = {"idle", "instructed", "saving", "waiting"};
-   return showOneOf(names, status);
+   return info.hasProducingFederate ? "by " + show(info.producingFederate) : "by somebody";
 }
 
-std::string showStatus(RestoreStatus status)
+template <class Info>
+std::string showRegions(Info const& info)
 {
-   static char const* const names[] = {"idle",     "requested", "awaiting-start",
-                                       "prepared", "restoring", "waiting"};
-   return showOneOf(names, status);
+   return info.sentRegions.empty() ? "" : ", from " + show(info.sentRegions);
 }
 
 std::string sorted(std::string const& words)
@@ -80,17 +65,14 @@ VariableLengthData bytes(std::string const& text)
    return VariableLengthData(text.data(), static_cast<unsigned int>(text.size()));
 }
 
-std::string show(bool flag) { return flag ? "true" : "false"; }
 std::string show(std::wstring const& text) { return narrow(text); }
 std::string show(VariableLengthData const& data)
 {
    return data.size() == 0 ? std::string() : std::string(static_cast<char const*>(data.data()), data.size());
 }
-std::string show(LogicalTime const& time) { return showNumber<HLAinteger64Time, HLAfloat64Time>(time); }
-std::string show(LogicalTimeInterval const& interval)
-{
-   return showNumber<HLAinteger64Interval, HLAfloat64Interval>(interval);
-}
+std::string show(LogicalTime const& time) { return inBrackets(time.toString()); }
+std::string show(LogicalTimeInterval const& interval) { return inBrackets(interval.toString()); }
+std::string show(TimeQueryReturn const& answer) { return answer.timeIsValid ? show(*answer.time) : "none"; }
 std::string show(OrderType order) { return order == TIMESTAMP ? "TSO" : "RO"; }
 std::string show(TransportationType transportation)
 {
@@ -113,14 +95,27 @@ std::string show(RestoreFailureReason reason)
                                        "aborted"};
    return showOneOf(names, reason);
 }
-std::string show(MessageRetractionHandle const& handle) { return narrow(handle.toString()); }
-std::string show(std::pair<FederateHandle, SaveStatus> const& status)
+std::string show(MessageRetractionHandle const& handle)
 {
-   return show(status.first) + "=" + showStatus(status.second);
+   return handle.isValid() ? "retractable" : "not retractable";
+}
+std::string show(SupplementalReflectInfo const& info) { return showProducer(info) + showRegions(info); }
+std::string show(SupplementalReceiveInfo const& info) { return showProducer(info) + showRegions(info); }
+std::string show(SupplementalRemoveInfo const& info) { return showProducer(info); }
+std::string show(SaveStatus status)
+{
+   static char const* const names[] = {"idle", "instructed", "saving", "waiting"};
+   return showOneOf(names, status);
+}
+std::string show(RestoreStatus status)
+{
+   static char const* const names[] = {"idle",     "requested", "awaiting-start",
+                                       "prepared", "restoring", "waiting"};
+   return showOneOf(names, status);
 }
 std::string show(FederateRestoreStatus const& status)
 {
-   return show(status.preRestoreHandle) + "=" + showStatus(status.status);
+   return show(status.preRestoreHandle) + "=" + show(status.status);
 }
 std::string show(FederationExecutionInformation const& federation)
 {
@@ -128,13 +123,8 @@ std::string show(FederationExecutionInformation const& federation)
 }
 
 // A handle's own text does not tell its kind.
-static std::string showHandle(char const* kind, std::wstring const& text)
-{
-   return kind + narrow(text.substr(text.find(L'<')));
-}
-
 #define SYSTEM_TESTS_SHOW(Handle) \
-   std::string show(rti1516e::Handle const& handle) { return showHandle(#Handle, handle.toString()); }
+   std::string show(Handle const& handle) { return #Handle "<" + inBrackets(handle.toString()) + ">"; }
 RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
 #undef SYSTEM_TESTS_SHOW
 

@@ -6,70 +6,59 @@
 
 #include <map>
 #include <mutex>
-#include <set>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace system_tests {
+
+using namespace rti1516e;
 
 // ASCII only, which is all that the tests use.
 std::string narrow(std::wstring const& text);
 std::wstring wide(std::string const& text);
 
 // A tag or value that holds the characters of a text.
-rti1516e::VariableLengthData bytes(std::string const& text);
+VariableLengthData bytes(std::string const& text);
 
-std::string show(bool flag);
 std::string show(std::wstring const& text);
-std::string show(rti1516e::VariableLengthData const& data);
-std::string show(rti1516e::LogicalTime const& time);
-std::string show(rti1516e::LogicalTimeInterval const& interval);
-std::string show(rti1516e::OrderType order);
-std::string show(rti1516e::TransportationType transportation);
-std::string show(rti1516e::SynchronizationPointFailureReason reason);
-std::string show(rti1516e::SaveFailureReason reason);
-std::string show(rti1516e::RestoreFailureReason reason);
-std::string show(rti1516e::MessageRetractionHandle const& handle);
-std::string show(std::pair<rti1516e::FederateHandle, rti1516e::SaveStatus> const& status);
-std::string show(rti1516e::FederateRestoreStatus const& status);
-std::string show(rti1516e::FederationExecutionInformation const& federation);
+std::string show(VariableLengthData const& data);
+std::string show(LogicalTime const& time);
+std::string show(LogicalTimeInterval const& interval);
+std::string show(TimeQueryReturn const& answer);
+std::string show(OrderType order);
+std::string show(TransportationType transportation);
+std::string show(SynchronizationPointFailureReason reason);
+std::string show(SaveFailureReason reason);
+std::string show(RestoreFailureReason reason);
+std::string show(MessageRetractionHandle const& handle); // whether there is one
+std::string show(SupplementalReflectInfo const& info);
+std::string show(SupplementalReceiveInfo const& info);
+std::string show(SupplementalRemoveInfo const& info);
+std::string show(SaveStatus status);
+std::string show(RestoreStatus status);
+std::string show(FederateRestoreStatus const& status);
+std::string show(FederationExecutionInformation const& federation);
 
 // As Kind<number>, for Names to replace.
-#define SYSTEM_TESTS_SHOW(Handle) std::string show(rti1516e::Handle const& handle);
+#define SYSTEM_TESTS_SHOW(Handle) std::string show(Handle const& handle);
 RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
 #undef SYSTEM_TESTS_SHOW
 
 template <class First, class Second>
-std::string show(std::pair<First const, Second> const& entry)
+std::string show(std::pair<First, Second> const& entry)
 {
    return show(entry.first) + "=" + show(entry.second);
 }
 
 // Sets, maps and vectors whose order tells nothing: {a b c}.
 template <class Range>
-std::string showAll(Range const& range)
+auto show(Range const& range) -> decltype(range.begin(), std::string())
 {
    std::string text;
    for (auto const& element : range) {
       text += (text.empty() ? "" : " ") + show(element);
    }
    return "{" + text + "}";
-}
-template <class Element>
-std::string show(std::set<Element> const& elements)
-{
-   return showAll(elements);
-}
-template <class Element>
-std::string show(std::vector<Element> const& elements)
-{
-   return showAll(elements);
-}
-template <class Key, class Value>
-std::string show(std::map<Key, Value> const& entries)
-{
-   return showAll(entries);
 }
 
 // What the federates of one test call their handles. Any thread may use it.

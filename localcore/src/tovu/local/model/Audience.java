@@ -30,8 +30,4 @@ final class Audience<C> implements Saved {
             federates.remove(federate);
         }
     }
-
-    void remove(Federate federate) {
-        subscribers.values().forEach(each -> each.remove(federate));
-    }
 }

@@ -60,13 +60,4 @@ public final class HandleValues implements Saved {
         }
         return some == null ? this : new HandleValues(bytes, some, count);
     }
-
-    @Override
-    public String toString() {
-        StringBuilder text = new StringBuilder("{");
-        for (int i = 0; i < size; ++i) {
-            text.append(i == 0 ? "" : ", ").append(handle(i)).append(": ").append(length(i)).append(" bytes");
-        }
-        return text.append('}').toString();
-    }
 }

@@ -89,9 +89,4 @@ final class Region implements Saved {
         }
         return false;
     }
-
-    @Override
-    public String toString() {
-        return "region " + handle;
-    }
 }
