@@ -14,7 +14,7 @@ class Preconditions : public FederationTest
 protected:
    static bool lists(contract::Service const& service, std::string const& exception)
    {
-      auto const& exceptions = service.javaMethod().exceptions;
+      auto const& exceptions = service.method.exceptions;
       return std::find(exceptions.begin(), exceptions.end(), exception) != exceptions.end();
    }
 
@@ -24,7 +24,7 @@ protected:
          // A federate that has joined may not join, whatever its federation is doing.
          bool const joins = lists(service, "FederateAlreadyExecutionMember");
          if (lists(service, exception) && (!joins || exception == "NotConnected")) {
-            EXPECT_REFUSED(exception, service.call(*federate)) << service.javaName();
+            EXPECT_REFUSED(exception, service.call(*federate)) << service.method.name;
          }
       }
    }
