@@ -1,5 +1,7 @@
 #include "FederationTest.h"
 
+#include <algorithm>
+
 namespace {
 
 using namespace system_tests;
@@ -70,6 +72,40 @@ TEST_P(SaveRestore, SavesWhenAllHaveSaved)
    expectEach({&alpha, &beta}, {"federationSaved()"});
    expectSaveStatus("{alpha=idle beta=idle}");
    save();
+}
+
+TEST_P(SaveRestore, IsDoneByVeryManyFederatesToo)
+{
+   ObjectClassHandle const vehicle = alpha->getObjectClassHandle(L"Vehicle");
+   AttributeHandleSet const attributes{alpha->getAttributeHandle(vehicle, L"Position")};
+   std::vector<Federate*> all = {&alpha, &beta};
+   for (int i = 0; i < 200; ++i) {
+      all.push_back(&joined("crowd " + std::to_string(i)));
+   }
+   for (Federate* const federate : all) {
+      (*federate)->publishObjectClassAttributes(vehicle, attributes);
+      (*federate)->subscribeObjectClassAttributes(vehicle, attributes);
+      (*federate)->registerObjectInstance(vehicle);
+   }
+   for (Federate* const federate : all) {
+      EXPECT_EQ(federate->callbacks(all.size() - 1).size(), all.size() - 1);
+   }
+   alpha->requestFederationSave(L"noon");
+   expectEach(all, {"initiateFederateSave(noon)"});
+   std::for_each(all.begin(), all.end(), [](Federate* federate) { complete(*federate); });
+   expectEach(all, {"federationSaved()"});
+
+   alpha->requestFederationRestore(L"noon");
+   expect(alpha, {"requestFederationRestoreSucceeded(noon)", "federationRestoreBegun()",
+                  "initiateFederateRestore(noon, alpha, alpha)"});
+   alpha->federateRestoreComplete();
+   for (auto federate = all.begin() + 1; federate != all.end(); ++federate) {
+      std::string const& name = (*federate)->name();
+      expect(**federate,
+             {"federationRestoreBegun()", "initiateFederateRestore(noon, " + name + ", " + name + ")"});
+      (**federate)->federateRestoreComplete();
+   }
+   expectEach(all, {"federationRestored()"});
 }
 
 TEST_P(SaveRestore, DoesNotSaveWhenOneCannotOrResigns)
