@@ -181,11 +181,11 @@ std::pair<First, Second> make(Type<std::pair<First, Second>>, Octets& from, Byte
 template <class Container, class Element = typename Container::value_type>
 Container make(Type<Container>, Octets& from, Bytes& to)
 {
-   auto const kind = from.octet();
-   auto const count = kind % 8;
+   std::uint32_t const kind = from.octet();
+   std::uint32_t const count = kind % 8;
    to.int32(kind > 250 ? 0xFFFFFFFFU - kind : count);
    Container elements;
-   for (int left = kind > 250 ? 0 : count; left > 0; --left) {
+   for (std::uint32_t left = kind > 250 ? 0 : count; left > 0; --left) {
       elements.insert(elements.end(), make(Type<Element>(), from, to));
    }
    return elements;
