@@ -115,14 +115,15 @@ private:
       }
    }
 
-   // All come to one point in time, if they only ask often enough.
+   // All come to one point in time, if they only ask often enough. It is later than any message that has been
+   // sent, also by who was granted less than asked for then.
    void meetInTime()
    {
       settle();
       std::int64_t meeting = 0;
       for (auto const& player : _players) {
          Player::Lock const lock(player->mutex);
-         meeting = std::max(meeting, player->furthest() + 10);
+         meeting = std::max(meeting, player->furthest() + 100);
       }
       bool missing = true;
       for (int round = 0; round < 50 && missing; ++round) {
