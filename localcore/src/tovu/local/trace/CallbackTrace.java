@@ -8,6 +8,7 @@ import java.util.function.Supplier;
 import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
 import tovu.local.model.HandleValues;
+import tovu.local.model.Supplement;
 
 /** Prints each callback before it is made. What a handle stands for is told by the parameter's name. */
 public final class CallbackTrace {
@@ -55,6 +56,12 @@ public final class CallbackTrace {
                 case "federate", "producer" -> handle == 0 ? "nobody" : describer.federate(handle);
                 default -> parameter + " " + handle;
             };
+        }
+        if (value instanceof Supplement supplement) {
+            int producer = supplement.producer();
+            int[] regions = supplement.sentRegions();
+            return "by " + (producer == 0 ? "somebody" : describer.federate(producer))
+                    + (regions == null ? "" : " with " + describer.set(regions, describer::region));
         }
         return value instanceof String text ? describer.text(text) : value.toString();
     }
