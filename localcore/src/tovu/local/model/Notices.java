@@ -1,10 +1,10 @@
 package tovu.local.model;
 
 import hla.rti1516e.exceptions.FederateInternalError;
-import java.util.ArrayList;
 import java.util.LinkedHashMap;
-import java.util.List;
+import java.util.LinkedHashSet;
 import java.util.Map;
+import java.util.Set;
 import java.util.function.Consumer;
 
 /**
@@ -36,7 +36,7 @@ final class Notices {
     static final byte[] NO_TAG = {};
     private static final Condition ALWAYS = (attribute, told, tag) -> true;
 
-    private final Map<Addressee, List<Subject>> gathered = new LinkedHashMap<>();
+    private final Map<Addressee, Set<Subject>> gathered = new LinkedHashMap<>();
     private final boolean endWithTenure;
     private final Condition condition;
 
@@ -74,7 +74,7 @@ final class Notices {
 
     /** Attributes with different tags are told of separately. */
     void add(Federate federate, InstanceAttribute attribute, byte[] tag) {
-        gathered.computeIfAbsent(new Addressee(federate, tag), key -> new ArrayList<>())
+        gathered.computeIfAbsent(new Addressee(federate, tag), key -> new LinkedHashSet<>())
                 .add(new Subject(attribute, attribute.tenure()));
     }
 
