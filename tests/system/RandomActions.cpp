@@ -403,7 +403,7 @@ void advance(Player& player, int way, std::int64_t to)
       &RTIambassador::flushQueueRequest};
    Player::Lock const lock(player.mutex);
    if (!player.advancing && player.isJoined && to >= player.now && !player.isBehind()) {
-      auto const request = ways[way];
+      auto const request = ways[way]; // in the call itself g++ 12's check of the index reads another value
       (player.rti().*request)(HLAinteger64Time(to));
       player.requested = to;
       player.advancing = true;
