@@ -9,6 +9,7 @@
 #include <clocale>
 #include <condition_variable>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <mutex>
@@ -228,7 +229,7 @@ int main(int argc, char* argv[])
       return 2;
    }
    try {
-      std::string const fomModule(argv[1]);
+      std::u32string const fomModule = std::filesystem::path(argv[1]).u32string(); // from UTF-8
       run(std::wstring(fomModule.begin(), fomModule.end()));
    } catch (rti1516e::Exception const& exception) {
       std::wcerr << L"The infrastructure says: " << exception.what() << std::endl;

@@ -11,6 +11,7 @@
 
 #include <clocale>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <string>
 
@@ -22,7 +23,7 @@ int main(int argc, char* argv[])
       return 2;
    }
    try {
-      std::string const fomModule(argv[1]);
+      std::u32string const fomModule = std::filesystem::path(argv[1]).u32string(); // from UTF-8
       airtraffic::Exercise exercise;
       exercise.run(std::wstring(fomModule.begin(), fomModule.end()));
       if (!airtraffic::check(exercise)) {
