@@ -52,7 +52,6 @@ constexpr std::uint32_t wholeControlWord = 0x30F031F;
 
 [[noreturn]] void failWith(wchar_t const* what, jint code)
 {
-   isStarted.store(false, std::memory_order_relaxed);
    failSetup(what + (L" Error: " + jniErrorText(code)) + L"\n");
 }
 
@@ -96,17 +95,24 @@ JavaVM* createVM()
    return vm;
 }
 
+JavaVM* joinOrCreateVM()
+{
+   JavaVM* const vm = joinVM();
+   return vm != nullptr ? vm : createVM();
+}
+
 void startVM()
 {
    watchForForks();
    isStarted.store(true, std::memory_order_relaxed);
    auto const saved = control87(0, 0);
    setControlWordForVM();
-   JavaVM* vm = joinVM();
-   if (vm == nullptr) {
-      vm = createVM();
+   try {
+      javaVM.store(joinOrCreateVM(), std::memory_order_release);
+   } catch (...) { // for want of memory, too
+      isStarted.store(false, std::memory_order_relaxed);
+      throw;
    }
-   javaVM.store(vm, std::memory_order_release);
    control87(saved, wholeControlWord);
 }
 
