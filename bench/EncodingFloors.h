@@ -1,7 +1,7 @@
 // What encoding and decoding cost without the library: the floors that its times are compared with.
 #pragma once
 
-#include "api/BigEndian.h"
+#include "src/values/BigEndian.h"
 
 #include <cstddef>
 #include <cstdint>

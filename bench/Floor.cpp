@@ -1,8 +1,8 @@
 #include "bench/Floor.h"
 
-#include "api/BigEndian.h"
-#include "api/HandleAccess.h"
-#include "api/VariableLengthRecord.h"
+#include "src/values/BigEndian.h"
+#include "src/values/HandleAccess.h"
+#include "src/values/VariableLengthRecord.h"
 
 #include <algorithm>
 #include <cstdint>

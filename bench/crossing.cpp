@@ -1,7 +1,7 @@
 // What services and callbacks cost on top of the crossing into Java and back.
-#include "api/BigEndian.h"
 #include "bench/Floor.h"
 #include "bench/Ratios.h"
+#include "src/values/BigEndian.h"
 
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>

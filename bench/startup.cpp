@@ -1,6 +1,6 @@
 // What it takes to get the first ambassador: with and without a Java VM in the process, by the library and by
 // hand. A process starts its VM once, so each measurement is a process of its own.
-#include "gen/cpp/Services.h"
+#include "src/services/Services.h"
 
 #include <RTI/RTI1516.h>
 
@@ -58,7 +58,7 @@ void findCore(JNIEnv* env)
    jclass const ambassador = env->FindClass("morva/tovu1516e/RTIambassadorC2007");
    for (tovu1516e::Method const* method : {
 #define SERVICE(name, ...) static_cast<tovu1516e::Method const*>(&tovu1516e::services::name),
-#include "gen/cpp/Services.def"
+#include "src/services/Services.def"
         }) {
       require(env->GetMethodID(ambassador, method->name, method->signature) != nullptr, method->name);
    }
@@ -67,7 +67,7 @@ void findCore(JNIEnv* env)
    JNINativeMethod const natives[] = {
 #define CALLBACK(name, ...) \
    {const_cast<char*>(#name "_Native"), signature, reinterpret_cast<void*>(&nothing)},
-#include "gen/cpp/Callbacks.def"
+#include "src/callbacks/Callbacks.def"
    };
    require(env->RegisterNatives(federate, natives, static_cast<jint>(std::size(natives))) == JNI_OK,
            "no natives");

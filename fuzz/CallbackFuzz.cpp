@@ -260,7 +260,7 @@ Maker makerOf(std::string const& code)
 
 constexpr char const* natives[] = {
 #define CALLBACK(name, ...) #name "_Native",
-#include "gen/cpp/Callbacks.def"
+#include "src/callbacks/Callbacks.def"
 };
 
 // A member of a federation. It is made anew now and then, because the VM that is none keeps what it has made.

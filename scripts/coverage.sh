@@ -15,5 +15,5 @@ ctest --test-dir $build -j "$(nproc)" --output-on-failure -E '^(consumer|docs|ex
 mkdir -p $build/report
 # Branches of calls that could only throw for want of memory are no branches of the source.
 gcovr -r . $build -j "$(nproc)" --exclude-throw-branches --exclude-unreachable-branches \
-  -f 'api/' -f 'bridge/' -f 'gen/' -f 'fedtime/' -f 'include/' \
+  -f 'src/' -f 'include/' \
   --html-details $build/report/index.html --txt --print-summary

@@ -31,6 +31,6 @@ done
 echo "== FOM modules, $seconds s"
 end=$((SECONDS + seconds))
 while [ $SECONDS -lt $end ]; do
-  java -ea -Dfom.modules=tests/system/fom -cp build/release/tovu1516e.jar:build/release/tests/localcore/localcore-tests.jar \
+  java -ea -Dfom.modules=tests/system/fom -cp build/release/tovu1516e.jar:build/release/tests/core/localcore-tests.jar \
     FomMutationTest 10000 $((RANDOM * 32768 + RANDOM))
 done

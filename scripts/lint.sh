@@ -26,7 +26,9 @@ echo "== shellcheck"
 # Dollars and backquotes in single quotes are meant (SC2016).
 git ls-files '*.sh' .ci | xargs shellcheck --exclude=SC2016
 
-library=$(git ls-files api bridge fedtime gen | grep '\.cpp$')
+scripts/check-includes.sh
+
+library=$(git ls-files src | grep '\.cpp$')
 echo "== cppcheck"
 # With the macros that decide between the branches, it does not try all of their combinations.
 mkdir -p build/cppcheck

@@ -1,6 +1,6 @@
 // The table of callback contexts under many threads: callbacks that come while ambassadors are made and
 // destroyed and time factories replaced. Run under ThreadSanitizer, it shows that no lock is missing.
-#include "bridge/CallbackContext.h"
+#include "src/callbacks/CallbackContext.h"
 
 #include <RTI/Exception.h>
 #include <RTI/NullFederateAmbassador.h>

@@ -1,6 +1,6 @@
 // Want of memory at each allocation of an operation in turn: what was there stays, and nothing is lost. A
 // program of its own, for it replaces operator new.
-#include "api/HandleAccess.h"
+#include "src/values/HandleAccess.h"
 #include "tests/values/Bytes.h"
 #include "tests/values/CountedMemory.h"
 

@@ -1,4 +1,4 @@
-#include "api/HandleAccess.h"
+#include "src/values/HandleAccess.h"
 #include "tests/values/Bytes.h"
 
 #include <RTI/Exception.h>

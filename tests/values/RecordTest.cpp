@@ -1,4 +1,4 @@
-#include "api/HandleAccess.h"
+#include "src/values/HandleAccess.h"
 
 #include <RTI/RangeBounds.h>
 #include <RTI/Typedefs.h>

@@ -1,0 +1,245 @@
+// What the basic elements differ in: a row each, which tells how the value stands in octets and what it
+// hashes to. A row has
+//   boundary, fixedLength    the octet boundary, and the encoded length or 0 if it depends on the value
+//   length(value)            the encoded length
+//   room(value)              the same for nearly every value, told at once; never more
+//   write(value, room)       writes the encoding into room of that length; a text writes itself to an Output
+//   read(value, from, left)  takes the value from the octets, of which there are `left`, no fewer than the
+//                            boundary, and returns the encoded length; fails without changing the value
+//   hash(value)              in 32 bits
+#pragma once
+
+#include "src/encoding/Failure.h"
+#include "src/encoding/Output.h"
+#include "src/values/BigEndian.h"
+#include "src/values/Utf16.h"
+
+#include <RTI/encoding/BasicDataElements.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <type_traits>
+
+namespace rti1516e {
+
+constexpr std::uint32_t mixed(std::uint32_t bits) noexcept { return bits ^ 0xDEADBEEF; }
+
+// The bits of an integer extended by its sign, or cut, to 32.
+template <class Integer>
+constexpr std::uint32_t low32(Integer value) noexcept
+{
+   return static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
+}
+
+// A char whatever its sign on this machine.
+constexpr std::uint32_t low32(char octet) noexcept { return low32(static_cast<signed char>(octet)); }
+
+// Values of one length, which is their boundary too.
+template <class Row, class Type, unsigned int octets>
+struct FixedRow
+{
+   using Value = Type;
+   static constexpr unsigned int boundary = octets;
+   static constexpr unsigned int fixedLength = octets;
+
+   static constexpr std::size_t length(Value const&) noexcept { return fixedLength; }
+   static constexpr std::size_t room(Value const&) noexcept { return fixedLength; }
+
+   static std::size_t read(Value& value, char const* from, std::size_t) noexcept
+   {
+      value = Row::load(from);
+      return fixedLength;
+   }
+};
+
+template <class Number, ByteOrder order>
+struct NumberRow : FixedRow<NumberRow<Number, order>, Number, sizeof(Number)>
+{
+   using Bits = std::conditional_t<sizeof(Number) == 2, std::uint16_t,
+                                   std::conditional_t<sizeof(Number) == 4, std::uint32_t, std::uint64_t>>;
+   static_assert(sizeof(Bits) == sizeof(Number));
+
+   static void write(Number value, char* room) noexcept
+   {
+      Bits bits;
+      std::memcpy(&bits, &value, sizeof bits);
+      store<order>(room, bits);
+   }
+
+   static Number load(char const* from) noexcept
+   {
+      auto const bits = rti1516e::load<order, Bits>(from);
+      Number value;
+      std::memcpy(&value, &bits, sizeof value);
+      return value;
+   }
+
+   static std::uint32_t hash(Number value) noexcept
+   {
+      if constexpr (std::is_floating_point_v<Number>) {
+         // What no 64-bit integer is near to, not a number included, truncates to 0.
+         bool const fits = value >= static_cast<Number>(-0x1p63) && value < static_cast<Number>(0x1p63);
+         return mixed(low32(fits ? static_cast<std::int64_t>(value) : 0));
+      } else {
+         return mixed(low32(value));
+      }
+   }
+};
+
+struct OctetRow : FixedRow<OctetRow, char, 1>
+{
+   static void write(char value, char* room) noexcept { *room = value; }
+   static char load(char const* from) noexcept { return *from; }
+   static std::uint32_t hash(char value) noexcept { return mixed(low32(value)); }
+};
+
+template <ByteOrder order>
+struct OctetPairRow : FixedRow<OctetPairRow<order>, OctetPair, 2>
+{
+   static constexpr std::size_t placeOfFirst = order == ByteOrder::big ? 0 : 1;
+
+   static void write(OctetPair value, char* room) noexcept
+   {
+      room[placeOfFirst] = value.first;
+      room[1 - placeOfFirst] = value.second;
+   }
+   static OctetPair load(char const* from) noexcept { return {from[placeOfFirst], from[1 - placeOfFirst]}; }
+   static std::uint32_t hash(OctetPair value) noexcept
+   {
+      return mixed((low32(value.first) << 8) + low32(value.second));
+   }
+};
+
+struct BooleanRow : FixedRow<BooleanRow, bool, 4>
+{
+   static void write(bool value, char* room) noexcept
+   {
+      storeBigEndian(room, static_cast<std::uint32_t>(value));
+   }
+   static bool load(char const* from) noexcept { return loadBigEndian<std::uint32_t>(from) == 1; }
+   static std::uint32_t hash(bool value) noexcept { return mixed(static_cast<std::uint32_t>(value)); }
+};
+
+struct UnicodeCharRow : FixedRow<UnicodeCharRow, wchar_t, 2>
+{
+   static void write(wchar_t value, char* room)
+   {
+      if (utf16::codeOf(value) > utf16::lastUnit) {
+         failure::raise(failure::notInBasicPlane);
+      }
+      storeBigEndian(room, static_cast<std::uint16_t>(value));
+   }
+   static wchar_t load(char const* from) noexcept
+   {
+      return static_cast<wchar_t>(loadBigEndian<std::uint16_t>(from));
+   }
+   static std::uint32_t hash(wchar_t value) noexcept { return mixed(utf16::codeOf(value)); }
+};
+
+// Texts: a count of units and the units.
+template <class Row, class Text, std::size_t unitLength>
+struct TextRow
+{
+   using Value = Text;
+   static constexpr unsigned int boundary = 4;
+   static constexpr unsigned int fixedLength = 0;
+
+   static std::size_t length(Text const& text) noexcept { return 4 + Row::units(text) * unitLength; }
+   static std::size_t room(Text const& text) noexcept { return 4 + text.size() * unitLength; }
+
+   // The count is compared with the octets from the count on, and only then is what it counts looked for.
+   static std::size_t read(Text& text, char const* from, std::size_t left)
+   {
+      std::size_t const units = loadBigEndian<std::uint32_t>(from);
+      if (units > left) {
+         failure::raise(failure::arrayIndexOutOfBounds);
+      }
+      if (units > (left - 4) / unitLength) {
+         failure::raise(failure::indexOutOfBounds);
+      }
+      Row::load(text, from + 4, units);
+      return 4 + units * unitLength;
+   }
+
+   // FNV-1 in 32 bits.
+   static std::uint32_t hash(Text const& text) noexcept
+   {
+      std::uint32_t hash = 0x811C9DC5;
+      Row::forEachUnit(text, [&hash](std::uint32_t unit) { hash = hash * 16777619 ^ unit; });
+      return hash;
+   }
+};
+
+struct AsciiStringRow : TextRow<AsciiStringRow, std::string, 1>
+{
+   static std::size_t units(std::string const& text) noexcept { return text.size(); }
+   static void write(std::string const& text, Output& out)
+   {
+      out.count(text.size());
+      std::memcpy(out.take(text.size()), text.data(), text.size());
+   }
+   static void load(std::string& text, char const* from, std::size_t units) { text.assign(from, units); }
+   template <class Use>
+   static void forEachUnit(std::string const& text, Use use)
+   {
+      for (char const character : text) {
+         use(low32(character));
+      }
+   }
+};
+
+struct UnicodeStringRow : TextRow<UnicodeStringRow, std::wstring, 2>
+{
+   static std::size_t units(std::wstring const& text) noexcept { return utf16::length(text); }
+   static void write(std::wstring const& text, Output& out)
+   {
+      // Nearly every text is one unit a character.
+      std::size_t units = text.size();
+      char* room = out.take(4 + 2 * units);
+      if (!utf16::storeBasicPlane(text, room + 4)) {
+         out.giveBack(4 + 2 * units);
+         units = utf16::length(text);
+         room = out.take(4 + 2 * units);
+         utf16::store(text, room + 4);
+      }
+      storeBigEndian(room, checkedCount(units));
+   }
+   static void load(std::wstring& text, char const* from, std::size_t units)
+   {
+      utf16::load(text, from, units);
+   }
+   template <class Use>
+   static void forEachUnit(std::wstring const& text, Use use)
+   {
+      utf16::forEachUnit(text, use);
+   }
+};
+
+// The rows.
+template <class Element>
+struct RowOf;
+// clang-format off
+template <> struct RowOf<HLAASCIIchar>     : OctetRow {};
+template <> struct RowOf<HLAASCIIstring>   : AsciiStringRow {};
+template <> struct RowOf<HLAboolean>       : BooleanRow {};
+template <> struct RowOf<HLAbyte>          : OctetRow {};
+template <> struct RowOf<HLAfloat32BE>     : NumberRow<float, ByteOrder::big> {};
+template <> struct RowOf<HLAfloat32LE>     : NumberRow<float, ByteOrder::little> {};
+template <> struct RowOf<HLAfloat64BE>     : NumberRow<double, ByteOrder::big> {};
+template <> struct RowOf<HLAfloat64LE>     : NumberRow<double, ByteOrder::little> {};
+template <> struct RowOf<HLAinteger16BE>   : NumberRow<Integer16, ByteOrder::big> {};
+template <> struct RowOf<HLAinteger16LE>   : NumberRow<Integer16, ByteOrder::little> {};
+template <> struct RowOf<HLAinteger32BE>   : NumberRow<Integer32, ByteOrder::big> {};
+template <> struct RowOf<HLAinteger32LE>   : NumberRow<Integer32, ByteOrder::little> {};
+template <> struct RowOf<HLAinteger64BE>   : NumberRow<Integer64, ByteOrder::big> {};
+template <> struct RowOf<HLAinteger64LE>   : NumberRow<Integer64, ByteOrder::little> {};
+template <> struct RowOf<HLAoctet>         : OctetRow {};
+template <> struct RowOf<HLAoctetPairBE>   : OctetPairRow<ByteOrder::big> {};
+template <> struct RowOf<HLAoctetPairLE>   : OctetPairRow<ByteOrder::little> {};
+template <> struct RowOf<HLAunicodeChar>   : UnicodeCharRow {};
+template <> struct RowOf<HLAunicodeString> : UnicodeStringRow {};
+// clang-format on
+
+} // namespace rti1516e

@@ -1,0 +1,194 @@
+#include "src/encoding/ElementList.h"
+
+#include "src/encoding/Failure.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace rti1516e {
+
+ElementList::ElementList(ElementList const& other)
+   : _blocks(other.inBlocks() ? ElementBlocks(other._blocks) : ElementBlocks()),
+     _use(other._use),
+     _start(other._start)
+{
+   accountAll();
+   _entries.reserve(other._entries.size());
+   for (Entry const& entry : other._entries) {
+      appendClones(entry, 1);
+   }
+}
+
+DataElement& ElementList::at(std::size_t index) const
+{
+   if (index >= size()) {
+      failure::raise(failure::arrayIndexOutOfBounds);
+   }
+   return inBlocks() ? _blocks.at(index) : _entries[index].element();
+}
+
+void ElementList::append(DataElement const& element)
+{
+   Kind const kind = kindOf(element, _entries.empty() ? _blocks.kind() : _entries.back().kind());
+   if (mayKeepInBlocks(kind)) {
+      _blocks.append(element, kind, 1);
+      account(kind, 1);
+   } else {
+      append(Entry::clone(element));
+   }
+}
+
+void ElementList::append(DataElement* element) { append(Entry::lent(element)); }
+
+void ElementList::append(Entry entry)
+{
+   leaveBlocks();
+   Kind const kind = entry.kind();
+   _entries.push_back(std::move(entry));
+   account(kind, 1);
+}
+
+void ElementList::appendClones(DataElement const& prototype, std::size_t number)
+{
+   appendClones(Entry::lent(const_cast<DataElement*>(&prototype)), number); // which only clones it
+}
+
+void ElementList::appendClones(Entry const& prototype, std::size_t number)
+{
+   std::size_t const before = size();
+   try {
+      if (mayKeepInBlocks(prototype.kind()) && number != 0) {
+         _blocks.append(prototype.element(), prototype.kind(), number);
+         account(prototype.kind(), number);
+         return;
+      }
+      if (number > _entries.max_size() - before) {
+         throw std::bad_alloc();
+      }
+      if (before + number > _entries.capacity()) {
+         _entries.reserve(std::max(before + number, std::min(2 * before, _entries.max_size())));
+      }
+      for (; number != 0; --number) {
+         append(Entry::clone(prototype));
+      }
+   } catch (...) {
+      truncate(before);
+      throw;
+   }
+}
+
+void ElementList::replace(std::size_t index, DataElement const& element)
+{
+   Kind const kind = kindOf(element, inBlocks() ? _blocks.kind() : _entries[index].kind());
+   if (inBlocks() && kind == _blocks.kind()) {
+      rowOf(kind).assign(_blocks.at(index), element);
+   } else {
+      replace(index, Entry::clone(element));
+   }
+}
+
+void ElementList::replace(std::size_t index, DataElement* element) { replace(index, Entry::lent(element)); }
+
+void ElementList::replace(std::size_t index, Entry entry)
+{
+   leaveBlocks();
+   bool const sameKind = entry.kind() == _entries[index].kind();
+   _entries[index] = std::move(entry);
+   if (!sameKind) {
+      accountAll();
+   }
+}
+
+void ElementList::truncate(std::size_t size) noexcept
+{
+   if (inBlocks()) {
+      _blocks.truncate(size);
+   }
+   while (_entries.size() > size) {
+      _entries.pop_back();
+   }
+   if (_entries.empty() && size == 0) {
+      _blocks.truncate(0);
+   }
+   accountAll();
+}
+
+bool ElementList::mayKeepInBlocks(Kind kind) const noexcept
+{
+   return _use == For::array && rowOf(kind).makeBlock != nullptr &&
+          (empty() || (inBlocks() && kind == _blocks.kind()));
+}
+
+void ElementList::leaveBlocks()
+{
+   if (!inBlocks()) {
+      return;
+   }
+   std::size_t const size = _blocks.size();
+   std::vector<Entry> entries;
+   entries.reserve(2 * size);
+   for (std::size_t i = 0; i < size; ++i) {
+      entries.push_back(Entry::inBlock(_blocks.at(i), _blocks.kind()));
+   }
+   _entries = std::move(entries);
+}
+
+void ElementList::account(Kind kind, std::size_t number) noexcept
+{
+   KindRow const& row = rowOf(kind);
+   _allOfOneLength = _allOfOneLength && row.fixedLength != 0;
+   _allOfOneBoundary = _allOfOneBoundary && row.boundary != 0;
+   _boundary = std::max(_boundary, row.boundary);
+   // Elements of one length are as long as their boundary, so that there is no padding between them.
+   _length = alignUp(_length, std::max(row.boundary, 1U)) + number * row.fixedLength;
+}
+
+void ElementList::accountAll() noexcept
+{
+   _allOfOneLength = true;
+   _allOfOneBoundary = true;
+   _boundary = 1;
+   _length = _start;
+   if (inBlocks()) {
+      account(_blocks.kind(), _blocks.size());
+   }
+   for (Entry const& entry : _entries) {
+      account(entry.kind(), 1);
+   }
+}
+
+Extent ElementList::measureEach(Wanted wanted) const
+{
+   Extent all{_start, 1, false};
+   if (inBlocks()) {
+      _blocks.measure(wanted, all);
+   }
+   for (Entry const& entry : _entries) {
+      all.append(entry.measure(wanted));
+   }
+   return all;
+}
+
+void ElementList::write(Output& out) const
+{
+   if (inBlocks()) {
+      _blocks.write(out);
+   }
+   for (Entry const& entry : _entries) {
+      entry.write(out);
+   }
+}
+
+std::size_t ElementList::read(Input const& in, std::size_t index)
+{
+   if (inBlocks()) {
+      index = _blocks.read(in, index);
+   }
+   for (Entry& entry : _entries) {
+      index = entry.read(in, index);
+   }
+   return index;
+}
+
+} // namespace rti1516e

@@ -1,0 +1,84 @@
+// The elements of an array, or the fields of a record.
+#pragma once
+
+#include "src/encoding/ElementBlocks.h"
+#include "src/encoding/Entry.h"
+#include "src/encoding/Extent.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace rti1516e {
+
+// Elements that are encoded one after another, each aligned to its own boundary: the body of a fixed array
+// and of a fixed record, and the greater part of a variable array's.
+//
+// A list for an array keeps its elements in blocks alone, as long as all of them are clones of one basic
+// kind. As soon as something else comes in, there is an entry for each element, and what is in the blocks
+// stays there.
+class ElementList
+{
+public:
+   enum class For : std::uint8_t
+   {
+      record,
+      array
+   };
+
+   // Positions are counted from `start` on, where the first element may stand.
+   explicit ElementList(For use, std::uint8_t start = 0) noexcept : _length(start), _use(use), _start(start)
+   {}
+   // Owns clones of all elements.
+   ElementList(ElementList const& other);
+   ElementList& operator=(ElementList const&) = delete;
+
+   std::size_t size() const noexcept { return _entries.empty() ? _blocks.size() : _entries.size(); }
+   bool empty() const noexcept { return size() == 0; }
+
+   // Fails if there is no such element.
+   DataElement& at(std::size_t index) const;
+
+   // A failure leaves the list as it was.
+   void append(DataElement const& element);
+   void append(DataElement* element);
+   void appendClones(DataElement const& prototype, std::size_t number);
+   void appendClones(Entry const& prototype, std::size_t number);
+   void replace(std::size_t index, DataElement const& element);
+   void replace(std::size_t index, DataElement* element);
+   // Takes the last elements away.
+   void truncate(std::size_t size) noexcept;
+
+   // The body's operations. The length is that from position 0 to the end of the last element.
+   Extent measure(Wanted wanted) const
+   {
+      bool const known = _allOfOneLength || (_allOfOneBoundary && wanted == Wanted::boundary);
+      return known ? Extent{_length, _boundary, false} : measureEach(wanted);
+   }
+   void write(Output& out) const;
+   std::size_t read(Input const& in, std::size_t index);
+
+private:
+   bool inBlocks() const noexcept { return _entries.empty() && _blocks.size() != 0; }
+   bool mayKeepInBlocks(Kind kind) const noexcept;
+   void leaveBlocks();
+   void append(Entry entry);
+   void replace(std::size_t index, Entry entry);
+   Extent measureEach(Wanted wanted) const;
+   void account(Kind kind, std::size_t number) noexcept;
+   void accountAll() noexcept;
+
+   ElementBlocks _blocks;
+   std::vector<Entry> _entries; // of all elements, or none
+
+   // What the elements' kinds tell of the list, so that most lists need not be looked through: where they
+   // end, if each kind has one length, and their boundary, if each has one.
+   std::size_t _length;
+   unsigned int _boundary = 1;
+   bool _allOfOneLength = true;
+   bool _allOfOneBoundary = true;
+   For _use;
+   std::uint8_t _start;
+};
+
+} // namespace rti1516e

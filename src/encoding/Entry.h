@@ -1,0 +1,66 @@
+// One element of an array or a record.
+#pragma once
+
+#include "src/encoding/Extent.h"
+#include "src/encoding/Input.h"
+#include "src/encoding/Kind.h"
+#include "src/encoding/Output.h"
+
+#include <RTI/encoding/DataElement.h>
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+
+namespace rti1516e {
+
+// An element that is owned by the entry, or kept alive by somebody else.
+//
+// The entry remembers the element's octet boundary from the last time that it was determined. An operation on
+// a nested element determines all boundaries first, and then goes down once; the atomic lets several threads
+// encode an element at once, who find the same.
+class Entry
+{
+public:
+   // Owns a clone.
+   static Entry clone(DataElement const& element);
+   static Entry clone(Entry const& other);
+   // Does not own. Fails if the pointer is null.
+   static Entry lent(DataElement* element);
+   // Of a known kind that has one boundary; the element is a block's.
+   static Entry inBlock(DataElement& element, Kind kind) noexcept { return {&element, kind, false, 1}; }
+
+   Entry(Entry&& other) noexcept;
+   // Replaces the element. One that is replaced by itself stays, and stays owned.
+   Entry& operator=(Entry&& other) noexcept;
+   ~Entry();
+
+   DataElement& element() const noexcept { return *_element; }
+   Kind kind() const noexcept { return _kind; }
+
+   // Remembers the boundary.
+   Extent measure(Wanted wanted) const
+   {
+      KindRow const& row = rowOf(_kind);
+      return row.fixedLength != 0 ? Extent{row.fixedLength, row.boundary, false} : measureAnew(wanted);
+   }
+   unsigned int boundary() const noexcept { return _boundary.load(std::memory_order_relaxed); }
+
+   void write(Output& out) const { rowOf(_kind).write(*_element, boundary(), out); }
+   // Skips the padding in front of the element.
+   std::size_t read(Input const& in, std::size_t index)
+   {
+      return rowOf(_kind).read(*_element, boundary(), in, index);
+   }
+
+private:
+   Entry(DataElement* element, Kind kind, bool owned, unsigned int boundary) noexcept;
+   Extent measureAnew(Wanted wanted) const;
+
+   bool _owned;
+   Kind _kind;
+   std::atomic<std::uint32_t> mutable _boundary;
+   DataElement* _element;
+};
+
+} // namespace rti1516e

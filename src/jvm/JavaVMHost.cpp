@@ -1,0 +1,169 @@
+#include "src/jvm/JavaVMHost.h"
+
+#include "src/jvm/SetupFailure.h"
+#include "src/jvm/VMOptions.h"
+#include "src/jvm/X87ControlWord.h"
+
+#include <RTI/Exception.h>
+
+#include <atomic>
+#include <pthread.h>
+#include <vector>
+
+namespace tovu1516e {
+namespace {
+
+// Set once, when the VM is ready for use. Every service reads it to attach its thread.
+std::atomic<JavaVM*> javaVM{nullptr};
+
+// Whether a VM is there, or on its way. In the child of a fork nothing of it runs any more, and whoever
+// entered it would wait for good.
+std::atomic<bool> isStarted{false};
+std::atomic<bool> isLostByFork{false};
+
+void loseVM() noexcept
+{
+   if (isStarted.load(std::memory_order_relaxed)) {
+      isLostByFork.store(true, std::memory_order_relaxed);
+      javaVM.store(nullptr, std::memory_order_relaxed);
+   }
+}
+
+void watchForForks()
+{
+   static bool watching = false;
+   if (!watching && pthread_atfork(nullptr, nullptr, loseVM) != 0) {
+      failSetup(L"Cannot watch for forks of the process\n");
+   }
+   watching = true;
+}
+
+// What the VM expects of the x87 unit: all exceptions masked, rounding to nearest, 53-bit precision,
+// projective infinity, denormals kept.
+void setControlWordForVM() noexcept
+{
+   constexpr std::uint32_t word = 0x9001F;
+   control87(word, 0x8001F);
+   control87(word, 0x300);
+   control87(word, 0x3070000);
+}
+
+constexpr std::uint32_t wholeControlWord = 0x30F031F;
+
+[[noreturn]] void failWith(wchar_t const* what, jint code)
+{
+   failSetup(what + (L" Error: " + jniErrorText(code)) + L"\n");
+}
+
+JavaVM* joinVM()
+{
+   JavaVM* vm = nullptr;
+   jsize count = 0;
+   if (jint const code = JNI_GetCreatedJavaVMs(&vm, 1, &count); code < 0) {
+      failWith(L"Cannot check for existing JVM.", code);
+   }
+   if (count < 1) {
+      return nullptr;
+   }
+   void* env = nullptr;
+   if (jint const code = vm->AttachCurrentThread(&env, nullptr); code < 0) {
+      failWith(L"Cannot attach to existing JVM.", code);
+   }
+   return vm;
+}
+
+JavaVM* createVM()
+{
+   auto texts = vmOptions();
+   std::vector<JavaVMOption> options;
+   options.reserve(texts.size());
+   for (auto& text : texts) {
+      options.push_back(JavaVMOption{text.data(), nullptr});
+   }
+   JavaVMInitArgs arguments{};
+   arguments.version = JNI_VERSION_1_2;
+   arguments.nOptions = static_cast<jint>(options.size());
+   arguments.options = options.data();
+   // Options that are switched off are passed as empty texts, which the VM would refuse otherwise.
+   arguments.ignoreUnrecognized = JNI_TRUE;
+
+   JavaVM* vm = nullptr;
+   void* env = nullptr;
+   if (jint const code = JNI_CreateJavaVM(&vm, &env, &arguments); code < 0) {
+      failWith(L"Cannot create JVM.", code);
+   }
+   return vm;
+}
+
+JavaVM* joinOrCreateVM()
+{
+   JavaVM* const vm = joinVM();
+   return vm != nullptr ? vm : createVM();
+}
+
+void startVM()
+{
+   watchForForks();
+   isStarted.store(true, std::memory_order_relaxed);
+   auto const saved = control87(0, 0);
+   setControlWordForVM();
+   try {
+      javaVM.store(joinOrCreateVM(), std::memory_order_release);
+   } catch (...) { // for want of memory, too
+      isStarted.store(false, std::memory_order_relaxed);
+      throw;
+   }
+   control87(saved, wholeControlWord);
+}
+
+} // namespace
+
+JNIEnv* acquireJNIEnv()
+{
+   if (javaVM.load(std::memory_order_acquire) == nullptr && !isLostByFork.load(std::memory_order_relaxed)) {
+      startVM();
+   }
+   try {
+      return attachCurrentThread();
+   } catch (rti1516e::RTIinternalError const& failure) {
+      failSetup(failure.what() + L"\n");
+   }
+}
+
+JNIEnv* attachCurrentThread()
+{
+   JavaVM* const vm = javaVM.load(std::memory_order_acquire);
+   if (vm == nullptr) {
+      throw rti1516e::RTIinternalError(
+         isLostByFork.load(std::memory_order_relaxed)
+            ? L"The Java VM of a process does not live on in the child of a fork"
+            : L"There is no Java VM");
+   }
+   void* env = nullptr;
+   if (jint const code = vm->AttachCurrentThread(&env, nullptr); code < 0) {
+      throw rti1516e::RTIinternalError(L"Cannot attach the thread to the Java VM: " + jniErrorText(code));
+   }
+   return static_cast<JNIEnv*>(env);
+}
+
+std::wstring jniErrorText(jint code)
+{
+   switch (code) {
+   case JNI_ERR:
+      return L"Unknown error (-1)";
+   case JNI_EDETACHED:
+      return L"JVM Detached (-2)";
+   case JNI_EVERSION:
+      return L"JNI Version Error (-3)";
+   case JNI_ENOMEM:
+      return L"Not enough JVM memory allocated (-4)";
+   case JNI_EEXIST:
+      return L"VM already created (-5)";
+   case JNI_EINVAL:
+      return L"Invalid JVM arguments (-6)";
+   default:
+      return L"Unknown JVM error " + std::to_wstring(code);
+   }
+}
+
+} // namespace tovu1516e
