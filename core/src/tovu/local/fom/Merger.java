@@ -162,7 +162,8 @@ final class Merger {
         for (FomElement table : module.root().children("switches")) {
             for (String name : List.of("autoProvide", "conveyRegionDesignatorSets", "conveyProducingFederate",
                     "attributeScopeAdvisory", "attributeRelevanceAdvisory", "objectClassRelevanceAdvisory",
-                    "interactionRelevanceAdvisory", "automaticResignAction")) {
+                    "interactionRelevanceAdvisory", "serviceReporting", "exceptionReporting",
+                    "automaticResignAction")) {
                 for (FomElement row : table.children(name)) {
                     String value = row.value(name.equals("automaticResignAction") ? "resignAction" : "isEnabled");
                     model.switches.putIfAbsent(name, value.isEmpty() ? row.text() : value);

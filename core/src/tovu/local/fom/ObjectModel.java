@@ -27,6 +27,7 @@ public final class ObjectModel {
             Transportation.BEST_EFFORT.hlaName(), Transportation.BEST_EFFORT));
     final Map<String, String> switches = new HashMap<>();
     private final List<FomModule> modules = new ArrayList<>();
+    private final Map<String, FomModule> given = new HashMap<>();
 
     /**
      * Merges modules into a new object model.
@@ -41,16 +42,24 @@ public final class ObjectModel {
         return model;
     }
 
-    /** Adds modules; when one contradicts what is there already, nothing is changed. */
-    public void extend(List<FomModule> more) throws InconsistentFDD {
-        if (!more.isEmpty()) {
-            ObjectModel trial = new ObjectModel();
-            trial.add(modules);
-            trial.add(more);
-            if (trial.size() != size()) { // federates often bring along what the federation was made of
-                add(more);
-            }
+    /**
+     * Adds modules; when one contradicts what is there already, nothing is changed.
+     *
+     * @return whether they brought anything new
+     */
+    public boolean extend(List<FomModule> more) throws InconsistentFDD {
+        if (more.isEmpty()) {
+            return false;
         }
+        ObjectModel trial = new ObjectModel();
+        trial.add(modules);
+        trial.add(more);
+        remember(more);
+        boolean brings = trial.size() != size(); // federates often bring along what the federation was made of
+        if (brings) {
+            add(more);
+        }
+        return brings;
     }
 
     private int size() {
@@ -61,6 +70,30 @@ public final class ObjectModel {
     private void add(List<FomModule> more) throws InconsistentFDD {
         Merger.merge(this, more);
         modules.addAll(more);
+        remember(more);
+    }
+
+    private void remember(List<FomModule> more) {
+        more.forEach(each -> given.putIfAbsent(each.designator(), each));
+    }
+
+    public String mimDesignator() {
+        return modules.get(0).designator();
+    }
+
+    /** Of the modules that the model is made of, in their order, the MIM left out. */
+    public List<String> moduleDesignators() {
+        return modules.stream().skip(1).map(FomModule::designator).toList();
+    }
+
+    /** What a module says that was ever given. */
+    public String moduleText(String designator) {
+        return XmlText.of(given.get(designator).root());
+    }
+
+    /** What all modules say together. */
+    public String text() {
+        return XmlText.of(modules.stream().map(FomModule::root).toList());
     }
 
     /** The class with that handle, or null. */
@@ -133,7 +166,7 @@ public final class ObjectModel {
     public Switches switches() {
         return new Switches(isOn("autoProvide"), isOn("conveyRegionDesignatorSets"), isOn("conveyProducingFederate"),
                 isOn("attributeScopeAdvisory"), isOn("attributeRelevanceAdvisory"),
-                isOn("objectClassRelevanceAdvisory"), isOn("interactionRelevanceAdvisory"),
+                isOn("objectClassRelevanceAdvisory"), isOn("interactionRelevanceAdvisory"), isOn("serviceReporting"), isOn("exceptionReporting"),
                 switches.getOrDefault("automaticResignAction", ""));
     }
 

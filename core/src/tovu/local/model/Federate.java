@@ -7,6 +7,9 @@ import java.util.function.Supplier;
 /** A joined federate, and its own part of every chapter of the federation's state. */
 @SuppressWarnings("serial") // kept in memory only
 public final class Federate implements Saved {
+    /** The handle of no member, and so of the federation's own. */
+    private static final int INFRASTRUCTURE = 0;
+
     private final Federation federation;
     private final int handle;
     private final String name;
@@ -20,6 +23,7 @@ public final class Federate implements Saved {
     final Subscriptions subscriptions = new Subscriptions();
     final Set<ObjectInstance> knownObjects = new LinkedHashSet<>();
     final FederateTime time;
+    final Oversight oversight;
     final Inbox inbox = new Inbox(this);
 
     Federate(Federation federation, int handle, String name, String type, Session session, CallbackSink sink) {
@@ -33,6 +37,16 @@ public final class Federate implements Saved {
         advisories = new Advisories(federation.switches());
         publications = new Publications(federation.privilegeToDelete());
         time = new FederateTime(federation.timeFamily());
+        oversight = new Oversight(federation.switches());
+    }
+
+    /** A federate that is no member: the federation's own, which is told everything that management has to know. */
+    static Federate infrastructure(Federation federation, CallbackSink sink) {
+        Federate federate = new Federate(federation, INFRASTRUCTURE, "HLA", "HLA", null, sink);
+        federate.advisories.silence();
+        federate.oversight.conveysProducer = true;
+        federate.oversight.reportsServices = false;
+        return federate;
     }
 
     /** Takes the place of another federate, whose ambassador becomes this one's. */
@@ -40,6 +54,16 @@ public final class Federate implements Saved {
         session = other.session;
         sink = other.sink;
         session.become(this);
+    }
+
+    /** The infrastructure's callbacks go there from now on. */
+    void replaceSink(CallbackSink newSink) {
+        sink = newSink;
+    }
+
+    /** Its ambassador is joined no longer. */
+    void leaveSession() {
+        session.become(null);
     }
 
     public Federation federation() {
@@ -56,6 +80,23 @@ public final class Federate implements Saved {
 
     public String type() {
         return type;
+    }
+
+    public boolean isInfrastructure() {
+        return handle == INFRASTRUCTURE;
+    }
+
+    public FederateStatus status() {
+        return new FederateStatus(this);
+    }
+
+    /** All that is told of it at each change, as bits of {@link Condition}. */
+    public int condition() {
+        return time.condition() | oversight.condition() | federation.condition();
+    }
+
+    public Oversight oversight() {
+        return oversight;
     }
 
     public ResignAction automaticResignDirective() {
@@ -81,6 +122,7 @@ public final class Federate implements Saved {
             Callback callback;
             synchronized (federation) {
                 callback = federation.isMember(this) ? making.get() : null;
+                federation.settle(this);
             }
             if (callback != null) {
                 callback.deliver(to);

@@ -1,5 +1,7 @@
 package tovu.local.model;
 
+import java.nio.ByteBuffer;
+import java.util.Map;
 import java.util.function.IntPredicate;
 
 /** Values of attributes or parameters, in the bytes in which they arrived: they are never copied on their way. */
@@ -18,6 +20,20 @@ public final class HandleValues implements Saved {
         this.bytes = bytes;
         this.rows = rows;
         this.size = size;
+    }
+
+    /** The values of a map, by handle. */
+    public static HandleValues of(Map<Integer, byte[]> values) {
+        ByteBuffer bytes = ByteBuffer.allocate(values.values().stream().mapToInt(each -> each.length).sum());
+        int[] rows = new int[3 * values.size()];
+        int row = 0;
+        for (Map.Entry<Integer, byte[]> each : values.entrySet()) {
+            rows[row++] = each.getKey();
+            rows[row++] = bytes.position();
+            rows[row++] = each.getValue().length;
+            bytes.put(each.getValue());
+        }
+        return new HandleValues(bytes.array(), rows, values.size());
     }
 
     public int size() {

@@ -59,6 +59,14 @@ final class Inbox implements Saved {
         }
     }
 
+    int heldCount() {
+        return held.size();
+    }
+
+    int timestampedCount() {
+        return timestamped.size();
+    }
+
     /** The time of the first time-stamped message, or never. */
     long firstTime() {
         return timestamped.isEmpty() ? TimeFamily.NEVER : timestamped.first().sending.time();

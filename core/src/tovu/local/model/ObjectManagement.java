@@ -70,6 +70,12 @@ public final class ObjectManagement {
     /** @return by which the update may be retracted, or 0 */
     public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing)
             throws RTIexception {
+        return update(federate, objectHandle, values, tag, timing, null);
+    }
+
+    /** @param only the one federate that is told; null for all who want to be */
+    public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing,
+            Federate only) throws RTIexception {
         Knowledge own = federation.objects().known(federate, objectHandle);
         InstanceAttribute foreign = null;
         for (int i = 0; i < values.size(); ++i) {
@@ -89,9 +95,9 @@ public final class ObjectManagement {
             alike &= first.fits(attribute, dispatch);
         }
         if (first != null && alike) {
-            send(own, first, values, dispatch);
+            send(own, first, values, dispatch, only);
         } else if (first != null) {
-            split(own.object, values, dispatch).forEach((passel, part) -> send(own, passel, part, dispatch));
+            split(own.object, values, dispatch).forEach((passel, part) -> send(own, passel, part, dispatch, only));
         }
         return dispatch.retraction();
     }
@@ -107,11 +113,11 @@ public final class ObjectManagement {
     }
 
     /** Sends a passel to all who want some of it, to each what it wants. */
-    private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch) {
+    private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch, Federate only) {
         Message.Sending sending = dispatch.sending(passel.order);
         Supplement supplement = federation.supplement(own.federate, passel.regions);
         for (Knowledge each : own.object.knowers()) {
-            if (each != own) {
+            if (each != own && (only == null || each.federate == only)) {
                 HandleValues wanted = values.select(attribute -> {
                     Interest interest = each.interest(attribute);
                     return interest != null && interest.meets(passel.regions);

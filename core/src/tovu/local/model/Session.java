@@ -49,12 +49,15 @@ public final class Session {
         sink = null;
     }
 
-    /** Leaves everything without being asked nicely: for a federate that will never say anything again. */
-    public synchronized void abandon() {
+    /**
+     * Leaves everything without being asked nicely: for a federate that will never say anything again.
+     *
+     * @param fault what has become of it
+     */
+    public synchronized void abandon(String fault) {
         Federate member = federate;
         if (member != null) {
-            member.federation().lose(member);
-            federate = null;
+            member.federation().lose(member, fault);
         }
         sink = null;
     }
@@ -98,7 +101,6 @@ public final class Session {
     public synchronized void resign(ResignAction action) throws RTIexception {
         call((federation, member) -> {
             federation.resign(member, action);
-            federate = null;
             return null;
         });
     }
@@ -112,13 +114,26 @@ public final class Session {
                 member = federate; // meanwhile it may have resigned, or been replaced by a restore
                 if (member != null && member.federation() == federation) {
                     R result = service.serve(federation, member);
-                    federation.time().settle();
+                    federation.settle(member);
                     return result;
                 }
             }
         }
         requireConnected();
         throw new FederateNotExecutionMember("This ambassador is not joined to a federation execution; join one first");
+    }
+
+    /** Whether each service of the federate is to be reported. */
+    public boolean isReported() {
+        Federate member = federate;
+        return member != null && member.oversight.reportsAnything();
+    }
+
+    /** Reports a call that a federate has made or got. */
+    public static void report(Federate member, ServiceCall call) {
+        synchronized (member.federation()) {
+            member.federation().management().served(member, call);
+        }
     }
 
     /** A service that has to wait for the end of a save or restore. */
@@ -137,7 +152,8 @@ public final class Session {
     }
 
     /**
-     * The ambassador is joined as that federate from now on: a new one, or after a restore the one that was saved.
+     * The ambassador is joined as that federate from now on: a new one, or after a restore the one that was saved. Null
+     * when it is joined no longer.
      * Called under the federation's lock, so that whatever the federate is told finds it joined.
      */
     void become(Federate member) {

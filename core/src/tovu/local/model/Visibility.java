@@ -90,7 +90,9 @@ final class Visibility {
         knowledge.post(to -> to.discoverObjectInstance(object.handle, knownClass.handle(), object.name, producer));
         refreshScope(knowledge);
         federation.ownership().offerAbandoned(knowledge, federate.publications.attributes(knownClass));
-        if (federation.switches().autoProvide()) {
+        if (object.producer.isInfrastructure()) {
+            federation.management().discovered(federate, object.handle);
+        } else if (federation.autoProvide()) {
             Notices wanted = Notices.untilHandedOver();
             for (int handle : federate.subscriptions.interests(knownClass).keySet()) {
                 InstanceAttribute attribute = object.attribute(handle);
