@@ -214,6 +214,13 @@ public final class TimeManagement implements Saved {
         }
     }
 
+    /** Messages may have ceased to count that somebody who follows them waits for. */
+    void messagesChanged(Federate federate) {
+        if (federate.time.follows()) {
+            reconsider();
+        }
+    }
+
     /** Messages have come or gone that decide how far somebody can get: at the end of this service it is looked at. */
     void reconsider() {
         stale = true;
@@ -240,7 +247,7 @@ public final class TimeManagement implements Saved {
 
         Bounds() {
             for (Federate each : regulating) {
-                long bound = each.time.outBound(each.inbox.firstTime());
+                long bound = each.time.outBound(firstMessage(each));
                 if (lowestFederate == null || bound < lowest) {
                     lowestFederate = each;
                     lowest = bound;
@@ -249,11 +256,14 @@ public final class TimeManagement implements Saved {
             for (Federate each : regulating) {
                 if (each != lowestFederate) {
                     // Who follows its messages may be sent one by the lowest, and answer that.
-                    long first = each.time.follows() ? Math.min(lowest, each.inbox.firstTime())
-                            : each.inbox.firstTime();
-                    second = Math.min(second, each.time.outBound(first));
+                    second = Math.min(second, each.time.outBound(Math.min(lowest, firstMessage(each))));
                 }
             }
+        }
+
+        /** Where nothing depends on it the inbox is not asked, lest that drop what may be wanted again. */
+        private long firstMessage(Federate federate) {
+            return federate.time.follows() ? federate.inbox.firstTime() : TimeFamily.NEVER;
         }
 
         long galt(Federate federate) {
