@@ -247,6 +247,17 @@ TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)
    expectNothing(alpha);
    expect(beta, {"confirmAttributeOwnershipAcquisitionCancellation(car, {Position})",
                  "attributeOwnershipAcquisitionNotification(car, {Speed}, )"});
+
+   // Asked for the release twice, where only the second time is meant.
+   alpha->disableCallbacks();
+   beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   beta->cancelAttributeOwnershipAcquisition(object, {position});
+   beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   alpha->enableCallbacks();
+   expect(alpha, {"requestAttributeOwnershipRelease(car, {Position}, )"});
+   beta->cancelAttributeOwnershipAcquisition(object, {position});
+   beta.callbacks(2);
+
    alpha->negotiatedAttributeOwnershipDivestiture(object, {position, fuel}, bytes(""));
    beta.callbacks(1);
    alpha->disableCallbacks();
