@@ -105,15 +105,10 @@ public final class Federate implements Saved {
         return messageValidity;
     }
 
-    /** Written under the federation's lock only. */
+    /** After a change of what it wants. Written under the federation's lock only. */
     void invalidateMessages() {
         ++messageValidity;
-    }
-
-    /** After it has unsubscribed from something. */
-    void dropUnwantedMessages() {
-        invalidateMessages();
-        inbox.discardUnwanted();
+        federation.time().messagesChanged(this);
     }
 
     @Override

@@ -31,6 +31,11 @@ final class Knowledge implements Saved {
         return renounced;
     }
 
+    /** Whether it is what the federation has the federate know. */
+    boolean isCurrent() {
+        return object.knowledgeOf(federate) == this;
+    }
+
     /** Leaves a callback about the object. */
     void post(Callback callback) {
         federate.post(to -> {
@@ -43,6 +48,11 @@ final class Knowledge implements Saved {
     /** The federate's interest in an attribute at its known class, or null. */
     Interest interest(int attribute) {
         return federate.subscriptions.interest(knownClass, attribute);
+    }
+
+    /** The attributes that the federate wants of what is sent with those regions. */
+    HandleSet wanted(Set<Region> sentRegions) {
+        return federate.subscriptions.wanted(knownClass, sentRegions);
     }
 
     /** On what terms updates of an attribute are wanted where they are sent now; none when they are not. */

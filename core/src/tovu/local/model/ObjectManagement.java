@@ -7,6 +7,7 @@ import hla.rti1516e.exceptions.ObjectClassNotPublished;
 import hla.rti1516e.exceptions.OwnershipAcquisitionPending;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
+import java.util.HashMap;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
@@ -109,15 +110,14 @@ public final class ObjectManagement {
     /** Sends a passel to all who want some of it, to each what it wants. */
     private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch) {
         Message.Sending sending = dispatch.sending(passel.order);
-        Supplement supplement = federation.supplement(own.federate, passel.regions);
+        Content content = new Content(values, passel.regions, passel.transportation,
+                federation.supplement(own.federate, passel.regions));
+        Map<HandleSet, HandleValues> selections = new HashMap<>();
         for (Knowledge each : own.object.knowers()) {
             if (each != own) {
-                HandleValues wanted = values.select(attribute -> {
-                    Interest interest = each.interest(attribute);
-                    return interest != null && interest.meets(passel.regions);
-                });
+                HandleValues wanted = selections.computeIfAbsent(each.wanted(passel.regions), values::select);
                 if (wanted.size() > 0) {
-                    dispatch.send(new Reflection(each, sending, wanted, passel.transportation, supplement));
+                    dispatch.send(new Reflection(each, sending, content, wanted));
                 }
             }
         }

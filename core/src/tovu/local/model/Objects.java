@@ -99,7 +99,7 @@ public final class Objects implements Saved {
             each.forget(federate);
         }
         object.becomeUnknown(federate);
-        federate.inbox.discard(knowledge);
+        federation.time().messagesChanged(federate);
         endIfForgotten(object);
     }
 

@@ -16,15 +16,10 @@ final class Removal extends Message {
 
     /** The federation takes it for granted that the receiver knows the object no more, and so it is to be told. */
     @Override
-    void post() {
+    void leave() {
         commit();
         receiver.federation().objects().forget(knowledge);
-        super.post();
-    }
-
-    @Override
-    boolean concerns(Knowledge what) {
-        return what == knowledge;
+        super.leave();
     }
 
     @Override
@@ -33,7 +28,12 @@ final class Removal extends Message {
     }
 
     @Override
-    boolean keepWanted() {
+    boolean isOutdated() {
+        return !knowledge.isCurrent();
+    }
+
+    @Override
+    boolean fit() {
         return !knowledge.isRenounced();
     }
 }

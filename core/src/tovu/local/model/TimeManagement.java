@@ -214,6 +214,13 @@ public final class TimeManagement implements Saved {
         }
     }
 
+    /** Messages may have ceased to count that somebody who follows them waits for. */
+    void messagesChanged(Federate federate) {
+        if (federate.time.follows()) {
+            reconsider();
+        }
+    }
+
     /** Messages have come or gone that decide how far somebody can get: at the end of this service it is looked at. */
     void reconsider() {
         stale = true;
@@ -240,7 +247,7 @@ public final class TimeManagement implements Saved {
 
         GreatestAvailableTimes() {
             for (Federate each : regulating) {
-                long own = each.time.leastFutureSendTime(each.inbox.firstTime());
+                long own = each.time.leastFutureSendTime(firstMessage(each));
                 if (slowest == null || own < least) {
                     slowest = each;
                     least = own;
@@ -249,11 +256,15 @@ public final class TimeManagement implements Saved {
             for (Federate each : regulating) {
                 if (each != slowest) {
                     // Who follows its messages may be sent one by the slowest, and answer that.
-                    long first = each.inbox.firstTime();
                     second = Math.min(second, each.time.leastFutureSendTime(
-                            each.time.follows() ? Math.min(least, first) : first));
+                            each.time.follows() ? Math.min(least, firstMessage(each)) : TimeFamily.NEVER));
                 }
             }
+        }
+
+        /** Where nothing depends on it the inbox is not asked, lest that drop what may be wanted again. */
+        private long firstMessage(Federate federate) {
+            return federate.time.follows() ? federate.inbox.firstTime() : TimeFamily.NEVER;
         }
 
         long of(Federate federate) {
