@@ -278,7 +278,7 @@ public final class Federation {
     }
 
     /** Resigns a federate that is gone as its automatic resign directive says, and lets go of whatever that leaves. */
-    synchronized void lose(Federate federate) {
+    void lose(Federate federate) {
         leave(federate, federate.automaticResignDirective());
     }
 
