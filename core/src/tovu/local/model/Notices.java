@@ -87,7 +87,7 @@ final class Notices {
                 int[] attributes = subjects.stream().filter(each -> !endWithTenure || each.isSameTenure())
                         .map(Subject::attribute).filter(each -> condition.holds(each, federate, addressee.tag))
                         .mapToInt(InstanceAttribute::handle).toArray();
-                return attributes.length == 0 || knowledge.isRenounced() ? null
+                return attributes.length == 0 || knowledge.isOver() ? null
                         : to -> form.tell(to, attributes, addressee.tag);
             });
         });

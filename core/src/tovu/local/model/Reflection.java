@@ -34,6 +34,6 @@ final class Reflection extends Message {
     @Override
     boolean keepWanted() {
         values = values.select(attribute -> knowledge.interest(attribute) != null);
-        return values.size() > 0 && !knowledge.isRenounced();
+        return values.size() > 0 && !knowledge.isOver();
     }
 }
