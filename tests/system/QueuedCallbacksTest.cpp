@@ -37,15 +37,27 @@ TEST_P(QueuedCallbacks, TellOfARetractionOnlyWhereTheMessageWasDelivered)
    beta->enableCallbacks();
    expectNothing(beta);
 
-   // The news of a deletion is delivered in any case, for the object is there no more.
-   beta->disableCallbacks();
-   MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
-   names().add(deletion.toString(), "deletion");
-   alpha->retract(deletion);
+   // A deletion that is retracted in the very callback that tells of it.
+   MessageRetractionHandle deletion;
+   beta.onCallback = [&](std::string const&) {
+      beta.onCallback = nullptr;
+      alpha->retract(deletion);
+   };
    beta->subscribeObjectClassAttributes(car, ofVehicle);
-   beta->enableCallbacks();
-   expect(beta, {"removeObjectInstance(car, , TSO, 5, RO, retractable, by alpha)",
-                 "requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"});
+   for (bool const told : {false, true}) {
+      beta->disableCallbacks();
+      deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
+      names().add(deletion.toString(), "deletion");
+      if (!told) {
+         alpha->retract(deletion);
+      }
+      beta->enableCallbacks();
+      expect(beta,
+             told ? Callbacks{"removeObjectInstance(car, , TSO, 5, RO, retractable, by alpha)",
+                              "requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"}
+                  : Callbacks{});
+      EXPECT_EQ(beta->getKnownObjectClassHandle(object), car);
+   }
 }
 
 // What waits is looked at by the subscriptions of the moment it is delivered, in either order.

@@ -88,6 +88,16 @@ public final class Federate implements Saved {
         });
     }
 
+    /** Has a change of state come about that follows from a callback that was made. */
+    void change(Runnable change) {
+        synchronized (federation) {
+            if (federation.isMember(this)) {
+                change.run();
+                federation.time().settle();
+            }
+        }
+    }
+
     /** Leaves a callback with which a change of state comes about: not when it is left, but when it is delivered. */
     void postChange(Runnable change, Callback callback) {
         postLate(() -> {

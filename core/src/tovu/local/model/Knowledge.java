@@ -13,7 +13,7 @@ final class Knowledge implements Saved {
     final ObjectInstance object;
     final ObjectClass knownClass;
     final Set<Integer> toldInScope = new TreeSet<>();
-    private volatile boolean renounced;
+    private volatile boolean over;
 
     Knowledge(Federate federate, ObjectInstance object, ObjectClass knownClass) {
         this.federate = federate;
@@ -21,25 +21,20 @@ final class Knowledge implements Saved {
         this.knownClass = knownClass;
     }
 
-    /** The federate gives the object up by itself: what is on its way to it about the object is not told any more. */
-    void renounce() {
-        renounced = true;
+    /** The federate knows the object no more: what is on its way to it about the object is not told. */
+    void end() {
+        over = true;
         federate.invalidateMessages();
     }
 
-    boolean isRenounced() {
-        return renounced;
-    }
-
-    /** Whether it is what the federation has the federate know. */
-    boolean isCurrent() {
-        return object.knowledgeOf(federate) == this;
+    boolean isOver() {
+        return over;
     }
 
     /** Leaves a callback about the object. */
     void post(Callback callback) {
         federate.post(to -> {
-            if (!renounced) {
+            if (!over) {
                 callback.deliver(to);
             }
         });

@@ -48,12 +48,8 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
     /** Leaves it with the delivery, unless what it is about is over for the receiver. */
     final void post() {
         if (!isOutdated()) {
-            leave();
+            receiver.post(this);
         }
-    }
-
-    void leave() {
-        receiver.post(this);
     }
 
     /** Whether it waited longer than the receiver knew the object that it is about. */

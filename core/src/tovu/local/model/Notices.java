@@ -98,7 +98,7 @@ final class Notices {
                 int[] attributes = subjects.stream().filter(each -> !endWithTenure || each.isSameTenure())
                         .filter(each -> condition.holds(each.attribute, federate, each.asking))
                         .mapToInt(each -> each.attribute.handle()).distinct().toArray();
-                return attributes.length == 0 || knowledge.isRenounced() ? null
+                return attributes.length == 0 || knowledge.isOver() ? null
                         : to -> form.tell(to, attributes, addressee.tag);
             });
         });

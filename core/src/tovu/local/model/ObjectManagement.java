@@ -82,6 +82,7 @@ public final class ObjectManagement {
                     + " is not owned by " + federate + "; acquire it first, or leave it out of the update");
         }
         Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
+        federation.visibility().rediscover(own.object);
         Passel first = null;
         boolean alike = true;
         for (int i = 0; i < values.size(); ++i) {
@@ -145,7 +146,6 @@ public final class ObjectManagement {
         int producer = federation.supplement(federate, Set.of()).producer();
         List<Knowledge> others = new ArrayList<>(object.knowers());
         others.remove(own);
-        own.renounce();
         federation.objects().forget(own);
         for (Knowledge each : others) {
             dispatch.send(new Removal(each, sending, producer));
@@ -172,8 +172,8 @@ public final class ObjectManagement {
             throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + own.object
                     + "; cancel the acquisition first");
         }
-        own.renounce();
         federation.objects().forget(own);
+        own.object.becomeKnownAgainLater(federate);
         federation.visibility().refreshUpdates(own.object);
     }
 

@@ -25,12 +25,12 @@ final class Reflection extends Message {
 
     @Override
     boolean isOutdated() {
-        return !knowledge.isCurrent();
+        return knowledge.isOver();
     }
 
     @Override
     boolean fit() {
         values = content.values.select(knowledge.wanted(content.regions));
-        return values.size() > 0 && !knowledge.isRenounced();
+        return values.size() > 0 && !knowledge.isOver();
     }
 }
