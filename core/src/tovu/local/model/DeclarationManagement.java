@@ -92,6 +92,7 @@ public final class DeclarationManagement implements Saved {
     /** @param where for each attribute the regions, or null for everywhere */
     void subscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where, Terms terms) {
         where.forEach((attribute, regions) -> federate.subscriptions.add(theClass, attribute, regions, terms));
+        federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
     }
 
@@ -119,7 +120,7 @@ public final class DeclarationManagement implements Saved {
     /** @param where for each attribute the regions, or null for all of them */
     void unsubscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where) {
         where.forEach((attribute, regions) -> federate.subscriptions.remove(theClass, attribute, regions));
-        federate.dropUnwantedMessages();
+        federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
     }
 
@@ -140,6 +141,7 @@ public final class DeclarationManagement implements Saved {
                     + " are reported to whoever subscribes to this class; switch that off first, with HLAsetServiceReporting");
         }
         federate.subscriptions.add(theClass, where, active);
+        federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
     }
 
@@ -149,7 +151,7 @@ public final class DeclarationManagement implements Saved {
 
     void unsubscribe(Federate federate, InteractionClass theClass, Set<Region> where) {
         federate.subscriptions.remove(theClass, where);
-        federate.dropUnwantedMessages();
+        federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
     }
 

@@ -299,7 +299,7 @@ public final class Federation {
         if (!action.divests()) {
             for (ObjectInstance object : federate.knownObjects) {
                 boolean ends = action.deletes() && object.attribute(privilegeToDelete).owner() == federate;
-                if (!ends && object.isOwnedIn(federate)) {
+                if (!object.deleted && !ends && object.isOwnedIn(federate)) {
                     throw new FederateOwnsAttributes(federate + " owns attributes of " + object
                             + "; divest or delete it, or resign with an action that does");
                 }
@@ -307,7 +307,7 @@ public final class Federation {
         }
         if (!action.cancels()) {
             for (ObjectInstance object : federate.knownObjects) {
-                if (ownership.isAcquiring(federate, object)) {
+                if (!object.deleted && ownership.isAcquiring(federate, object)) {
                     throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + object
                             + "; cancel the acquisition, or resign with an action that does");
                 }
@@ -317,12 +317,10 @@ public final class Federation {
     }
 
     /** Resigns a federate that is gone as its automatic resign directive says, and lets go of whatever that leaves. */
-    synchronized void lose(Federate federate, String fault) {
-        if (isMember(federate)) {
-            management.losing(federate, fault);
-            leave(federate, federate.automaticResignDirective());
-            settle(federate);
-        }
+    void lose(Federate federate, String fault) {
+        management.losing(federate, fault);
+        leave(federate, federate.automaticResignDirective());
+        settle(federate);
     }
 
     /** The end of a service, or of a change that came about with a callback. */

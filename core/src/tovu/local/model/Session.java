@@ -57,7 +57,12 @@ public final class Session {
     public synchronized void abandon(String fault) {
         Federate member = federate;
         if (member != null) {
-            member.federation().lose(member, fault);
+            Federation federation = member.federation();
+            synchronized (federation) {
+                if (federate != null) { // meanwhile it may have resigned, or been replaced by a restore
+                    federation.lose(federate, fault);
+                }
+            }
         }
         sink = null;
     }
