@@ -18,4 +18,8 @@ final class Content implements Saved {
         this.transportation = transportation;
         this.supplement = supplement;
     }
+
+    boolean isByManagement() {
+        return supplement.producer() == 0;
+    }
 }

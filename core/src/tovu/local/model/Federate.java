@@ -18,6 +18,7 @@ public final class Federate implements Saved {
     private transient CallbackSink sink;
     private ResignAction automaticResignDirective;
     private volatile int messageValidity;
+    private final Supplement origin;
     final Advisories advisories;
     final Publications publications;
     final Subscriptions subscriptions = new Subscriptions();
@@ -33,6 +34,7 @@ public final class Federate implements Saved {
         this.type = type;
         this.session = session;
         this.sink = sink;
+        origin = new Supplement(handle, null);
         automaticResignDirective = ResignAction.named(federation.switches().automaticResignAction());
         advisories = new Advisories(federation.switches());
         publications = new Publications(federation.privilegeToDelete());
@@ -146,6 +148,25 @@ public final class Federate implements Saved {
             change.run();
             return callback;
         });
+    }
+
+    /** The origin of messages that it sends with those regions. */
+    Supplement supplement(Set<Region> sentRegions) {
+        return sentRegions.isEmpty() ? origin
+                : new Supplement(handle, sentRegions.stream().mapToInt(region -> region.handle).toArray());
+    }
+
+    /** What it is told of a producer: its handle, or 0. */
+    int conveyed(Federate producer) {
+        return oversight.conveysProducer ? producer.handle : 0;
+    }
+
+    /** What it is told of the origin of a message. */
+    Supplement conveyed(Supplement sent) {
+        boolean producer = oversight.conveysProducer;
+        boolean regions = oversight.conveysRegions || sent.sentRegions() == null;
+        return producer && regions ? sent
+                : new Supplement(producer ? sent.producer() : 0, regions ? sent.sentRegions() : null);
     }
 
     void dropCallbacks() {

@@ -61,11 +61,11 @@ public final class FederateStatus {
     }
 
     public int receiveOrderQueued() {
-        return federate.inbox.heldCount();
+        return federate.inbox.heldCount() + federate.oversight.underWay(false);
     }
 
     public int timestampOrderQueued() {
-        return federate.inbox.timestampedCount();
+        return federate.inbox.timestampedCount() + federate.oversight.underWay(true);
     }
 
     /** Milliseconds in the time granted or the time advancing state since this was last asked for. */

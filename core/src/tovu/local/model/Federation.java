@@ -182,16 +182,6 @@ public final class Federation {
         return ++lastSequence;
     }
 
-    /** What messages that a federate sends with those regions tell of their origin. */
-    Supplement supplement(Federate sender, Set<Region> sentRegions) {
-        boolean tellsRegions = switches.conveyRegionDesignatorSets() && !sentRegions.isEmpty();
-        if (!switches.conveyProducingFederate() && !tellsRegions) {
-            return Supplement.NONE;
-        }
-        return new Supplement(switches.conveyProducingFederate() ? sender.handle() : 0,
-                tellsRegions ? sentRegions.stream().mapToInt(region -> region.handle).toArray() : null);
-    }
-
     public Switches switches() {
         return switches;
     }

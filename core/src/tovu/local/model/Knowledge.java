@@ -14,6 +14,10 @@ final class Knowledge implements Saved {
     final ObjectClass knownClass;
     final Set<Integer> toldInScope = new TreeSet<>();
     private volatile boolean over;
+    /** Whether the federate has ever updated the object. */
+    boolean updated;
+    /** Whether it was ever told of an update. Written where callbacks are made. */
+    boolean reflected;
 
     Knowledge(Federate federate, ObjectInstance object, ObjectClass knownClass) {
         this.federate = federate;

@@ -48,6 +48,7 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
     /** Leaves it with the delivery, unless what it is about is over for the receiver. */
     final void post() {
         if (!isOutdated()) {
+            receiver.oversight.posted(isTimestamped());
             receiver.post(this);
         }
     }
@@ -85,6 +86,7 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
 
     @Override
     public final void deliver(FederateCallbacks to) throws FederateInternalError {
+        receiver.oversight.delivered(isTimestamped());
         if (validity != receiver.messageValidity()) {
             synchronized (receiver.federation()) {
                 if (receiver.time.constraint() != FederateTime.Switch.ON) {

@@ -57,6 +57,7 @@ public final class ObjectManagement {
             }
         }
         regions.forEach((attribute, set) -> object.attribute(attribute).associate(federate, set));
+        federate.oversight.objectsRegistered.count(theClass.handle());
         federation.visibility().registered(object);
         return object.handle;
     }
@@ -118,7 +119,8 @@ public final class ObjectManagement {
     private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch, Federate only) {
         Message.Sending sending = dispatch.sending(passel.order);
         Content content = new Content(values, passel.regions, passel.transportation,
-                federation.supplement(own.federate, passel.regions));
+                own.federate.supplement(passel.regions));
+        count(own, passel.transportation);
         Map<HandleSet, HandleValues> selections = new HashMap<>();
         for (Knowledge each : own.object.knowers()) {
             if (each != own && (only == null || each.federate == only)) {
@@ -127,6 +129,15 @@ public final class ObjectManagement {
                     dispatch.send(new Reflection(each, sending, content, wanted));
                 }
             }
+        }
+    }
+
+    private static void count(Knowledge own, Transportation transportation) {
+        int theClass = own.object.objectClass.handle();
+        own.federate.oversight.updatesSent.count(theClass, transportation);
+        if (!own.updated) {
+            own.updated = true;
+            own.federate.oversight.objectsUpdated.count(theClass);
         }
     }
 
@@ -149,12 +160,12 @@ public final class ObjectManagement {
                 object.attributes(each -> each.owner() == federate).stream()
                         .map(InstanceAttribute::possession).toList()));
         object.deleted = true;
-        int producer = federation.supplement(federate, Set.of()).producer();
+        federate.oversight.objectsDeleted.count(object.objectClass.handle());
         List<Knowledge> others = new ArrayList<>(object.knowers());
         others.remove(own);
         federation.objects().forget(own);
         for (Knowledge each : others) {
-            dispatch.send(new Removal(each, sending, producer));
+            dispatch.send(new Removal(each, sending, federate));
         }
     }
 

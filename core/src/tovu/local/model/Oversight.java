@@ -15,9 +15,11 @@ public final class Oversight implements Saved {
     public final int[] regions = new int[8];
     /** Seconds from one periodic update to the next; 0 for none. */
     public int reportPeriod;
-    public boolean conveysRegions;
-    public boolean conveysProducer;
-    /** Read without a lock at each service and callback. */
+    private final int[] posted = new int[2]; // in receive order and in time-stamp order
+    private final int[] delivered = new int[2]; // written where callbacks are made
+    // The switches are read without a lock, at each service and callback.
+    public volatile boolean conveysRegions;
+    public volatile boolean conveysProducer;
     public volatile boolean reportsServices;
     public volatile boolean reportsExceptions;
     public int lastSerialNumber;
@@ -40,6 +42,22 @@ public final class Oversight implements Saved {
         conveysProducer = switches.conveyProducingFederate();
         reportsServices = switches.serviceReporting();
         reportsExceptions = switches.exceptionReporting();
+    }
+
+    /** A message is left with the delivery. */
+    void posted(boolean timestamped) {
+        ++posted[timestamped ? 1 : 0];
+    }
+
+    /** It is delivered, or turns out not to be wanted any more. */
+    void delivered(boolean timestamped) {
+        ++delivered[timestamped ? 1 : 0];
+    }
+
+    /** How many messages are with the delivery. */
+    int underWay(boolean timestamped) {
+        int order = timestamped ? 1 : 0;
+        return posted[order] - delivered[order];
     }
 
     int condition() {

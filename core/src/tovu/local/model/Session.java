@@ -134,10 +134,17 @@ public final class Session {
         return member != null && member.oversight.reportsAnything();
     }
 
-    /** Reports a call that a federate has made or got. */
+    /**
+     * Reports a call that a federate has made or got to those who want to know.
+     *
+     * @param member null for an ambassador that is not joined, of which nobody does
+     */
     public static void report(Federate member, ServiceCall call) {
-        synchronized (member.federation()) {
-            member.federation().management().served(member, call);
+        if (member != null && member.oversight.reportsAnything()) {
+            synchronized (member.federation()) {
+                member.federation().management().served(member, call);
+                member.federation().settle(member);
+            }
         }
     }
 

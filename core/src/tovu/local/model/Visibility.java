@@ -112,9 +112,12 @@ final class Visibility {
 
     private void discoverAs(ObjectClass knownClass, ObjectInstance object, Federate federate) {
         object.becomeKnown(federate, knownClass);
-        int producer = federation.switches().conveyProducingFederate() ? object.producer.handle() : 0;
         Knowledge knowledge = object.knowledgeOf(federate);
-        knowledge.post(to -> to.discoverObjectInstance(object.handle, knownClass.handle(), object.name, producer));
+        knowledge.post(to -> {
+            federate.oversight.objectsDiscovered.count(knownClass.handle());
+            to.discoverObjectInstance(object.handle, knownClass.handle(), object.name,
+                    federate.conveyed(object.producer));
+        });
         refreshScope(knowledge);
         federation.ownership().offerAbandoned(knowledge, federate.publications.attributes(knownClass));
         if (object.producer.isInfrastructure()) {
