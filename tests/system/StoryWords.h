@@ -123,11 +123,12 @@ private:
       return *found;
    }
 
-   // As many as there are.
+   // As many as there are; {} says that there are none.
    template <class Handle>
    std::set<Handle> handles()
    {
       std::set<Handle> all;
+      _next += !atEnd() && _words[_next] == "{}" ? 1 : 0;
       for (; !atEnd() && _stage.called<Handle>(_words[_next]); ++_next) {
          all.insert(handle<Handle>(_words[_next]));
       }
