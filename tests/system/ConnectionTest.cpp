@@ -31,11 +31,11 @@ TEST_P(Connection, ListsTheFederationsThatThereAre)
    std::string const second = uniqueName();
    alpha->createFederationExecution(wide(second), fom("Road.xml"));
    alpha->listFederationExecutions();
-   expect(alpha, {"reportFederationExecutions({" + federation() + ":HLAinteger64Time " + second +
-                  ":HLAfloat64Time})"});
+   expect(alpha, {"reportFederationExecutions({" + federation() + "=HLAinteger64Time " + second +
+                  "=HLAfloat64Time})"});
    alpha->destroyFederationExecution(wide(second));
    alpha->listFederationExecutions();
-   expect(alpha, {"reportFederationExecutions({" + federation() + ":HLAinteger64Time})"});
+   expect(alpha, {"reportFederationExecutions({" + federation() + "=HLAinteger64Time})"});
 }
 
 class FederationExecution : public FederationTest
@@ -171,7 +171,7 @@ TEST_P(FomModules, ThatAreBrokenMakeNoFederationAndAreNotJoinedWith)
       }
    }
    beta->listFederationExecutions();
-   expect(beta, {"reportFederationExecutions({" + federation() + ":HLAfloat64Time})"});
+   expect(beta, {"reportFederationExecutions({" + federation() + "=HLAfloat64Time})"});
    EXPECT_REFUSED("NameNotFound", alpha->getFederateHandle(L"beta"));
    beta.join(federation(), {fom("Road.xml"), fom("Weather.xml")});
 }

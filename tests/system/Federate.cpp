@@ -2,11 +2,22 @@
 
 #include <RTI/RTIambassadorFactory.h>
 
+#include <map>
 #include <utility>
 
 namespace system_tests {
 
 using Clock = std::chrono::steady_clock;
+
+std::string CallbackTexts::shortFormOf(std::string const& name)
+{
+   static std::map<std::string, std::string> const shortForms = {{"discoverObjectInstance", "discover"},
+                                                                 {"reflectAttributeValues", "reflect"},
+                                                                 {"receiveInteraction", "receive"},
+                                                                 {"removeObjectInstance", "remove"}};
+   auto const found = shortForms.find(name);
+   return found == shortForms.end() ? name : found->second;
+}
 
 Federate::Federate(std::string const& name, CallbackModel model, Names& names)
    : _name(name),
