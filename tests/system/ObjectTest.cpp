@@ -15,6 +15,27 @@ protected:
       object = registered(alpha, car, "car");
       expect(beta, {"discoverObjectInstance(car, Vehicle, car, alpha)"});
    }
+
+   // Beta knows the object until its removal has been told, and that is the one callback that comes.
+   void expectKnownUntilTold(std::function<void()> const& remove)
+   {
+      std::vector<std::string> answers;
+      auto const ask = [&] {
+         answers.push_back(refusal([&] {
+            beta->getKnownObjectClassHandle(object);
+            beta->getObjectInstanceHandle(beta->getObjectInstanceName(object));
+         }));
+      };
+      beta->disableCallbacks();
+      remove();
+      ask();
+      beta.onCallback = [&](std::string const&) { ask(); };
+      beta->enableCallbacks();
+      EXPECT_EQ(beta.callbacks(1).size(), 1u);
+      beta.onCallback = nullptr;
+      ask();
+      EXPECT_EQ(answers, (std::vector<std::string>{"nothing", "nothing", "ObjectInstanceNotKnown"}));
+   }
 };
 IN_BOTH_CALLBACK_MODELS(Objects);
 
@@ -156,6 +177,51 @@ TEST_P(Objects, AreDeletedByWhoHasThePrivilege)
    expect(beta, {"discoverObjectInstance(second, Vehicle, second, alpha)"});
 }
 
+TEST_P(Objects, AreKnownUntilTheirRemovalIsTold)
+{
+   showACar();
+   beta->publishObjectClassAttributes(vehicle, ofVehicle);
+   alpha->unconditionalAttributeOwnershipDivestiture(object, {speed});
+   beta->attributeOwnershipAcquisitionIfAvailable(object, {speed});
+   beta->enableAttributeScopeAdvisorySwitch();
+   beta.callbacks(4);
+   expectKnownUntilTold([this] {
+      alpha->deleteObjectInstance(object, bytes(""));
+      // Of this nothing is told any more: it would come after the removal.
+      EXPECT_TRUE(beta->isAttributeOwnedByFederate(object, speed));
+      beta->updateAttributeValues(object, values({{speed, "1"}}), bytes(""));
+      beta->requestAttributeValueUpdate(object, {fuel}, bytes(""));
+      beta->queryAttributeOwnership(object, speed);
+      beta->attributeOwnershipAcquisition(object, {fuel}, bytes(""));
+      beta->unsubscribeObjectClassAttributes(vehicle, {fuel});
+      beta->subscribeObjectClassAttributes(vehicle, {fuel});
+   });
+   object = registered(alpha, car, "second");
+   beta.callbacks(2);
+   beta->disableCallbacks();
+   alpha->deleteObjectInstance(object, bytes(""));
+   beta->localDeleteObjectInstance(object);
+   EXPECT_REFUSED("ObjectInstanceNotKnown", beta->getObjectInstanceName(object));
+   beta->enableCallbacks();
+   expectNothing(beta);
+
+   beta->disableAttributeScopeAdvisorySwitch();
+   for (bool const lost : {false, true}) {
+      Federate& gamma = joined("gamma");
+      gamma->publishObjectClassAttributes(car, {position});
+      object = registered(gamma, car, "third");
+      beta.callbacks(1);
+      expectKnownUntilTold([&] {
+         if (lost) {
+            gamma->setAutomaticResignDirective(DELETE_OBJECTS);
+         } else {
+            gamma->resignFederationExecution(DELETE_OBJECTS);
+         }
+         forget("gamma");
+      });
+   }
+}
+
 TEST_P(Objects, AreForgottenByOneFederateAndDiscoveredAnew)
 {
    showACar();
@@ -166,9 +232,18 @@ TEST_P(Objects, AreForgottenByOneFederateAndDiscoveredAnew)
    beta->cancelAttributeOwnershipAcquisition(object, {fuel});
    expect(beta, {"confirmAttributeOwnershipAcquisitionCancellation(car, {Fuel})"});
 
+   // As long as it subscribes it discovers the object again, when there is news of it.
+   beta->localDeleteObjectInstance(object);
+   expectNothing(beta);
+   alpha.callbacks();
+   alpha->updateAttributeValues(object, values({{fuel, "1"}}), bytes("tag"));
+   expect(beta, {"discoverObjectInstance(car, Vehicle, car, alpha)",
+                 "reflectAttributeValues(car, {Fuel=1}, tag, RO, reliable, by alpha)"});
+
    beta->unsubscribeObjectClass(vehicle);
    beta->localDeleteObjectInstance(object);
    EXPECT_REFUSED("ObjectInstanceNotKnown", beta->localDeleteObjectInstance(object));
+   alpha->updateAttributeValues(object, values({{fuel, "2"}}), bytes("tag"));
    expectNothing(beta);
    beta->subscribeObjectClassAttributes(car, {passengers});
    expect(beta, {"discoverObjectInstance(car, Car, car, alpha)"});
@@ -305,6 +380,8 @@ TEST_P(Objects, AreToldOfAsTheyAreToWhoBeginsToListen)
    alpha->enableAttributeRelevanceAdvisorySwitch();
    alpha.callbacks(1);
    beta->localDeleteObjectInstance(heard);
+   expectNothing(alpha); // for beta is to discover it again
+   beta->unsubscribeObjectClass(vehicle);
    expect(alpha, {"turnUpdatesOffForObjectInstance(car, {Position})"});
 }
 

@@ -37,15 +37,136 @@ TEST_P(QueuedCallbacks, TellOfARetractionOnlyWhereTheMessageWasDelivered)
    beta->enableCallbacks();
    expectNothing(beta);
 
-   // The news of a deletion is delivered in any case, for the object is there no more.
-   beta->disableCallbacks();
-   MessageRetractionHandle const deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
-   names().add(deletion.toString(), "deletion");
-   alpha->retract(deletion);
+   // A deletion that is retracted in the very callback that tells of it.
+   MessageRetractionHandle deletion;
+   beta.onCallback = [&](std::string const&) {
+      beta.onCallback = nullptr;
+      alpha->retract(deletion);
+   };
    beta->subscribeObjectClassAttributes(car, ofVehicle);
-   beta->enableCallbacks();
-   expect(beta, {"removeObjectInstance(car, , TSO, 5, RO, retractable, by alpha)",
-                 "requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"});
+   for (bool const told : {false, true}) {
+      beta->disableCallbacks();
+      deletion = alpha->deleteObjectInstance(object, bytes(""), time(5));
+      names().add(deletion.toString(), "deletion");
+      if (!told) {
+         alpha->retract(deletion);
+      }
+      beta->enableCallbacks();
+      expect(beta,
+             told ? Callbacks{"removeObjectInstance(car, , TSO, 5, RO, retractable, by alpha)",
+                              "requestRetraction(deletion)", "discoverObjectInstance(car, Car, car, alpha)"}
+                  : Callbacks{});
+      EXPECT_EQ(beta->getKnownObjectClassHandle(object), car);
+   }
+}
+
+// What waits is looked at by the subscriptions of the moment it is delivered, in either order.
+TEST_P(QueuedCallbacks, ComeAsWhatIsSubscribedWhenTheyAreDelivered)
+{
+   RegionHandle const here = region(beta, "here", {{lane, RangeBounds(0, 2)}});
+   RegionHandle const beside = region(beta, "beside", {{lane, RangeBounds(1, 3)}});
+   RegionHandle const there = region(alpha, "there", {{lane, RangeBounds(1, 2)}});
+   auto const move = [&](Federate& federate, RegionHandle const& region, RangeBounds const& bounds) {
+      federate->setRangeBounds(region, lane, bounds);
+      federate->commitRegionModifications({region});
+   };
+   auto const subscribeTo = [&](InteractionClassHandle each) { beta->subscribeInteractionClass(each); };
+   auto const leave = [&](InteractionClassHandle each) { beta->unsubscribeInteractionClass(each); };
+   auto const subscribeIn = [&](RegionHandle const& each) {
+      beta->subscribeInteractionClassWithRegions(accident, {each});
+   };
+   auto const leaveRegion = [&](RegionHandle const& each) {
+      beta->unsubscribeInteractionClassWithRegions(accident, {each});
+   };
+   auto const see = [&](ObjectClassHandle at, AttributeHandleSet const& what) {
+      beta->subscribeObjectClassAttributes(at, what);
+   };
+   enum Sent
+   {
+      urgently,
+      withRegion,
+      updated
+   };
+   std::string const asMessage = "receiveInteraction(Message, {Words=fire}";
+   std::string const asUrgent = "receiveInteraction(Urgent, {Level=9 Words=fire}";
+   std::string const asAccident = "receiveInteraction(Accident, {}";
+   std::string const reflection = "reflectAttributeValues(car, {";
+   struct
+   {
+      Sent sent;
+      std::function<void()> before, after;
+      std::string expected;
+   } const rows[] = {
+      {urgently, [&] { subscribeTo(message); }, [&] { subscribeTo(urgent), leave(message); }, asUrgent},
+      {urgently, [&] { subscribeTo(urgent); }, [&] { subscribeTo(message), leave(urgent); }, asMessage},
+      {urgently, [&] { subscribeTo(message); }, [&] { subscribeTo(urgent); }, asUrgent},
+      {urgently, [&] { subscribeTo(message); }, [&] { leave(message), subscribeTo(message); }, asMessage},
+      {urgently, [&] { subscribeTo(urgent); }, [&] { leave(urgent); }, ""},
+      {withRegion, [&] { subscribeIn(here); }, [&] { subscribeIn(beside), leaveRegion(here); }, asAccident},
+      {withRegion, [&] { subscribeIn(here); }, [&] { subscribeTo(accident), leaveRegion(here); }, asAccident},
+      {withRegion, [&] { subscribeIn(here); }, [&] { move(alpha, there, RangeBounds(6, 7)); }, asAccident},
+      {withRegion, [&] { subscribeIn(here); }, [&] { move(beta, here, RangeBounds(4, 5)); }, ""},
+      {updated, [&] { see(car, {position}); }, [&] { see(car, {fuel}); }, reflection + "Fuel=2 Position=1}"},
+      {updated,
+       [&] {
+          see(car, {position, fuel});
+       },
+       [&] { beta->unsubscribeObjectClassAttributes(car, {fuel}); }, reflection + "Position=1}"},
+      {updated, [&] { see(car, {position}), see(vehicle, {position}); },
+       [&] { beta->unsubscribeObjectClass(vehicle); }, reflection + "Position=1}"},
+      {updated, [&] { see(car, {position}); }, [&] { beta->unsubscribeObjectClass(car), see(car, {fuel}); },
+       reflection + "Fuel=2}"},
+      {updated, [&] { see(car, {position}); }, [&] { beta->unsubscribeObjectClass(car); }, ""},
+   };
+   alpha->publishInteractionClass(urgent);
+   alpha->publishInteractionClass(accident);
+   alpha->changeInteractionOrderType(urgent, TIMESTAMP);
+   alpha->changeAttributeOrderType(object, {fuel}, TIMESTAMP);
+   regulate(alpha, 1);
+   beta->unsubscribeObjectClass(car);
+   int when = 0;
+   for (bool const timestamped : {false, true}) {
+      if (timestamped) {
+         constrain(beta);
+      }
+      for (auto const& row : rows) {
+         SCOPED_TRACE(row.expected + " " + std::to_string(&row - rows) + (timestamped ? " TSO" : " RO"));
+         when += 10;
+         move(alpha, there, RangeBounds(1, 2));
+         move(beta, here, RangeBounds(0, 2));
+         row.before();
+         timestamped ? void() : beta->disableCallbacks();
+         switch (row.sent) {
+         case urgently:
+            alpha->sendInteraction(urgent, values({{words, "fire"}, {level, "9"}}), bytes(""), time(when));
+            break;
+         case withRegion:
+            alpha->sendInteractionWithRegions(accident, {}, {there}, bytes(""), time(when));
+            break;
+         case updated:
+            alpha->updateAttributeValues(object, values({{position, "1"}, {fuel, "2"}}), bytes(""),
+                                         time(when));
+            break;
+         }
+         row.after();
+         alpha->timeAdvanceRequest(time(when));
+         alpha.callbacks(1);
+         timestamped ? beta->timeAdvanceRequest(time(when - 1)) : beta->enableCallbacks();
+         if (timestamped) {
+            EXPECT_EQ(beta.callbacks(1).size(), 1u);
+            EXPECT_EQ(show(beta->queryLITS()), std::to_string(row.expected.empty() ? when + 1 : when));
+            beta->nextMessageRequest(time(when));
+         }
+         std::size_t const count = row.expected.empty() ? 0 : 1;
+         Callbacks const come = beta.callbacks(count + timestamped);
+         ASSERT_EQ(come.size(), count + timestamped);
+         EXPECT_EQ(count == 0 ? "" : come[0].substr(0, row.expected.size()), row.expected);
+         for (InteractionClassHandle const& each : {message, urgent, accident}) {
+            leave(each);
+         }
+         beta->unsubscribeObjectClass(car);
+      }
+   }
 }
 
 TEST_P(QueuedCallbacks, TellNothingOfAnObjectThatTheFederateGaveUp)
@@ -138,6 +259,17 @@ TEST_P(QueuedCallbacks, TellOfOwnershipOnlyAsItIs)
    expectNothing(alpha);
    expect(beta, {"confirmAttributeOwnershipAcquisitionCancellation(car, {Position})",
                  "attributeOwnershipAcquisitionNotification(car, {Speed}, )"});
+
+   // Asked for the release twice, where only the second time is meant.
+   alpha->disableCallbacks();
+   beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   beta->cancelAttributeOwnershipAcquisition(object, {position});
+   beta->attributeOwnershipAcquisition(object, {position}, bytes(""));
+   alpha->enableCallbacks();
+   expect(alpha, {"requestAttributeOwnershipRelease(car, {Position}, )"});
+   beta->cancelAttributeOwnershipAcquisition(object, {position});
+   beta.callbacks(2);
+
    alpha->negotiatedAttributeOwnershipDivestiture(object, {position, fuel}, bytes(""));
    beta.callbacks(1);
    alpha->disableCallbacks();

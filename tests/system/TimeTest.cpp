@@ -298,6 +298,30 @@ TEST_P(TimeManagement, ShortensALookaheadAsTimeGoesBy)
    EXPECT_EQ(galt(beta), "12");
 }
 
+TEST_P(TimeManagement, KeepsThePromiseOfATimeThatWasExcluded)
+{
+   regulate(alpha, 0);
+   constrain(beta);
+   advance(alpha, 5); // and so sends nothing for 5 any more
+   advance(beta, 5);  // and so receives nothing for 5 any more
+   for (Advance const again : advances) {
+      ((*alpha).*again)(time(5));
+      EXPECT_REFUSED("InvalidLogicalTime", update("1", 5));
+      EXPECT_TRUE(*beta->queryGALT().time > time(5));
+      expect(alpha, {granted(5)});
+      EXPECT_REFUSED("InvalidLogicalTime", update("1", 5));
+      ((*beta).*again)(time(5));
+      expect(beta, {granted(5)});
+   }
+   alpha->modifyLookahead(interval(0));
+   EXPECT_EQ(lookahead(alpha), "0");
+   alpha->disableTimeRegulation();
+   Federate& gamma = joined("gamma");
+   gamma->enableTimeRegulation(interval(0));
+   gamma.callbacks(1);
+   EXPECT_TRUE(*beta->queryGALT().time > time(5));
+}
+
 TEST_P(TimeManagement, GoesToTheNextMessage)
 {
    regulate(alpha, 1);

@@ -33,13 +33,12 @@ abstract class AmbassadorServices {
     }
 
     /** Serves whether joined or not. */
-    final <R> R serve(byte[] message, Call<R> call) throws RTIexception {
+    final <R> R serve(Service service, byte[] message, Call<R> call) throws RTIexception {
         MessageReader in = new MessageReader(message);
-        return Trace.ON ? trace(message, in, call) : call.serve(in);
+        return Trace.ON ? trace(service, message, in, call) : call.serve(in);
     }
 
-    private <R> R trace(byte[] message, MessageReader in, Call<R> call) throws RTIexception {
-        String service = ServiceTrace.currentService();
+    private <R> R trace(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         Federate federate = connection.session.federate();
         ServiceTrace.called(federate, service, message);
         try {
@@ -53,44 +52,44 @@ abstract class AmbassadorServices {
     }
 
     /** Serves members, also while the federation saves or restores. */
-    final <R> R askAnytime(byte[] message, Query<R> query) throws RTIexception {
-        return serve(message, in -> connection.session.call((federation, federate) ->
+    final <R> R askAnytime(Service service, byte[] message, Query<R> query) throws RTIexception {
+        return serve(service, message, in -> connection.session.call((federation, federate) ->
                 query.serve(federation, federate, in)));
     }
 
-    final void doAnytime(byte[] message, Action action) throws RTIexception {
-        askAnytime(message, (federation, federate, in) -> {
+    final void doAnytime(Service service, byte[] message, Action action) throws RTIexception {
+        askAnytime(service, message, (federation, federate, in) -> {
             action.serve(federation, federate, in);
             return null;
         });
     }
 
     /** Serves members, but not while the federation saves or restores. */
-    final <R> R ask(byte[] message, Query<R> query) throws RTIexception {
-        return serve(message, in -> connection.session.callOutsideSave((federation, federate) ->
+    final <R> R ask(Service service, byte[] message, Query<R> query) throws RTIexception {
+        return serve(service, message, in -> connection.session.callOutsideSave((federation, federate) ->
                 query.serve(federation, federate, in)));
     }
 
-    final void act(byte[] message, Action action) throws RTIexception {
-        ask(message, (federation, federate, in) -> {
+    final void act(Service service, byte[] message, Action action) throws RTIexception {
+        ask(service, message, (federation, federate, in) -> {
             action.serve(federation, federate, in);
             return null;
         });
     }
 
-    final <R> R askAnytime(Query<R> query) throws RTIexception {
-        return askAnytime(NO_ARGUMENTS, query);
+    final <R> R askAnytime(Service service, Query<R> query) throws RTIexception {
+        return askAnytime(service, NO_ARGUMENTS, query);
     }
 
-    final void doAnytime(Action action) throws RTIexception {
-        doAnytime(NO_ARGUMENTS, action);
+    final void doAnytime(Service service, Action action) throws RTIexception {
+        doAnytime(service, NO_ARGUMENTS, action);
     }
 
-    final <R> R ask(Query<R> query) throws RTIexception {
-        return ask(NO_ARGUMENTS, query);
+    final <R> R ask(Service service, Query<R> query) throws RTIexception {
+        return ask(service, NO_ARGUMENTS, query);
     }
 
-    final void act(Action action) throws RTIexception {
-        act(NO_ARGUMENTS, action);
+    final void act(Service service, Action action) throws RTIexception {
+        act(service, NO_ARGUMENTS, action);
     }
 }

@@ -1,5 +1,7 @@
 package morva.tovu1516e;
 
+import static morva.tovu1516e.Service.*;
+
 import hla.rti1516e.exceptions.InvalidResignAction;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.UnsupportedCallbackModel;
@@ -15,7 +17,7 @@ abstract class FederationServices extends AmbassadorServices {
 
     /** The local settings designator settles nothing here: a federate may keep what it gives another core. */
     public final void connect_FA_CM_S(byte[] message) throws RTIexception {
-        serve(message, in -> {
+        serve(connect_FA_CM_S, message, in -> {
             int context = in.integer();
             int callbackModel = in.integer();
             connection.requireOutsideCallback("connect");
@@ -29,7 +31,7 @@ abstract class FederationServices extends AmbassadorServices {
     }
 
     public final void disconnect() throws RTIexception {
-        serve(NO_ARGUMENTS, in -> {
+        serve(disconnect, NO_ARGUMENTS, in -> {
             connection.requireOutsideCallback("disconnect");
             connection.disconnect();
             return null;
@@ -37,44 +39,47 @@ abstract class FederationServices extends AmbassadorServices {
     }
 
     public final void createFederationExecution_S_URL_S(byte[] message) throws RTIexception {
-        create(message, in -> new FederationPlan(in.text(), List.of(in.text()), null, in.text()));
+        create(createFederationExecution_S_URL_S, message, in ->
+                new FederationPlan(in.text(), List.of(in.text()), null, in.text()));
     }
 
     public final void createFederationExecution_S_URLX_S(byte[] message) throws RTIexception {
-        create(message, in -> new FederationPlan(in.text(), in.textList(), null, in.text()));
+        create(createFederationExecution_S_URLX_S, message, in ->
+                new FederationPlan(in.text(), in.textList(), null, in.text()));
     }
 
     public final void createFederationExecution_S_URLX_URL_S(byte[] message) throws RTIexception {
-        create(message, in -> new FederationPlan(in.text(), in.textList(), in.text(), in.text()));
+        create(createFederationExecution_S_URLX_URL_S, message, in ->
+                new FederationPlan(in.text(), in.textList(), in.text(), in.text()));
     }
 
-    private void create(byte[] message, Call<FederationPlan> plan) throws RTIexception {
-        serve(message, in -> {
+    private void create(Service service, byte[] message, Call<FederationPlan> plan) throws RTIexception {
+        serve(service, message, in -> {
             connection.session.createFederationExecution(plan.serve(in));
             return null;
         });
     }
 
     public final void destroyFederationExecution_S(byte[] message) throws RTIexception {
-        serve(message, in -> {
+        serve(destroyFederationExecution_S, message, in -> {
             connection.session.destroyFederationExecution(in.text());
             return null;
         });
     }
 
     public final void listFederationExecutions() throws RTIexception {
-        serve(NO_ARGUMENTS, in -> {
+        serve(listFederationExecutions, NO_ARGUMENTS, in -> {
             connection.session.listFederationExecutions();
             return null;
         });
     }
 
     public final int joinFederationExecution_S_S_S_URLX(byte[] message) throws RTIexception {
-        return serve(message, in -> join(in.text(), in));
+        return serve(joinFederationExecution_S_S_S_URLX, message, in -> join(in.text(), in));
     }
 
     public final int joinFederationExecution_S_S_URLX(byte[] message) throws RTIexception {
-        return serve(message, in -> join(null, in));
+        return serve(joinFederationExecution_S_S_URLX, message, in -> join(null, in));
     }
 
     private int join(String federateName, MessageReader in) throws RTIexception {
@@ -83,7 +88,7 @@ abstract class FederationServices extends AmbassadorServices {
     }
 
     public final void resignFederationExecution_RA(byte[] message) throws RTIexception {
-        serve(message, in -> {
+        serve(resignFederationExecution_RA, message, in -> {
             connection.requireOutsideCallback("resignFederationExecution");
             connection.session.resign(connection.session.call((federation, me) -> resignAction(in.integer())));
             return null;
@@ -98,73 +103,74 @@ abstract class FederationServices extends AmbassadorServices {
     }
 
     public final void registerFederationSynchronizationPoint_S_BX(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(registerFederationSynchronizationPoint_S_BX, message, (federation, me, in) ->
                 federation.synchronizationPoints().register(me, in.text(), in.bytes(), Set.of()));
     }
 
     public final void registerFederationSynchronizationPoint_S_BX_FHS(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(registerFederationSynchronizationPoint_S_BX_FHS, message, (federation, me, in) ->
                 federation.synchronizationPoints().register(me, in.text(), in.bytes(), in.handleSet()));
     }
 
     public final void synchronizationPointAchieved_S_Z(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(synchronizationPointAchieved_S_Z, message, (federation, me, in) ->
                 federation.synchronizationPoints().achieved(me, in.text(), in.flag()));
     }
 
     public final void requestFederationSave_S(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) -> federation.save().request(in.text()));
+        act(requestFederationSave_S, message, (federation, me, in) -> federation.save().request(in.text()));
     }
 
     public final void requestFederationSave_S_LT(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) -> federation.save().request(me, in.text(), in.time()));
+        act(requestFederationSave_S_LT, message, (federation, me, in) ->
+                federation.save().request(me, in.text(), in.time()));
     }
 
     public final void federateSaveBegun() throws RTIexception {
-        doAnytime((federation, me, in) -> federation.save().begun(me));
+        doAnytime(federateSaveBegun, (federation, me, in) -> federation.save().begun(me));
     }
 
     public final void federateSaveComplete() throws RTIexception {
-        completeSave(true);
+        completeSave(federateSaveComplete, true);
     }
 
     public final void federateSaveNotComplete() throws RTIexception {
-        completeSave(false);
+        completeSave(federateSaveNotComplete, false);
     }
 
-    private void completeSave(boolean successfully) throws RTIexception {
-        doAnytime((federation, me, in) -> federation.save().complete(me, successfully));
+    private void completeSave(Service service, boolean successfully) throws RTIexception {
+        doAnytime(service, (federation, me, in) -> federation.save().complete(me, successfully));
     }
 
     public final void abortFederationSave() throws RTIexception {
-        doAnytime((federation, me, in) -> federation.save().abort());
+        doAnytime(abortFederationSave, (federation, me, in) -> federation.save().abort());
     }
 
     public final void queryFederationSaveStatus() throws RTIexception {
-        doAnytime((federation, me, in) -> federation.save().queryStatus(me));
+        doAnytime(queryFederationSaveStatus, (federation, me, in) -> federation.save().queryStatus(me));
     }
 
     public final void requestFederationRestore_S(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) -> federation.restore().request(me, in.text()));
+        act(requestFederationRestore_S, message, (federation, me, in) -> federation.restore().request(me, in.text()));
     }
 
     public final void federateRestoreComplete() throws RTIexception {
-        completeRestore(true);
+        completeRestore(federateRestoreComplete, true);
     }
 
     public final void federateRestoreNotComplete() throws RTIexception {
-        completeRestore(false);
+        completeRestore(federateRestoreNotComplete, false);
     }
 
-    private void completeRestore(boolean successfully) throws RTIexception {
-        doAnytime((federation, me, in) -> federation.restore().complete(me, successfully));
+    private void completeRestore(Service service, boolean successfully) throws RTIexception {
+        doAnytime(service, (federation, me, in) -> federation.restore().complete(me, successfully));
     }
 
     public final void abortFederationRestore() throws RTIexception {
-        doAnytime((federation, me, in) -> federation.restore().abort());
+        doAnytime(abortFederationRestore, (federation, me, in) -> federation.restore().abort());
     }
 
     public final void queryFederationRestoreStatus() throws RTIexception {
-        doAnytime((federation, me, in) -> federation.restore().queryStatus(me));
+        doAnytime(queryFederationRestoreStatus, (federation, me, in) -> federation.restore().queryStatus(me));
     }
 }

@@ -1,5 +1,7 @@
 package morva.tovu1516e;
 
+import static morva.tovu1516e.Service.*;
+
 import hla.rti1516e.exceptions.RTIexception;
 import java.nio.ByteBuffer;
 import java.util.Set;
@@ -9,103 +11,109 @@ import tovu.local.model.Timing;
 /** Object management. */
 abstract class ObjectServices extends DeclarationServices {
     public final void reserveObjectInstanceName_S(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) -> federation.names().reserve(me, in.text()));
+        act(reserveObjectInstanceName_S, message, (federation, me, in) -> federation.names().reserve(me, in.text()));
     }
 
     public final void releaseObjectInstanceName_S(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) -> federation.names().release(me, Set.of(in.text())));
+        act(releaseObjectInstanceName_S, message, (federation, me, in) ->
+                federation.names().release(me, Set.of(in.text())));
     }
 
     public final void reserveMultipleObjectInstanceName_S(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) -> federation.names().reserve(me, in.textSet()));
+        act(reserveMultipleObjectInstanceName_S, message, (federation, me, in) ->
+                federation.names().reserve(me, in.textSet()));
     }
 
     public final void releaseMultipleObjectInstanceName_S(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) -> federation.names().release(me, in.textSet()));
+        act(releaseMultipleObjectInstanceName_S, message, (federation, me, in) ->
+                federation.names().release(me, in.textSet()));
     }
 
     public final int registerObjectInstance_OCH(byte[] message) throws RTIexception {
-        return ask(message, (federation, me, in) -> federation.objectManagement().register(me, in.handle(), null));
+        return ask(registerObjectInstance_OCH, message, (federation, me, in) ->
+                federation.objectManagement().register(me, in.handle(), null));
     }
 
     public final int registerObjectInstance_OCH_S(byte[] message) throws RTIexception {
-        return ask(message, (federation, me, in) -> federation.objectManagement().register(me, in.handle(), in.text()));
+        return ask(registerObjectInstance_OCH_S, message, (federation, me, in) ->
+                federation.objectManagement().register(me, in.handle(), in.text()));
     }
 
     public final void updateAttributeValues_OIH_AHVM_BX(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(updateAttributeValues_OIH_AHVM_BX, message, (federation, me, in) ->
                 federation.objectManagement().update(me, in.handle(), in.values(), in.bytes(), Timing.NONE));
     }
 
     public final byte[] updateAttributeValues_OIH_AHVM_BX_LT(byte[] message) throws RTIexception {
-        return ask(message, (federation, me, in) ->
+        return ask(updateAttributeValues_OIH_AHVM_BX_LT, message, (federation, me, in) ->
                 retraction(
                 federation.objectManagement().update(me, in.handle(), in.values(), in.bytes(), in.timing())));
     }
 
     public final void sendInteraction_ICH_PHVM_BX(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(sendInteraction_ICH_PHVM_BX, message, (federation, me, in) ->
                 federation.interactions().send(me, in.handle(), in.values(), in.bytes(), Timing.NONE));
     }
 
     public final byte[] sendInteraction_ICH_PHVM_BX_LT(byte[] message) throws RTIexception {
-        return ask(message, (federation, me, in) ->
+        return ask(sendInteraction_ICH_PHVM_BX_LT, message, (federation, me, in) ->
                 retraction(
                 federation.interactions().send(me, in.handle(), in.values(), in.bytes(), in.timing())));
     }
 
     public final void deleteObjectInstance_OIH_BX(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(deleteObjectInstance_OIH_BX, message, (federation, me, in) ->
                 federation.objectManagement().delete(me, in.handle(), in.bytes(), Timing.NONE));
     }
 
     public final byte[] deleteObjectInstance_OIH_BX_LT(byte[] message) throws RTIexception {
-        return ask(message, (federation, me, in) ->
+        return ask(deleteObjectInstance_OIH_BX_LT, message, (federation, me, in) ->
                 retraction(
                 federation.objectManagement().delete(me, in.handle(), in.bytes(), in.timing())));
     }
 
     public final void localDeleteObjectInstance_OIH(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) -> federation.objectManagement().deleteLocally(me, in.handle()));
+        act(localDeleteObjectInstance_OIH, message, (federation, me, in) ->
+                federation.objectManagement().deleteLocally(me, in.handle()));
     }
 
     public final void requestAttributeValueUpdate_OIH_AHS_BX(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(requestAttributeValueUpdate_OIH_AHS_BX, message, (federation, me, in) ->
                 federation.objectManagement().requestUpdate(me, in.handle(), in.handles(), in.bytes()));
     }
 
     public final void requestAttributeValueUpdate_OCH_AHS_BX(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(requestAttributeValueUpdate_OCH_AHS_BX, message, (federation, me, in) ->
                 federation.objectManagement().requestClassUpdate(me, in.handle(), in.handles(), in.bytes()));
     }
 
     public final void requestAttributeTransportationTypeChange_OIH_AHS_TTH(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(requestAttributeTransportationTypeChange_OIH_AHS_TTH, message, (federation, me, in) ->
                 federation.deliveryChanges().changeTransportation(me, in.handle(), in.handles(), in.integer()));
     }
 
     public final void queryAttributeTransportationType_OIH_AH(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(queryAttributeTransportationType_OIH_AH, message, (federation, me, in) ->
                 federation.deliveryChanges().queryTransportation(me, in.handle(), in.handle()));
     }
 
     public final void requestInteractionTransportationTypeChange_ICH_TTH(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(requestInteractionTransportationTypeChange_ICH_TTH, message, (federation, me, in) ->
                 federation.deliveryChanges().changeInteractionTransportation(me, in.handle(), in.integer()));
     }
 
     public final void queryInteractionTransportationType_FH_ICH(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(queryInteractionTransportationType_FH_ICH, message, (federation, me, in) ->
                 federation.deliveryChanges().queryInteractionTransportation(me, in.handle(), in.handle()));
     }
 
     public final void changeAttributeOrderType_OIH_AHS_OT(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(changeAttributeOrderType_OIH_AHS_OT, message, (federation, me, in) ->
                 federation.deliveryChanges().changeOrder(me, in.handle(), in.handles(), order(in.integer())));
     }
 
     public final void changeInteractionOrderType_ICH_OT(byte[] message) throws RTIexception {
-        act(message, (federation, me, in) ->
+        act(changeInteractionOrderType_ICH_OT, message, (federation, me, in) ->
                 federation.deliveryChanges().changeInteractionOrder(me, in.handle(), order(in.integer())));
     }
 

@@ -19,21 +19,14 @@ final class ServiceTrace {
         in = new MessageReader(message);
     }
 
-    /** The method of the ambassador that the current thread is in. */
-    static String currentService() {
-        return StackWalker.getInstance().walk(frames -> frames.map(StackWalker.StackFrame::getMethodName)
-                .filter(name -> Arrays.stream(RTIambassadorC2007.class.getMethods())
-                        .anyMatch(method -> method.getName().equals(name))).findFirst().orElse("?"));
-    }
-
-    static void called(Federate federate, String method, byte[] message) {
-        String[] parts = method.split("_");
+    static void called(Federate federate, Service service, byte[] message) {
+        String name = service.standardName();
         ServiceTrace trace = new ServiceTrace(federate, message);
-        StringJoiner arguments = new StringJoiner(", ", "-> " + parts[0] + "(", ")");
+        StringJoiner arguments = new StringJoiner(", ", "-> " + name + "(", ")");
         try {
-            for (int i = 1; i < parts.length; ++i) {
-                arguments.add(parts[0].contains("Multiple") && parts[i].equals("S") ? trace.in.textSet().toString()
-                        : trace.argument(parts[i]));
+            for (String code : service.codes()) {
+                arguments.add(name.contains("Multiple") && code.equals("S") ? trace.in.textSet().toString()
+                        : trace.argument(code));
             }
         } catch (RTIexception | RuntimeException e) {
             arguments.add("? " + e.getMessage());
@@ -41,26 +34,26 @@ final class ServiceTrace {
         Trace.print(federate, arguments.toString());
     }
 
-    static void returned(Federate federate, String method, Object result) {
+    static void returned(Federate federate, Service service, Object result) {
         if (result != null) {
-            Trace.print(federate, "   " + method.split("_")[0] + " = " + switch (result.getClass().getSimpleName()) {
+            Trace.print(federate, "   " + service.standardName() + " = " + switch (result.getClass().getSimpleName()) {
                 case "int[]" -> Arrays.toString((int[]) result);
                 case "long[]" -> Arrays.toString((long[]) result);
-                case "byte[]" -> result(federate, method, (byte[]) result);
+                case "byte[]" -> result(federate, service, (byte[]) result);
                 default -> result.toString();
             });
         }
     }
 
     /** A query gives a time; what is sent gives a retraction handle. */
-    private static String result(Federate federate, String method, byte[] result) {
+    private static String result(Federate federate, Service service, byte[] result) {
         ServiceTrace trace = new ServiceTrace(federate, result);
-        return method.startsWith("query") ? trace.describer.time(trace.in.longInteger())
+        return service.standardName().startsWith("query") ? trace.describer.time(trace.in.longInteger())
                 : "retraction " + trace.in.integer();
     }
 
-    static void failed(Federate federate, String method, Exception failure) {
-        Trace.print(federate, "   " + method.split("_")[0] + " ! " + failure.getClass().getSimpleName() + ": "
+    static void failed(Federate federate, Service service, Exception failure) {
+        Trace.print(federate, "   " + service.standardName() + " ! " + failure.getClass().getSimpleName() + ": "
                 + failure.getMessage());
     }
 

@@ -106,12 +106,8 @@ final class MessageWriter {
 
     MessageWriter values(HandleValues values) {
         integer(values.size());
-        for (int i = 0; i < values.size(); ++i) {
-            int size = values.length(i);
-            integer(values.handle(i)).integer(size);
-            int position = reserve(size);
-            values.copy(i, buffer, position);
-        }
+        int position = reserve(values.encodedSize());
+        values.encode(buffer, position);
         return this;
     }
 

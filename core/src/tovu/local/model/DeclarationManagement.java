@@ -91,6 +91,7 @@ public final class DeclarationManagement implements Saved {
     /** @param where for each attribute the regions, or null for everywhere */
     void subscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where, Terms terms) {
         where.forEach((attribute, regions) -> federate.subscriptions.add(theClass, attribute, regions, terms));
+        federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
     }
 
@@ -118,7 +119,7 @@ public final class DeclarationManagement implements Saved {
     /** @param where for each attribute the regions, or null for all of them */
     void unsubscribe(Federate federate, ObjectClass theClass, Map<Integer, Set<Region>> where) {
         where.forEach((attribute, regions) -> federate.subscriptions.remove(theClass, attribute, regions));
-        federate.dropUnwantedMessages();
+        federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
     }
 
@@ -134,6 +135,7 @@ public final class DeclarationManagement implements Saved {
 
     void subscribe(Federate federate, InteractionClass theClass, Set<Region> where, boolean active) {
         federate.subscriptions.add(theClass, where, active);
+        federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
     }
 
@@ -143,7 +145,7 @@ public final class DeclarationManagement implements Saved {
 
     void unsubscribe(Federate federate, InteractionClass theClass, Set<Region> where) {
         federate.subscriptions.remove(theClass, where);
-        federate.dropUnwantedMessages();
+        federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
     }
 

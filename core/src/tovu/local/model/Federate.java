@@ -88,6 +88,16 @@ public final class Federate implements Saved {
         });
     }
 
+    /** Has a change of state come about that follows from a callback that was made. */
+    void change(Runnable change) {
+        synchronized (federation) {
+            if (federation.isMember(this)) {
+                change.run();
+                federation.time().settle();
+            }
+        }
+    }
+
     /** Leaves a callback with which a change of state comes about: not when it is left, but when it is delivered. */
     void postChange(Runnable change, Callback callback) {
         postLate(() -> {
@@ -105,15 +115,10 @@ public final class Federate implements Saved {
         return messageValidity;
     }
 
-    /** Written under the federation's lock only. */
+    /** After a change of what it wants. Written under the federation's lock only. */
     void invalidateMessages() {
         ++messageValidity;
-    }
-
-    /** After it has unsubscribed from something. */
-    void dropUnwantedMessages() {
-        invalidateMessages();
-        inbox.discardUnwanted();
+        federation.time().messagesChanged(this);
     }
 
     @Override

@@ -12,7 +12,7 @@ final class FederateTime implements Saved {
 
     private final TimeFamily family;
     private long time;
-    private boolean exclusive;
+    private boolean timeExcluded; // nothing more is sent or received for the time that it has
     private AdvanceKind kind; // null in the time granted state
     private long requested;
     private boolean decided;
@@ -21,7 +21,7 @@ final class FederateTime implements Saved {
     private Switch constraint = Switch.OFF;
     private boolean constrained;
     private long lookahead;
-    private long floor = Long.MIN_VALUE;
+    private long promised = Long.MIN_VALUE; // to send nothing before, whatever the lookahead has become
     private long start; // of regulation, while that is pending
     private long deliveredUntil = Long.MIN_VALUE;
     private boolean doubted;
@@ -72,8 +72,8 @@ final class FederateTime implements Saved {
 
     /** The federate is told what was decided. */
     void reach() {
+        timeExcluded = excludes(kind, granted);
         time = granted;
-        exclusive = kind.isExclusive();
         kind = null;
         decided = false;
     }
@@ -96,15 +96,20 @@ final class FederateTime implements Saved {
         return constrained;
     }
 
+    /** Whether nothing more is sent or received for that time once it is granted; no later request takes that back. */
+    private boolean excludes(AdvanceKind by, long theTime) {
+        return by.isExclusive() || timeExcluded && theTime == time;
+    }
+
     /**
      * @param theStart the time that it will have when it regulates
-     * @param from     the time from which it will send, at least
+     * @param from     the time that others count on to hear nothing of before
      */
     void beginRegulation(long theLookahead, long theStart, long from) {
         regulation = Switch.PENDING;
         lookahead = theLookahead;
         start = theStart;
-        floor = from;
+        promised = Math.max(from, family.plus(start, lookahead));
     }
 
     /** The federate is told that it regulates. */
@@ -112,13 +117,13 @@ final class FederateTime implements Saved {
         regulation = Switch.ON;
         if (start > time) {
             time = start;
-            exclusive = false;
+            timeExcluded = false;
         }
     }
 
     void endRegulation() {
         regulation = Switch.OFF;
-        floor = Long.MIN_VALUE;
+        promised = Long.MIN_VALUE;
     }
 
     void requestConstraint() {
@@ -153,37 +158,38 @@ final class FederateTime implements Saved {
         return decided ? granted : regulation == Switch.PENDING ? Math.max(time, start) : time;
     }
 
-    /** The earliest time that a message for it may have, as far as its grants go. */
-    long earliestNext() {
+    /** The least time that a message for it may have, as far as its grants go. */
+    long leastReceiveTime() {
         long reached = reached();
-        boolean without = decided ? kind.isExclusive() : exclusive && reached == time;
-        return without && reached < TimeFamily.NEVER ? reached + 1 : reached;
+        boolean excluded = decided ? excludes(kind, reached) : timeExcluded && reached == time;
+        return excluded ? next(reached) : reached;
     }
 
     /** Earlier than this no message may be sent to it any more: it is told what was before. */
     long promisedUntil() {
-        return Math.max(deliveredUntil, earliestNext());
+        return Math.max(deliveredUntil, leastReceiveTime());
     }
 
-    private long bound(long from, boolean without) {
-        long earliest = lookahead == 0 && without && from < TimeFamily.NEVER ? from + 1 : family.plus(from, lookahead);
-        return Math.max(floor, earliest);
+    private static long next(long time) {
+        return time < TimeFamily.NEVER ? time + 1 : time;
     }
 
-    /** The earliest time that it may send with now. */
-    long sendBound() {
-        return kind == null ? bound(time, exclusive) : bound(requested, kind.isExclusive());
+    private long leastSendTime(long at, boolean excluded) {
+        return Math.max(promised, lookahead == 0 && excluded ? next(at) : family.plus(at, lookahead));
     }
 
-    /** The earliest time it will send with from now on, if the first message for it is of that time. */
-    long outBound(long firstMessage) {
+    /** The least time that it may send with now; while it advances, as if it had been granted what it asked for. */
+    long leastSendTime() {
+        return kind == null ? leastSendTime(time, timeExcluded) : leastSendTime(requested, excludes(kind, requested));
+    }
+
+    /** The least time that it may send with from now on, if the first message for it is of that time. */
+    long leastFutureSendTime(long firstMessage) {
         if (kind == null) {
-            return bound(time, exclusive);
+            return leastSendTime();
         }
-        if (decided) {
-            return bound(granted, kind.isExclusive());
-        }
-        return bound(kind.stopsAtMessage() ? Math.min(requested, firstMessage) : requested, kind.isExclusive());
+        long next = decided ? granted : kind.stopsAtMessage() ? Math.min(requested, firstMessage) : requested;
+        return leastSendTime(next, excludes(kind, next));
     }
 
     /** Whether what it will send depends on what it is sent. */
@@ -192,12 +198,12 @@ final class FederateTime implements Saved {
     }
 
     void modifyLookahead(long theLookahead) {
-        floor = bound(time, exclusive);
+        promised = Math.max(promised, family.plus(time, lookahead));
         lookahead = theLookahead;
     }
 
     /** The lookahead in effect: one that was made shorter shrinks only as time advances. */
     long actualLookahead() {
-        return family.plus(time, lookahead) >= floor ? lookahead : family.minus(floor, time);
+        return family.plus(time, lookahead) >= promised ? lookahead : family.minus(promised, time);
     }
 }

@@ -260,7 +260,7 @@ public final class Federation {
         if (!action.divests()) {
             for (ObjectInstance object : federate.knownObjects) {
                 boolean ends = action.deletes() && object.attribute(privilegeToDelete).owner() == federate;
-                if (!ends && object.isOwnedIn(federate)) {
+                if (!object.deleted && !ends && object.isOwnedIn(federate)) {
                     throw new FederateOwnsAttributes(federate + " owns attributes of " + object
                             + "; divest or delete it, or resign with an action that does");
                 }
@@ -268,7 +268,7 @@ public final class Federation {
         }
         if (!action.cancels()) {
             for (ObjectInstance object : federate.knownObjects) {
-                if (ownership.isAcquiring(federate, object)) {
+                if (!object.deleted && ownership.isAcquiring(federate, object)) {
                     throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + object
                             + "; cancel the acquisition, or resign with an action that does");
                 }
@@ -278,7 +278,7 @@ public final class Federation {
     }
 
     /** Resigns a federate that is gone as its automatic resign directive says, and lets go of whatever that leaves. */
-    synchronized void lose(Federate federate) {
+    void lose(Federate federate) {
         leave(federate, federate.automaticResignDirective());
     }
 

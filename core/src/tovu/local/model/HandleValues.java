@@ -1,16 +1,23 @@
 package tovu.local.model;
 
+import java.util.Arrays;
 import java.util.function.IntPredicate;
+import tovu.local.fom.InteractionClass;
 
-/** Values of attributes or parameters, in the bytes in which they arrived: they are never copied on their way. */
+/**
+ * Values of attributes or parameters as messages have them, one after the other, each behind its handle and its length.
+ * They lie in the bytes in which they arrived; a part of them is put together anew, once for all who want the same.
+ */
 @SuppressWarnings("serial") // kept in memory only
 public final class HandleValues implements Saved {
+    private static final int HEAD = 2 * Integer.BYTES; // handle and length
+
     private final byte[] bytes;
     private final int[] rows; // handle, offset and length of each value
     private final int size;
 
     /**
-     * @param bytes what the values lie in; must not change any more
+     * @param bytes what the values lie in, in a row; must not change any more
      * @param rows  handle, offset and length of each value, one after the other
      * @param size  the number of values
      */
@@ -28,36 +35,63 @@ public final class HandleValues implements Saved {
         return rows[3 * index];
     }
 
-    public int length(int index) {
+    private int offset(int index) {
+        return rows[3 * index + 1];
+    }
+
+    private int length(int index) {
         return rows[3 * index + 2];
     }
 
-    /** Copies a value to where it is wanted. */
-    public void copy(int index, byte[] destination, int position) {
-        System.arraycopy(bytes, rows[3 * index + 1], destination, position, length(index));
+    public byte[] value(int index) {
+        return Arrays.copyOfRange(bytes, offset(index), offset(index) + length(index));
     }
 
-    public byte[] value(int index) {
-        byte[] value = new byte[length(index)];
-        copy(index, value, 0);
-        return value;
+    /** How many bytes all values have, with their handles and lengths. */
+    public int encodedSize() {
+        return size == 0 ? 0 : offset(size - 1) + length(size - 1) - offset(0) + HEAD;
+    }
+
+    /** Copies all values, with their handles and lengths, to where they are wanted. */
+    public void encode(byte[] destination, int position) {
+        if (size > 0) {
+            System.arraycopy(bytes, offset(0) - HEAD, destination, position, encodedSize());
+        }
+    }
+
+    HandleValues select(HandleSet wanted) {
+        return select(wanted::contains);
+    }
+
+    /** What an interaction is to who receives it as that class. */
+    HandleValues ofClass(InteractionClass theClass) {
+        return select(parameter -> theClass.member(parameter) != null);
     }
 
     /** The values of those handles that are wanted: this very object when that is all of them. */
     HandleValues select(IntPredicate wanted) {
-        int[] some = null;
+        int[] some = new int[rows.length];
         int count = 0;
+        int length = 0;
         for (int i = 0; i < size; ++i) {
             if (wanted.test(handle(i))) {
-                if (some != null) {
-                    System.arraycopy(rows, 3 * i, some, 3 * count, 3);
-                }
+                System.arraycopy(rows, 3 * i, some, 3 * count, 3);
                 ++count;
-            } else if (some == null) {
-                some = new int[rows.length];
-                System.arraycopy(rows, 0, some, 0, 3 * i);
+                length += HEAD + length(i);
             }
         }
-        return some == null ? this : new HandleValues(bytes, some, count);
+        return count == size ? this : packed(some, count, length);
+    }
+
+    private HandleValues packed(int[] some, int count, int length) {
+        byte[] packed = new byte[length];
+        int end = 0;
+        for (int i = 0; i < count; ++i) {
+            int whole = HEAD + some[3 * i + 2];
+            System.arraycopy(bytes, some[3 * i + 1] - HEAD, packed, end, whole);
+            some[3 * i + 1] = end + HEAD;
+            end += whole;
+        }
+        return new HandleValues(packed, some, count);
     }
 }

@@ -4,7 +4,6 @@ import java.util.ArrayDeque;
 import java.util.Queue;
 import java.util.SortedSet;
 import java.util.TreeSet;
-import java.util.function.Predicate;
 
 /** The messages that a federate is not to get yet. */
 @SuppressWarnings("serial") // kept in memory only
@@ -28,39 +27,28 @@ final class Inbox implements Saved {
         }
     }
 
-    /** Takes back a message; false when it is too late for that. */
+    /** Takes back a message that was sent in time-stamp order; false when it is too late for that. */
     boolean retract(Message message) {
-        held.remove(message);
         if (timestamped.remove(message)) {
             owner.federation().time().reconsider();
         }
         return message.retract();
     }
 
-    /** Drops what was still to come of an object that is removed. */
-    void discard(Knowledge knowledge) {
-        discard(each -> each.concerns(knowledge));
-    }
-
-    /** Drops what the federate does not want any more. */
-    void discardUnwanted() {
-        discard(each -> !each.keepWanted());
-    }
-
     /** Drops everything, as befits a federate that leaves. */
     void clear() {
-        discard(each -> true);
+        held.clear();
+        timestamped.clear();
     }
 
-    private void discard(Predicate<Message> unwanted) {
-        held.removeIf(unwanted);
-        if (timestamped.removeIf(unwanted)) {
-            owner.federation().time().reconsider();
-        }
-    }
-
-    /** The time of the first time-stamped message, or never. */
+    /**
+     * The time of the first time-stamped message that is wanted, or never. What comes before it is dropped: whoever
+     * asks promises something on the strength of the answer, which a change of mind must not belie.
+     */
     long firstTime() {
+        while (!timestamped.isEmpty() && !timestamped.first().isWanted()) {
+            timestamped.remove(timestamped.first());
+        }
         return timestamped.isEmpty() ? TimeFamily.NEVER : timestamped.first().sending.time();
     }
 

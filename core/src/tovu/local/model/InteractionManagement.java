@@ -2,7 +2,6 @@ package tovu.local.model;
 
 import hla.rti1516e.exceptions.InteractionClassNotPublished;
 import hla.rti1516e.exceptions.RTIexception;
-import java.util.HashSet;
 import java.util.Set;
 import tovu.local.fom.InteractionClass;
 import tovu.local.model.Publications.Sending;
@@ -27,18 +26,13 @@ public final class InteractionManagement {
         Sending how = requirePublished(federate, theClass);
         Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
         Message.Sending sending = dispatch.sending(how.order);
-        Supplement supplement = federation.supplement(federate, regions);
-        Set<Federate> served = new HashSet<>();
-        served.add(federate);
-        for (InteractionClass each = theClass; each != null; each = each.parent()) {
-            InteractionClass received = each;
+        Content content = new Content(values, regions, how.transportation, federation.supplement(federate, regions));
+        for (InteractionClass received = theClass; received != null; received = received.parent()) {
             HandleValues known = null;
-            for (Federate receiver : federation.declarations().subscribers(each)) {
-                if (!served.contains(receiver) && receiver.subscriptions.interest(each).meets(regions)) {
-                    served.add(receiver);
-                    known = known != null ? known : received == theClass ? values
-                            : values.select(parameter -> received.member(parameter) != null);
-                    dispatch.send(new Reception(receiver, sending, received, known, how.transportation, supplement));
+            for (Federate each : federation.declarations().subscribers(received)) {
+                if (each != federate && each.subscriptions.receivedClass(theClass, regions) == received) {
+                    known = known == null ? values.ofClass(received) : known;
+                    dispatch.send(new Reception(each, sending, theClass, content, received, known));
                 }
             }
         }

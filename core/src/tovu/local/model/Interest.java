@@ -51,6 +51,10 @@ final class Interest implements Saved {
         return everywhere == null && regions.isEmpty();
     }
 
+    boolean isEverywhere() {
+        return everywhere != null;
+    }
+
     /** Whether it is active anywhere. */
     boolean isActive() {
         return terms(Set.of()).stream().anyMatch(Terms::active);

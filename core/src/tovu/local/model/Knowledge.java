@@ -13,7 +13,7 @@ final class Knowledge implements Saved {
     final ObjectInstance object;
     final ObjectClass knownClass;
     final Set<Integer> toldInScope = new TreeSet<>();
-    private volatile boolean renounced;
+    private volatile boolean over;
 
     Knowledge(Federate federate, ObjectInstance object, ObjectClass knownClass) {
         this.federate = federate;
@@ -21,20 +21,20 @@ final class Knowledge implements Saved {
         this.knownClass = knownClass;
     }
 
-    /** The federate gives the object up by itself: what is on its way to it about the object is not told any more. */
-    void renounce() {
-        renounced = true;
+    /** The federate knows the object no more: what is on its way to it about the object is not told. */
+    void end() {
+        over = true;
         federate.invalidateMessages();
     }
 
-    boolean isRenounced() {
-        return renounced;
+    boolean isOver() {
+        return over;
     }
 
     /** Leaves a callback about the object. */
     void post(Callback callback) {
         federate.post(to -> {
-            if (!renounced) {
+            if (!over) {
                 callback.deliver(to);
             }
         });
@@ -43,6 +43,11 @@ final class Knowledge implements Saved {
     /** The federate's interest in an attribute at its known class, or null. */
     Interest interest(int attribute) {
         return federate.subscriptions.interest(knownClass, attribute);
+    }
+
+    /** The attributes that the federate wants of what is sent with those regions. */
+    HandleSet wanted(Set<Region> sentRegions) {
+        return federate.subscriptions.wanted(knownClass, sentRegions);
     }
 
     /** On what terms updates of an attribute are wanted where they are sent now; none when they are not. */

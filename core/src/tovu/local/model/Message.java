@@ -22,7 +22,8 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
 
     final Federate receiver;
     final Sending sending;
-    private final int validity;
+    private int validity; // of the receiver's wants, when they were looked at last
+    private boolean wanted = true;
     private OrderType receivedOrder;
     private boolean told;
     private boolean retracted;
@@ -44,9 +45,16 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
         receivedOrder = OrderType.RECEIVE;
     }
 
-    /** Leaves it with the delivery. */
-    void post() {
-        receiver.post(this);
+    /** Leaves it with the delivery, unless what it is about is over for the receiver. */
+    final void post() {
+        if (!isOutdated()) {
+            receiver.post(this);
+        }
+    }
+
+    /** Whether it waited longer than the receiver knew the object that it is about. */
+    boolean isOutdated() {
+        return false;
     }
 
     /** Takes it back wherever it is; false when the receiver is told already. */
@@ -77,31 +85,37 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
 
     @Override
     public final void deliver(FederateCallbacks to) throws FederateInternalError {
-        boolean wanted = validity == receiver.messageValidity() || review();
+        if (validity != receiver.messageValidity()) {
+            synchronized (receiver.federation()) {
+                if (receiver.time.constraint() != FederateTime.Switch.ON) {
+                    loseTimestampOrder();
+                }
+                review();
+            }
+        }
         if (wanted && (sending.retraction() == 0 || commit())) {
             tell(to);
         }
     }
 
-    /** Fits it to what the receiver has become since it was sent. */
-    private boolean review() {
-        synchronized (receiver.federation()) {
-            if (receiver.time.constraint() != FederateTime.Switch.ON) {
-                loseTimestampOrder();
-            }
-            return keepWanted();
-        }
+    /** Fits it to what the receiver wants now. */
+    private void review() {
+        validity = receiver.messageValidity();
+        wanted = fit();
     }
 
-    /** Whether it makes sense only to who knows that object. */
-    boolean concerns(Knowledge knowledge) {
-        return false;
+    /** While it waits to be posted: whether the receiver wants something of it now. */
+    final boolean isWanted() {
+        if (validity != receiver.messageValidity()) {
+            review();
+        }
+        return wanted && !isOutdated();
     }
 
     abstract void tell(FederateCallbacks to) throws FederateInternalError;
 
-    /** Keeps what of it the receiver still wants; false when that is nothing. */
-    abstract boolean keepWanted();
+    /** Makes it what the receiver wants of it now; false when that is nothing. */
+    abstract boolean fit();
 
     /** By time, and in the order of sending where the time is the same. */
     @Override

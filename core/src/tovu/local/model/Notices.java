@@ -6,6 +6,7 @@ import java.util.LinkedHashSet;
 import java.util.Map;
 import java.util.Set;
 import java.util.function.Consumer;
+import tovu.local.model.InstanceAttribute.Candidate;
 
 /**
  * Attributes of one object gathered by whom to tell of them, so that each federate is told once. What has ceased to be
@@ -21,20 +22,21 @@ final class Notices {
     /** Whether it is still so. */
     @FunctionalInterface
     interface Condition {
-        boolean holds(InstanceAttribute attribute, Federate told, byte[] tag);
+        /** @param asking the candidate that it is about, or null */
+        boolean holds(InstanceAttribute attribute, Federate told, Candidate asking);
     }
 
     private record Addressee(Federate federate, byte[] tag) {
     }
 
-    private record Subject(InstanceAttribute attribute, int tenure) {
+    private record Subject(InstanceAttribute attribute, int tenure, Candidate asking) {
         boolean isSameTenure() {
             return tenure == attribute.tenure();
         }
     }
 
     static final byte[] NO_TAG = {};
-    private static final Condition ALWAYS = (attribute, told, tag) -> true;
+    private static final Condition ALWAYS = (attribute, told, asking) -> true;
 
     private final Map<Addressee, Set<Subject>> gathered = new LinkedHashMap<>();
     private final boolean endWithTenure;
@@ -62,7 +64,7 @@ final class Notices {
 
     /** What comes to be so when it is told, if the attribute still has the same owner then. */
     static Notices ofChange(Consumer<InstanceAttribute> change) {
-        return untilHandedOver((attribute, told, tag) -> {
+        return untilHandedOver((attribute, told, asking) -> {
             change.accept(attribute);
             return true;
         });
@@ -74,8 +76,17 @@ final class Notices {
 
     /** Attributes with different tags are told of separately. */
     void add(Federate federate, InstanceAttribute attribute, byte[] tag) {
+        add(federate, attribute, tag, null);
+    }
+
+    /** Tells the owner, with the candidate's own tag, of who wants the attribute. */
+    void addToOwner(InstanceAttribute attribute, Candidate asking) {
+        add(attribute.owner(), attribute, asking.tag(), asking);
+    }
+
+    private void add(Federate federate, InstanceAttribute attribute, byte[] tag, Candidate asking) {
         gathered.computeIfAbsent(new Addressee(federate, tag), key -> new LinkedHashSet<>())
-                .add(new Subject(attribute, attribute.tenure()));
+                .add(new Subject(attribute, attribute.tenure(), asking));
     }
 
     /** @param object whose attributes they are; everyone who is told knows it */
@@ -85,9 +96,9 @@ final class Notices {
             Knowledge knowledge = object.knowledgeOf(federate);
             federate.postLate(() -> {
                 int[] attributes = subjects.stream().filter(each -> !endWithTenure || each.isSameTenure())
-                        .map(Subject::attribute).filter(each -> condition.holds(each, federate, addressee.tag))
-                        .mapToInt(InstanceAttribute::handle).toArray();
-                return attributes.length == 0 || knowledge.isRenounced() ? null
+                        .filter(each -> condition.holds(each.attribute, federate, each.asking))
+                        .mapToInt(each -> each.attribute.handle()).distinct().toArray();
+                return attributes.length == 0 || knowledge.isOver() ? null
                         : to -> form.tell(to, attributes, addressee.tag);
             });
         });

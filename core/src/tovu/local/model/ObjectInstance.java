@@ -3,6 +3,8 @@ package tovu.local.model;
 import java.util.ArrayList;
 import java.util.Collection;
 import java.util.List;
+import java.util.Set;
+import java.util.TreeSet;
 import java.util.function.Predicate;
 import tovu.local.fom.Attribute;
 import tovu.local.fom.ObjectClass;
@@ -16,6 +18,7 @@ final class ObjectInstance implements Saved {
     final Federate producer;
     private final HandleMap<InstanceAttribute> attributes = new HandleMap<>();
     private final HandleMap<Knowledge> knowledge = new HandleMap<>(); // by federate
+    private Set<Integer> locallyDeleted = Set.of(); // by which federates that have not discovered it again
     /** Set from its deletion on; federates that are not told yet still know it. */
     boolean deleted;
     /** Set while its deletion may be retracted. */
@@ -85,6 +88,19 @@ final class ObjectInstance implements Saved {
     void becomeKnown(Federate federate, ObjectClass knownClass) {
         knowledge.put(federate.handle(), new Knowledge(federate, this, knownClass));
         federate.knownObjects.add(this);
+        if (!locallyDeleted.isEmpty()) {
+            locallyDeleted.remove(federate.handle());
+        }
+    }
+
+    void becomeKnownAgainLater(Federate federate) {
+        locallyDeleted = locallyDeleted.isEmpty() ? new TreeSet<>() : locallyDeleted;
+        locallyDeleted.add(federate.handle());
+    }
+
+    /** The handles of federates that deleted it locally. Some may have resigned since. */
+    Set<Integer> locallyDeletedBy() {
+        return locallyDeleted;
     }
 
     void becomeUnknown(Federate federate) {

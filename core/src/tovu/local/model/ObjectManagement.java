@@ -7,6 +7,7 @@ import hla.rti1516e.exceptions.ObjectClassNotPublished;
 import hla.rti1516e.exceptions.OwnershipAcquisitionPending;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
+import java.util.HashMap;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
@@ -81,6 +82,7 @@ public final class ObjectManagement {
                     + " is not owned by " + federate + "; acquire it first, or leave it out of the update");
         }
         Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
+        federation.visibility().rediscover(own.object);
         Passel first = null;
         boolean alike = true;
         for (int i = 0; i < values.size(); ++i) {
@@ -109,15 +111,14 @@ public final class ObjectManagement {
     /** Sends a passel to all who want some of it, to each what it wants. */
     private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch) {
         Message.Sending sending = dispatch.sending(passel.order);
-        Supplement supplement = federation.supplement(own.federate, passel.regions);
+        Content content = new Content(values, passel.regions, passel.transportation,
+                federation.supplement(own.federate, passel.regions));
+        Map<HandleSet, HandleValues> selections = new HashMap<>();
         for (Knowledge each : own.object.knowers()) {
             if (each != own) {
-                HandleValues wanted = values.select(attribute -> {
-                    Interest interest = each.interest(attribute);
-                    return interest != null && interest.meets(passel.regions);
-                });
+                HandleValues wanted = selections.computeIfAbsent(each.wanted(passel.regions), values::select);
                 if (wanted.size() > 0) {
-                    dispatch.send(new Reflection(each, sending, wanted, passel.transportation, supplement));
+                    dispatch.send(new Reflection(each, sending, content, wanted));
                 }
             }
         }
@@ -145,7 +146,6 @@ public final class ObjectManagement {
         int producer = federation.supplement(federate, Set.of()).producer();
         List<Knowledge> others = new ArrayList<>(object.knowers());
         others.remove(own);
-        own.renounce();
         federation.objects().forget(own);
         for (Knowledge each : others) {
             dispatch.send(new Removal(each, sending, producer));
@@ -172,8 +172,8 @@ public final class ObjectManagement {
             throw new OwnershipAcquisitionPending(federate + " wants to own attributes of " + own.object
                     + "; cancel the acquisition first");
         }
-        own.renounce();
         federation.objects().forget(own);
+        own.object.becomeKnownAgainLater(federate);
         federation.visibility().refreshUpdates(own.object);
     }
 

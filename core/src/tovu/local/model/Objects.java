@@ -90,6 +90,7 @@ public final class Objects implements Saved {
 
     /** Ends what a federate has to do with an object, which ends with the last federate that knew it. */
     void forget(Knowledge knowledge) {
+        knowledge.end();
         ObjectInstance object = knowledge.object;
         Federate federate = knowledge.federate;
         for (InstanceAttribute each : object.attributes()) {
@@ -99,8 +100,15 @@ public final class Objects implements Saved {
             each.forget(federate);
         }
         object.becomeUnknown(federate);
-        federate.inbox.discard(knowledge);
         endIfForgotten(object);
+    }
+
+    /** A federate was told that an object is removed. */
+    void removed(Knowledge knowledge) {
+        if (!knowledge.isOver()) {
+            forget(knowledge);
+            federation.visibility().reconsider(knowledge.object, knowledge.federate); // a retraction brings it back
+        }
     }
 
     /** Whether it was deleted or not: what nobody knows nobody owns, and what nobody owns nobody discovers. */

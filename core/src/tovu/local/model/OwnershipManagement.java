@@ -84,7 +84,7 @@ public final class OwnershipManagement {
                 attribute.candidates.remove(each);
                 notices.unavailable.add(each.federate(), attribute);
             } else {
-                notices.wanted.add(attribute.owner(), attribute, each.tag());
+                notices.wanted.addToOwner(attribute, each);
             }
         }
     }
@@ -236,7 +236,7 @@ public final class OwnershipManagement {
             } else {
                 each.candidates.add(candidate);
                 if (each.owner() != null) { // else the object is deleted, and this federate soon told so
-                    notices.wanted.add(each.owner(), each, candidate.tag());
+                    notices.wanted.addToOwner(each, candidate);
                 }
             }
         }

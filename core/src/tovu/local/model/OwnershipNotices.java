@@ -6,16 +6,16 @@ import tovu.local.model.InstanceAttribute.Divestiture;
 final class OwnershipNotices {
     final Notices acquired = Notices.untilHandedOver();
     final Notices offered;
-    final Notices confirmable = Notices.untilHandedOver((attribute, told, tag) ->
+    final Notices confirmable = Notices.untilHandedOver((attribute, told, asking) ->
             attribute.divestiture == Divestiture.CONFIRMATION_REQUESTED);
-    final Notices wanted = Notices.untilHandedOver((attribute, told, tag) ->
-            attribute.candidates.stream().anyMatch(each -> !each.ifAvailable() && each.tag() == tag));
+    final Notices wanted = Notices.untilHandedOver((attribute, told, asking) ->
+            attribute.candidate(asking.federate()) == asking);
     final Notices unavailable = Notices.lasting();
     private final ObjectInstance object;
 
     OwnershipNotices(ObjectInstance object) {
         this.object = object;
-        offered = Notices.untilHandedOver((attribute, told, tag) ->
+        offered = Notices.untilHandedOver((attribute, told, asking) ->
                 attribute.isFree() && object.mayBeOffered(attribute, told));
     }
 

@@ -2,32 +2,41 @@ package tovu.local.model;
 
 import hla.rti1516e.exceptions.FederateInternalError;
 import tovu.local.fom.InteractionClass;
-import tovu.local.fom.Transportation;
 
 /** An interaction on its way to one federate, as the class that the federate subscribes to. */
 @SuppressWarnings("serial") // kept in memory only
 final class Reception extends Message {
-    private final InteractionClass receivedClass;
-    private final HandleValues values;
-    private final Transportation transportation;
-    private final Supplement supplement;
+    private final InteractionClass sentClass;
+    private final Content content;
+    private InteractionClass receivedClass;
+    private HandleValues values;
 
-    Reception(Federate receiver, Sending sending, InteractionClass receivedClass, HandleValues values,
-            Transportation transportation, Supplement supplement) {
+    /**
+     * @param receivedClass the most specific class that the receiver subscribes to
+     * @param values        what of the content that class has
+     */
+    Reception(Federate receiver, Sending sending, InteractionClass sentClass, Content content,
+            InteractionClass receivedClass, HandleValues values) {
         super(receiver, sending);
+        this.sentClass = sentClass;
+        this.content = content;
         this.receivedClass = receivedClass;
         this.values = values;
-        this.transportation = transportation;
-        this.supplement = supplement;
     }
 
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
-        to.receiveInteraction(receivedClass.handle(), values, tag(), sentOrder(), transportation, stamp(), supplement);
+        to.receiveInteraction(receivedClass.handle(), values, tag(), sentOrder(), content.transportation, stamp(),
+                content.supplement);
     }
 
     @Override
-    boolean keepWanted() {
-        return receiver.subscriptions.interest(receivedClass) != null;
+    boolean fit() {
+        InteractionClass wanted = receiver.subscriptions.receivedClass(sentClass, content.regions);
+        if (wanted != null && wanted != receivedClass) {
+            values = content.values.ofClass(wanted);
+            receivedClass = wanted;
+        }
+        return wanted != null;
     }
 }

@@ -1,39 +1,36 @@
 package tovu.local.model;
 
 import hla.rti1516e.exceptions.FederateInternalError;
-import tovu.local.fom.Transportation;
 
 /** Attribute values on their way to one federate. */
 @SuppressWarnings("serial") // kept in memory only
 final class Reflection extends Message {
     private final Knowledge knowledge;
+    private final Content content;
     private HandleValues values;
-    private final Transportation transportation;
-    private final Supplement supplement;
 
-    Reflection(Knowledge knowledge, Sending sending, HandleValues values, Transportation transportation,
-            Supplement supplement) {
+    /** @param values what of the content the federate wants */
+    Reflection(Knowledge knowledge, Sending sending, Content content, HandleValues values) {
         super(knowledge.federate, sending);
         this.knowledge = knowledge;
+        this.content = content;
         this.values = values;
-        this.transportation = transportation;
-        this.supplement = supplement;
-    }
-
-    @Override
-    boolean concerns(Knowledge what) {
-        return what == knowledge;
     }
 
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
-        to.reflectAttributeValues(knowledge.object.handle, values, tag(), sentOrder(), transportation, stamp(),
-                supplement);
+        to.reflectAttributeValues(knowledge.object.handle, values, tag(), sentOrder(), content.transportation, stamp(),
+                content.supplement);
     }
 
     @Override
-    boolean keepWanted() {
-        values = values.select(attribute -> knowledge.interest(attribute) != null);
-        return values.size() > 0 && !knowledge.isRenounced();
+    boolean isOutdated() {
+        return knowledge.isOver();
+    }
+
+    @Override
+    boolean fit() {
+        values = content.values.select(knowledge.wanted(content.regions));
+        return values.size() > 0 && !knowledge.isOver();
     }
 }

@@ -4,6 +4,7 @@ import java.util.Arrays;
 import java.util.Comparator;
 import java.util.List;
 import java.util.Set;
+import java.util.stream.Collectors;
 import tovu.local.fom.Dimension;
 
 /**
@@ -29,6 +30,19 @@ final class Region implements Saved {
             draft[2 * i + 1] = this.dimensions.get(i).upperBound();
         }
         commit();
+    }
+
+    /** Regions as they are now, for messages on their way: a later commit does not change where these were sent. */
+    static Set<Region> asRealized(Set<Region> regions) {
+        return regions.isEmpty() ? regions : regions.stream().map(Region::new).collect(Collectors.toUnmodifiableSet());
+    }
+
+    private Region(Region original) {
+        handle = original.handle;
+        creator = original.creator;
+        dimensions = original.dimensions;
+        draft = original.realization;
+        realization = original.realization;
     }
 
     List<Dimension> dimensions() {

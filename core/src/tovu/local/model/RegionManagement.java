@@ -104,6 +104,7 @@ public final class RegionManagement implements Saved {
     public void commit(Federate federate, int[] handles) throws RTIexception {
         Set<Region> committed = own(federate, handles);
         committed.forEach(Region::commit);
+        federate.invalidateMessages();
         List<ObjectInstance> moved = new ArrayList<>();
         for (ObjectInstance object : federate.knownObjects) {
             if (object.attributes().stream().anyMatch(each -> each.owner() == federate

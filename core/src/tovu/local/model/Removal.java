@@ -2,7 +2,10 @@ package tovu.local.model;
 
 import hla.rti1516e.exceptions.FederateInternalError;
 
-/** The news, on its way to one federate, that an object instance is deleted. */
+/**
+ * The news, on its way to one federate, that an object instance is deleted. The federate knows the object until it has
+ * been told: it may ask about it in the very callback.
+ */
 @SuppressWarnings("serial") // kept in memory only
 final class Removal extends Message {
     private final Knowledge knowledge;
@@ -14,26 +17,22 @@ final class Removal extends Message {
         this.producer = producer;
     }
 
-    /** The federation takes it for granted that the receiver knows the object no more, and so it is to be told. */
-    @Override
-    void post() {
-        commit();
-        receiver.federation().objects().forget(knowledge);
-        super.post();
-    }
-
-    @Override
-    boolean concerns(Knowledge what) {
-        return what == knowledge;
-    }
-
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
-        to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(), producer);
+        try {
+            to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(), producer);
+        } finally {
+            receiver.change(() -> receiver.federation().objects().removed(knowledge));
+        }
     }
 
     @Override
-    boolean keepWanted() {
-        return !knowledge.isRenounced();
+    boolean isOutdated() {
+        return knowledge.isOver();
+    }
+
+    @Override
+    boolean fit() {
+        return !knowledge.isOver();
     }
 }

@@ -83,7 +83,7 @@ public final class Retractions implements Saved {
         if (handle < 1 || handle > lastHandle || sent != null && sent.sender != federate) {
             throw new InvalidMessageRetractionHandle("Retraction handle " + handle + " was not given to " + federate);
         }
-        if (sent == null || sent.time < federate.time.sendBound()) {
+        if (sent == null || sent.time < federate.time.leastSendTime()) {
             throw new MessageCanNoLongerBeRetracted("The message with retraction handle " + handle
                     + " was sent with a time that " + federate + " has passed, or is retracted already");
         }

@@ -53,8 +53,11 @@ public final class Session {
     public synchronized void abandon() {
         Federate member = federate;
         if (member != null) {
-            member.federation().lose(member);
-            federate = null;
+            Federation federation = member.federation();
+            synchronized (federation) {
+                federation.lose(federate); // which may be another than a moment ago: a restore replaces it
+                federate = null;
+            }
         }
         sink = null;
     }

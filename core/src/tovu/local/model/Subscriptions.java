@@ -1,7 +1,6 @@
 package tovu.local.model;
 
 import java.util.HashMap;
-import java.util.LinkedHashMap;
 import java.util.Map;
 import java.util.Set;
 import tovu.local.fom.InteractionClass;
@@ -11,21 +10,38 @@ import tovu.local.model.Interest.Terms;
 /** What one federate subscribes to. */
 @SuppressWarnings("serial") // kept in memory only
 final class Subscriptions implements Saved {
-    private final Map<ObjectClass, Map<Integer, Interest>> objectClasses = new HashMap<>();
+    private final Map<ObjectClass, AttributeInterests> objectClasses = new HashMap<>();
     private final Map<InteractionClass, Interest> interactionClasses = new HashMap<>();
 
     /** The interest in an attribute at exactly that class, or null. */
     Interest interest(ObjectClass theClass, int attribute) {
-        Map<Integer, Interest> interests = objectClasses.get(theClass);
-        return interests == null ? null : interests.get(attribute);
+        return interests(theClass).get(attribute);
     }
 
     Map<Integer, Interest> interests(ObjectClass theClass) {
-        return objectClasses.getOrDefault(theClass, Map.of());
+        AttributeInterests interests = objectClasses.get(theClass);
+        return interests == null ? Map.of() : interests.byAttribute();
+    }
+
+    /** The attributes wanted, at exactly that class, of what is sent with those regions; empty for the default one. */
+    HandleSet wanted(ObjectClass theClass, Set<Region> sentRegions) {
+        AttributeInterests interests = objectClasses.get(theClass);
+        return interests == null ? HandleSet.NONE : interests.wanted(sentRegions);
     }
 
     Interest interest(InteractionClass theClass) {
         return interactionClasses.get(theClass);
+    }
+
+    /** The most specific class as which an interaction that is sent with those regions is wanted, or null. */
+    InteractionClass receivedClass(InteractionClass sentClass, Set<Region> sentRegions) {
+        for (InteractionClass each = sentClass; each != null; each = each.parent()) {
+            Interest interest = interest(each);
+            if (interest != null && interest.meets(sentRegions)) {
+                return each;
+            }
+        }
+        return null;
     }
 
     boolean isSubscribed(ObjectClass theClass) {
@@ -42,20 +58,15 @@ final class Subscriptions implements Saved {
 
     /** @param where null for everywhere */
     void add(ObjectClass theClass, int attribute, Set<Region> where, Terms terms) {
-        objectClasses.computeIfAbsent(theClass, key -> new LinkedHashMap<>())
-                .computeIfAbsent(attribute, key -> new Interest()).add(where, terms);
+        objectClasses.computeIfAbsent(theClass, key -> new AttributeInterests()).add(attribute, where, terms);
     }
 
     /** @param where null for everything */
     void remove(ObjectClass theClass, int attribute, Set<Region> where) {
-        Map<Integer, Interest> interests = objectClasses.get(theClass);
-        Interest interest = interests == null ? null : interests.get(attribute);
-        if (interest != null) {
-            interest.remove(where);
-            if (interest.isEmpty()) {
-                interests.remove(attribute);
-            }
-            if (interests.isEmpty()) {
+        AttributeInterests interests = objectClasses.get(theClass);
+        if (interests != null) {
+            interests.remove(attribute, where);
+            if (interests.byAttribute().isEmpty()) {
                 objectClasses.remove(theClass);
             }
         }

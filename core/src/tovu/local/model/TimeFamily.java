@@ -81,13 +81,14 @@ public enum TimeFamily {
         @Override
         long plus(long time, long interval) {
             double sum = real(time) + real(interval);
-            boolean absorbed = sum == real(time) && interval > 0;
-            return absorbed ? time + 1 : ordinal(Double.doubleToRawLongBits(sum));
+            long absorbed = interval > 0 ? time + 1 : time;
+            return sum == real(time) ? absorbed : ordinal(Double.doubleToRawLongBits(sum));
         }
 
         @Override
         long minus(long time, long other) {
-            return ordinal(Double.doubleToRawLongBits(real(time) - real(other)));
+            double difference = real(time) - real(other);
+            return Double.isNaN(difference) ? 0 : ordinal(Double.doubleToRawLongBits(difference)); // of two infinities
         }
 
         @Override
@@ -142,6 +143,12 @@ public enum TimeFamily {
     abstract long plus(long time, long interval);
 
     abstract long minus(long time, long other);
+
+    /** The earliest time that an interval takes to that time: the difference, or the next if rounding has cut that. */
+    long earliestReaching(long time, long interval) {
+        long difference = minus(time, interval);
+        return plus(difference, interval) < time ? difference + 1 : difference;
+    }
 
     abstract String text(long ordinal);
 

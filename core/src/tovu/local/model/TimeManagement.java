@@ -69,11 +69,11 @@ public final class TimeManagement implements Saved {
                 promised = Math.max(promised, each.time.promisedUntil());
             }
         }
-        long start = Math.max(own.time(), family.minus(promised, interval));
+        long start = Math.max(own.time(), family.earliestReaching(promised, interval));
         if (own.isConstrained() && start > own.time()) {
             own.deliveredUntil(federate.inbox.deliverUntil(start, Long.MIN_VALUE));
         }
-        own.beginRegulation(interval, start, Math.max(promised, family.plus(start, interval)));
+        own.beginRegulation(interval, start, promised);
         regulating.add(federate);
         federate.postChange(own::completeRegulation, to -> to.timeRegulationEnabled(time(own.time())));
     }
@@ -147,13 +147,13 @@ public final class TimeManagement implements Saved {
 
     /** The greatest available logical time, or null when nobody else regulates. */
     public LogicalTime galt(Federate federate) {
-        long galt = new Bounds().galt(federate);
+        long galt = new GreatestAvailableTimes().of(federate);
         return galt == TimeFamily.NEVER ? null : time(galt);
     }
 
     /** The least incoming time stamp, or null when nothing can come in. */
     public LogicalTime lits(Federate federate) {
-        long lits = Math.min(new Bounds().galt(federate), federate.inbox.firstTime());
+        long lits = Math.min(new GreatestAvailableTimes().of(federate), federate.inbox.firstTime());
         return lits == TimeFamily.NEVER ? null : time(lits);
     }
 
@@ -199,9 +199,9 @@ public final class TimeManagement implements Saved {
     /** The ordinal of a time that the federate sends with; a regulating federate must not send too early. */
     long sendingTime(Federate federate, long bits) throws InvalidLogicalTime {
         long time = time(federate, bits);
-        if (federate.time.regulation() == Switch.ON && time < federate.time.sendBound()) {
+        if (federate.time.regulation() == Switch.ON && time < federate.time.leastSendTime()) {
             throw new InvalidLogicalTime(federate + " sends with time " + family.text(time)
-                    + " but promised to send nothing before " + family.text(federate.time.sendBound())
+                    + " but promised to send nothing before " + family.text(federate.time.leastSendTime())
                     + "; send with that time or a later one");
         }
         return time;
@@ -210,6 +210,13 @@ public final class TimeManagement implements Saved {
     /** A message for a federate that waits for just that may end its wait. */
     void messageQueued(Federate federate) {
         if (federate.time.isWaiting() && federate.time.kind() == AdvanceKind.NEXT_MESSAGE_AVAILABLE) {
+            reconsider();
+        }
+    }
+
+    /** Messages may have ceased to count that somebody who follows them waits for. */
+    void messagesChanged(Federate federate) {
+        if (federate.time.follows()) {
             reconsider();
         }
     }
@@ -232,32 +239,36 @@ public final class TimeManagement implements Saved {
         evaluate();
     }
 
-    /** What every regulating federate may still send, as the others' requests and messages have it. */
-    private final class Bounds {
-        private Federate lowestFederate;
-        private long lowest = TimeFamily.NEVER;
-        private long second = TimeFamily.NEVER;
+    /** The greatest available logical time of each federate: the least that any other regulating one may still send. */
+    private final class GreatestAvailableTimes {
+        private Federate slowest;
+        private long least = TimeFamily.NEVER;
+        private long second = TimeFamily.NEVER; // the least of all but the slowest
 
-        Bounds() {
+        GreatestAvailableTimes() {
             for (Federate each : regulating) {
-                long bound = each.time.outBound(each.inbox.firstTime());
-                if (lowestFederate == null || bound < lowest) {
-                    lowestFederate = each;
-                    lowest = bound;
+                long own = each.time.leastFutureSendTime(firstMessage(each));
+                if (slowest == null || own < least) {
+                    slowest = each;
+                    least = own;
                 }
             }
             for (Federate each : regulating) {
-                if (each != lowestFederate) {
-                    // Who follows its messages may be sent one by the lowest, and answer that.
-                    long first = each.time.follows() ? Math.min(lowest, each.inbox.firstTime())
-                            : each.inbox.firstTime();
-                    second = Math.min(second, each.time.outBound(first));
+                if (each != slowest) {
+                    // Who follows its messages may be sent one by the slowest, and answer that.
+                    second = Math.min(second, each.time.leastFutureSendTime(
+                            each.time.follows() ? Math.min(least, firstMessage(each)) : TimeFamily.NEVER));
                 }
             }
         }
 
-        long galt(Federate federate) {
-            return federate == lowestFederate ? second : lowest;
+        /** Where nothing depends on it the inbox is not asked, lest that drop what may be wanted again. */
+        private long firstMessage(Federate federate) {
+            return federate.time.follows() ? federate.inbox.firstTime() : TimeFamily.NEVER;
+        }
+
+        long of(Federate federate) {
+            return federate == slowest ? second : least;
         }
     }
 
@@ -273,9 +284,9 @@ public final class TimeManagement implements Saved {
         if (waiting.isEmpty() || federation.isSavingOrRestoring()) {
             return;
         }
-        Bounds bounds = new Bounds();
+        GreatestAvailableTimes available = new GreatestAvailableTimes();
         for (Federate each : new ArrayList<>(waiting)) {
-            long galt = bounds.galt(each);
+            long galt = available.of(each);
             if (each.time.constraint() == Switch.PENDING) {
                 constrainIfPossible(each, galt);
             } else {
@@ -287,7 +298,7 @@ public final class TimeManagement implements Saved {
 
     private void constrainIfPossible(Federate federate, long galt) {
         FederateTime own = federate.time;
-        if (galt >= own.earliestNext()) {
+        if (galt >= own.leastReceiveTime()) {
             waiting.remove(federate);
             own.beginConstraint();
             federate.postChange(own::completeConstraint, to -> to.timeConstrainedEnabled(time(own.time())));
@@ -323,7 +334,7 @@ public final class TimeManagement implements Saved {
         long reached = target;
         federate.postChange(() -> {
             own.reach();
-            federation.retractions().expire(federate, own.sendBound());
+            federation.retractions().expire(federate, own.leastSendTime());
         }, to -> to.timeAdvanceGrant(time(reached)));
     }
 }

@@ -1,5 +1,7 @@
 package tovu.local.model;
 
+import java.util.ArrayList;
+import java.util.Collection;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
@@ -41,7 +43,7 @@ final class Visibility {
         refreshUpdates(object);
     }
 
-    private void reconsider(ObjectInstance object, Federate federate) {
+    void reconsider(ObjectInstance object, Federate federate) {
         Knowledge knowledge = object.knowledgeOf(federate);
         if (knowledge == null) {
             discover(object, federate);
@@ -58,17 +60,42 @@ final class Visibility {
         }
     }
 
-    /** Makes the object known as the most specific class at which the federate wants an attribute of it. */
     private void discover(ObjectInstance object, Federate federate) {
-        if (object.deleted || object.knowledgeOf(federate) != null) {
-            return;
+        ObjectClass seenAs = object.knowledgeOf(federate) == null ? seenAs(object, federate) : null;
+        if (seenAs != null) {
+            discoverAs(seenAs, object, federate);
         }
-        for (ObjectClass each : object.objectClass.lineage()) {
-            if (seesAny(federate, object, federate.subscriptions.interests(each))) {
-                discoverAs(each, object, federate);
-                return;
+    }
+
+    /** The most specific class at which the federate wants an attribute of the object, or null when there is none. */
+    private static ObjectClass seenAs(ObjectInstance object, Federate federate) {
+        if (!object.deleted) {
+            for (ObjectClass each : object.objectClass.lineage()) {
+                if (seesAny(federate, object, federate.subscriptions.interests(each))) {
+                    return each;
+                }
             }
         }
+        return null;
+    }
+
+    /** Before an update: who deleted the object locally and still wants to see it discovers it again. */
+    void rediscover(ObjectInstance object) {
+        expected(object).forEach(each -> discoverAs(each.knownClass, object, each.federate));
+    }
+
+    /** What those will know of the object who discover it again with its next update. */
+    private List<Knowledge> expected(ObjectInstance object) {
+        List<Knowledge> expected = List.of();
+        for (int handle : object.locallyDeletedBy()) {
+            Federate federate = federation.member(handle);
+            ObjectClass seenAs = federate == null ? null : seenAs(object, federate);
+            if (seenAs != null) {
+                expected = expected.isEmpty() ? new ArrayList<>() : expected;
+                expected.add(new Knowledge(federate, object, seenAs));
+            }
+        }
+        return expected;
     }
 
     /** An attribute that nobody owns, or only the federate itself, is nothing to discover an object for. */
@@ -135,12 +162,13 @@ final class Visibility {
     void refreshUpdates(ObjectInstance object) {
         Map<String, Notices> turnedOn = new TreeMap<>(); // by rate
         Notices turnedOff = Notices.untilHandedOver();
+        List<Knowledge> expected = expected(object);
         for (InstanceAttribute each : object.attributes()) {
             Federate owner = each.owner();
             if (owner == null || !owner.advisories.attributeRelevance) {
                 continue;
             }
-            String wanted = wantedRate(object, each);
+            String wanted = wantedRate(expected, each, wantedRate(object.knowers(), each, null));
             if (wanted == null && each.updatesOn != null) {
                 turnedOff.add(owner, each);
             } else if (wanted != null && !wanted.equals(each.updatesOn)) {
@@ -153,10 +181,10 @@ final class Visibility {
                 (to, attributes, tag) -> to.turnUpdatesOnForObjectInstance(object.handle, attributes, rate)));
     }
 
-    /** The designator of the highest rate that anyone wants, empty for all updates, or null when nobody wants any. */
-    private String wantedRate(ObjectInstance object, InstanceAttribute attribute) {
-        String wanted = null;
-        for (Knowledge each : object.knowers()) {
+    /** The designator of the highest rate that any of them wants, empty for all updates, or the least for none. */
+    private String wantedRate(Collection<Knowledge> audience, InstanceAttribute attribute, String least) {
+        String wanted = least;
+        for (Knowledge each : audience) {
             if (each.isInScope(attribute)) {
                 for (Interest.Terms terms : each.terms(attribute)) {
                     wanted = terms.active() ? federation.lookup().higherRate(wanted, terms.updateRate()) : wanted;

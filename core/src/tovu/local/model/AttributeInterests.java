@@ -1,0 +1,47 @@
+package tovu.local.model;
+
+import java.util.LinkedHashMap;
+import java.util.Map;
+import java.util.Set;
+import tovu.local.model.Interest.Terms;
+
+/** One federate's interests in the attributes of one object class. */
+@SuppressWarnings("serial") // kept in memory only
+final class AttributeInterests implements Saved {
+    private final Map<Integer, Interest> interests = new LinkedHashMap<>();
+    private HandleSet attributes = HandleSet.NONE;
+    private boolean everywhere = true;
+
+    Map<Integer, Interest> byAttribute() {
+        return interests;
+    }
+
+    /** @param where the regions to add, or null for everywhere */
+    void add(int attribute, Set<Region> where, Terms terms) {
+        interests.computeIfAbsent(attribute, key -> new Interest()).add(where, terms);
+        changed();
+    }
+
+    /** @param where the regions to take away, or null for everything */
+    void remove(int attribute, Set<Region> where) {
+        Interest interest = interests.get(attribute);
+        if (interest != null) {
+            interest.remove(where);
+            if (interest.isEmpty()) {
+                interests.remove(attribute);
+            }
+            changed();
+        }
+    }
+
+    private void changed() {
+        attributes = HandleSet.of(interests.keySet());
+        everywhere = interests.values().stream().allMatch(Interest::isEverywhere);
+    }
+
+    /** The attributes whose values are wanted when they are sent with those regions; none for the default region. */
+    HandleSet wanted(Set<Region> sentRegions) {
+        return everywhere || sentRegions.isEmpty() ? attributes : HandleSet.of(interests.keySet().stream()
+                .filter(attribute -> interests.get(attribute).meets(sentRegions)).toList());
+    }
+}

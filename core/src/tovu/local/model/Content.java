@@ -1,0 +1,21 @@
+package tovu.local.model;
+
+import java.util.Set;
+import tovu.local.fom.Transportation;
+
+/** What all messages that go out together carry: each receiver gets of the values what it wants. */
+@SuppressWarnings("serial") // kept in memory only
+final class Content implements Saved {
+    final HandleValues values;
+    /** Where it was sent, as the regions were then; empty for the default region. */
+    final Set<Region> regions;
+    final Transportation transportation;
+    final Supplement supplement;
+
+    Content(HandleValues values, Set<Region> regions, Transportation transportation, Supplement supplement) {
+        this.values = values;
+        this.regions = Region.asRealized(regions);
+        this.transportation = transportation;
+        this.supplement = supplement;
+    }
+}
