@@ -1,6 +1,8 @@
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.List;
+import java.util.regex.Matcher;
+import java.util.regex.Pattern;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
 
@@ -19,6 +21,7 @@ final class FomTest {
         harness.run("nothing outside is loaded", FomTest::nothingOutsideIsLoaded);
         harness.run("contradictions", FomTest::contradictions);
         harness.run("agreement", FomTest::agreement);
+        harness.run("completion", FomTest::completion);
         harness.run("extension", FomTest::extension);
         harness.run("mim", FomTest::mim);
         harness.finish();
@@ -88,42 +91,76 @@ final class FomTest {
         return String.format(place, content);
     }
 
-    /** A second module, and what must be told of it. */
+    private static String transportation(String name, String reliable) {
+        return "<transportations><transportation><name>" + name + "</name><reliable>" + reliable
+                + "</reliable></transportation></transportations>";
+    }
+
+    private static String enumeration(String name, String properties) {
+        return "<dataTypes><enumeratedDataTypes><enumeratedData><name>" + name + "</name>" + properties
+                + "</enumeratedData></enumeratedDataTypes></dataTypes>";
+    }
+
+    /** A module that contradicts another, and one that is wrong by itself; each with what must be told of it. */
     private static void contradictions() throws Exception {
         String air = TestFom.file(TestFom.AIR);
         String colour = attribute("colour", "");
         String car = "<objectClass><name>Car</name>" + colour + "</objectClass>";
-        String[][] rows = {
+        String[][] both = {
                 {in(VEHICLE, colour), "position"},
                 {in(VEHICLE, attribute("position", "<order>Receive</order>") + colour), "order"},
                 {in(VEHICLE, attribute("position", "<transportation>HLAbestEffort</transportation>") + colour),
                         "transportation"},
                 {in(VEHICLE, attribute("position", "<dimensions><dimension>X</dimension></dimensions>") + colour),
                         "dimensions"},
+                {in(VEHICLE, attribute("position", "") + attribute("colour", "<dataType>HLAbyte</dataType>")),
+                        "HLAbyte"},
+                {in(REPORT, "<order>Receive</order>"), "order"},
+                {in(REPORT, "<parameter><name>other</name></parameter>"), "other"},
+                {in(ROOT, attribute("a", "")), "[a]", "HLAstandardMIM"},
+                {dimension("X", "7"), "'X'"},
+                {dimension("Y", "100</upperBound><value>[0..4)</value><upperBound>"), "[0..4)"},
+                {updateRate("fast", "11"), "fast"},
+                {transportation("Radio", "Yes"), "Radio"},
+                {"<switches><autoProvide isEnabled='true'/></switches>", "autoProvide"},
+                {enumeration("Hue", "<enumerator><name>red</name><value>2</value></enumerator>"), "Hue"},
+                {"<synchronizations><synchronizationPoint><label>Go</label><dataType>HLAbyte</dataType>"
+                        + "</synchronizationPoint></synchronizations>", "Go"},
+                {"<tags><updateReflectTag><dataType>HLAbyte</dataType></updateReflectTag></tags>", "updateReflectTag"},
+                {"<time><timeStamp><dataType>HLAbyte</dataType></timeStamp></time>", "timeStamp"},
+        };
+        for (String[] row : both) {
+            String module = TestFom.module(row[0]);
+            String first = row.length > 2 ? row[2] : air;
+            Harness.refuses("InconsistentFDD", () -> model(air, module), module + "', line", first + "', line", row[1]);
+            ObjectModel created = model(air);
+            Harness.refuses("InconsistentFDD", () -> created.extend(FomReader.ofModules().readAll(List.of(module))),
+                    module + "', line", first + "', line", row[1]);
+        }
+        String[][] alone = {
                 {in(VEHICLE, car), "colour"},
                 {in(NEW, attribute("a", "<order>Late</order>")), "Late"},
                 {in(NEW, attribute("a", "<transportation>Pigeon</transportation>")), "Pigeon"},
                 {in(NEW, attribute("a", "<dimensions><dimension>W</dimension></dimensions>")), "'W'"},
                 {in(ROOT, "<objectClass></objectClass>"), "no name"},
                 {"<objects><objectClass><name>Vehicle</name></objectClass></objects>", "HLAobjectRoot"},
-                {in(REPORT, "<order>Receive</order>"), "order"},
-                {in(REPORT, "<parameter><name>other</name></parameter>"), "other"},
                 {in(REPORT, "<interactionClass><name>Alert</name><parameter><name>text</name></parameter>"
                         + "</interactionClass>"), "another parameter 'text"},
-                {dimension("X", "7"), "'X'"},
                 {dimension("Z", "many"), "many"},
                 {dimension("Z", "0"), "'0'"},
                 {dimension("Z", "4294967296"), "4294967296"},
-                {updateRate("fast", "11"), "fast"},
+                {dimension("Z", "5</upperBound><value>[0..6)</value><upperBound>"), "[0..6)"},
+                {dimension("Z", "5</upperBound><value>[3..3)</value><upperBound>"), "[3..3)"},
+                {dimension("Z", "5</upperBound><value>all</value><upperBound>"), "'all'"},
                 {updateRate("odd", "x"), "odd"},
                 {updateRate("odd", "NaN"), "NaN"},
                 {updateRate("odd", "-1"), "-1"},
                 {updateRate("odd", "1e999"), "1e999"},
-                {"<transportations><transportation><name>HLAlow</name><reliable>No</reliable></transportation>"
-                        + "<transportation><name>HLAlow</name><reliable>Yes</reliable></transportation></transportations>",
-                        "HLAlow"},
+                {transportation("HLAlow", "perhaps"), "perhaps"},
+                {transportation("HLAreliable", "No"), "HLAreliable"},
+                {"<switches><autoProvide isEnabled='perhaps'/></switches>", "perhaps"},
         };
-        for (String[] row : rows) {
+        for (String[] row : alone) {
             String module = TestFom.module(row[0]);
             Harness.refuses("InconsistentFDD", () -> model(air, module), module, "line", row[1]);
         }
@@ -143,6 +180,32 @@ final class FomTest {
         }
     }
 
+    /** What one module leaves open another one says, be it there at the creation or with a federate that joins. */
+    private static void completion() throws Exception {
+        String air = TestFom.module(in(VEHICLE, attribute("position", "")) + in(REPORT, ""));
+        String[][] rows = {
+                {in(VEHICLE, attribute("position", "<order>TimeStamp</order>")), "TimeStamp HLAreliable [] , Receive []"},
+                {in(VEHICLE, attribute("position", "<dataType>Place</dataType>")), "Receive HLAreliable [] Place, Receive []"},
+                {in(VEHICLE, attribute("position", "<transportation>Radio</transportation>"))
+                        + transportation("Radio", "No"), "Receive Radio [] , Receive []"},
+                {in(REPORT, "<order>TimeStamp</order>"), "Receive HLAreliable [] , TimeStamp []"},
+                {in(REPORT, "<dimensions><dimension>Z</dimension></dimensions><parameter><name>text</name></parameter>")
+                        + dimension("Z", "9"), "Receive HLAreliable [] , Receive [Z] text"},
+        };
+        for (String[] row : rows) {
+            List<String> more = List.of(TestFom.module(row[0]));
+            ObjectModel joined = model(air);
+            joined.extend(FomReader.ofModules().readAll(more));
+            for (ObjectModel model : List.of(model(air, more.get(0)), model(more.get(0), air), joined)) {
+                var position = model.objectClass("Vehicle").member("position");
+                var report = model.interactionClass("Report");
+                Harness.equal(position.order() + " " + position.transportation().hlaName() + " " + position.dimensions()
+                        + " " + position.dataType() + ", " + report.order() + " " + report.dimensions()
+                        + (report.member("text") == null ? "" : " text"), row[1]);
+            }
+        }
+    }
+
     /** A model grows by what fits, handles staying what they are, and by nothing of what does not. */
     private static void extension() throws Exception {
         ObjectModel model = model(TestFom.file(TestFom.AIR));
@@ -155,10 +218,29 @@ final class FomTest {
         Harness.equal(model.objectClass("Vehicle").handle(), vehicle);
     }
 
+    /** A MIM may add to the standard one and lack nothing of it; the standard one uses no data type it has not. */
     private static void mim() throws Exception {
-        Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(TestFom.file(TestFom.AIR)),
-                "HLAprivilegeToDeleteObject");
-        Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(TestFom.module(in(ROOT,
-                attribute("HLAprivilegeToDeleteObject", "")))), "HLAinteractionRoot");
+        String standard = FomReader.standardMim().text();
+        String[][] rows = { // what is replaced, by what, and what is told of it
+                {"HLAreportFederateLost", "Lost", "HLAreportFederateLost"},
+                {"<name>HLAfederateHost", "<name>Host", "'HLAfederateHost' of 'HLAobjectRoot.HLAmanager.HLAfederate'"},
+                {"HLAserviceGroup", "Group", "dimension 'HLAserviceGroup'"},
+                {"<name>HLAhandle<", "<name>Handle<", "data type 'HLAhandle'"},
+                {"HLAinteractionRoot", "Root", "line"},
+                {"</objectModel>", "", "line"},
+                {"<value>Enabled", "<value>", ""},
+        };
+        for (String[] row : rows) {
+            String changed = TestFom.file(standard.replace(row[0], row[1]));
+            if (row[2].isEmpty()) {
+                FomReader.ofMim().readMim(changed);
+            } else {
+                Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(changed), "MIM '" + changed, row[2]);
+            }
+        }
+        Matcher used = Pattern.compile("<(?:dataType|representation)>(\\w+)<").matcher(standard);
+        while (used.find()) {
+            Harness.that(standard.contains("Data><name>" + used.group(1) + "<"), used.group(1) + " is not defined");
+        }
     }
 }

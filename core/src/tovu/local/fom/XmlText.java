@@ -11,10 +11,6 @@ final class XmlText {
     private XmlText() {
     }
 
-    static String of(FomElement root) {
-        return of(List.of(root));
-    }
-
     /** One document of them all: what has the same name at the same place in several is one. */
     static String of(List<FomElement> roots) {
         XmlText writer = new XmlText();

@@ -20,7 +20,7 @@ final class FederateAttributes {
             ManagementAttribute.of("HLAfederateType", (to, of) -> to.text(of.type())),
             ManagementAttribute.of("HLAfederateHost", (to, of) -> to.text(Product.HOST)),
             ManagementAttribute.of("HLARTIversion", (to, of) -> to.text(Product.VERSION)),
-            ManagementAttribute.of("HLAFOMmoduleDesignatorList", (to, of) -> to.texts(of.oversight().modules)),
+            ManagementAttribute.of("HLAFOMmoduleDesignatorList", (to, of) -> to.list(of.oversight().modules, (list, each) -> list.text(each.designator()))),
             conditional("HLAtimeConstrained", Condition.CONSTRAINED),
             conditional("HLAtimeRegulating", Condition.REGULATING),
             conditional("HLAasynchronousDelivery", Condition.ASYNCHRONOUS),

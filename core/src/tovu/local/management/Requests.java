@@ -5,8 +5,11 @@ import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
+import java.util.function.Consumer;
 import java.util.function.Function;
+import tovu.local.fom.FomModule;
 import tovu.local.fom.Transportation;
+import tovu.local.management.Reports.Parameters;
 import tovu.local.model.Federate;
 import tovu.local.model.FederateStatus;
 import tovu.local.model.Federation;
@@ -55,7 +58,7 @@ final class Requests {
                 "HLArequestFOMmoduleData", this::reportFederationModule,
                 "HLArequestMIMdata", (federation, nobody, in) ->
                         reports.send("HLAreportMIMdata", report -> report.put("HLAMIMdata", to ->
-                                to.text(federation.objectModel().moduleText(federation.objectModel().mimDesignator())))));
+                                to.text(federation.objectModel().mim().text()))));
     }
 
     /** One report for each class, or one that tells that there is none. */
@@ -106,7 +109,7 @@ final class Requests {
     /** One report for each transportation type, also for one with which nothing has travelled. */
     private void counts(String request, String name, String parameter, Function<Oversight, Tally> tally) {
         ofFederate.put(request, (federation, who, in) -> {
-            for (Transportation type : Transportation.values()) {
+            for (Transportation type : federation.objectModel().transportations()) {
                 reports.send(who, name, report -> report.put("HLAtransportation", to -> to.text(type.hlaName()))
                         .put(parameter, to -> write(to, tally.apply(who.oversight()).byClass(type))));
             }
@@ -124,25 +127,24 @@ final class Requests {
     }
 
     private void reportModule(Federation federation, Federate who, Arguments in) throws ParameterFault {
-        fillModule(federation, who.oversight().modules, in, filling ->
-                reports.send(who, "HLAreportFOMmoduleData", filling));
+        List<String> texts = who.oversight().modules.stream().map(Oversight.Module::text).toList();
+        reports.send(who, "HLAreportFOMmoduleData", module(texts, in));
     }
 
     private void reportFederationModule(Federation federation, Federate nobody, Arguments in) throws ParameterFault {
-        fillModule(federation, federation.objectModel().moduleDesignators(), in, filling ->
-                reports.send("HLAreportFOMmoduleData", filling));
+        reports.send("HLAreportFOMmoduleData",
+                module(federation.objectModel().modules().stream().map(FomModule::text).toList(), in));
     }
 
-    private static void fillModule(Federation federation, List<String> designators, Arguments in,
-            java.util.function.Consumer<java.util.function.Consumer<Reports.Parameters>> sending)
-            throws ParameterFault {
+    /** The report of the module that is asked for. */
+    private static Consumer<Parameters> module(List<String> texts, Arguments in) throws ParameterFault {
         int index = in.integer("HLAFOMmoduleIndicator");
-        if (index < 0 || index >= designators.size()) {
+        if (index < 0 || index >= texts.size()) {
             throw new ParameterFault("There is no FOM module " + index + "; give the index of one of the "
-                    + designators.size() + " in HLAFOMmoduleDesignatorList, from 0 on");
+                    + texts.size() + " in HLAFOMmoduleDesignatorList, from 0 on");
         }
-        sending.accept(report -> report.put("HLAFOMmoduleIndicator", to -> to.integer(index))
-                .put("HLAFOMmoduleData", to -> to.text(federation.objectModel().moduleText(designators.get(index)))));
+        return report -> report.put("HLAFOMmoduleIndicator", to -> to.integer(index))
+                .put("HLAFOMmoduleData", to -> to.text(texts.get(index)));
     }
 
     /** A point that there is not has no federates. */

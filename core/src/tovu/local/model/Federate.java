@@ -1,8 +1,10 @@
 package tovu.local.model;
 
 import java.util.LinkedHashSet;
+import java.util.List;
 import java.util.Set;
 import java.util.function.Supplier;
+import tovu.local.fom.FomModule;
 
 /** A joined federate, and its own part of every chapter of the federation's state. */
 @SuppressWarnings("serial") // kept in memory only
@@ -27,7 +29,8 @@ public final class Federate implements Saved {
     final Oversight oversight;
     final Inbox inbox = new Inbox(this);
 
-    Federate(Federation federation, int handle, String name, String type, Session session, CallbackSink sink) {
+    Federate(Federation federation, int handle, String name, String type, List<FomModule> modules,
+            Session session, CallbackSink sink) {
         this.federation = federation;
         this.handle = handle;
         this.name = name;
@@ -39,12 +42,12 @@ public final class Federate implements Saved {
         advisories = new Advisories(federation.switches());
         publications = new Publications(federation.privilegeToDelete());
         time = new FederateTime(federation.timeFamily());
-        oversight = new Oversight(federation.switches());
+        oversight = new Oversight(federation.switches(), modules);
     }
 
     /** A federate that is no member: the federation's own, which is told everything that management has to know. */
     static Federate infrastructure(Federation federation, CallbackSink sink) {
-        Federate federate = new Federate(federation, INFRASTRUCTURE, "HLA", "HLA", null, sink);
+        Federate federate = new Federate(federation, INFRASTRUCTURE, "HLA", "HLA", List.of(), null, sink);
         federate.advisories.silence();
         federate.oversight.conveysProducer = true;
         federate.oversight.reportsServices = false;

@@ -263,15 +263,15 @@ public final class Federation {
                 throw new FederateNameAlreadyInUse("A federate named '" + federateName
                         + "' is joined to federation '" + name + "' already; choose another name");
             }
-            boolean extended = objectModel.extend(modules);
+            int before = objectModel.modules().size();
+            objectModel.extend(modules);
             int handle = ++lastFederate;
             String chosen = federateName == null ? unusedName(federateType, handle) : federateName;
-            Federate federate = new Federate(this, handle, chosen, federateType, session, sink);
+            Federate federate = new Federate(this, handle, chosen, federateType, modules, session, sink);
             state.members.put(handle, federate);
             session.become(federate);
             state.synchronizationPoints.joined(federate);
-            federate.oversight.modules.addAll(fomModules);
-            management.joined(federate, extended);
+            management.joined(federate, objectModel.modules().size() > before);
             settle(federate);
             return federate;
         }

@@ -26,7 +26,7 @@ public final class ObjectManagement {
         }
 
         boolean fits(InstanceAttribute attribute, Dispatch dispatch) {
-            return transportation == attribute.transportation() && order == dispatch.sentOrder(attribute.order())
+            return transportation.equals(attribute.transportation()) && order == dispatch.sentOrder(attribute.order())
                     && regions.equals(attribute.updateRegions());
         }
     }

@@ -1,14 +1,23 @@
 package tovu.local.model;
 
-import java.util.ArrayList;
 import java.util.List;
+import tovu.local.fom.FomModule;
 import tovu.local.fom.Switches;
 
 /** What management keeps of one federate: how it is to be reported on, and what has been counted. */
 @SuppressWarnings("serial") // kept in memory only
 public final class Oversight implements Saved {
-    /** The designators of the modules that the federate brought along. */
-    public final List<String> modules = new ArrayList<>();
+    /**
+     * A FOM module.
+     *
+     * @param designator by which the federate named it
+     * @param text       the file's text
+     */
+    public record Module(String designator, String text) implements Saved {
+    }
+
+    /** The FOM modules that the federate brought along, in their order. */
+    public final List<Module> modules;
     /** The handle of the object that stands for the federate. */
     public int object;
     /** The handles of the regions that reports about the federate are sent with, by service group; 0 for none yet. */
@@ -37,7 +46,8 @@ public final class Oversight implements Saved {
     public final Tally objectsDeleted = new Tally();
     public final Tally objectsRemoved = new Tally();
 
-    Oversight(Switches switches) {
+    Oversight(Switches switches, List<FomModule> modules) {
+        this.modules = modules.stream().map(each -> new Module(each.designator(), each.text())).toList();
         conveysRegions = switches.conveyRegionDesignatorSets();
         conveysProducer = switches.conveyProducingFederate();
         reportsServices = switches.serviceReporting();

@@ -1,8 +1,10 @@
 package tovu.local.model;
 
 import java.util.Arrays;
+import java.util.List;
 import java.util.Map;
 import java.util.TreeMap;
+import java.util.concurrent.CopyOnWriteArrayList;
 import tovu.local.fom.Transportation;
 
 /**
@@ -11,18 +13,37 @@ import tovu.local.fom.Transportation;
  */
 @SuppressWarnings("serial") // kept in memory only
 public final class Tally implements Saved {
-    private static final int TYPES = Transportation.values().length;
+    @SuppressWarnings("serial") // kept in memory only
+    private static final class Row implements Saved {
+        private final Transportation type;
+        private volatile int[] counts = {}; // by the class's handle
 
-    private volatile int[] counts = {};
+        Row(Transportation type) {
+            this.type = type;
+        }
+
+        void count(int classHandle) {
+            int[] current = counts;
+            if (classHandle >= current.length) {
+                current = Arrays.copyOf(current, classHandle + 16);
+                counts = current;
+            }
+            ++current[classHandle];
+        }
+    }
+
+    private final List<Row> rows = new CopyOnWriteArrayList<>();
 
     void count(int classHandle, Transportation type) {
-        int place = classHandle * TYPES + type.ordinal();
-        int[] current = counts;
-        if (place >= current.length) {
-            current = Arrays.copyOf(current, place + 64);
-            counts = current;
+        for (int i = 0; i < rows.size(); ++i) {
+            if (rows.get(i).type.equals(type)) {
+                rows.get(i).count(classHandle);
+                return;
+            }
         }
-        ++current[place];
+        Row row = new Row(type);
+        rows.add(row);
+        row.count(classHandle);
     }
 
     /** What does not travel is counted with one type only. */
@@ -31,16 +52,18 @@ public final class Tally implements Saved {
     }
 
     public int total() {
-        return Arrays.stream(counts).sum();
+        return rows.stream().flatMapToInt(row -> Arrays.stream(row.counts)).sum();
     }
 
     /** The counts of those classes that have any, by handle. */
     public Map<Integer, Integer> byClass(Transportation type) {
         Map<Integer, Integer> byClass = new TreeMap<>();
-        int[] current = counts;
-        for (int place = type.ordinal(); place < current.length; place += TYPES) {
-            if (current[place] != 0) {
-                byClass.put(place / TYPES, current[place]);
+        for (Row row : rows) {
+            int[] current = row.counts;
+            for (int theClass = 0; theClass < current.length && row.type.equals(type); ++theClass) {
+                if (current[theClass] != 0) {
+                    byClass.put(theClass, current[theClass]);
+                }
             }
         }
         return byClass;
