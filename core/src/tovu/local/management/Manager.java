@@ -48,6 +48,7 @@ public final class Manager implements Management, CallbackSink {
     private final List<Discovery> discoveries = new ArrayList<>();
     private final Map<Integer, Action> actions = new HashMap<>(); // by interaction class
     private final Map<Integer, Federate> subjects = new HashMap<>(); // by the object that stands for each
+    private final Map<String, byte[]> told = new HashMap<>(); // of the federation's attributes
     private final Map<Federate, Future<?>> periodic = new HashMap<>();
     private final FederateCallbacks ear = (FederateCallbacks) Proxy.newProxyInstance(Manager.class.getClassLoader(),
             new Class<?>[] {FederateCallbacks.class}, (proxy, method, arguments) -> {
@@ -102,8 +103,9 @@ public final class Manager implements Management, CallbackSink {
             publish(self, FEDERATE, FederateAttributes.ALL);
             publish(self, FEDERATION, FederationAttributes.ALL);
             self.oversight().object = federation.objectManagement()
-                    .register(self, model().objectClass(FEDERATION).handle(), null);
+                    .register(self, model().objectClass(FEDERATION).handle(), "HLAfederation");
         });
+        federationChanged(FederationAttributes.SAVES);
     }
 
     private void actions(String prefix, Map<String, Action> rows) {
@@ -122,10 +124,11 @@ public final class Manager implements Management, CallbackSink {
         ObjectClass theClass = model().objectClass(FEDERATE);
         int[] placed = theClass.members().stream().filter(each -> each.dimensions().stream()
                 .anyMatch(dimension -> dimension.name().equals(Reports.FEDERATE))).mapToInt(Attribute::handle).toArray();
+        String name = "HLAfederate-" + federate.handle();
         act(self -> federate.oversight().object = placed.length == 0
-                ? federation.objectManagement().register(self, theClass.handle(), null)
+                ? federation.objectManagement().register(self, theClass.handle(), name)
                 : federation.regions().register(self, theClass.handle(), List.of(new RegionManagement.Pair(placed,
-                        new int[] {reports.region(federate, Reports.NO_SERVICE)})), null));
+                        new int[] {reports.region(federate, Reports.NO_SERVICE)})), name));
         federate.oversight().toldCondition = federate.condition();
         subjects.put(federate.oversight().object, federate);
         federationChanged(FederationAttributes.FEDERATES);
@@ -180,11 +183,19 @@ public final class Manager implements Management, CallbackSink {
         savesChanged();
     }
 
-    /** Updates attributes of the federation, as somebody has changed them. */
+    /** Updates those attributes of the federation that are not what they were. */
     void federationChanged(String... names) {
+        List<String> changed = new ArrayList<>();
+        for (ManagementAttribute<Federation> row : FederationAttributes.ALL) {
+            if (List.of(names).contains(row.name())) {
+                byte[] value = row.value(federation);
+                if (!Arrays.equals(value, told.put(row.name(), value))) {
+                    changed.add(row.name());
+                }
+            }
+        }
         int object = federation.infrastructure().oversight().object;
-        if (federation.objects().isShared(object)) {
-            List<String> changed = List.of(names);
+        if (!changed.isEmpty() && federation.objects().isShared(object)) {
             update(object, FEDERATION, FederationAttributes.ALL, federation, row -> changed.contains(row.name()), null);
         }
     }

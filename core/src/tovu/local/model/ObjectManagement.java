@@ -46,7 +46,7 @@ public final class ObjectManagement {
     int register(Federate federate, ObjectClass theClass, String name, Map<Integer, Set<Region>> regions)
             throws RTIexception {
         requirePublished(federate, theClass);
-        if (name != null) {
+        if (name != null && !federate.isInfrastructure()) {
             federation.names().requireUsable(federate, name);
         }
         ObjectInstance object = federation.objects().add(theClass, name, federate);
