@@ -133,7 +133,7 @@ private:
       std::string const name = std::to_string(who) + ": ";
       RTIambassador& rti = *_federates[who]->ambassador;
       double const unit = _integers ? 1 : 0.1;
-      double const some = dice.below(4) * unit;
+      double const some = dice.below(dice.oneIn(4) ? 10 : 3) * unit;
       // Next to nothing, but more: 5 and a lookahead of that is the next time after 5.
       double const lookahead = dice.oneIn(2) ? 0 : !_integers && dice.oneIn(4) ? 1e-20 : some;
       double const now = _oracle->time(who);
@@ -169,7 +169,7 @@ private:
          compare(name + "resign", "nothing", [&] { rti.resignFederationExecution(NO_ACTION); });
          _federates[who]->evoke();
       }
-      auto const next = static_cast<std::size_t>(dice.below(5));
+      auto const next = static_cast<std::size_t>(dice.below(6));
       if (next < _federates.size() && _oracle->isJoined(next)) {
          evoke(next);
       }
