@@ -156,7 +156,7 @@ IN_BOTH_CALLBACK_MODELS(RandomRun);
 TEST_P(RandomRun, KeepsWhatIsPromised)
 {
    auto const seed = static_cast<std::uint32_t>(fromEnvironment("SYSTEM_TESTS_SEED", 1516));
-   auto const steps = static_cast<std::size_t>(fromEnvironment("SYSTEM_TESTS_CALLS", 100000));
+   auto const steps = static_cast<std::size_t>(fromEnvironment("SYSTEM_TESTS_CALLS", 40000));
    if (GetParam() == HLA_IMMEDIATE) {
       EXPECT_TRUE(playTogether(seed, steps / playerCount)) << report() << "with the seed " << seed;
       return;

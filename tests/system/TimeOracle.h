@@ -113,11 +113,10 @@ public:
    std::string enableRegulation(std::size_t who, double lookahead)
    {
       Federate& of = _all[who];
-      if (of.regulation != off) {
-         return of.regulation == on ? "TimeRegulationAlreadyEnabled" : "RequestForTimeRegulationPending";
-      }
-      if (of.advancing) {
-         return "InTimeAdvancingState";
+      if (of.regulation != off || of.advancing) {
+         return of.regulation == on        ? "TimeRegulationAlreadyEnabled"
+                : of.regulation == pending ? "RequestForTimeRegulationPending"
+                                           : "InTimeAdvancingState";
       }
       double promised = of.time;
       for (std::size_t other = 0; other < _all.size(); ++other) {
@@ -158,11 +157,10 @@ public:
    std::string enableConstrained(std::size_t who)
    {
       Federate& of = _all[who];
-      if (of.constraint != off) {
-         return of.constraint == on ? "TimeConstrainedAlreadyEnabled" : "RequestForTimeConstrainedPending";
-      }
-      if (of.advancing) {
-         return "InTimeAdvancingState";
+      if (of.constraint != off || of.advancing) {
+         return of.constraint == on        ? "TimeConstrainedAlreadyEnabled"
+                : of.constraint == pending ? "RequestForTimeConstrainedPending"
+                                           : "InTimeAdvancingState";
       }
       of.constraint = pending;
       settle();
@@ -186,11 +184,8 @@ public:
    std::string modifyLookahead(std::size_t who, double lookahead)
    {
       Federate& of = _all[who];
-      if (of.regulation != on) {
-         return "TimeRegulationIsNotEnabled";
-      }
-      if (of.advancing) {
-         return "InTimeAdvancingState";
+      if (of.regulation != on || of.advancing) {
+         return of.regulation != on ? "TimeRegulationIsNotEnabled" : "InTimeAdvancingState";
       }
       of.lookahead = lookahead;
       of.promises.push_back({of.time, lookahead, of.excluded});
