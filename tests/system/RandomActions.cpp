@@ -70,6 +70,12 @@ void send(Player& player, Draw const& draw, DueFor&& dueFor, Call&& call)
    Ledger& ledger = player.ledger;
    auto const at = timeToSendAt(player, draw);
    std::size_t const id = ledger.sent++;
+   if (at != nullptr && player.life.regulating && !ledger.concurrent && draw.dice.oneIn(4)) {
+      HLAinteger64Time const tooEarly(player.leastSendTime() - 1);
+      std::string const seen = refusal([&] { call(std::to_string(id), &tooEarly); });
+      player.demand(seen != "nothing", "may send too early", tooEarly);
+      return;
+   }
    MessageRetractionHandle const handle = call(std::to_string(id), at.get());
    if (handle.isValid()) {
       player.life.sent.push_back(handle);
@@ -321,7 +327,7 @@ Row const rows[] = {
          p.life.asynchronous = true;
          p.rti->enableAsynchronousDelivery();
       } }},
-   {"an advance", 150, any, pending, [](P& p, D& d) { p.advance(d.dice.below(5), p.life.now + d.dice.below(8)); }},
+   {"an advance", 150, any, pending, [](P& p, D& d) { p.advance(d.dice.below(5), p.life.now + d.dice.below(d.dice.oneIn(2) ? 2 : 8)); }},
    {"createRegion", 6, any, "", [](P& p, D&) {
       if (p.life.regions.size() < 3) {
          p.life.regions.push_back(p.rti->createRegion({p.lane}));

@@ -137,24 +137,24 @@ private:
       // Next to nothing, but more: 5 and a lookahead of that is the next time after 5.
       double const lookahead = dice.oneIn(2) ? 0 : !_integers && dice.oneIn(4) ? 1e-20 : some;
       double const now = _oracle->time(who);
-      if (what < 40) {
+      if (what < 36) {
          auto const way = static_cast<TimeOracle::Way>(dice.below(5));
          double const to = dice.oneIn(30) ? now - unit : now + some;
          compare(name + wayNames[way] + " " + digits(to), _oracle->advance(who, way, to),
                  [&] { (rti.*ways[way])(*time(to)); });
-      } else if (what < 65) {
+      } else if (what < 60) {
          send(who, dice.oneIn(4) ? -1 : some);
-      } else if (what < 75) {
+      } else if (what < 72) {
          compare(name + "enableTimeRegulation " + digits(lookahead),
                  _oracle->enableRegulation(who, lookahead),
                  [&] { rti.enableTimeRegulation(*interval(lookahead)); });
-      } else if (what < 82) {
+      } else if (what < 81) {
          compare(name + "enableTimeConstrained", _oracle->enableConstrained(who),
                  [&] { rti.enableTimeConstrained(); });
-      } else if (what < 90) {
+      } else if (what < 87) {
          compare(name + "modifyLookahead " + digits(lookahead), _oracle->modifyLookahead(who, lookahead),
                  [&] { rti.modifyLookahead(*interval(lookahead)); });
-      } else if (what < 92) {
+      } else if (what < 91) {
          compare(name + "disableTimeRegulation", _oracle->disableRegulation(who),
                  [&] { rti.disableTimeRegulation(); });
       } else if (what < 94) {
