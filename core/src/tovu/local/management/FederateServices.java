@@ -53,7 +53,7 @@ final class FederateServices {
 
     private void objects() {
         rows.put("HLAdeleteObjectInstance", (federation, who, in) -> federation.objectManagement()
-                .delete(who, in.handle("HLAobjectInstance"), in.bytes("HLAuserSuppliedTag"),
+                .delete(who, in.handle("HLAobjectInstance"), in.bytes("HLAtag"),
                         in.timing("HLAtimeStamp")));
         rows.put("HLAlocalDeleteObjectInstance", (federation, who, in) ->
                 federation.objectManagement().deleteLocally(who, in.handle("HLAobjectInstance")));

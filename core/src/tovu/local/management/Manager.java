@@ -151,7 +151,7 @@ public final class Manager implements Management, CallbackSink {
         subjects.remove(federate.oversight().object);
         act(self -> {
             federation.objectManagement().delete(self, federate.oversight().object, NO_TAG, Timing.NONE);
-            reports.left(federate);
+            reports.end(federate);
         });
         federationChanged(FederationAttributes.FEDERATES);
     }
@@ -345,6 +345,9 @@ public final class Manager implements Management, CallbackSink {
             reports.send(federate, "HLAreportException", report ->
                     report.put("HLAservice", to -> to.text(call.name()))
                             .put("HLAexception", to -> to.text(call.failure())));
+        }
+        if (federation.member(federate.handle()) != federate) { // the call was its last
+            act(self -> reports.end(federate));
         }
     }
 

@@ -107,10 +107,13 @@ final class Reports {
         return region;
     }
 
-    void left(Federate about) throws RTIexception {
-        for (int region : about.oversight().regions) {
-            if (region != 0) {
-                federation.regions().delete(federation.infrastructure(), region);
+    /** Nothing more is to be reported on a federate. */
+    void end(Federate about) throws RTIexception {
+        int[] regions = about.oversight().regions;
+        for (int i = 0; i < regions.length; ++i) {
+            if (regions[i] != 0) {
+                federation.regions().delete(federation.infrastructure(), regions[i]);
+                regions[i] = 0;
             }
         }
     }
