@@ -5,12 +5,13 @@ import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
-import java.util.HashSet;
 import java.util.List;
 import java.util.Random;
 import java.util.Set;
+import java.util.TreeSet;
 import java.util.function.IntFunction;
 import java.util.regex.Pattern;
+import java.util.stream.IntStream;
 import java.util.stream.Stream;
 import tovu.local.fom.ClassNode;
 import tovu.local.fom.FomReader;
@@ -71,20 +72,14 @@ public final class FomMutationTest {
     private String mutant() {
         List<String> tokens = tokens();
         for (int left = random.nextInt(4); left >= 0; --left) {
-            int at = random.nextInt(tokens.size());
-            List<String> element = element(tokens, at);
-            List<String> copy = List.copyOf(element);
-            List<String> other = tokens();
-            switch (random.nextInt(6)) {
+            List<String> element = element(tokens);
+            switch (random.nextInt(5)) {
                 case 0 -> element.clear();
-                case 1 -> element.addAll(copy);
-                case 2 -> element.addAll(element(other, random.nextInt(other.size())));
-                case 3 -> tokens.set(at, VALUES[random.nextInt(VALUES.length)]);
+                case 1 -> element.addAll(List.copyOf(element));
+                case 2 -> element.addAll(element(tokens()));
                 default -> element.set(element.size() / 2, VALUES[random.nextInt(VALUES.length)]);
             }
-            if (tokens.isEmpty()) {
-                tokens.add("");
-            }
+            tokens.add("");
         }
         return String.join("", tokens);
     }
@@ -94,9 +89,9 @@ public final class FomMutationTest {
         return new ArrayList<>(List.of(BETWEEN_TOKENS.split(original)));
     }
 
-    /** From the opening tag at or before a token to its closing tag; what is not well-formed ends somewhere. */
-    private static List<String> element(List<String> tokens, int at) {
-        int begin = at;
+    /** From some opening tag to its closing tag; what is not well-formed ends somewhere. */
+    private List<String> element(List<String> tokens) {
+        int begin = random.nextInt(tokens.size());
         while (begin > 0 && !tokens.get(begin).matches("<\\w.*")) {
             --begin;
         }
@@ -147,35 +142,26 @@ public final class FomMutationTest {
     }
 
     private static String describe(ObjectModel model) {
-        StringBuilder text = new StringBuilder();
-        for (var each : all(model::objectClass)) {
-            describe(each, text);
-            Harness.that(each.member("HLAprivilegeToDeleteObject") == model.privilegeToDelete(), "cannot be deleted");
-        }
-        all(model::attribute).forEach(each -> text.append(each.handle()).append(each).append(each.dataType())
-                .append(each.order()).append(each.transportation()).append(each.dimensions()).append('\n'));
-        for (var each : all(model::interactionClass)) {
-            describe(each, text);
-            text.append(each.order()).append(each.transportation()).append(each.dimensions()).append('\n');
-        }
+        StringBuilder text = new StringBuilder().append(model.switches());
+        all(model::objectClass).forEach(each -> describe(each, text).append(model.privilegeToDelete()));
+        all(model::attribute).forEach(each -> text.append('\n').append(each.handle()).append(each).append(each.dataType())
+                .append(each.order()).append(each.transportation()).append(each.dimensions()));
+        all(model::interactionClass).forEach(each -> describe(each, text).append(each.order())
+                .append(each.transportation()).append(each.dimensions()));
         all(model::dimension).forEach(each -> text.append(each).append(each.upperBound()).append(each.unspecified()));
-        return text.append(model.switches()).toString();
+        return text.toString();
     }
 
-    private static void describe(ClassNode<?, ?> theClass, StringBuilder text) {
-        Set<String> names = new HashSet<>();
+    private static StringBuilder describe(ClassNode<?, ?> theClass, StringBuilder text) {
+        Set<String> names = new TreeSet<>();
         theClass.members().forEach(each -> {
             Harness.that(names.add(each.name()), theClass + " has " + each + " twice");
             Harness.that(theClass.member(each.handle()) == each, theClass + " hides " + each);
         });
-        text.append(theClass.handle()).append(theClass).append(names.stream().sorted().toList()).append('\n');
+        return text.append('\n').append(theClass.handle()).append(theClass).append(names);
     }
 
     private static <T> List<T> all(IntFunction<T> at) {
-        List<T> all = new ArrayList<>();
-        for (T row = at.apply(1); row != null; row = at.apply(all.size() + 1)) {
-            all.add(row);
-        }
-        return all;
+        return IntStream.iterate(1, handle -> at.apply(handle) != null, handle -> handle + 1).mapToObj(at).toList();
     }
 }

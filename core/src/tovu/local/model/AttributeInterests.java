@@ -3,6 +3,7 @@ package tovu.local.model;
 import java.util.LinkedHashMap;
 import java.util.Map;
 import java.util.Set;
+import tovu.local.fom.Attribute;
 import tovu.local.model.Interest.Terms;
 
 /** One federate's interests in the attributes of one object class. */
@@ -11,14 +12,15 @@ final class AttributeInterests implements Saved {
     private final Map<Integer, Interest> interests = new LinkedHashMap<>();
     private HandleSet attributes = HandleSet.NONE;
     private boolean everywhere = true;
+    private boolean rates;
 
     Map<Integer, Interest> byAttribute() {
         return interests;
     }
 
     /** @param where the regions to add, or null for everywhere */
-    void add(int attribute, Set<Region> where, Terms terms) {
-        interests.computeIfAbsent(attribute, key -> new Interest()).add(where, terms);
+    void add(Attribute attribute, Set<Region> where, Terms terms) {
+        interests.computeIfAbsent(attribute.handle(), key -> new Interest(attribute)).add(where, terms);
         changed();
     }
 
@@ -37,6 +39,11 @@ final class AttributeInterests implements Saved {
     private void changed() {
         attributes = HandleSet.of(interests.keySet());
         everywhere = interests.values().stream().allMatch(Interest::isEverywhere);
+        rates = interests.values().stream().anyMatch(Interest::hasRate);
+    }
+
+    boolean hasRates() {
+        return rates;
     }
 
     /** The attributes whose values are wanted when they are sent with those regions; none for the default region. */
