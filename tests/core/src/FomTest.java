@@ -11,7 +11,6 @@ final class FomTest {
     private static final String ROOT = "<objects><objectClass><name>HLAobjectRoot</name>%s</objectClass></objects>";
     private static final String VEHICLE = String.format(ROOT, "<objectClass><name>Vehicle</name>%s</objectClass>");
     private static final String NEW = String.format(ROOT, "<objectClass><name>New</name>%s</objectClass>");
-    private static final String DIMENSION_X = "<dimensions><dimension>X</dimension></dimensions>";
     private static final String REPORT = "<interactions><interactionClass><name>HLAinteractionRoot</name>"
             + "<interactionClass><name>Report</name>%s</interactionClass></interactionClass></interactions>";
 
@@ -72,105 +71,85 @@ final class FomTest {
         Harness.refuses("ErrorReadingFDD", () -> model(TestFom.file(laughs + "]><objectModel>&l29;</objectModel>")));
     }
 
-    /** Elements of a path such as "dimensions/dimension", around entries such as "name=X upperBound=7". */
-    private static String xml(String path, String... entries) {
-        StringBuilder text = new StringBuilder();
-        for (String each : entries) {
-            String[] parts = each.split("=", 2);
-            text.append(each.startsWith("<") ? each : "<" + parts[0] + ">" + parts[1] + "</" + parts[0] + ">");
+    /** Such as "dimensions/dimension name=X upperBound=7": elements in each other, and what the innermost contains. */
+    private static String x(String elements, String... inside) {
+        String[] words = elements.split(" ");
+        String text = String.join("", inside);
+        for (int i = words.length - 1; i > 0; --i) {
+            text = words[i].replaceFirst("(.*?)=(.*)", "<$1>$2</$1>") + text;
         }
-        String[] tags = path.split("/");
-        for (int i = tags.length - 1; i >= 0; --i) {
-            text.insert(0, "<" + tags[i] + ">").append("</").append(tags[i]).append(">");
+        String[] path = words[0].split("/");
+        for (int i = path.length - 1; i >= 0; --i) {
+            text = "<" + path[i] + ">" + text + "</" + path[i] + ">";
         }
-        return text.toString();
+        return text;
     }
 
-    private static String attribute(String... entries) {
-        return xml("attribute", entries);
-    }
-
-    private static String dimension(String... entries) {
-        return xml("dimensions/dimension", entries);
-    }
-
-    private static String transportation(String name, String reliable) {
-        return xml("transportations/transportation", "name=" + name, "reliable=" + reliable);
-    }
-
-    /** A module that contradicts another, and one that is wrong by itself; each with what must be told of it. */
+    /** A module beside the common one, what must be told of it, and what it contradicts if it is not wrong by itself. */
     private static void contradictions() throws Exception {
         String air = TestFom.file(TestFom.AIR);
-        String colour = attribute("name=colour");
-        String car = xml("objectClass", "name=Car", colour);
-        String[][] both = {
-                {VEHICLE.formatted(colour), "position"},
-                {VEHICLE.formatted(attribute("name=position", "order=Receive") + colour), "order"},
-                {VEHICLE.formatted(attribute("name=position", "transportation=HLAbestEffort") + colour), "HLAbestEffort"},
-                {VEHICLE.formatted(attribute("name=position", dimension().replace("></", ">X</")) + colour), "[X, Y]"},
-                {VEHICLE.formatted(attribute("name=position") + attribute("name=colour", "dataType=HLAbyte")), "HLAbyte"},
-                {REPORT.formatted("<order>Receive</order>"), "order"},
-                {REPORT.formatted(xml("parameter", "name=other")), "other"},
-                {ROOT.formatted(attribute("name=a")), "[a]", "HLAstandardMIM"},
-                {dimension("name=X", "upperBound=7"), "'X'"},
-                {dimension("name=Y", "value=[0..4)"), "[0..4)"},
-                {xml("updateRates/updateRate", "name=fast", "rate=11"), "fast"},
-                {transportation("Radio", "Yes"), "Radio"},
-                {"<switches><autoProvide isEnabled='true'/></switches>", "autoProvide"},
-                {xml("dataTypes/enumeratedDataTypes/enumeratedData", "name=Hue", xml("enumerator", "value=2")), "Hue"},
-                {xml("synchronizations/synchronizationPoint", "label=Go", "dataType=HLAbyte"), "Go"},
-                {xml("tags/updateReflectTag", "dataType=HLAbyte"), "updateReflectTag"},
-                {xml("time/timeStamp", "dataType=HLAbyte"), "timeStamp"},
-        };
-        for (String[] row : both) {
-            String module = TestFom.module(row[0]);
-            String first = row.length > 2 ? row[2] : air;
-            Harness.refuses("InconsistentFDD", () -> model(air, module), module + "', line", first + "', line", row[1]);
-        }
-        String[][] alone = {
-                {VEHICLE.formatted(car), "colour"},
-                {NEW.formatted(attribute("name=a", "order=Late")), "Late"},
-                {NEW.formatted(attribute("name=a", DIMENSION_X.replace("X", "W"))), "'W'"},
+        String colour = x("attribute name=colour");
+        String car = VEHICLE.formatted(x("objectClass name=Car", colour));
+        String[][] rows = {
+                {VEHICLE.formatted(colour), "position", air},
+                {VEHICLE.formatted(x("attribute name=position order=Receive") + colour), "order", air},
+                {VEHICLE.formatted(x("attribute name=position transportation=Radio") + colour), "Radio", air},
+                {VEHICLE.formatted(x("attribute name=position", x("dimensions dimension=X")) + colour), "[X, Y]", air},
+                {VEHICLE.formatted(x("attribute name=position") + x("attribute name=colour dataType=Red")), "Red", air},
+                {REPORT.formatted("<order>Receive</order>"), "order", air},
+                {REPORT.formatted(x("parameter name=other")), "other", air},
+                {ROOT.formatted(x("attribute name=a")), "[a]", "HLAstandardMIM"},
+                {x("dimensions/dimension name=X upperBound=7"), "'X'", air},
+                {x("dimensions/dimension name=Y value=[0..4)"), "[0..4)", air},
+                {x("updateRates/updateRate name=fast rate=11"), "fast", air},
+                {x("transportations/transportation name=Radio reliable=Yes"), "Radio", air},
+                {"<switches><autoProvide isEnabled='true'/></switches>", "autoProvide", air},
+                {x("dataTypes/enumeratedDataTypes/enumeratedData name=Hue", x("enumerator value=2")), "Hue", air},
+                {x("synchronizations/synchronizationPoint label=Go dataType=HLAbyte"), "Go", air},
+                {x("tags/updateReflectTag dataType=HLAbyte"), "updateReflectTag", air},
+                {x("time/timeStamp dataType=HLAbyte"), "timeStamp", air},
+                {car, "colour"},
+                {NEW.formatted(x("attribute name=a order=Late")), "Late"},
+                {NEW.formatted(x("attribute name=a", x("dimensions dimension=W"))), "'W'"},
                 {ROOT.formatted("<objectClass></objectClass>"), "no name"},
-                {xml("objects/objectClass", "name=Vehicle"), "HLAobjectRoot"},
-                {REPORT.formatted(xml("interactionClass", "name=Alert", "<parameter><name>text</name></parameter>")),
-                        "another parameter 'text"},
-                {dimension("name=Z", "upperBound=many"), "many"},
-                {dimension("name=Z", "upperBound=4294967296"), "4294967296"},
-                {dimension("name=Z", "upperBound=5", "value=[0..6)"), "[0..6)"},
-                {dimension("name=Z", "value=[3..3)"), "[3..3)"},
-                {xml("updateRates/updateRate", "name=fast", "rate=x"), "'x'"},
-                {xml("updateRates/updateRate", "name=fast", "rate=NaN"), "NaN"},
-                {xml("updateRates/updateRate", "name=fast", "rate=-1"), "-1"},
-                {transportation("HLAlow", "perhaps"), "perhaps"},
-                {transportation("HLAreliable", "No"), "HLAreliable"},
+                {x("objects/objectClass name=Vehicle"), "HLAobjectRoot"},
+                {REPORT.formatted(x("interactionClass name=Alert", x("parameter name=text"))), "another parameter 'text"},
+                {x("dimensions/dimension name=Z upperBound=many"), "many"},
+                {x("dimensions/dimension name=Z upperBound=4294967296"), "4294967296"},
+                {x("dimensions/dimension name=Z upperBound=5 value=[0..6)"), "[0..6)"},
+                {x("dimensions/dimension name=Z value=[3..3)"), "[3..3)"},
+                {x("updateRates/updateRate name=odd rate=x"), "'x'"},
+                {x("updateRates/updateRate name=odd rate=NaN"), "NaN"},
+                {x("updateRates/updateRate name=odd rate=-1"), "-1"},
+                {x("transportations/transportation name=HLAlow reliable=perhaps"), "perhaps"},
+                {x("transportations/transportation name=HLAreliable reliable=No"), "HLAreliable"},
                 {"<switches><autoProvide isEnabled='perhaps'/></switches>", "perhaps"},
         };
-        for (String[] row : alone) {
+        for (String[] row : rows) {
             String module = TestFom.module(row[0]);
-            Harness.refuses("InconsistentFDD", () -> model(air, module), module, "line", row[1]);
+            String other = row.length > 2 ? row[2] : module;
+            Harness.refuses("InconsistentFDD", () -> model(air, module), module + "', line", other + "', line", row[1]);
         }
-        String below = TestFom.module(VEHICLE.formatted(car));
-        Harness.refuses("InconsistentFDD", () -> model(below, air), air, "below", "colour");
-        model(air, air, TestFom.module(REPORT.formatted("<order>NA</order>") + dimension("name=NA", "upperBound=NA")));
+        Harness.refuses("InconsistentFDD", () -> model(TestFom.module(car), air), air, "below", "colour");
+        model(air, air, TestFom.module(REPORT.formatted("<order>NA</order>") + x("dimensions/dimension name=NA")));
     }
 
     /** What one module leaves open another one says, be it there at the creation or with a federate that joins. */
     private static void completion() throws Exception {
-        String air = TestFom.module(VEHICLE.formatted(attribute("name=position")) + REPORT.formatted(""));
+        String air = TestFom.module(VEHICLE.formatted(x("attribute name=position")) + REPORT.formatted(""));
         String[][] rows = {
-                {VEHICLE.formatted(attribute("name=position", "order=TimeStamp")), "TimeStamp HLAreliable [] , Receive [] []"},
-                {VEHICLE.formatted(attribute("name=position", "dataType=Place")), "Receive HLAreliable [] Place, Receive [] []"},
-                {VEHICLE.formatted(attribute("name=position", "transportation=Radio")) + transportation("Radio", "No"),
-                        "Receive Radio [] , Receive [] []"},
+                {VEHICLE.formatted(x("attribute name=position order=TimeStamp dataType=Place")),
+                        "TimeStamp HLAreliable [] Place, Receive [] []"},
+                {VEHICLE.formatted(x("attribute name=position transportation=Radio"))
+                        + x("transportations/transportation name=Radio reliable=No"), "Receive Radio [] , Receive [] []"},
                 {REPORT.formatted("<order>TimeStamp</order>"), "Receive HLAreliable [] , TimeStamp [] []"},
-                {REPORT.formatted(DIMENSION_X + xml("parameter", "name=text")) + dimension("name=X"),
-                        "Receive HLAreliable [] , Receive [X] [text]"},
+                {REPORT.formatted(x("dimensions dimension=X") + x("parameter name=text"))
+                        + x("dimensions/dimension name=X"), "Receive HLAreliable [] , Receive [X] [text]"},
         };
         for (String[] row : rows) {
             String more = TestFom.module(row[0]);
             ObjectModel joined = model(air);
-            Harness.that(joined.extend(FomReader.ofModules().readAll(List.of(more))), "it adds something");
+            joined.extend(FomReader.ofModules().readAll(List.of(more)));
             for (ObjectModel model : List.of(model(air, more), model(more, air), joined)) {
                 var position = model.objectClass("Vehicle").member("position");
                 var report = model.interactionClass("Report");
