@@ -109,7 +109,7 @@ TEST_P(TimeManagement, TakesNoHeedOfWhatIsUnwanted)
    update("e", 26);
    advance(alpha, 30);
    beta->unsubscribeInteractionClass(accident);
-   EXPECT_EQ(lits(beta), "26");
+   EXPECT_EQ(show(*beta->queryLITS().time), "26");
    beta->subscribeInteractionClass(accident); // once beta was told so it comes no more
    beta->nextMessageRequest(time(30));
    expect(beta, {reflected("e", 26), granted(26)});
@@ -301,7 +301,6 @@ TEST_P(TimeManagement, IsOnlyForWhoTakesPart)
    EXPECT_REFUSED("MessageCanNoLongerBeRetracted", alpha->retract(sent));
 }
 
-<<<<<<< HEAD
 TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
 {
    Federate& gamma = joined("gamma");
@@ -348,6 +347,4 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
    EXPECT_EQ(alpha->getRangeBounds(where, lane).getUpperBound(), 2u);
 }
 
-=======
->>>>>>> time
 } // namespace

@@ -14,6 +14,7 @@ final class FederationState implements Saved {
     final RegionManagement regions;
     final Retractions retractions;
     final TimeManagement time;
+    final UpdateRates updateRates;
 
     FederationState(Federation federation) {
         synchronizationPoints = new SynchronizationPoints(federation);
@@ -22,5 +23,6 @@ final class FederationState implements Saved {
         regions = new RegionManagement(federation);
         retractions = new Retractions(federation);
         time = new TimeManagement(federation);
+        updateRates = new UpdateRates(federation);
     }
 }
