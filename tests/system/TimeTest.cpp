@@ -109,7 +109,7 @@ TEST_P(TimeManagement, TakesNoHeedOfWhatIsUnwanted)
    update("e", 26);
    advance(alpha, 30);
    beta->unsubscribeInteractionClass(accident);
-   EXPECT_EQ(show(beta->queryLITS()), "26");
+   EXPECT_EQ(show(*beta->queryLITS().time), "26");
    beta->subscribeInteractionClass(accident); // once beta was told so it comes no more
    beta->nextMessageRequest(time(30));
    expect(beta, {reflected("e", 26), granted(26)});

@@ -3,7 +3,7 @@ package tovu.local.fom;
 import java.util.Set;
 
 /** An object class attribute. */
-public final class Attribute extends Member {
+public final class Attribute extends Member implements Dimensioned {
     final Delivery delivery = new Delivery();
 
     Attribute(int handle, String name) {
@@ -20,7 +20,7 @@ public final class Attribute extends Member {
         return delivery.order();
     }
 
-    /** The dimensions that regions may have for it. */
+    @Override
     public Set<Dimension> dimensions() {
         return delivery.dimensions();
     }

@@ -3,7 +3,7 @@ package tovu.local.fom;
 import java.util.Set;
 
 /** An interaction class with its parameters. */
-public final class InteractionClass extends ClassNode<InteractionClass, Parameter> {
+public final class InteractionClass extends ClassNode<InteractionClass, Parameter> implements Dimensioned {
     final Delivery delivery = new Delivery();
 
     InteractionClass(int handle, String name, InteractionClass parent) {
@@ -23,7 +23,7 @@ public final class InteractionClass extends ClassNode<InteractionClass, Paramete
         return delivery.order();
     }
 
-    /** The dimensions that regions may have for it. */
+    @Override
     public Set<Dimension> dimensions() {
         return delivery.dimensions();
     }

@@ -43,8 +43,12 @@ public final class ObjectModel {
         return model;
     }
 
-    /** Adds modules; when one contradicts what is there already, nothing is changed. */
-    public void extend(List<FomModule> more) throws InconsistentFDD {
+    /**
+     * Adds modules; when one contradicts what is there already, nothing is changed.
+     *
+     * @return whether there is one that is not there already
+     */
+    public boolean extend(List<FomModule> more) throws InconsistentFDD {
         List<FomModule> added = unlike(modules, more); // federates often bring what the federation was made of
         if (!added.isEmpty()) {
             ObjectModel trial = new ObjectModel();
@@ -52,6 +56,7 @@ public final class ObjectModel {
             trial.add(added);
             add(added);
         }
+        return !added.isEmpty();
     }
 
     private static List<FomModule> unlike(List<FomModule> known, List<FomModule> more) {

@@ -1,8 +1,10 @@
 package tovu.local.management;
 
+import hla.rti1516e.exceptions.RTIexception;
 import java.util.HashMap;
 import java.util.Map;
 import tovu.local.model.AdvanceKind;
+import tovu.local.model.Federation;
 
 /** HLAmanager.HLAfederate.HLAservice: services on behalf of the federate that the interaction names. */
 final class FederateServices {
@@ -59,10 +61,10 @@ final class FederateServices {
                 federation.objectManagement().deleteLocally(who, in.handle("HLAobjectInstance")));
         rows.put("HLArequestAttributeTransportationTypeChange", (federation, who, in) -> federation.deliveryChanges()
                 .changeTransportation(who, in.handle("HLAobjectInstance"), in.handles("HLAattributeList"),
-                        federation.lookups().transportation(in.text("HLAtransportation")).code()));
+                        transportation(federation, in)));
         rows.put("HLArequestInteractionTransportationTypeChange", (federation, who, in) -> federation
                 .deliveryChanges().changeInteractionTransportation(who, in.handle("HLAinteractionClass"),
-                        federation.lookups().transportation(in.text("HLAtransportation")).code()));
+                        transportation(federation, in)));
         rows.put("HLAunconditionalAttributeOwnershipDivestiture", (federation, who, in) -> federation.ownership()
                 .divestUnconditionally(who, in.handle("HLAobjectInstance"), in.handles("HLAattributeList")));
         rows.put("HLAchangeAttributeOrderType", (federation, who, in) -> federation.deliveryChanges()
@@ -70,6 +72,10 @@ final class FederateServices {
                         in.order("HLAsendOrder")));
         rows.put("HLAchangeInteractionOrderType", (federation, who, in) -> federation.deliveryChanges()
                 .changeInteractionOrder(who, in.handle("HLAinteractionClass"), in.order("HLAsendOrder")));
+    }
+
+    private static int transportation(Federation federation, Arguments in) throws RTIexception, ParameterFault {
+        return federation.lookups().transportationCode(federation.infrastructure(), in.text("HLAtransportation"));
     }
 
     private void times() {

@@ -3,6 +3,7 @@ package tovu.local.model;
 import java.util.LinkedHashMap;
 import java.util.Map;
 import java.util.Set;
+import tovu.local.fom.Attribute;
 import tovu.local.model.Interest.Terms;
 
 /** One federate's interests in the attributes of one object class. */
@@ -11,14 +12,15 @@ final class AttributeInterests implements Saved {
     private final Map<Integer, Interest> interests = new LinkedHashMap<>();
     private HandleSet attributes; // null after a change
     private boolean everywhere;
+    private boolean rates;
 
     Map<Integer, Interest> byAttribute() {
         return interests;
     }
 
     /** @param where the regions to add, or null for everywhere */
-    void add(int attribute, Set<Region> where, Terms terms) {
-        interests.computeIfAbsent(attribute, key -> new Interest()).add(where, terms);
+    void add(Attribute attribute, Set<Region> where, Terms terms) {
+        interests.computeIfAbsent(attribute.handle(), key -> new Interest(attribute)).add(where, terms);
         attributes = null;
     }
 
@@ -34,12 +36,22 @@ final class AttributeInterests implements Saved {
         }
     }
 
-    /** The attributes whose values are wanted when they are sent with those regions; none for the default region. */
-    HandleSet wanted(Set<Region> sentRegions) {
+    private void lookAgain() {
         if (attributes == null) {
             attributes = HandleSet.of(interests.keySet());
             everywhere = interests.values().stream().allMatch(Interest::isEverywhere);
+            rates = interests.values().stream().anyMatch(Interest::hasRate);
         }
+    }
+
+    boolean hasRates() {
+        lookAgain();
+        return rates;
+    }
+
+    /** The attributes whose values are wanted when they are sent with those regions; none for the default region. */
+    HandleSet wanted(Set<Region> sentRegions) {
+        lookAgain();
         return everywhere || sentRegions.isEmpty() ? attributes : HandleSet.of(interests.keySet().stream()
                 .filter(attribute -> interests.get(attribute).meets(sentRegions)).toList());
     }

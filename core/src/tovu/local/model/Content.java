@@ -22,4 +22,16 @@ final class Content implements Saved {
     boolean isByManagement() {
         return supplement.producer() == 0;
     }
+
+    private Content(HandleValues values, Content whole) {
+        this.values = values;
+        regions = whole.regions;
+        transportation = whole.transportation;
+        supplement = whole.supplement;
+    }
+
+    /** The same with nothing but some of its values. */
+    Content part(HandleValues some) {
+        return some == values ? this : new Content(some, this);
+    }
 }

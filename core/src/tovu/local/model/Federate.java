@@ -1,7 +1,9 @@
 package tovu.local.model;
 
+import java.util.HashMap;
 import java.util.LinkedHashSet;
 import java.util.List;
+import java.util.Map;
 import java.util.Set;
 import java.util.function.Supplier;
 import tovu.local.fom.FomModule;
@@ -21,6 +23,8 @@ public final class Federate implements Saved {
     private ResignAction automaticResignDirective;
     private volatile int messageValidity;
     private final Supplement origin;
+    /** The name by which it asked last for the transportation type of a code, which several may share. */
+    final Map<Integer, String> transportationNames = new HashMap<>(2);
     final Advisories advisories;
     final Publications publications;
     final Subscriptions subscriptions = new Subscriptions();
@@ -51,6 +55,7 @@ public final class Federate implements Saved {
         federate.advisories.silence();
         federate.oversight.conveysProducer = true;
         federate.oversight.reportsServices = false;
+        federate.oversight.reportsExceptions = false;
         return federate;
     }
 

@@ -135,6 +135,10 @@ public final class Federation {
         return lookups;
     }
 
+    UpdateRates updateRates() {
+        return state.updateRates;
+    }
+
     public Retractions retractions() {
         return state.retractions;
     }
@@ -370,6 +374,7 @@ public final class Federation {
     void restore(FederationState restored) {
         state = restored;
         state.infrastructure.replaceSink(management.sink());
+        state.updateRates.resume();
     }
 
     void postToAll(Callback callback) {

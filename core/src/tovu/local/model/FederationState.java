@@ -16,6 +16,7 @@ final class FederationState implements Saved {
     final Retractions retractions;
     final TimeManagement time;
     boolean autoProvide;
+    final UpdateRates updateRates;
 
     FederationState(Federation federation, CallbackSink sink) {
         synchronizationPoints = new SynchronizationPoints(federation);
@@ -26,5 +27,6 @@ final class FederationState implements Saved {
         time = new TimeManagement(federation);
         infrastructure = Federate.infrastructure(federation, sink);
         autoProvide = federation.switches().autoProvide();
+        updateRates = new UpdateRates(federation);
     }
 }

@@ -5,6 +5,7 @@ import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
+import tovu.local.fom.Dimensioned;
 
 /**
  * One federate's subscription to a class attribute or an interaction class: everywhere, or where certain regions are.
@@ -21,8 +22,13 @@ final class Interest implements Saved {
     record Terms(boolean active, String updateRate) implements Saved {
     }
 
+    private final Dimensioned subject;
     private Terms everywhere; // null when it is not
     private final Map<Region, Terms> regions = new LinkedHashMap<>();
+
+    Interest(Dimensioned subject) {
+        this.subject = subject;
+    }
 
     /** @param where the regions to add, or to give other terms; null for everywhere */
     void add(Set<Region> where, Terms terms) {
@@ -55,6 +61,11 @@ final class Interest implements Saved {
         return everywhere != null;
     }
 
+    /** Whether updates are wanted at some rate at most, anywhere. */
+    boolean hasRate() {
+        return terms(Set.of()).stream().anyMatch(each -> !each.updateRate().isEmpty());
+    }
+
     /** Whether it is active anywhere. */
     boolean isActive() {
         return terms(Set.of()).stream().anyMatch(Terms::active);
@@ -67,7 +78,7 @@ final class Interest implements Saved {
             met.add(everywhere);
         }
         regions.forEach((region, terms) -> {
-            if (sentRegions.isEmpty() || Region.anyOverlap(Set.of(region), sentRegions)) {
+            if (sentRegions.isEmpty() || Region.anyOverlap(Set.of(region), sentRegions, subject)) {
                 met.add(terms);
             }
         });
@@ -80,6 +91,7 @@ final class Interest implements Saved {
 
     /** @param sentRegions what a message is sent with; empty for the default region */
     boolean meets(Set<Region> sentRegions) {
-        return everywhere != null || sentRegions.isEmpty() || Region.anyOverlap(regions.keySet(), sentRegions);
+        return everywhere != null || sentRegions.isEmpty()
+                || Region.anyOverlap(regions.keySet(), sentRegions, subject);
     }
 }

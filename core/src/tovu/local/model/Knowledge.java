@@ -13,6 +13,8 @@ final class Knowledge implements Saved {
     final ObjectInstance object;
     final ObjectClass knownClass;
     final Set<Integer> toldInScope = new TreeSet<>();
+    /** What holds updates to the rates at which they are wanted; null while none is. */
+    Pacing pacing;
     private volatile boolean over;
     /** Whether the federate has ever updated the object. */
     boolean updated;
@@ -52,6 +54,11 @@ final class Knowledge implements Saved {
     /** The attributes that the federate wants of what is sent with those regions. */
     HandleSet wanted(Set<Region> sentRegions) {
         return federate.subscriptions.wanted(knownClass, sentRegions);
+    }
+
+    /** Whether it is wanted at some rate at most, or was so, what is sent now in receive order. */
+    boolean isPaced(boolean reliable) {
+        return pacing != null || !reliable && federate.subscriptions.hasRates(knownClass);
     }
 
     /** On what terms updates of an attribute are wanted where they are sent now; none when they are not. */

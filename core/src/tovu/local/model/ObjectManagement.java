@@ -125,7 +125,9 @@ public final class ObjectManagement {
         for (Knowledge each : own.object.knowers()) {
             if (each != own && (only == null || each.federate == only)) {
                 HandleValues wanted = selections.computeIfAbsent(each.wanted(passel.regions), values::select);
-                if (wanted.size() > 0) {
+                if (passel.order == OrderType.RECEIVE && each.isPaced(passel.transportation.isReliable())) {
+                    sendPaced(each, sending, content, wanted, dispatch);
+                } else if (wanted.size() > 0) {
                     dispatch.send(new Reflection(each, sending, content, wanted));
                 }
             }
@@ -138,6 +140,15 @@ public final class ObjectManagement {
         if (!own.updated) {
             own.updated = true;
             own.federate.oversight.objectsUpdated.count(theClass);
+        }
+    }
+
+    private void sendPaced(Knowledge to, Message.Sending sending, Content content, HandleValues wanted,
+            Dispatch dispatch) {
+        HandleValues admitted = federation.updateRates().admit(to, sending, content, wanted);
+        if (admitted.size() > 0) {
+            Content sent = admitted == wanted ? content : content.part(admitted);
+            dispatch.send(new Reflection(to, sending, sent, admitted));
         }
     }
 
@@ -215,7 +226,7 @@ public final class ObjectManagement {
                 requestUpdate(federate, object, object.attributes(attribute -> {
                     Set<Region> regions = where.get(attribute.handle());
                     return regions != null && (regions.isEmpty() || attribute.updateRegions().isEmpty()
-                            || Region.anyOverlap(regions, attribute.updateRegions()));
+                            || Region.anyOverlap(regions, attribute.updateRegions(), attribute.definition));
                 }), tag);
             }
         }

@@ -6,6 +6,8 @@ import java.util.List;
 import java.util.Set;
 import java.util.stream.Collectors;
 import tovu.local.fom.Dimension;
+import tovu.local.fom.Dimensioned;
+import tovu.local.fom.Range;
 
 /**
  * A region of routing space. Its creator changes the draft at will; what counts for delivery is the
@@ -77,15 +79,24 @@ final class Region implements Saved {
         return uses > 0;
     }
 
-    /** Whether the two meet in every dimension that both have; regions without a common dimension never meet. */
-    boolean overlaps(Region other) {
+    private long bound(Dimension dimension, boolean upper) {
+        int i = dimensions.indexOf(dimension);
+        Range unspecified = dimension.unspecified();
+        return i >= 0 ? realization[2 * i + (upper ? 1 : 0)] : upper ? unspecified.upper() : unspecified.lower();
+    }
+
+    /** Whether it has the dimension, or a place in it all the same. */
+    private boolean extendsIn(Dimension dimension) {
+        return !dimension.unspecified().equals(Range.EXCLUDED) || dimensions.contains(dimension);
+    }
+
+    /** Whether the two meet in every dimension in which both extend; without a common one regions never meet. */
+    private boolean overlaps(Region other, Set<Dimension> available) {
         boolean common = false;
-        for (int i = 0; i < dimensions.size(); ++i) {
-            int j = other.dimensions.indexOf(dimensions.get(i));
-            if (j >= 0) {
+        for (Dimension each : available) {
+            if (extendsIn(each) && other.extendsIn(each)) {
                 common = true;
-                if (realization[2 * i] >= other.realization[2 * j + 1]
-                        || other.realization[2 * j] >= realization[2 * i + 1]) {
+                if (bound(each, false) >= other.bound(each, true) || other.bound(each, false) >= bound(each, true)) {
                     return false;
                 }
             }
@@ -93,10 +104,11 @@ final class Region implements Saved {
         return common;
     }
 
-    static boolean anyOverlap(Set<Region> some, Set<Region> others) {
+    /** Whether what is sent with some regions is wanted with others. */
+    static boolean anyOverlap(Set<Region> some, Set<Region> others, Dimensioned what) {
         for (Region one : some) {
             for (Region other : others) {
-                if (one.overlaps(other)) {
+                if (one.overlaps(other, what.dimensions())) {
                     return true;
                 }
             }

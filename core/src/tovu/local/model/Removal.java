@@ -34,11 +34,6 @@ final class Removal extends Message {
     }
 
     @Override
-    boolean isOutdated() {
-        return knowledge.isOver();
-    }
-
-    @Override
     boolean fit() {
         return !knowledge.isOver();
     }
