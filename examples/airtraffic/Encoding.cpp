@@ -66,7 +66,7 @@ Integer64 decodeTime(VariableLengthData const& bytes)
    HLAopaqueData encoded;
    encoded.decode(bytes);
    HLAinteger64Time time;
-   time.decode(VariableLengthData(encoded.get(), encoded.dataLength()));
+   time.decode(VariableLengthData(encoded.get(), static_cast<unsigned int>(encoded.dataLength())));
    return time.getTime();
 }
 

@@ -54,7 +54,8 @@ public:
    {
       shown = "'";
       for (std::size_t left = next(); left > 0 && _good; --left) {
-         _good = _position + 2 <= _bytes.size() && _bytes[_position] == 0 && std::isprint(_bytes[_position + 1]);
+         _good =
+            _position + 2 <= _bytes.size() && _bytes[_position] == 0 && std::isprint(_bytes[_position + 1]);
          if (_good) {
             char const character = _bytes[_position + 1];
             shown += character == ' ' ? '_' : character;

@@ -1,5 +1,6 @@
-// Values of the MIM's data types as words without blanks: :5 is an integer, 'text' a HLAunicodeString in which _ stands
-// for blanks and of which only the first word is shown when it has many, #5 a handle, x00ff an array of bytes, (a,b) an array and a+b a record.
+// Values of the MIM's data types as words without blanks: :5 is an integer, 'text' a HLAunicodeString in
+// which _ stands for blanks and of which only the first word is shown when it has many, #5 a handle, x00ff an
+// array of bytes, (a,b) an array and a+b a record.
 #ifndef RTI1516E_TESTS_SYSTEM_MANAGEMENTVALUES_H
 #define RTI1516E_TESTS_SYSTEM_MANAGEMENTVALUES_H
 
