@@ -1,4 +1,5 @@
 import java.util.List;
+import tovu.local.management.Manager;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
 import tovu.local.model.FederateCallbacks;
@@ -42,8 +43,10 @@ final class SessionTest {
         }
     }
 
+    private static final Federations FEDERATIONS = new Federations(Manager::new);
+
     private static Session member(String name) throws Exception {
-        Session session = new Session(Federations.ofProcess());
+        Session session = new Session(FEDERATIONS);
         session.connect(new Idle());
         if (name.equals("alpha")) {
             session.createFederationExecution(new FederationPlan("saved", List.of(), null, "HLAinteger64Time"));
@@ -78,7 +81,7 @@ final class SessionTest {
             federation.restore().complete(federate, true);
             return null;
         });
-        Thread loss = new Thread(beta::abandon);
+        Thread loss = new Thread(() -> beta.abandon("lost"));
         alpha.call((federation, federate) -> {
             loss.start();
             while (loss.getState() != Thread.State.BLOCKED) {

@@ -197,11 +197,11 @@ story reports services to those who are not reported on
    alpha: send Does Who=#alpha One=:1 # who hears of services
    refused HLAadjust.HLAsetServiceReporting Federate... :1
    alpha: send Does Who=#beta One=:1
-   beta: getObjectClassHandle Vehicle; subscribe Tells -> FederateServiceInvocationsAreBeingReportedViaMOM
+   beta: getObjectClassName Car; subscribe Tells -> FederateServiceInvocationsAreBeingReportedViaMOM
    alpha: send Does Who=#beta One=:0
-   alpha < whatever
-   beta: getObjectClassHandle Vehicle
-   alpha < nothing
+   beta: getObjectClassName Car
+   alpha < receive Tells Exception=:0 First='getObjectClassName' Result=('HLAobjectRoot.Vehicle.Car') Second=:1 Serial=:0 Third=('HLAobjectRoot.Vehicle.Car') Who=#beta RO reliable by somebody;
+      receive Tells Exception='FederateServiceInvocationsAreBeingReportedViaMOM:...' First='subscribeInteractionClass' Result=:0 Second=:0 Serial=:1 Third=('HLAinteractionRoot.HLAmanager.HLAfederate.HLAreport.HLAreportServiceInvocation','true') Who=#beta RO reliable by somebody
    name-one alpha HLAadjust.HLAsetExceptionReporting
    hear-of-two alpha Exception HLAservice HLAexception
    alpha: One = getParameterHandle Does HLAreportingState; send Does Who=#beta One=:1

@@ -19,6 +19,7 @@ import tovu.local.fom.ObjectClass;
 import tovu.local.fom.ObjectModel;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
+import tovu.local.model.Clock;
 import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
 import tovu.local.model.Federation;
@@ -105,7 +106,7 @@ public final class Manager implements Management, CallbackSink {
             self.oversight().object = federation.objectManagement()
                     .register(self, model().objectClass(FEDERATION).handle(), "HLAfederation");
         });
-        federationChanged(FederationAttributes.SAVES);
+        savesChanged();
     }
 
     private void actions(String prefix, Map<String, Action> rows) {
@@ -175,12 +176,8 @@ public final class Manager implements Management, CallbackSink {
     @Override
     public void savesChanged() {
         federationChanged(FederationAttributes.SAVES);
+        federationChanged(FederationAttributes.FEDERATES, FederationAttributes.AUTO_PROVIDE); // a restore may differ
         federation.members().forEach(this::conditionChanged);
-    }
-
-    @Override
-    public void pausing() {
-        savesChanged();
     }
 
     /** Updates those attributes of the federation that are not what they were. */
@@ -207,7 +204,7 @@ public final class Manager implements Management, CallbackSink {
             running.cancel(false);
         }
         if (seconds > 0) {
-            periodic.put(federate, ReportTimer.every(seconds, () -> {
+            periodic.put(federate, Clock.every(seconds, () -> {
                 synchronized (federation) {
                     if (periodic.containsKey(federate) && !federation.isSavingOrRestoring()) {
                         update(federate, ManagementAttribute::periodic);
@@ -300,7 +297,7 @@ public final class Manager implements Management, CallbackSink {
     private void receive(InteractionClass theClass, HandleValues values, Federate sender) {
         try {
             Arguments in = new Arguments(theClass, values);
-            Federate who = theClass.member("HLAfederate") == null ? null : named(in.handle("HLAfederate"));
+            Federate who = theClass.member(Reports.FEDERATE) == null ? null : named(in.handle(Reports.FEDERATE));
             actions.get(theClass.handle()).serve(federation, who, in);
             if (who != null) {
                 conditionChanged(who);

@@ -173,7 +173,7 @@ public final class Federate implements Saved {
     Supplement conveyed(Supplement sent) {
         boolean producer = oversight.conveysProducer;
         boolean regions = oversight.conveysRegions || sent.sentRegions() == null;
-        return producer && regions ? sent
+        return producer && regions ? sent : !producer && sent.sentRegions() == null ? Supplement.NONE
                 : new Supplement(producer ? sent.producer() : 0, regions ? sent.sentRegions() : null);
     }
 

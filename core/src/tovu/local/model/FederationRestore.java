@@ -56,7 +56,7 @@ public final class FederationRestore {
         label = theLabel;
         failed = false;
         successors.keySet().forEach(federate -> statuses.put(federate, RestoreStatus.RESTORING));
-        federation.management().pausing();
+        federation.management().savesChanged();
         requester.post(to -> to.requestFederationRestoreSucceeded(theLabel));
         federation.postToAll(FederateCallbacks::federationRestoreBegun);
         successors.forEach((federate, successor) -> {

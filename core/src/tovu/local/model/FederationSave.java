@@ -134,7 +134,7 @@ public final class FederationSave {
         for (Federate each : federation.members()) {
             statuses.put(each, SaveStatus.INSTRUCTED_TO_SAVE);
         }
-        federation.management().pausing();
+        federation.management().savesChanged();
         for (Federate each : federation.members()) {
             each.postChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, theTime));
         }

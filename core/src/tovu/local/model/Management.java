@@ -21,11 +21,8 @@ public interface Management {
     /** A federate has discovered an object of the infrastructure's. */
     void discovered(Federate federate, int object);
 
-    /** A save was requested, or forgotten, or has ended. */
+    /** A save or restore was requested, or is about to begin, after which only that is told to anyone, or has ended. */
     void savesChanged();
-
-    /** A save or restore is about to begin, and nothing but that will be told to anyone until its end. */
-    void pausing();
 
     /** The federation has become what it was once. */
     void restored();

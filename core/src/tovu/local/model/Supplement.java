@@ -7,4 +7,5 @@ package tovu.local.model;
  * @param sentRegions the regions it was sent with, or null
  */
 public record Supplement(int producer, int[] sentRegions) implements Saved {
+    static final Supplement NONE = new Supplement(0, null);
 }
