@@ -31,7 +31,7 @@ final class Interest implements Saved {
         } else {
             for (Region region : where) {
                 if (regions.put(region, terms) == null) {
-                    region.retain();
+                    region.subscribed();
                 }
             }
         }
@@ -42,7 +42,7 @@ final class Interest implements Saved {
         everywhere = where == null ? null : everywhere;
         for (Region region : where == null ? Set.copyOf(regions.keySet()) : where) {
             if (regions.remove(region) != null) {
-                region.release();
+                region.unsubscribed();
             }
         }
     }
@@ -68,10 +68,6 @@ final class Interest implements Saved {
             }
         });
         return met;
-    }
-
-    boolean uses(Region region) {
-        return regions.containsKey(region);
     }
 
     /** @param sentRegions what a message is sent with; empty for the default region */

@@ -9,7 +9,7 @@ final class OwnershipNotices {
     final Notices confirmable = Notices.untilHandedOver((attribute, told, tag) ->
             attribute.divestiture == Divestiture.CONFIRMATION_REQUESTED);
     final Notices wanted = Notices.untilHandedOver((attribute, told, tag) ->
-            attribute.candidates.stream().anyMatch(each -> !each.ifAvailable() && each.tag() == tag));
+            attribute.candidates().stream().anyMatch(each -> !each.ifAvailable() && each.tag() == tag));
     final Notices unavailable = Notices.lasting();
     private final ObjectInstance object;
 

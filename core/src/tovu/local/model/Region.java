@@ -2,6 +2,7 @@ package tovu.local.model;
 
 import java.util.Arrays;
 import java.util.Comparator;
+import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Set;
 import tovu.local.fom.Dimension;
@@ -18,7 +19,9 @@ final class Region implements Saved {
     private final List<Dimension> dimensions; // in the order of their handles
     private final long[] draft; // a lower and an upper bound for each dimension
     private long[] realization;
-    private int uses;
+    private int subscriptions;
+    /** The instance attributes whose updates its creator sends, or would as their owner, with this region. */
+    final Set<InstanceAttribute> sentWith = new LinkedHashSet<>();
 
     Region(int handle, Federate creator, Set<Dimension> dimensions) {
         this.handle = handle;
@@ -51,16 +54,20 @@ final class Region implements Saved {
         realization = draft.clone();
     }
 
-    void retain() {
-        ++uses;
+    void subscribed() {
+        ++subscriptions;
     }
 
-    void release() {
-        --uses;
+    void unsubscribed() {
+        --subscriptions;
+    }
+
+    boolean isSubscribed() {
+        return subscriptions > 0;
     }
 
     boolean isInUse() {
-        return uses > 0;
+        return isSubscribed() || !sentWith.isEmpty();
     }
 
     /** Whether the two meet in every dimension that both have; regions without a common dimension never meet. */

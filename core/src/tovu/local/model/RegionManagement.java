@@ -10,7 +10,6 @@ import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RegionDoesNotContainSpecifiedDimension;
 import hla.rti1516e.exceptions.RegionInUseForUpdateOrSubscription;
 import hla.rti1516e.exceptions.RegionNotCreatedByThisFederate;
-import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.HashMap;
 import java.util.LinkedHashMap;
@@ -102,22 +101,34 @@ public final class RegionManagement implements Saved {
     }
 
     public void commit(Federate federate, int[] handles) throws RTIexception {
-        Set<Region> committed = own(federate, handles);
-        committed.forEach(Region::commit);
-        List<ObjectInstance> moved = new ArrayList<>();
-        for (ObjectInstance object : federate.knownObjects) {
-            if (object.attributes().stream().anyMatch(each -> each.owner() == federate
-                    && each.updateRegions().stream().anyMatch(committed::contains))) {
-                moved.add(object);
+        Set<ObjectInstance> moved = new LinkedHashSet<>();
+        Set<ObjectInstance> metOrLeft = new LinkedHashSet<>();
+        for (Region region : own(federate, handles)) {
+            Set<Region> differing = metBySubscriptions(region);
+            region.commit();
+            for (Region each : metBySubscriptions(region)) {
+                if (!differing.remove(each)) {
+                    differing.add(each);
+                }
             }
+            differing.forEach(each -> each.sentWith.forEach(attribute -> metOrLeft.add(attribute.object)));
+            region.sentWith.forEach(attribute -> moved.add(attribute.object));
         }
         moved.forEach(federation.visibility()::objectChanged);
-        for (ObjectClass theClass : Set.copyOf(federate.subscriptions.objectClasses())) {
-            if (federate.subscriptions.interests(theClass).values().stream()
-                    .anyMatch(each -> committed.stream().anyMatch(each::uses))) {
-                federation.visibility().subscriptionChanged(federate, theClass);
+        metOrLeft.forEach(each -> federation.visibility().subscriptionChanged(federate, each));
+    }
+
+    /** The regions with which others send what subscriptions with that region let its creator see. */
+    private Set<Region> metBySubscriptions(Region region) {
+        Set<Region> met = new LinkedHashSet<>();
+        if (region.isSubscribed()) {
+            for (Region each : regions.values()) {
+                if (each.creator != region.creator && !each.sentWith.isEmpty() && each.overlaps(region)) {
+                    met.add(each);
+                }
             }
         }
+        return met;
     }
 
     public void delete(Federate federate, int handle) throws RTIexception {
