@@ -639,6 +639,8 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
 {
    Federate& gamma = joined("gamma");
    RegionHandle const where = region(alpha, "where", {{lane, RangeBounds(0, 2)}});
+   AttributeHandleSetRegionHandleSetPairVector const here{{{position}, {where}}};
+   alpha->associateRegionsForUpdates(object, here);
    regulate(alpha, 1);
    constrain(beta);
    beta->timeAdvanceRequest(time(10));
@@ -659,6 +661,7 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
    }
    expectEach(all, {"federationSaved()"});
    letThemGo();
+   alpha->unassociateRegionsForUpdates(object, here);
    alpha->deleteRegion(where);
 
    alpha->requestFederationRestore(L"noon");
@@ -671,6 +674,7 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
    expectEach(all, {"federationRestored()"});
    letThemGo();
    EXPECT_EQ(alpha->getRangeBounds(where, lane).getUpperBound(), 2u);
+   EXPECT_REFUSED("RegionInUseForUpdateOrSubscription", alpha->deleteRegion(where));
 }
 
 } // namespace

@@ -140,12 +140,17 @@ final class InstanceAttribute implements Saved {
     void associate(Federate federate, Set<Region> regions) {
         Set<Region> old = associationsOf(federate);
         if (!old.isEmpty() || !regions.isEmpty()) {
-            old.forEach(each -> each.sentWith.remove(this));
-            regions.forEach(each -> each.sentWith.add(this));
+            old.forEach(each -> each.sentWith().remove(this));
+            regions.forEach(each -> each.sentWith().add(this));
             associations = associations.isEmpty() ? new HashMap<>() : associations;
             associations.put(federate, regions);
             associations.values().removeIf(Set::isEmpty);
         }
+    }
+
+    /** Has the regions know again what is sent with them. */
+    void restoreAssociations() {
+        associations.values().forEach(regions -> regions.forEach(each -> each.sentWith().add(this)));
     }
 
     /** Who wants to own it, in the order of its turn. */

@@ -1,5 +1,8 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
+import java.io.ObjectOutputStream;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collection;
@@ -12,7 +15,7 @@ import tovu.local.fom.ObjectClass;
 /** A registered object instance, and which federates know it. */
 @SuppressWarnings("serial") // kept in memory only
 final class ObjectInstance implements Saved {
-    final int handle;
+    transient int handle; // never changes; a snapshot has it apart
     final String name;
     final ObjectClass objectClass;
     private AttributeLayout layout;
@@ -114,10 +117,18 @@ final class ObjectInstance implements Saved {
         federate.knownObjects.remove(this);
     }
 
-    /**
-     * Objects in a row stand in a row in sets of them, too: going through very many costs as much as the memory that it
-     * touches. While a snapshot is read this is there before whatever leads back to the object.
-     */
+    /** The handle comes first: what leads back to the object while it is read may put it into a set. */
+    private void writeObject(ObjectOutputStream out) throws IOException {
+        out.writeInt(handle);
+        out.defaultWriteObject();
+    }
+
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        handle = in.readInt();
+        in.defaultReadObject();
+    }
+
+    /** Objects in a row stand in a row in sets, too: to go through very many costs what memory is touched. */
     @Override
     public int hashCode() {
         return handle;

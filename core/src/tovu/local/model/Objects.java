@@ -34,6 +34,11 @@ public final class Objects implements Saved {
         return object;
     }
 
+    /** A snapshot tells which regions the attributes are sent with, and not the reverse. */
+    void restoreAssociations() {
+        byHandle.values().forEach(each -> each.attributes().forEach(InstanceAttribute::restoreAssociations));
+    }
+
     private AttributeLayout layout(ObjectClass theClass) {
         AttributeLayout layout = layouts.get(theClass);
         if (layout == null || !layout.isCurrent()) {

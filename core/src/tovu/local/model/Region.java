@@ -1,5 +1,7 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
 import java.util.Arrays;
 import java.util.Comparator;
 import java.util.LinkedHashSet;
@@ -20,8 +22,7 @@ final class Region implements Saved {
     private final long[] draft; // a lower and an upper bound for each dimension
     private long[] realization;
     private int subscriptions;
-    /** The instance attributes whose updates its creator sends, or would as their owner, with this region. */
-    final Set<InstanceAttribute> sentWith = new LinkedHashSet<>();
+    private transient Set<InstanceAttribute> sentWith = new LinkedHashSet<>();
 
     Region(int handle, Federate creator, Set<Dimension> dimensions) {
         this.handle = handle;
@@ -52,6 +53,17 @@ final class Region implements Saved {
 
     void commit() {
         realization = draft.clone();
+    }
+
+    /** A snapshot would go down from region to region by way of what is sent with both. */
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        sentWith = new LinkedHashSet<>();
+    }
+
+    /** The instance attributes whose updates its creator sends, or would as their owner, with this region. */
+    Set<InstanceAttribute> sentWith() {
+        return sentWith;
     }
 
     void subscribed() {

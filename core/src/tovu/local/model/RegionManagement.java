@@ -111,8 +111,8 @@ public final class RegionManagement implements Saved {
                     differing.add(each);
                 }
             }
-            differing.forEach(each -> each.sentWith.forEach(attribute -> metOrLeft.add(attribute.object)));
-            region.sentWith.forEach(attribute -> moved.add(attribute.object));
+            differing.forEach(each -> each.sentWith().forEach(attribute -> metOrLeft.add(attribute.object)));
+            region.sentWith().forEach(attribute -> moved.add(attribute.object));
         }
         moved.forEach(federation.visibility()::objectChanged);
         metOrLeft.forEach(each -> federation.visibility().subscriptionChanged(federate, each));
@@ -123,7 +123,7 @@ public final class RegionManagement implements Saved {
         Set<Region> met = new LinkedHashSet<>();
         if (region.isSubscribed()) {
             for (Region each : regions.values()) {
-                if (each.creator != region.creator && !each.sentWith.isEmpty() && each.overlaps(region)) {
+                if (each.creator != region.creator && !each.sentWith().isEmpty() && each.overlaps(region)) {
                     met.add(each);
                 }
             }
