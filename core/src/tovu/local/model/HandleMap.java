@@ -6,8 +6,8 @@ import java.util.Iterator;
 import java.util.NoSuchElementException;
 
 /**
- * Values by handle, in two arrays. Handles are given out in a row, and some in a row stand side by side, so that what is
- * used together touches little memory: that is what it costs to serve one of very many objects. But such blocks lie
+ * Values by handle, in two arrays. Handles are given out in a row, and some in a row stand side by side, so that what
+ * is used together touches little memory: that is what it costs to serve one of very many objects. But such blocks lie
  * scattered, or else all that ever was registered in a row would have to be looked at when one of them goes.
  *
  * @param <V> what the handles stand for; never null
