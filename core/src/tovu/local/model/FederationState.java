@@ -1,5 +1,7 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
 import java.util.Map;
 import java.util.TreeMap;
 
@@ -24,5 +26,10 @@ final class FederationState implements Saved {
         retractions = new Retractions(federation);
         time = new TimeManagement(federation);
         updateRates = new UpdateRates(federation);
+    }
+
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        objects.restoreAssociations();
     }
 }

@@ -150,9 +150,11 @@ public final class ObjectManagement {
     private void delete(Knowledge own, Dispatch dispatch, Message.Sending sending) {
         ObjectInstance object = own.object;
         Federate federate = own.federate;
-        dispatch.deletes(new Deletion(object, federate, own.knownClass,
-                object.attributes(each -> each.owner() == federate).stream()
-                        .map(InstanceAttribute::possession).toList()));
+        if (dispatch.retraction() != 0) {
+            dispatch.deletes(new Deletion(object, federate, own.knownClass,
+                    object.attributes(each -> each.owner() == federate).stream()
+                            .map(InstanceAttribute::possession).toList()));
+        }
         object.deleted = true;
         int producer = federation.supplement(federate, Set.of()).producer();
         List<Knowledge> others = new ArrayList<>(object.knowers());
