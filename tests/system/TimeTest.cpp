@@ -345,6 +345,16 @@ TEST_P(TimeManagement, GoesToTheNextMessage)
    expect(beta, {reflected("d", 9), granted(9)});
    beta->nextMessageRequest(time(10));
    expect(beta, {granted(10)});
+
+   // What is unwanted is not the next; and once beta was told so it comes no more.
+   alpha->sendInteraction(accident, {}, bytes(""), time(25));
+   update("e", 26);
+   advance(alpha, 30);
+   beta->unsubscribeInteractionClass(accident);
+   EXPECT_EQ(lits(beta), "26");
+   beta->subscribeInteractionClass(accident);
+   beta->nextMessageRequest(time(30));
+   expect(beta, {reflected("e", 26), granted(26)});
 }
 
 TEST_P(TimeManagement, GoesAsFarAsMessagesAreAvailable)
@@ -663,15 +673,23 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
 {
    Federate& gamma = joined("gamma");
    RegionHandle const where = region(alpha, "where", {{lane, RangeBounds(0, 2)}});
+   RegionHandle const here = region(beta, "here", {{lane, RangeBounds(1, 3)}});
    regulate(alpha, 1);
    constrain(beta);
+   update("1", 5);
+   alpha->sendInteractionWithRegions(accident, values({{damage, "2"}}), {where}, bytes(""), time(6));
    beta->timeAdvanceRequest(time(10));
    advance(gamma, 50);
    gamma->enableTimeConstrained();
    std::vector<Federate*> const all{&alpha, &beta, &gamma};
    auto const letThemGo = [&] {
+      beta->unsubscribeInteractionClass(accident);
+      beta->subscribeInteractionClassWithRegions(accident, {here});
       advance(alpha, 60);
-      expect(beta, {granted(10)});
+      expect(beta, {reflected("1", 5),
+                    "receiveInteraction(Accident, {Damage=2}, , TSO, reliable, 6, TSO, retractable, by "
+                    "alpha, from {where})",
+                    granted(10)});
       expect(gamma, {"timeConstrainedEnabled(50)"});
    };
 

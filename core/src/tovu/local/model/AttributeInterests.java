@@ -10,8 +10,8 @@ import tovu.local.model.Interest.Terms;
 @SuppressWarnings("serial") // kept in memory only
 final class AttributeInterests implements Saved {
     private final Map<Integer, Interest> interests = new LinkedHashMap<>();
-    private HandleSet attributes = HandleSet.NONE;
-    private boolean everywhere = true;
+    private HandleSet attributes; // null after a change, when the others do not count
+    private boolean everywhere;
     private boolean rates;
 
     Map<Integer, Interest> byAttribute() {
@@ -21,7 +21,7 @@ final class AttributeInterests implements Saved {
     /** @param where the regions to add, or null for everywhere */
     void add(Attribute attribute, Set<Region> where, Terms terms) {
         interests.computeIfAbsent(attribute.handle(), key -> new Interest(attribute)).add(where, terms);
-        changed();
+        attributes = null;
     }
 
     /** @param where the regions to take away, or null for everything */
@@ -32,22 +32,28 @@ final class AttributeInterests implements Saved {
             if (interest.isEmpty()) {
                 interests.remove(attribute);
             }
-            changed();
+            attributes = null;
         }
     }
 
-    private void changed() {
-        attributes = HandleSet.of(interests.keySet());
-        everywhere = interests.values().stream().allMatch(Interest::isEverywhere);
-        rates = interests.values().stream().anyMatch(Interest::hasRate);
+    /** What is told of all interests is found out when it is asked for. */
+    private void lookAtAll() {
+        if (attributes == null) {
+            attributes = HandleSet.of(interests.keySet());
+            everywhere = interests.values().stream().allMatch(Interest::isEverywhere);
+            rates = interests.values().stream().anyMatch(Interest::hasRate);
+        }
     }
 
+    /** Whether there is a largest rate for any attribute. */
     boolean hasRates() {
+        lookAtAll();
         return rates;
     }
 
     /** The attributes whose values are wanted when they are sent with those regions; none for the default region. */
     HandleSet wanted(Set<Region> sentRegions) {
+        lookAtAll();
         return everywhere || sentRegions.isEmpty() ? attributes : HandleSet.of(interests.keySet().stream()
                 .filter(attribute -> interests.get(attribute).meets(sentRegions)).toList());
     }
