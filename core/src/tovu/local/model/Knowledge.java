@@ -51,7 +51,7 @@ final class Knowledge implements Saved {
         return federate.subscriptions.wanted(knownClass, sentRegions);
     }
 
-    /** Whether it is wanted at some rate at most, or was so, what is sent now in receive order. */
+    /** Whether an update in receive order may have to wait, or takes the place of one that does. */
     boolean isPaced(boolean reliable) {
         return pacing != null || !reliable && federate.subscriptions.hasRates(knownClass);
     }
