@@ -306,10 +306,12 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
    Federate& gamma = joined("gamma");
    RegionHandle const where = region(alpha, "where", {{lane, RangeBounds(0, 2)}});
    RegionHandle const here = region(beta, "here", {{lane, RangeBounds(1, 3)}});
+   AttributeHandleSetRegionHandleSetPairVector const there{{{position}, {where}}};
    regulate(alpha, 1);
    constrain(beta);
    update("1", 5);
    alpha->sendInteractionWithRegions(accident, values({{damage, "2"}}), {where}, bytes(""), time(6));
+   alpha->associateRegionsForUpdates(object, there);
    beta->timeAdvanceRequest(time(10));
    advance(gamma, 50);
    gamma->enableTimeConstrained();
@@ -333,6 +335,7 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
    }
    expectEach(all, {"federationSaved()"});
    letThemGo();
+   alpha->unassociateRegionsForUpdates(object, there);
    alpha->deleteRegion(where);
 
    alpha->requestFederationRestore(L"noon");
@@ -345,6 +348,7 @@ TEST_P(TimeManagement, GoesOnWaitingAfterARestore)
    expectEach(all, {"federationRestored()"});
    letThemGo();
    EXPECT_EQ(alpha->getRangeBounds(where, lane).getUpperBound(), 2u);
+   EXPECT_REFUSED("RegionInUseForUpdateOrSubscription", alpha->deleteRegion(where));
 }
 
 } // namespace

@@ -10,7 +10,7 @@ import tovu.local.model.Interest.Terms;
 @SuppressWarnings("serial") // kept in memory only
 final class AttributeInterests implements Saved {
     private final Map<Integer, Interest> interests = new LinkedHashMap<>();
-    private HandleSet attributes; // null after a change
+    private HandleSet attributes; // null after a change, when the others do not count
     private boolean everywhere;
     private boolean rates;
 
@@ -36,7 +36,8 @@ final class AttributeInterests implements Saved {
         }
     }
 
-    private void lookAgain() {
+    /** What is told of all interests is found out when it is asked for. */
+    private void lookAtAll() {
         if (attributes == null) {
             attributes = HandleSet.of(interests.keySet());
             everywhere = interests.values().stream().allMatch(Interest::isEverywhere);
@@ -44,14 +45,15 @@ final class AttributeInterests implements Saved {
         }
     }
 
+    /** Whether there is a largest rate for any attribute. */
     boolean hasRates() {
-        lookAgain();
+        lookAtAll();
         return rates;
     }
 
     /** The attributes whose values are wanted when they are sent with those regions; none for the default region. */
     HandleSet wanted(Set<Region> sentRegions) {
-        lookAgain();
+        lookAtAll();
         return everywhere || sentRegions.isEmpty() ? attributes : HandleSet.of(interests.keySet().stream()
                 .filter(attribute -> interests.get(attribute).meets(sentRegions)).toList());
     }

@@ -12,7 +12,7 @@ import tovu.local.fom.FomModule;
 @SuppressWarnings("serial") // kept in memory only
 public final class Federate implements Saved {
     /** The handle of no member, and so of the federation's own. */
-    private static final int INFRASTRUCTURE = 0;
+    static final int INFRASTRUCTURE = 0;
 
     private final Federation federation;
     private final int handle;
@@ -165,8 +165,8 @@ public final class Federate implements Saved {
     }
 
     /** What it is told of a producer: its handle, or 0. */
-    int conveyed(Federate producer) {
-        return oversight.conveysProducer ? producer.handle : 0;
+    int conveyed(int producer) {
+        return oversight.conveysProducer ? producer : 0;
     }
 
     /** What it is told of the origin of a message. */

@@ -1,5 +1,7 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
 import java.util.Map;
 import java.util.TreeMap;
 
@@ -28,5 +30,10 @@ final class FederationState implements Saved {
         infrastructure = Federate.infrastructure(federation, sink);
         autoProvide = federation.switches().autoProvide();
         updateRates = new UpdateRates(federation);
+    }
+
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        objects.restoreAssociations();
     }
 }

@@ -37,7 +37,7 @@ final class Interest implements Saved {
         } else {
             for (Region region : where) {
                 if (regions.put(region, terms) == null) {
-                    region.retain();
+                    region.subscribed();
                 }
             }
         }
@@ -48,7 +48,7 @@ final class Interest implements Saved {
         everywhere = where == null ? null : everywhere;
         for (Region region : where == null ? Set.copyOf(regions.keySet()) : where) {
             if (regions.remove(region) != null) {
-                region.release();
+                region.unsubscribed();
             }
         }
     }
@@ -83,10 +83,6 @@ final class Interest implements Saved {
             }
         });
         return met;
-    }
-
-    boolean uses(Region region) {
-        return regions.containsKey(region);
     }
 
     /** @param sentRegions what a message is sent with; empty for the default region */

@@ -2,7 +2,6 @@ package tovu.local.model;
 
 import java.util.List;
 import java.util.Set;
-import java.util.TreeSet;
 import tovu.local.fom.Attribute;
 import tovu.local.fom.ObjectClass;
 
@@ -12,7 +11,7 @@ final class Knowledge implements Saved {
     final Federate federate;
     final ObjectInstance object;
     final ObjectClass knownClass;
-    final Set<Integer> toldInScope = new TreeSet<>();
+    Set<Integer> toldInScope = Set.of();
     /** What holds updates to the rates at which they are wanted; null while none is. */
     Pacing pacing;
     private volatile boolean over;
@@ -56,7 +55,7 @@ final class Knowledge implements Saved {
         return federate.subscriptions.wanted(knownClass, sentRegions);
     }
 
-    /** Whether it is wanted at some rate at most, or was so, what is sent now in receive order. */
+    /** Whether an update in receive order may have to wait, or takes the place of one that does. */
     boolean isPaced(boolean reliable) {
         return pacing != null || !reliable && federate.subscriptions.hasRates(knownClass);
     }

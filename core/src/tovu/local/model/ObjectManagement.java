@@ -167,16 +167,18 @@ public final class ObjectManagement {
     private void delete(Knowledge own, Dispatch dispatch, Message.Sending sending) {
         ObjectInstance object = own.object;
         Federate federate = own.federate;
-        dispatch.deletes(new Deletion(object, federate, own.knownClass,
-                object.attributes(each -> each.owner() == federate).stream()
-                        .map(InstanceAttribute::possession).toList()));
+        if (dispatch.retraction() != 0) {
+            dispatch.deletes(new Deletion(object, federate, own.knownClass,
+                    object.attributes(each -> each.owner() == federate).stream()
+                            .map(InstanceAttribute::possession).toList()));
+        }
         object.deleted = true;
         federate.oversight.objectsDeleted.count(object.objectClass.handle());
         List<Knowledge> others = new ArrayList<>(object.knowers());
         others.remove(own);
         federation.objects().forget(own);
         for (Knowledge each : others) {
-            dispatch.send(new Removal(each, sending, federate));
+            dispatch.send(new Removal(each, sending, federate.handle()));
         }
     }
 

@@ -1,7 +1,10 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
 import java.util.Arrays;
 import java.util.Comparator;
+import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Set;
 import java.util.stream.Collectors;
@@ -21,7 +24,8 @@ final class Region implements Saved {
     private final List<Dimension> dimensions; // in the order of their handles
     private final long[] draft; // a lower and an upper bound for each dimension
     private long[] realization;
-    private int uses;
+    private int subscriptions;
+    private transient Set<InstanceAttribute> sentWith = new LinkedHashSet<>();
 
     Region(int handle, Federate creator, Set<Dimension> dimensions) {
         this.handle = handle;
@@ -67,16 +71,31 @@ final class Region implements Saved {
         realization = draft.clone();
     }
 
-    void retain() {
-        ++uses;
+    /** A snapshot would go down from region to region by way of what is sent with both. */
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        sentWith = new LinkedHashSet<>();
     }
 
-    void release() {
-        --uses;
+    /** The instance attributes whose updates its creator sends, or would as their owner, with this region. */
+    Set<InstanceAttribute> sentWith() {
+        return sentWith;
+    }
+
+    void subscribed() {
+        ++subscriptions;
+    }
+
+    void unsubscribed() {
+        --subscriptions;
+    }
+
+    boolean isSubscribed() {
+        return subscriptions > 0;
     }
 
     boolean isInUse() {
-        return uses > 0;
+        return isSubscribed() || !sentWith.isEmpty();
     }
 
     private long bound(Dimension dimension, boolean upper) {
@@ -91,7 +110,7 @@ final class Region implements Saved {
     }
 
     /** Whether the two meet in every dimension in which both extend; without a common one regions never meet. */
-    private boolean overlaps(Region other, Set<Dimension> available) {
+    boolean overlaps(Region other, Set<Dimension> available) {
         boolean common = false;
         for (Dimension each : available) {
             if (extendsIn(each) && other.extendsIn(each)) {

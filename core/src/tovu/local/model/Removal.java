@@ -9,9 +9,9 @@ import hla.rti1516e.exceptions.FederateInternalError;
 @SuppressWarnings("serial") // kept in memory only
 final class Removal extends Message {
     private final Knowledge knowledge;
-    private final Federate deleter;
+    private final int deleter;
 
-    Removal(Knowledge knowledge, Sending sending, Federate deleter) {
+    Removal(Knowledge knowledge, Sending sending, int deleter) {
         super(knowledge.federate, sending);
         this.knowledge = knowledge;
         this.deleter = deleter;
@@ -30,7 +30,7 @@ final class Removal extends Message {
 
     @Override
     public boolean isByManagement() {
-        return deleter.isInfrastructure();
+        return deleter == Federate.INFRASTRUCTURE;
     }
 
     @Override

@@ -28,10 +28,14 @@ final class Visibility {
     void subscriptionChanged(Federate federate, ObjectClass theClass) {
         for (ObjectClass each : theClass.subtree()) {
             for (ObjectInstance object : List.copyOf(federation.objects().ofClass(each))) {
-                reconsider(object, federate);
-                refreshUpdates(object);
+                subscriptionChanged(federate, object);
             }
         }
+    }
+
+    void subscriptionChanged(Federate federate, ObjectInstance object) {
+        reconsider(object, federate);
+        refreshUpdates(object);
     }
 
     /** Its owners have changed, or where they send their updates, or it is there again: who sees what may differ. */
@@ -120,7 +124,7 @@ final class Visibility {
         });
         refreshScope(knowledge);
         federation.ownership().offerAbandoned(knowledge, federate.publications.attributes(knownClass));
-        if (object.producer.isInfrastructure()) {
+        if (object.isManagement()) {
             federation.management().discovered(federate, object.handle);
         } else if (federation.autoProvide()) {
             Notices wanted = Notices.untilHandedOver();
@@ -149,8 +153,7 @@ final class Visibility {
         int object = knowledge.object.handle;
         int[] gone = difference(knowledge.toldInScope, inScope);
         int[] come = difference(inScope, knowledge.toldInScope);
-        knowledge.toldInScope.clear();
-        knowledge.toldInScope.addAll(inScope);
+        knowledge.toldInScope = inScope;
         if (gone.length > 0) {
             knowledge.post(to -> to.attributesOutOfScope(object, gone));
         }
@@ -203,7 +206,7 @@ final class Visibility {
     void scopeSwitched(Federate federate) {
         for (ObjectInstance object : federate.knownObjects) {
             Knowledge knowledge = object.knowledgeOf(federate);
-            knowledge.toldInScope.clear();
+            knowledge.toldInScope = Set.of();
             refreshScope(knowledge);
         }
     }
