@@ -39,14 +39,9 @@ public final class Manager implements Management, CallbackSink {
     private static final String FEDERATE = "HLAmanager.HLAfederate";
     private static final byte[] NO_TAG = {};
 
-    /** An object that somebody has discovered and has yet to be told the values of. */
-    private record Discovery(Federate federate, int object) {
-    }
-
     private final Federation federation;
     private final Reports reports;
     private final Queue<Callback> callbacks = new ArrayDeque<>();
-    private final List<Discovery> discoveries = new ArrayList<>();
     private final Map<Integer, Action> actions = new HashMap<>(); // by interaction class
     private final Map<Integer, Federate> subjects = new HashMap<>(); // by the object that stands for each
     private final Map<String, byte[]> told = new HashMap<>(); // of the federation's attributes
@@ -161,7 +156,7 @@ public final class Manager implements Management, CallbackSink {
 
     @Override
     public void discovered(Federate federate, int object) {
-        discoveries.add(new Discovery(federate, object));
+        post(ignored -> provide(object, federation.objects().wanted(federate, object), federate));
     }
 
     @Override
@@ -217,7 +212,6 @@ public final class Manager implements Management, CallbackSink {
     @Override
     public void restored() {
         callbacks.clear();
-        discoveries.clear();
         List.copyOf(periodic.keySet()).forEach(each -> setReportPeriod(each, 0));
         subjects.clear();
         for (Federate each : federation.members()) {
@@ -261,27 +255,21 @@ public final class Manager implements Management, CallbackSink {
     // What is asked for.
 
     @Override
-    public void settle() {
-        if (settling || callbacks.isEmpty() && discoveries.isEmpty() || federation.isSavingOrRestoring()) {
-            return;
+    public boolean settle() {
+        if (settling || callbacks.isEmpty() || federation.isSavingOrRestoring()) {
+            return false;
         }
         settling = true;
         try {
-            while (!callbacks.isEmpty() || !discoveries.isEmpty()) {
-                List<Discovery> discovered = List.copyOf(discoveries);
-                discoveries.clear();
-                discovered.forEach(each -> provide(each.object, federation.objects().wanted(each.federate, each.object),
-                        each.federate));
-                Callback next = callbacks.poll();
-                if (next != null) {
-                    next.deliver(ear);
-                }
+            for (Callback next = callbacks.poll(); next != null; next = callbacks.poll()) {
+                next.deliver(ear);
             }
         } catch (FederateInternalError e) {
             throw new IllegalStateException("The infrastructure does not hear: " + e.getMessage(), e);
         } finally {
             settling = false;
         }
+        return true;
     }
 
     /** Of all that a federate is told these two need an answer. */

@@ -25,7 +25,8 @@ final class FederateTime implements Saved {
     private long start; // of regulation, while that is pending
     private long deliveredUntil = Long.MIN_VALUE;
     private boolean doubted;
-    boolean asynchronousDelivery;
+    private boolean asynchronousDelivery;
+    private boolean changed;
     final Stopwatch stopwatch = new Stopwatch();
 
     FederateTime(TimeFamily family) {
@@ -37,6 +38,22 @@ final class FederateTime implements Saved {
         boolean first = !doubted;
         doubted = true;
         return first;
+    }
+
+    boolean isAsynchronous() {
+        return asynchronousDelivery;
+    }
+
+    void deliverAsynchronously(boolean on) {
+        asynchronousDelivery = on;
+        changed = true;
+    }
+
+    /** Whether something that others are told of has changed since this was last asked. */
+    boolean takeChanged() {
+        boolean was = changed;
+        changed = false;
+        return was;
     }
 
     int condition() {
@@ -67,6 +84,7 @@ final class FederateTime implements Saved {
     }
 
     void request(AdvanceKind theKind, long theTime) {
+        changed = true;
         kind = theKind;
         requested = theTime;
         decided = false;
@@ -80,6 +98,7 @@ final class FederateTime implements Saved {
 
     /** The federate is told what was decided. */
     void reach() {
+        changed = true;
         timeExcluded = excludes(kind, granted);
         time = granted;
         kind = null;
@@ -123,6 +142,7 @@ final class FederateTime implements Saved {
 
     /** The federate is told that it regulates. */
     void completeRegulation() {
+        changed = true;
         regulation = Switch.ON;
         if (start > time) {
             time = start;
@@ -131,6 +151,7 @@ final class FederateTime implements Saved {
     }
 
     void endRegulation() {
+        changed = true;
         regulation = Switch.OFF;
         promised = Long.MIN_VALUE;
     }
@@ -145,10 +166,12 @@ final class FederateTime implements Saved {
     }
 
     void completeConstraint() {
+        changed = true;
         constraint = Switch.ON;
     }
 
     void endConstraint() {
+        changed = true;
         constraint = Switch.OFF;
         constrained = false;
     }

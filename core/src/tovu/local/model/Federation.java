@@ -320,11 +320,12 @@ public final class Federation {
     /** The end of a service, or of a change that came about with a callback. */
     public void settle(Federate actor) {
         time().settle();
-        if (actor.condition() != actor.oversight.toldCondition) {
+        if (actor.time.takeChanged()) {
             management.conditionChanged(actor);
         }
-        management.settle();
-        time().settle();
+        if (management.settle()) {
+            time().settle();
+        }
     }
 
     /** Whether the federate subscribes to the reports on federates' services. */

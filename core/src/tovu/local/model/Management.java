@@ -27,12 +27,16 @@ public interface Management {
     /** The federation has become what it was once. */
     void restored();
 
-    /** A federate's condition is not what was told last. */
+    /** A federate's condition may not be what was told last. */
     void conditionChanged(Federate federate);
 
     /** A federate that is reported on has called a service, or was called back. */
     void served(Federate federate, ServiceCall call);
 
-    /** The end of a service: whatever it has left with the infrastructure is heeded. */
-    void settle();
+    /**
+     * The end of a service: whatever it has left with the infrastructure is heeded.
+     *
+     * @return whether that was anything
+     */
+    boolean settle();
 }

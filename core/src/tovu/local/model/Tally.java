@@ -1,10 +1,8 @@
 package tovu.local.model;
 
 import java.util.Arrays;
-import java.util.List;
 import java.util.Map;
 import java.util.TreeMap;
-import java.util.concurrent.CopyOnWriteArrayList;
 import tovu.local.fom.Transportation;
 
 /**
@@ -32,18 +30,19 @@ public final class Tally implements Saved {
         }
     }
 
-    private final List<Row> rows = new CopyOnWriteArrayList<>();
+    private volatile Row[] rows = {};
 
     void count(int classHandle, Transportation type) {
-        for (int i = 0; i < rows.size(); ++i) {
-            if (rows.get(i).type.equals(type)) {
-                rows.get(i).count(classHandle);
+        for (Row row : rows) {
+            if (row.type == type || row.type.equals(type)) {
+                row.count(classHandle);
                 return;
             }
         }
-        Row row = new Row(type);
-        rows.add(row);
-        row.count(classHandle);
+        Row[] more = Arrays.copyOf(rows, rows.length + 1);
+        more[rows.length] = new Row(type);
+        rows = more;
+        count(classHandle, type);
     }
 
     /** What does not travel is counted with one type only. */
@@ -52,7 +51,7 @@ public final class Tally implements Saved {
     }
 
     public int total() {
-        return rows.stream().flatMapToInt(row -> Arrays.stream(row.counts)).sum();
+        return Arrays.stream(rows).flatMapToInt(row -> Arrays.stream(row.counts)).sum();
     }
 
     /** The counts of those classes that have any, by handle. */

@@ -129,13 +129,13 @@ public final class TimeManagement implements Saved {
     }
 
     public void setAsynchronousDelivery(Federate federate, boolean on) throws RTIexception {
-        if (federate.time.asynchronousDelivery == on) {
+        if (federate.time.isAsynchronous() == on) {
             String message = "Asynchronous delivery to " + federate + " is " + (on ? "enabled" : "disabled")
                     + " already";
             throw on ? new AsynchronousDeliveryAlreadyEnabled(message)
                     : new AsynchronousDeliveryAlreadyDisabled(message);
         }
-        federate.time.asynchronousDelivery = on;
+        federate.time.deliverAsynchronously(on);
         if (on) {
             federate.inbox.releaseHeld();
         }
