@@ -153,7 +153,7 @@ public:
    virtual void turnUpdatesOffForObjectInstance(ObjectInstanceHandle theObject,
                                                 AttributeHandleSet const& theAttributes) = 0;
    virtual void confirmAttributeTransportationTypeChange(ObjectInstanceHandle theObject,
-                                                         AttributeHandleSet const& theAttributes,
+                                                         AttributeHandleSet theAttributes,
                                                          TransportationType theTransportation) = 0;
    virtual void reportAttributeTransportationType(ObjectInstanceHandle theObject,
                                                   AttributeHandle theAttribute,

@@ -80,6 +80,14 @@ void exchange(RTIambassador& ambassador, ObjectInstanceHandle object)
    names[object] = L"name";
 }
 
+// The one callback that takes a set by value.
+struct ByValueFederate : NullFederateAmbassador
+{
+   void confirmAttributeTransportationTypeChange(ObjectInstanceHandle, AttributeHandleSet,
+                                                 TransportationType) override
+   {}
+};
+
 // Times as numbers and as times.
 bool times(LogicalTime const& other);
 bool times(LogicalTime const& other)
