@@ -44,12 +44,10 @@ struct RTI_EXPORT TimeQueryReturn
 
 // The services of the infrastructure, as RTIambassadorFactory gives them to a federate.
 //
-// Any thread may call; each thread that does stays attached to the Java VM. The VM keeps some ten kilobytes
-// for each such thread even when it has ended: threads that come and go in numbers had better detach
-// themselves (JavaVM::DetachCurrentThread) before they end. A service fails with one of the exceptions that
-// the standard names for it, as the infrastructure judges it: the library checks no argument itself.
-// RTIinternalError stands for everything that the standard does not foresee, with the infrastructure's own
-// text.
+// Any thread may call. The library attaches it to the Java VM and detaches it when it ends; a thread that was
+// attached before stays attached. A service fails with one of the exceptions that are listed with it: the
+// infrastructure checks the arguments, the library itself does not. RTIinternalError stands for everything
+// that the standard does not foresee, with the infrastructure's own text.
 //
 // Strings are sent as UTF-16. A message to the infrastructure can hold up to 2^31 - 1 bytes; a service whose
 // arguments take more throws RTIinternalError. Arguments are copied before a service returns, and results

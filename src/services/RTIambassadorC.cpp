@@ -94,8 +94,11 @@ RTIambassadorC::~RTIambassadorC()
       env->DeleteGlobalRef(_peer);
       controlWord.restoreIfChanged();
    } catch (...) { // NOLINT(bugprone-empty-catch)
-      // The VM is gone, and the peer with it. Callbacks that were under way may never return.
-      _context.abandonCallbacks();
+      // If the VM is gone, so is the peer, and callbacks that were under way may never return. If only this
+      // thread cannot enter it, they do, and the peer's next ones are refused.
+      if (isVMGone()) {
+         _context.abandonCallbacks();
+      }
    }
 }
 
