@@ -30,18 +30,18 @@ struct EnumCodes
       static constexpr int lineReturned = returned;                                \
       static constexpr int lineReceived = received;                                \
    };
-// clang-format off
-//              enumeration                        first                                   last                                        offset  written  returned  received
-TOVU_ENUM_CODES(ResignAction,                      UNCONDITIONALLY_DIVEST_ATTRIBUTES,      NO_ACTION,                                  0,      127,     0,        0)
-TOVU_ENUM_CODES(TransportationType,                RELIABLE,                               BEST_EFFORT,                                0,      139,     247,      655)
-TOVU_ENUM_CODES(OrderType,                         RECEIVE,                                TIMESTAMP,                                  -1,     151,     263,      628)
-TOVU_ENUM_CODES(ServiceGroup,                      FEDERATION_MANAGEMENT,                  SUPPORT_SERVICES,                           1,      173,     0,        0)
-TOVU_ENUM_CODES(SynchronizationPointFailureReason, SYNCHRONIZATION_POINT_LABEL_NOT_UNIQUE, SYNCHRONIZATION_SET_MEMBER_NOT_JOINED,      0,      0,       0,        112)
-TOVU_ENUM_CODES(SaveFailureReason,                 RTI_UNABLE_TO_SAVE,                     SAVE_ABORTED,                               0,      0,       0,        150)
-TOVU_ENUM_CODES(RestoreFailureReason,              RTI_UNABLE_TO_RESTORE,                  RESTORE_ABORTED,                            0,      0,       0,        187)
-TOVU_ENUM_CODES(RestoreStatus,                     NO_RESTORE_IN_PROGRESS,                 FEDERATE_WAITING_FOR_FEDERATION_TO_RESTORE, 0,      0,       0,        364)
-TOVU_ENUM_CODES(SaveStatus,                        NO_SAVE_IN_PROGRESS,                    FEDERATE_WAITING_FOR_FEDERATION_TO_SAVE,    0,      0,       0,        406)
-// clang-format on
+// enumeration, first and last enumerator, offset, and the lines: written, returned, received
+TOVU_ENUM_CODES(ResignAction, UNCONDITIONALLY_DIVEST_ATTRIBUTES, NO_ACTION, 0, 127, 0, 0)
+TOVU_ENUM_CODES(TransportationType, RELIABLE, BEST_EFFORT, 0, 139, 247, 655)
+TOVU_ENUM_CODES(OrderType, RECEIVE, TIMESTAMP, -1, 151, 263, 628)
+TOVU_ENUM_CODES(ServiceGroup, FEDERATION_MANAGEMENT, SUPPORT_SERVICES, 1, 173, 0, 0)
+TOVU_ENUM_CODES(SynchronizationPointFailureReason, SYNCHRONIZATION_POINT_LABEL_NOT_UNIQUE,
+                SYNCHRONIZATION_SET_MEMBER_NOT_JOINED, 0, 0, 0, 112)
+TOVU_ENUM_CODES(SaveFailureReason, RTI_UNABLE_TO_SAVE, SAVE_ABORTED, 0, 0, 0, 150)
+TOVU_ENUM_CODES(RestoreFailureReason, RTI_UNABLE_TO_RESTORE, RESTORE_ABORTED, 0, 0, 0, 187)
+TOVU_ENUM_CODES(RestoreStatus, NO_RESTORE_IN_PROGRESS, FEDERATE_WAITING_FOR_FEDERATION_TO_RESTORE, 0, 0, 0,
+                364)
+TOVU_ENUM_CODES(SaveStatus, NO_SAVE_IN_PROGRESS, FEDERATE_WAITING_FOR_FEDERATION_TO_SAVE, 0, 0, 0, 406)
 #undef TOVU_ENUM_CODES
 
 enum class Unit
