@@ -37,7 +37,6 @@ struct State
    Object* pending = nullptr;
    int calls = 0;
    int failIn = 0;
-   bool attachFails = false;
    bool failed = false;
    Core core;
    Runtime runtime;
@@ -445,26 +444,24 @@ JNINativeInterface_ functions()
 JNINativeInterface_ const functionTable = functions();
 JNIEnv env{&functionTable};
 
-// What fails with the thread is that it cannot be attached.
 jint JNICALL getEnv(JavaVM*, void** environment, jint)
 {
    Entry const entry("GetEnv", Allowed::WhilePending);
-   state.attachFails = failsNow();
-   isAttached = isAttached && !state.attachFails && state.runtime.attachStatus == JNI_OK;
-   *environment = isAttached ? &env : nullptr;
-   return isAttached ? JNI_OK : JNI_EDETACHED;
+   bool const known = isAttached && state.runtime.attachStatus == JNI_OK;
+   *environment = known ? &env : nullptr;
+   return known ? JNI_OK : JNI_EDETACHED;
 }
 
 jint JNICALL attachCurrentThread(JavaVM*, void** environment, void*)
 {
    Entry const entry("AttachCurrentThread", Allowed::WhilePending);
    ++state.runtime.attachments;
-   if (state.runtime.attachStatus != JNI_OK || state.attachFails) {
-      return state.attachFails ? JNI_ENOMEM : state.runtime.attachStatus;
+   if (state.runtime.attachStatus != JNI_OK) {
+      return state.runtime.attachStatus;
    }
    isAttached = true;
    *environment = &env;
-   return JNI_OK;
+   return failsNow() ? JNI_ENOMEM : JNI_OK;
 }
 
 jint JNICALL detachCurrentThread(JavaVM*)
