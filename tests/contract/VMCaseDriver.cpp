@@ -145,6 +145,7 @@ std::map<std::string, std::function<void()>> const drivers = {
    {"VM that is destroyed",
     [] {
        Member member;
+       std::thread([&] { member.ambassador->listFederationExecutions(); }).join(); // and is no more attached
        seen << "destroyed VM: " << createdVM().DestroyJavaVM() << '\n';
        useAndDestroy(member.ambassador);
     }},

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 namespace fake {
@@ -79,6 +80,9 @@ enum class Allowed
 // While a function of the VM runs, memory is not refused: only the library's own allocations are to fail.
 int depth = 0;
 
+std::recursive_mutex oneThreadAtATime;
+thread_local bool isAttached = false;
+
 class Entry
 {
 public:
@@ -86,6 +90,9 @@ public:
    ~Entry() { --depth; }
    Entry(Entry const&) = delete;
    Entry& operator=(Entry const&) = delete;
+
+private:
+   std::lock_guard<std::recursive_mutex> const _lock{oneThreadAtATime};
 };
 
 Entry::Entry(char const* function, Allowed allowed)
@@ -437,6 +444,14 @@ JNINativeInterface_ functions()
 JNINativeInterface_ const functionTable = functions();
 JNIEnv env{&functionTable};
 
+jint JNICALL getEnv(JavaVM*, void** environment, jint)
+{
+   Entry const entry("GetEnv", Allowed::WhilePending);
+   bool const known = isAttached && state.runtime.attachStatus == JNI_OK;
+   *environment = known ? &env : nullptr;
+   return known ? JNI_OK : JNI_EDETACHED;
+}
+
 jint JNICALL attachCurrentThread(JavaVM*, void** environment, void*)
 {
    Entry const entry("AttachCurrentThread", Allowed::WhilePending);
@@ -444,14 +459,25 @@ jint JNICALL attachCurrentThread(JavaVM*, void** environment, void*)
    if (state.runtime.attachStatus != JNI_OK) {
       return state.runtime.attachStatus;
    }
+   isAttached = true;
    *environment = &env;
    return failsNow() ? JNI_ENOMEM : JNI_OK;
+}
+
+jint JNICALL detachCurrentThread(JavaVM*)
+{
+   Entry const entry("DetachCurrentThread");
+   ++state.runtime.detachments;
+   isAttached = false;
+   return JNI_OK;
 }
 
 JNIInvokeInterface_ invocationFunctions()
 {
    JNIInvokeInterface_ table{};
+   table.GetEnv = getEnv;
    table.AttachCurrentThread = attachCurrentThread;
+   table.DetachCurrentThread = detachCurrentThread;
    return table;
 }
 
@@ -542,6 +568,7 @@ extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void
    if (runtime.createStatus == JNI_OK) {
       *vm = &fake::vm;
       *env = &fake::env;
+      fake::isAttached = true;
    }
    return runtime.createStatus;
 }

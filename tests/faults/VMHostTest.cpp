@@ -6,12 +6,14 @@
 
 #include <RTI/RTIambassadorFactory.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -243,6 +245,22 @@ TEST_F(VMHostTest, AsksOnceForTheVMAndAttachesEveryTime)
    EXPECT_EQ(runtime.queries, 1);
    EXPECT_EQ(runtime.creations, 1);
    EXPECT_EQ(runtime.attachments, 3);
+}
+
+TEST_F(VMHostTest, StartsOneVMForThreadsThatComeAtOnce)
+{
+   std::thread other;
+   runtime.onCreation = [&] {
+      if (runtime.creations == 1) {
+         other = std::thread([] {
+            EXPECT_THROW(rti1516e::RTIambassadorFactory().createRTIambassador(), rti1516e::RTIinternalError);
+         });
+         std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      }
+   };
+   create();
+   other.join();
+   EXPECT_EQ(runtime.creations, 1);
 }
 
 TEST_F(VMHostTest, AClassPathIsNoFormat)
