@@ -84,7 +84,7 @@ private:
 
 #define CALLBACK(name, parameters, arguments) \
    void name parameters override { called arguments; }
-#include "tests/contract/Callbacks.def"
+#include "tests/support/Callbacks.def"
 
    Tally& _tally;
    std::auto_ptr<RTIambassador> _ambassador;

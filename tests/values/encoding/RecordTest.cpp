@@ -1,4 +1,4 @@
-#include "tests/values/encoding/ForeignElement.h"
+#include "tests/support/ForeignElement.h"
 #include "tests/values/encoding/Octets.h"
 
 #include <RTI/encoding/BasicDataElements.h>
