@@ -10,7 +10,6 @@
 #include <atomic>
 #include <chrono>
 #include <deque>
-#include <future>
 #include <gtest/gtest.h>
 #include <memory>
 #include <pthread.h>
@@ -83,18 +82,6 @@ TEST(CallbackContexts, MayBeGivenTimeFactoriesByTwoThreads)
    EXPECT_EQ(livingFactories, 0);
 }
 
-TEST(CallbackContexts, OutliveTheirAmbassadorForACallbackThatRuns)
-{
-   auto context = std::make_unique<CallbackContext>();
-   context->setTimeFactory(std::make_unique<CountedFactory>());
-   {
-      CallbackContextReference const callback(context->token());
-      context.reset();
-      EXPECT_EQ(livingFactories, 1);
-   }
-   EXPECT_EQ(livingFactories, 0);
-}
-
 TEST(CallbackContexts, GoOnlyWhenNoOtherThreadIsInACallback)
 {
    auto context = std::make_unique<CallbackContext>();
@@ -114,28 +101,6 @@ TEST(CallbackContexts, GoOnlyWhenNoOtherThreadIsInACallback)
    context.reset();
    EXPECT_TRUE(left);
    callback.join();
-}
-
-TEST(CallbackContexts, ThatAreAbandonedWaitForNobody)
-{
-   auto context = std::make_unique<CallbackContext>();
-   context->setTimeFactory(std::make_unique<CountedFactory>());
-   CallbackToken const token = context->token();
-   std::promise<void> entered;
-   std::promise<void> leave;
-   std::thread callback([&] {
-      CallbackContextReference const reference(token);
-      entered.set_value();
-      leave.get_future().wait();
-   });
-   entered.get_future().wait();
-   context->abandonCallbacks();
-   context.reset();
-   EXPECT_FALSE(CallbackContextReference(token));
-   EXPECT_EQ(livingFactories, 1); // the callback may be about to use it
-   leave.set_value();
-   callback.join();
-   EXPECT_EQ(livingFactories, 0);
 }
 
 // A destructor that a cancellation left half-way would end the process.

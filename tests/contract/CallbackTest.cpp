@@ -53,7 +53,8 @@ TEST_F(CallbackTest, TurnsWhateverIsThrownIntoFederateInternalError)
    EXPECT_EQ(arriving(std::runtime_error("plain")), "plain");
    EXPECT_EQ(arriving(std::bad_alloc()), "std::bad_alloc");
    // Of a narrow text UTF-8 is understood; what is none arrives byte by byte.
-   EXPECT_EQ(arriving(std::string("Z\xC3\xBCrich \xF0\x9F\x9A\x80")), "Z\xC3\xBCrich \xED\xA0\xBD\xED\xBA\x80");
+   EXPECT_EQ(arriving(std::string("Z\xC3\xBCrich \xF0\x9F\x9A\x80")),
+             "Z\xC3\xBCrich \xED\xA0\xBD\xED\xBA\x80");
    EXPECT_EQ(arriving(std::runtime_error("Z\xC3\xBCrich")), "Z\xC3\xBCrich");
    EXPECT_EQ(arriving(std::string("a\0b", 3)), "a\xC0\x80"
                                                "b");
@@ -76,6 +77,23 @@ TEST_F(CallbackTest, MayCallServicesAndThrowOutOfThem)
    EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "raised");
 }
 
+TEST_F(CallbackTest, MayThrowWhileAJavaExceptionOfItsOwnIsPending)
+{
+   federate.inCallback = [] {
+      JavaVM* vm = nullptr;
+      jsize count = 0;
+      JNI_GetCreatedJavaVMs(&vm, 1, &count);
+      void* attached = nullptr;
+      vm->AttachCurrentThread(&attached, nullptr);
+      auto* const env = static_cast<JNIEnv*>(attached);
+      jclass const left = env->FindClass("java/lang/IllegalStateException");
+      env->ThrowNew(left, "left");
+      env->DeleteLocalRef(left);
+      throw std::runtime_error("thrown");
+   };
+   EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "thrown");
+}
+
 // No ambassador was ever known by these: neighbours of a live one's in each of its bytes.
 TEST_F(CallbackTest, IsRefusedForATokenThatNobodyHas)
 {
@@ -90,7 +108,8 @@ TEST_F(CallbackTest, IsRefusedForATokenThatNobodyHas)
    }
    for (auto const stranger : tokens) {
       token = stranger;
-      EXPECT_EQ(deliver("federationSaved_Native").find(federateInternalError + "The RTI ambassador of this callback is "),
+      EXPECT_EQ(deliver("federationSaved_Native")
+                   .find(federateInternalError + "The RTI ambassador of this callback is "),
                 0U);
    }
    EXPECT_TRUE(federate.takeCalled().empty());

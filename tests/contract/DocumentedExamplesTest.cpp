@@ -54,7 +54,8 @@ TEST_F(DocumentedExamplesTest, AreWhatTheLibrarySends)
    rti.requestFederationSave(L"Z\u00FCrich \U0001D11E");
    EXPECT_EQ(fake::lastMessage(), octetsOf(messages.at("requestFederationSave_S")));
    rti.subscribeObjectClassAttributesWithRegions(handle<ObjectClassHandle>(6), pairs, true, L"a");
-   EXPECT_EQ(fake::lastMessage(), octetsOf(messages.at("subscribeObjectClassAttributesWithRegions_OCH_ASRSPL_Z_S")));
+   EXPECT_EQ(fake::lastMessage(),
+             octetsOf(messages.at("subscribeObjectClassAttributesWithRegions_OCH_ASRSPL_Z_S")));
    rti.connect(federate, HLA_EVOKED);
    Bytes const sent(fake::lastMessage().data(), fake::lastMessage().size());
    EXPECT_EQ(sent.from(4), messages.at("connect_FA_CM_S").from(4));
@@ -66,7 +67,8 @@ TEST_F(DocumentedExamplesTest, AreWhatTheLibraryUnderstands)
    std::map<std::string, std::wstring> const callbacks = {
       {"federationSynchronized_S_FHS_Native", L"federationSynchronized(\"A\", {#00000002})"},
       {"reflectAttributeValues_OIH_AHVM_BX_OT_TTH_LT_OT_MRH_FASRI_Native",
-       L"reflectAttributeValues(#00000005, {#00000003=ff}, , 2, 1, HLAinteger64Time<7>, 2, #0000000900000000, "
+       L"reflectAttributeValues(#00000005, {#00000003=ff}, , 2, 1, HLAinteger64Time<7>, 2, "
+       L"#0000000900000000, "
        L"by #00000002 in none of {})"},
    };
    for (auto const& [native, call] : callbacks) {

@@ -1,5 +1,5 @@
-// How logical times cross: encoded by themselves, decoded by the ambassador's factory, and never while something is
-// pinned, which the fixture watches.
+// How logical times cross: encoded by themselves, decoded by the ambassador's factory, and never while
+// something is pinned, which the fixture watches.
 #include "tests/support/ContractTest.h"
 #include "tests/support/Shown.h"
 
@@ -88,6 +88,18 @@ TEST_F(LogicalTimeTest, OnlyASuccessfulJoinReplacesTheFactory)
    join(u"HLAfloat64Time");
    EXPECT_EQ(TestTimeFactory::count, before - 1);
    EXPECT_EQ(returned(Bytes("3FF0000000000000")), L"HLAfloat64Time<1>");
+}
+
+TEST_F(LogicalTimeTest, ATimeLibraryMayGiveTheSameFactoryAgain)
+{
+   TestTimeFactory::toBeGiven = new TestTimeFactory;
+   join(u"TestTime");
+   join(u"TestTime");
+   TestTimeFactory::toBeGiven = nullptr;
+   EXPECT_EQ(TestTimeFactory::count, 1);
+   EXPECT_EQ(returned(TestTime::encoded(1)), L"Test<1>");
+   ambassador.reset();
+   EXPECT_EQ(TestTimeFactory::count, 0);
 }
 
 TEST_F(LogicalTimeTest, GetTimeFactoryMakesANewOneForItsCaller)

@@ -96,8 +96,8 @@ std::vector<ResultCase> resultsOf(JavaMethod const& method)
         {std::u16string(u"a\0b", 3), std::wstring(L"\"a\0b\"", 5)},
         {u"\xD83D\xDE80\xDBFF\xDFFF\xFFFF", L"\"\U0001F680\U0010FFFF\uFFFF\""},
         // Halves of pairs stay as they are: alone, the wrong way round, at either end.
-        {u"\xD83D\xD83D\xDE80x\xDE80\xD83D",
-         std::wstring(L"\"") + wchar_t(0xD83D) + L"\U0001F680x" + wchar_t(0xDE80) + wchar_t(0xD83D) + L"\""}}},
+        {u"\xD83D\xD83D\xDE80x\xDE80\xD83D", std::wstring(L"\"") + wchar_t(0xD83D) + L"\U0001F680x" +
+                                                wchar_t(0xDE80) + wchar_t(0xD83D) + L"\""}}},
    };
    auto const byName = results.find(method.name);
    return byName != results.end() ? byName->second : results.at(method.result());
@@ -150,7 +150,8 @@ TEST_P(ServiceTest, ThrowsTheFirstOfItsExceptionsThatFits)
    for (auto const& name : method.exceptions) {
       std::vector<std::string> fitting(classes.rbegin(), classes.rend());
       EXPECT_EQ(caught(fitting, u"why \xD83D\xDE80"), (Caught{name, L"why \U0001F680"}));
-      EXPECT_EQ(caught({classes.front()}, std::nullopt), (Caught{name, L"hla.rti1516e.exceptions." + widened(name)}));
+      EXPECT_EQ(caught({classes.front()}, std::nullopt),
+                (Caught{name, L"hla.rti1516e.exceptions." + widened(name)}));
       expectClean(1);
       classes.erase(classes.begin());
    }
@@ -160,9 +161,9 @@ TEST_P(ServiceTest, ThrowsTheFirstOfItsExceptionsThatFits)
 TEST_P(ServiceTest, ThrowsInternalErrorForAnyOtherException)
 {
    std::vector<std::string> unlisted = {"java/lang/NullPointerException"};
-#define ADD_IF_UNLISTED(Name)                                                                         \
-   if (std::count(method.exceptions.begin(), method.exceptions.end(), #Name) == 0) {                  \
-      unlisted.push_back("hla/rti1516e/exceptions/" #Name);                                           \
+#define ADD_IF_UNLISTED(Name)                                                        \
+   if (std::count(method.exceptions.begin(), method.exceptions.end(), #Name) == 0) { \
+      unlisted.push_back("hla/rti1516e/exceptions/" #Name);                          \
    }
    RTI_FOR_EACH_EXCEPTION(ADD_IF_UNLISTED)
 #undef ADD_IF_UNLISTED
@@ -212,7 +213,8 @@ TEST_F(ServicesTest, SendAwkwardValues)
       {save(L"\uFFFF\U00010000\U0010FFFF"), Bytes("00000005 FFFF D800 DC00 DBFF DFFF")},
       // Half a pair travels as it is; what is no character becomes the replacement character.
       {save({character(0xD83D), L'x', character(0xDE80)}), Bytes("00000003 D83D 0078 DE80")},
-      {save({character(0x110000), character(0x80000000), character(0xFFFFFFFF)}), Bytes("00000003 FFFD FFFD FFFD")},
+      {save({character(0x110000), character(0x80000000), character(0xFFFFFFFF)}),
+       Bytes("00000003 FFFD FFFD FFFD")},
       {[&] { rti.registerFederationSynchronizationPoint(L"", {}, {}); }, Bytes("00000000 00000000 00000000")},
       {[&] { rti.createFederationExecution(L"", std::vector<std::wstring>()); },
        Bytes("00000000 00000000 00000000")},
@@ -231,12 +233,12 @@ TEST_F(ServicesTest, SendAwkwardValues)
       {[&] { rti.connect(federate, HLA_IMMEDIATE); }, Bytes().int32(token).int32(2).int32(0)},
    };
    for (std::uint32_t value = 0; value <= 5; ++value) {
-      cases.push_back(
-         {[&, value] { rti.resignFederationExecution(static_cast<ResignAction>(value)); }, Bytes().int32(value)});
+      cases.push_back({[&, value] { rti.resignFederationExecution(static_cast<ResignAction>(value)); },
+                       Bytes().int32(value)});
    }
    for (std::uint32_t value = 0; value <= 6; ++value) {
-      cases.push_back(
-         {[&, value] { rti.normalizeServiceGroup(static_cast<ServiceGroup>(value)); }, Bytes().int32(value + 1)});
+      cases.push_back({[&, value] { rti.normalizeServiceGroup(static_cast<ServiceGroup>(value)); },
+                       Bytes().int32(value + 1)});
    }
    // Each number of bytes is copied in a way of its own.
    for (std::size_t size = 0; size < 40; ++size) {
@@ -246,7 +248,8 @@ TEST_F(ServicesTest, SendAwkwardValues)
    }
    for (auto const& each : cases) {
       each.call();
-      EXPECT_EQ(Bytes(fake::lastMessage().data(), fake::lastMessage().size()), each.message) << fake::lastMethod();
+      EXPECT_EQ(Bytes(fake::lastMessage().data(), fake::lastMessage().size()), each.message)
+         << fake::lastMethod();
    }
 }
 

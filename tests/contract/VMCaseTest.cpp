@@ -1,9 +1,11 @@
-// What only a real Java VM shows: who starts it and who ends it, and threads and processes that end with it inside. Each
-// case is a process of its own, which tells on the standard error stream what it finds.
+// What only a real Java VM shows: who starts it and who ends it, and threads and processes that end with it
+// inside. Each case is a process of its own, which tells on the standard error stream what it finds.
 #include "tests/support/Caught.h"
 
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
+
+#include <jni.h>
 
 #include <chrono>
 #include <csignal>
@@ -12,12 +14,9 @@
 #include <future>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <jni.h>
 #include <memory>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 namespace contract {
 namespace {
@@ -103,19 +102,6 @@ void enterCallbackForGood(Member& member)
    entered->get_future().wait();
 }
 
-void forkAndUse(Member& member)
-{
-   pid_t const child = fork();
-   if (child == 0) {
-      alarm(60);
-      member.useAndDestroy();
-      _exit(0);
-   }
-   int status = -1;
-   waitpid(child, &status, 0);
-   std::cerr << "child: " << status << std::endl;
-}
-
 [[noreturn]] void doAndExit(std::function<void()> const& work)
 {
    work();
@@ -131,21 +117,8 @@ protected:
 };
 
 std::string const working = "nothing: \nnothing: \ndestroyed\n";
-std::string const gone = "RTIinternalError: Cannot attach the thread to the Java VM: Unknown error \\(-1\\).*\n";
-
-TEST_F(VMCaseTest, CoreThatIsNotThereAndOptionThatIsWrong)
-{
-   setenv("TOVU1516_OPTION3", "-Xmxplenty", 1);
-   EXPECT_TOLD("Cannot create JVM. Error: Invalid JVM arguments \\(-6\\)\n",
-               { tell(caughtFrom([] { RTIambassadorFactory().createRTIambassador(); })); });
-   setenv("TOVU1516_OPTION3", "no option at all", 1);
-   EXPECT_TOLD(working, { Member().useAndDestroy(); });
-   setenv("CLASSPATH", "/nowhere/tovu1516e.jar", 1);
-   EXPECT_TOLD("Cannot locate Tovu core Java classes\nCLASSPATH: /nowhere/tovu1516e.jar\n",
-               { tell(caughtFrom([] { RTIambassadorFactory().createRTIambassador(); })); });
-   setenv("CLASSPATH", VM_CASE_CORE, 1);
-   unsetenv("TOVU1516_OPTION3");
-}
+std::string const gone =
+   "RTIinternalError: Cannot attach the thread to the Java VM: Unknown error \\(-1\\).*\n";
 
 TEST_F(VMCaseTest, VMOfTheApplication)
 {
@@ -179,17 +152,6 @@ TEST_F(VMCaseTest, VMThatIsGone)
       callSystem("exit", "(I)V");
    });
    EXPECT_TOLD(working, { late.member = std::make_unique<Member>(); });
-}
-
-TEST_F(VMCaseTest, VMThatAForkHasNot)
-{
-   std::string const lost = "RTIinternalError: The Java VM of a process does not live on in the child of a fork";
-   EXPECT_TOLD(lost + ".*" + lost + ".*destroyed\nchild: 0\n" + working, {
-      Member member;
-      member.inCallback = [&] { forkAndUse(member); };
-      member.evoke();
-      member.useAndDestroy();
-   });
 }
 
 TEST_F(VMCaseTest, ThreadThatIsCancelledWhileItEvokes)

@@ -1,7 +1,7 @@
 // How the Java VM is asked for, and what is said when it cannot be had. Every test needs a process of its
 // own, for a VM that is there stays.
-#include "tests/support/Caught.h"
 #include "tests/contract/ControlWord.h"
+#include "tests/support/Caught.h"
 #include "tests/support/FakeJava.h"
 
 #include <RTI/RTIambassadorFactory.h>
@@ -265,9 +265,11 @@ TEST_F(VMHostTest, TellsWhatIsWrongWithTheClassPath)
    };
    for (auto const& [classPath, advice] : std::vector<Case>{
            {"", "\nThe environment variable CLASSPATH is not set.\nSet it before"},
-           {"/nowhere/tovu1516e.jar", "/nowhere/tovu1516e.jar\nThere is no file /nowhere/tovu1516e.jar\nSet it before"},
-           {"jars:jars/*", "jars:jars/*\nJars in a folder are not looked into; name each jar: jars\n"
-                           "Only the java command knows what to do with * in a class path; name each jar: jars/*\nSet"},
+           {"/nowhere/tovu1516e.jar",
+            "/nowhere/tovu1516e.jar\nThere is no file /nowhere/tovu1516e.jar\nSet it before"},
+           {"jars:jars/*",
+            "jars:jars/*\nJars in a folder are not looked into; name each jar: jars\n"
+            "Only the java command knows what to do with * in a class path; name each jar: jars/*\nSet"},
            {"other.jar", "other.jar\nNone of these is the jar of a core for this library.\nSet it before"},
            // A class path is no format, and printed as it is.
            {"%s%n100%%/\xC3\xA9", "%s%n100%/\xC3\xA9\nThere is no file %s%n100%%/\xC3\xA9\n"},
@@ -295,12 +297,15 @@ TEST_F(VMHostTest, ToleratesOrTellsWhatACoreLacks)
    for (auto const& [arrange, text, expected] : std::vector<Case>{
            {lacking("morva/tovu1516e/RTI"), L"Cannot locate Tovu adapter Java classes\nCLASSPATH: (unknown)",
             "Cannot locate Tovu adapter Java classes\n"},
-           {lacking("morva/tovu1516e/Fed"), L"", "The file tovu1516e.jar can not be found in the CLASSPATH.\n"},
+           {lacking("morva/tovu1516e/Fed"), L"",
+            "The file tovu1516e.jar can not be found in the CLASSPATH.\n"},
            {lacking("hla/"), L"", ""},
            {[] { fake::core().lacks = "<init>"; },
-            L"Cannot locate constructor for Java class morva.tovu1516e.RTIambassadorC2007", "Cannot locate constructor"},
+            L"Cannot locate constructor for Java class morva.tovu1516e.RTIambassadorC2007",
+            "Cannot locate constructor"},
            {[] { fake::core().makesNothing = true; },
-            L"Cannot create RTIambassador object. Constructor returned NULL\n", "Cannot create RTIambassador"},
+            L"Cannot create RTIambassador object. Constructor returned NULL\n",
+            "Cannot create RTIambassador"},
            {[] { fake::core().constructorRaises = true; }, L"raised", ""},
         }) {
       fake::core() = fake::Core();
@@ -321,7 +326,8 @@ TEST_F(VMHostTest, AnExceptionWhoseClassIsNotThereIsNotThatOne)
    auto const ambassador = rti1516e::RTIambassadorFactory().createRTIambassador();
    fake::core().lacksClasses = "hla/rti1516e/exceptions/NotConnected";
    fake::core().raises = {"hla/rti1516e/exceptions/RTIinternalError"};
-   EXPECT_EQ(caughtFrom([&] { ambassador->listFederationExecutions(); }), (Caught{"RTIinternalError", L"raised"}));
+   EXPECT_EQ(caughtFrom([&] { ambassador->listFederationExecutions(); }),
+             (Caught{"RTIinternalError", L"raised"}));
    EXPECT_EQ(fake::offences(), std::vector<std::string>());
 }
 

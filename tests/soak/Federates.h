@@ -1,5 +1,5 @@
-// Two federates that lead a whole life in a federation of their own, on one thread: they find each other, send and
-// receive, fail, and go. Half of their callbacks throw.
+// Two federates that lead a whole life in a federation of their own, on one thread: they find each other,
+// send and receive, fail, and go. Half of their callbacks throw.
 #pragma once
 
 #include <RTI/RTI1516.h>

@@ -1,8 +1,9 @@
-// Lets federates live and go on many threads until so many services and callbacks have been, half of the callbacks
-// throwing, and looks every now and then, while all rest, at the memory of the process and at the references that native
-// code holds. It fails if either grows in the second half.
+// Lets federates live and go on many threads until so many services and callbacks have been, half of the
+// callbacks throwing, and looks every now and then, while all rest, at the memory of the process and at the
+// references that native code holds. It fails if either grows in the second half.
 //
-// Usage: soak [operations [growth]], the growth in percent of the resident memory. CLASSPATH names the core's jar.
+// Usage: soak [operations [growth]], the growth in percent of the resident memory. CLASSPATH names the core's
+// jar.
 #include "tests/soak/Federates.h"
 
 #include <jni.h>
@@ -37,8 +38,8 @@ long residentMemory()
 struct Look
 {
    long memory = 0;
-   // As the VM itself counts them. The local references are those of threads outside Java: what threads inside have,
-   // they give back when they leave.
+   // As the VM itself counts them. The local references are those of threads outside Java: what threads
+   // inside have, they give back when they leave.
    long globals = 0;
    long locals = 0;
 };
@@ -58,8 +59,8 @@ jvmtiEnv* toolsOfVM()
 }
 
 // Called for each root of the heap; what hangs on it is of no interest.
-jint JNICALL visitRoot(jvmtiHeapReferenceKind kind, jvmtiHeapReferenceInfo const* info, jlong, jlong, jlong, jlong*,
-                       jlong*, jint, void* found)
+jint JNICALL visitRoot(jvmtiHeapReferenceKind kind, jvmtiHeapReferenceInfo const* info, jlong, jlong, jlong,
+                       jlong*, jlong*, jint, void* found)
 {
    auto& look = *static_cast<Look*>(found);
    look.globals += kind == JVMTI_HEAP_REFERENCE_JNI_GLOBAL ? 1 : 0;
@@ -96,7 +97,8 @@ int run(long operations, double allowedGrowth)
          pthread_barrier_wait(&barrier);
       }
    };
-   // A thread that a Java VM has seen is never forgotten by it, so that there must not be more and more of them.
+   // A thread that a Java VM has seen is never forgotten by it, so that there must not be more and more of
+   // them.
    std::vector<std::thread> threads;
    for (int number = 0; number < threadCount; ++number) {
       threads.emplace_back([&work, number] {
@@ -128,8 +130,8 @@ int run(long operations, double allowedGrowth)
       100.0 * static_cast<double>(last.memory - middle.memory) / static_cast<double>(middle.memory);
    long const globals = last.globals - middle.globals;
    long const locals = last.locals - middle.locals;
-   std::printf("In the second half: memory %+.2f %%, global references %+ld, local ones %+ld\n", growth, globals,
-               locals);
+   std::printf("In the second half: memory %+.2f %%, global references %+ld, local ones %+ld\n", growth,
+               globals, locals);
    bool const mixed = tally.callbacks * 5 > tally.services && tally.throws * 2 >= tally.callbacks - 1;
    return growth < allowedGrowth && globals < ofTheVM && locals <= 0 && mixed ? 0 : 1;
 }
@@ -138,8 +140,8 @@ int run(long operations, double allowedGrowth)
 
 int main(int argc, char** argv)
 {
-   // A heap that is there from the beginning: what grows is not the Java heap. The core tells of each callback that
-   // throws on the standard error stream.
+   // A heap that is there from the beginning: what grows is not the Java heap. The core tells of each
+   // callback that throws on the standard error stream.
    int number = 0;
    for (auto const* option :
         {"-Xms128m", "-Xmx128m", "-XX:+AlwaysPreTouch", "-XX:+UseSerialGC", "-XX:TieredStopAtLevel=1"}) {

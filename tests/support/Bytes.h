@@ -64,15 +64,6 @@ public:
       return *this;
    }
 
-   Bytes& ints(std::vector<std::uint32_t> const& values)
-   {
-      int32(static_cast<std::uint32_t>(values.size()));
-      for (auto const value : values) {
-         int32(value);
-      }
-      return *this;
-   }
-
    // With the length before them.
    Bytes& counted(Bytes const& bytes)
    {

@@ -1,5 +1,5 @@
-// An ambassador on top of the Java VM that is none. It has joined a federation with the tests' own times, which notice
-// when they run.
+// An ambassador on top of the Java VM that is none. It has joined a federation with the tests' own times,
+// which notice when they run.
 #pragma once
 
 #include "tests/support/Caught.h"

@@ -11,18 +11,8 @@
 namespace fake {
 namespace {
 
-enum class Kind
-{
-   Class,
-   Exception,
-   Array,
-   String,
-   Plain
-};
-
 struct Object
 {
-   Kind kind;
    std::string className;
    std::vector<std::uint8_t> storage; // of arrays
    std::size_t length = 0;
@@ -60,16 +50,15 @@ struct State
 };
 
 State state;
-std::map<std::string, void*> natives; // registered once per construction
+std::map<std::string, void*> natives;  // registered once per construction
 std::map<std::string, Method> methods; // where they stay in place
 
 Object* objectOf(void* reference) { return static_cast<Object*>(reference); }
 
-Object* newObject(Kind kind, std::string const& className)
+Object* newObject(std::string const& className)
 {
    state.objects.push_back(std::make_unique<Object>());
    Object* const object = state.objects.back().get();
-   object->kind = kind;
    object->className = className;
    return object;
 }
@@ -127,7 +116,7 @@ bool failsNow()
 void raise(std::string const& className, std::optional<std::u16string> const& message,
            std::vector<std::string> const& bases = {})
 {
-   state.pending = newObject(Kind::Exception, className);
+   state.pending = newObject(className);
    state.pending->text = message.value_or(u"");
    state.pending->hasText = message.has_value();
    state.pending->bases = bases;
@@ -142,112 +131,9 @@ bool failsWith(char const* className)
    return fails;
 }
 
-jclass JNICALL findClass(JNIEnv*, char const* name)
-{
-   Entry const entry("FindClass");
-   std::string const& lacking = state.core.lacksClasses;
-   if (!lacking.empty() && std::strncmp(name, lacking.c_str(), lacking.size()) == 0) {
-      raise("java/lang/NoClassDefFoundError", u"on demand");
-      return nullptr;
-   }
-   return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(Kind::Class, name));
-}
-
-jclass JNICALL getObjectClass(JNIEnv*, jobject object)
-{
-   Entry const entry("GetObjectClass");
-   return local<jclass>(newObject(Kind::Class, objectOf(object)->className));
-}
-
-// Without the methods that the core's ambassador has for the services no ambassador is made, so that each of
-// these is taken away by its name.
-jmethodID JNICALL getMethodID(JNIEnv*, jclass cls, char const* name, char const* signature)
-{
-   Entry const entry("GetMethodID");
-   bool const ofCore = objectOf(cls)->className == "morva/tovu1516e/RTIambassadorC2007";
-   bool const ofService = ofCore && std::strcmp(name, "<init>") != 0;
-   std::string const id = name + std::string(" ") + signature;
-   if (ofCore && name == state.core.lacks) {
-      raise("java/lang/NoSuchMethodError", u"on demand");
-   } else if (ofCore) {
-      state.methodsLookedUp.insert(id);
-   }
-   if (state.pending != nullptr || (!ofService && failsWith("java/lang/NoSuchMethodError"))) {
-      return nullptr;
-   }
-   return reinterpret_cast<jmethodID>(&methods.emplace(id, Method{name, signature}).first->second);
-}
-
-jboolean JNICALL isInstanceOf(JNIEnv*, jobject object, jclass cls)
-{
-   Entry const entry("IsInstanceOf");
-   Object const& instance = *objectOf(object);
-   std::string const& name = objectOf(cls)->className;
-   bool const ofBase = std::count(instance.bases.begin(), instance.bases.end(), name) != 0;
-   return instance.className == name || ofBase ? JNI_TRUE : JNI_FALSE;
-}
-
-jthrowable JNICALL exceptionOccurred(JNIEnv*)
-{
-   Entry const entry("ExceptionOccurred", Allowed::WhilePending);
-   return state.pending == nullptr ? nullptr : local<jthrowable>(state.pending);
-}
-jboolean JNICALL exceptionCheck(JNIEnv*)
-{
-   Entry const entry("ExceptionCheck", Allowed::WhilePending);
-   return state.pending != nullptr ? JNI_TRUE : JNI_FALSE;
-}
-void JNICALL exceptionDescribe(JNIEnv*) { Entry const entry("ExceptionDescribe", Allowed::WhilePending); }
-void JNICALL exceptionClear(JNIEnv*)
-{
-   Entry const entry("ExceptionClear", Allowed::WhilePending);
-   state.pending = nullptr;
-}
-
-jint JNICALL throwNew(JNIEnv*, jclass cls, char const* message)
-{
-   Entry const entry("ThrowNew");
-   if (failsWith("java/lang/OutOfMemoryError")) {
-      return JNI_ERR;
-   }
-   std::u16string text;
-   for (; *message != '\0'; ++message) {
-      text.push_back(static_cast<unsigned char>(*message));
-   }
-   raise(objectOf(cls)->className, text);
-   return JNI_OK;
-}
-
-void JNICALL deleteLocalRef(JNIEnv*, jobject reference)
-{
-   Entry const entry("DeleteLocalRef", Allowed::WhilePending);
-   Object* const object = objectOf(reference);
-   auto const found = state.locals.find(object);
-   if (object != nullptr && (found == state.locals.end() || found->second == 0)) {
-      offend("DeleteLocalRef of what is not referenced");
-   } else if (object != nullptr) {
-      --found->second;
-   }
-}
-
-jobject JNICALL newGlobalRef(JNIEnv*, jobject reference)
-{
-   Entry const entry("NewGlobalRef");
-   if (failsNow()) {
-      return nullptr;
-   }
-   ++state.globals;
-   return reference;
-}
-void JNICALL deleteGlobalRef(JNIEnv*, jobject)
-{
-   Entry const entry("DeleteGlobalRef", Allowed::WhilePending);
-   --state.globals;
-}
-
 Object* newArray(std::size_t length, std::size_t elementSize)
 {
-   Object* const array = newObject(Kind::Array, "array");
+   Object* const array = newObject("array");
    array->length = length;
    array->storage.resize(length * elementSize);
    return array;
@@ -265,25 +151,9 @@ Object* arrayOf(std::vector<Element> const& elements)
 
 Object* stringOf(std::u16string const& text)
 {
-   Object* const string = newObject(Kind::String, "java/lang/String");
+   Object* const string = newObject("java/lang/String");
    string->text = text;
    return string;
-}
-
-jbyteArray JNICALL newByteArray(JNIEnv*, jsize length)
-{
-   Entry const entry("NewByteArray");
-   ++state.arraysMade;
-   if (failsWith("java/lang/OutOfMemoryError")) {
-      return nullptr;
-   }
-   return local<jbyteArray>(newArray(static_cast<std::size_t>(length), 1));
-}
-
-jsize JNICALL getArrayLength(JNIEnv*, jarray array)
-{
-   Entry const entry("GetArrayLength");
-   return static_cast<jsize>(objectOf(array)->length);
 }
 
 void* pinned(void* storage)
@@ -293,35 +163,6 @@ void* pinned(void* storage)
    }
    ++state.pins;
    return storage;
-}
-
-void* JNICALL getPrimitiveArrayCritical(JNIEnv*, jarray array, jboolean*)
-{
-   Entry const entry("GetPrimitiveArrayCritical");
-   auto& storage = objectOf(array)->storage;
-   storage.reserve(1); // the storage of an empty array has an address too
-   return pinned(storage.data());
-}
-void JNICALL releasePrimitiveArrayCritical(JNIEnv*, jarray, void*, jint)
-{
-   Entry const entry("ReleasePrimitiveArrayCritical", Allowed::Always);
-   --state.pins;
-}
-
-jsize JNICALL getStringLength(JNIEnv*, jstring string)
-{
-   Entry const entry("GetStringLength");
-   return static_cast<jsize>(objectOf(string)->text.size());
-}
-jchar const* JNICALL getStringCritical(JNIEnv*, jstring string, jboolean*)
-{
-   Entry const entry("GetStringCritical");
-   return static_cast<jchar const*>(pinned(objectOf(string)->text.data()));
-}
-void JNICALL releaseStringCritical(JNIEnv*, jstring, jchar const*)
-{
-   Entry const entry("ReleaseStringCritical", Allowed::Always);
-   --state.pins;
 }
 
 template <class Array, class Element>
@@ -370,127 +211,202 @@ bool call(jobject peer, jmethodID id, jvalue const* arguments, char const* resul
    return !failsWith("java/lang/IllegalStateException");
 }
 
-void JNICALL callVoid(JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments)
-{
-   call(peer, id, arguments, "V");
-}
-jint JNICALL callInt(JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments)
-{
-   return call(peer, id, arguments, "I") ? static_cast<jint>(state.core.number) : 0;
-}
-jboolean JNICALL callBoolean(JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments)
-{
-   return call(peer, id, arguments, "Z") && state.core.number != 0 ? JNI_TRUE : JNI_FALSE;
-}
-jlong JNICALL callLong(JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments)
-{
-   return call(peer, id, arguments, "J") ? state.core.number : 0;
-}
-jdouble JNICALL callDouble(JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments)
-{
-   return call(peer, id, arguments, "D") ? state.core.real : 0;
-}
-
-jobject JNICALL callObject(JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments)
-{
-   if (!call(peer, id, arguments, "[L") || state.core.returnsNull) {
-      return nullptr;
-   }
-   std::string const& signature = reinterpret_cast<Method const*>(id)->signature;
-   switch (signature.back()) {
-   case 'B':
-      return local<jobject>(arrayOf(state.core.bytes));
-   case 'I':
-      return local<jobject>(arrayOf(state.core.ints));
-   case 'J':
-      return local<jobject>(arrayOf(state.core.longs));
-   default:
-      return local<jobject>(stringOf(state.core.text));
-   }
-}
-
-// Methods of exceptions.
-jobject JNICALL callObjectV(JNIEnv*, jobject object, jmethodID method, std::va_list)
-{
-   Entry const entry("CallObjectMethod");
-   if (failsWith("java/lang/StackOverflowError")) {
-      return nullptr;
-   }
-   Object const& exception = *objectOf(object);
-   if (reinterpret_cast<Method const*>(method)->name == "getMessage") {
-      return exception.hasText ? local<jobject>(stringOf(exception.text)) : nullptr;
-   }
-   std::u16string description(exception.className.begin(), exception.className.end());
-   std::replace(description.begin(), description.end(), u'/', u'.');
-   return local<jobject>(stringOf(exception.hasText ? description + u": " + exception.text : description));
-}
-void JNICALL callVoidV(JNIEnv*, jobject object, jmethodID, std::va_list)
-{
-   Entry const entry("CallVoidMethod");
-   std::fprintf(stderr, "stack trace of %s\n", objectOf(object)->className.c_str());
-   failsWith("java/lang/StackOverflowError");
-}
-
-jobject JNICALL newObjectV(JNIEnv*, jclass cls, jmethodID, std::va_list arguments)
-{
-   Entry const entry("NewObject");
-   state.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
-   doMeanwhile();
-   if (state.core.makesNothing) {
-      return nullptr;
-   }
-   jobject const object = local<jobject>(newObject(Kind::Plain, objectOf(cls)->className));
-   if (state.core.constructorRaises) {
-      raise("java/lang/IllegalStateException", state.core.message);
-   }
-   failsWith("java/lang/IllegalStateException"); // some VMs give a reference all the same
-   return object;
-}
-
-jint JNICALL registerNatives(JNIEnv*, jclass, JNINativeMethod const* entries, jint count)
-{
-   Entry const entry("RegisterNatives");
-   for (jint i = 0; i < count; ++i) {
-      natives[entries[i].name] = entries[i].fnPtr;
-      state.nativesRegistered.insert(entries[i].name + std::string(" ") + entries[i].signature);
-   }
-   return failsWith("java/lang/NoSuchMethodError") ? JNI_ERR : JNI_OK;
-}
-
+// The functions, each where the VM has its own.
 JNINativeInterface_ functions()
 {
    JNINativeInterface_ table{};
-   table.FindClass = findClass;
-   table.GetObjectClass = getObjectClass;
-   table.GetMethodID = getMethodID;
-   table.IsInstanceOf = isInstanceOf;
-   table.ExceptionOccurred = exceptionOccurred;
-   table.ExceptionCheck = exceptionCheck;
-   table.ExceptionDescribe = exceptionDescribe;
-   table.ExceptionClear = exceptionClear;
-   table.ThrowNew = throwNew;
-   table.DeleteLocalRef = deleteLocalRef;
-   table.NewGlobalRef = newGlobalRef;
-   table.DeleteGlobalRef = deleteGlobalRef;
-   table.NewByteArray = newByteArray;
-   table.GetArrayLength = getArrayLength;
-   table.GetPrimitiveArrayCritical = getPrimitiveArrayCritical;
-   table.ReleasePrimitiveArrayCritical = releasePrimitiveArrayCritical;
-   table.GetStringLength = getStringLength;
-   table.GetStringCritical = getStringCritical;
-   table.ReleaseStringCritical = releaseStringCritical;
-   table.GetByteArrayRegion = getArrayRegion<jbyteArray, jbyte>;
-   table.GetLongArrayRegion = getArrayRegion<jlongArray, jlong>;
-   table.CallVoidMethodA = callVoid;
-   table.CallIntMethodA = callInt;
-   table.CallBooleanMethodA = callBoolean;
-   table.CallLongMethodA = callLong;
-   table.CallDoubleMethodA = callDouble;
-   table.CallObjectMethodA = callObject;
-   table.CallObjectMethodV = callObjectV;
-   table.CallVoidMethodV = callVoidV;
-   table.NewObjectV = newObjectV;
-   table.RegisterNatives = registerNatives;
+   table.FindClass = [](JNIEnv*, char const* name) -> jclass {
+      Entry const entry("FindClass");
+      std::string const& lacking = state.core.lacksClasses;
+      if (!lacking.empty() && std::strncmp(name, lacking.c_str(), lacking.size()) == 0) {
+         raise("java/lang/NoClassDefFoundError", u"on demand");
+         return nullptr;
+      }
+      return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(name));
+   };
+   table.GetObjectClass = [](JNIEnv*, jobject object) -> jclass {
+      Entry const entry("GetObjectClass");
+      return local<jclass>(newObject(objectOf(object)->className));
+   };
+   // Without the methods that the core's ambassador has for the services no ambassador is made, so that each
+   // of these is taken away by its name.
+   table.GetMethodID = [](JNIEnv*, jclass cls, char const* name, char const* signature) -> jmethodID {
+      Entry const entry("GetMethodID");
+      bool const ofCore = objectOf(cls)->className == "morva/tovu1516e/RTIambassadorC2007";
+      bool const ofService = ofCore && std::strcmp(name, "<init>") != 0;
+      std::string const id = name + std::string(" ") + signature;
+      if (ofCore && name == state.core.lacks) {
+         raise("java/lang/NoSuchMethodError", u"on demand");
+      } else if (ofCore) {
+         state.methodsLookedUp.insert(id);
+      }
+      if (state.pending != nullptr || (!ofService && failsWith("java/lang/NoSuchMethodError"))) {
+         return nullptr;
+      }
+      return reinterpret_cast<jmethodID>(&methods.emplace(id, Method{name, signature}).first->second);
+   };
+   table.IsInstanceOf = [](JNIEnv*, jobject object, jclass cls) -> jboolean {
+      Entry const entry("IsInstanceOf");
+      Object const& instance = *objectOf(object);
+      std::string const& name = objectOf(cls)->className;
+      bool const ofBase = std::count(instance.bases.begin(), instance.bases.end(), name) != 0;
+      return instance.className == name || ofBase ? JNI_TRUE : JNI_FALSE;
+   };
+   table.ExceptionOccurred = [](JNIEnv*) -> jthrowable {
+      Entry const entry("ExceptionOccurred", Allowed::WhilePending);
+      return state.pending == nullptr ? nullptr : local<jthrowable>(state.pending);
+   };
+   table.ExceptionCheck = [](JNIEnv*) -> jboolean {
+      Entry const entry("ExceptionCheck", Allowed::WhilePending);
+      return state.pending != nullptr ? JNI_TRUE : JNI_FALSE;
+   };
+   table.ExceptionDescribe = [](JNIEnv*) -> void {
+      Entry const entry("ExceptionDescribe", Allowed::WhilePending);
+   };
+   table.ExceptionClear = [](JNIEnv*) -> void {
+      Entry const entry("ExceptionClear", Allowed::WhilePending);
+      state.pending = nullptr;
+   };
+   table.ThrowNew = [](JNIEnv*, jclass cls, char const* message) -> jint {
+      Entry const entry("ThrowNew");
+      if (failsWith("java/lang/OutOfMemoryError")) {
+         return JNI_ERR;
+      }
+      std::u16string text;
+      for (; *message != '\0'; ++message) {
+         text.push_back(static_cast<unsigned char>(*message));
+      }
+      raise(objectOf(cls)->className, text);
+      return JNI_OK;
+   };
+   table.DeleteLocalRef = [](JNIEnv*, jobject reference) -> void {
+      Entry const entry("DeleteLocalRef", Allowed::WhilePending);
+      Object* const object = objectOf(reference);
+      auto const found = state.locals.find(object);
+      if (object != nullptr && (found == state.locals.end() || found->second == 0)) {
+         offend("DeleteLocalRef of what is not referenced");
+      } else if (object != nullptr) {
+         --found->second;
+      }
+   };
+   table.NewGlobalRef = [](JNIEnv*, jobject reference) -> jobject {
+      Entry const entry("NewGlobalRef");
+      if (failsNow()) {
+         return nullptr;
+      }
+      ++state.globals;
+      return reference;
+   };
+   table.DeleteGlobalRef = [](JNIEnv*, jobject) -> void {
+      Entry const entry("DeleteGlobalRef", Allowed::WhilePending);
+      --state.globals;
+   };
+   table.NewByteArray = [](JNIEnv*, jsize length) -> jbyteArray {
+      Entry const entry("NewByteArray");
+      ++state.arraysMade;
+      if (failsWith("java/lang/OutOfMemoryError")) {
+         return nullptr;
+      }
+      return local<jbyteArray>(newArray(static_cast<std::size_t>(length), 1));
+   };
+   table.GetArrayLength = [](JNIEnv*, jarray array) -> jsize {
+      Entry const entry("GetArrayLength");
+      return static_cast<jsize>(objectOf(array)->length);
+   };
+   table.GetPrimitiveArrayCritical = [](JNIEnv*, jarray array, jboolean*) -> void* {
+      Entry const entry("GetPrimitiveArrayCritical");
+      auto& storage = objectOf(array)->storage;
+      storage.reserve(1); // the storage of an empty array has an address too
+      return pinned(storage.data());
+   };
+   table.ReleasePrimitiveArrayCritical = [](JNIEnv*, jarray, void*, jint) -> void {
+      Entry const entry("ReleasePrimitiveArrayCritical", Allowed::Always);
+      --state.pins;
+   };
+   table.GetStringLength = [](JNIEnv*, jstring string) -> jsize {
+      Entry const entry("GetStringLength");
+      return static_cast<jsize>(objectOf(string)->text.size());
+   };
+   table.GetStringCritical = [](JNIEnv*, jstring string, jboolean*) -> jchar const* {
+      Entry const entry("GetStringCritical");
+      return static_cast<jchar const*>(pinned(objectOf(string)->text.data()));
+   };
+   table.ReleaseStringCritical = [](JNIEnv*, jstring, jchar const*) -> void {
+      Entry const entry("ReleaseStringCritical", Allowed::Always);
+      --state.pins;
+   };
+   table.CallVoidMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> void {
+      call(peer, id, arguments, "V");
+   };
+   table.CallIntMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jint {
+      return call(peer, id, arguments, "I") ? static_cast<jint>(state.core.number) : 0;
+   };
+   table.CallBooleanMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jboolean {
+      return call(peer, id, arguments, "Z") && state.core.number != 0 ? JNI_TRUE : JNI_FALSE;
+   };
+   table.CallLongMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jlong {
+      return call(peer, id, arguments, "J") ? state.core.number : 0;
+   };
+   table.CallDoubleMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jdouble {
+      return call(peer, id, arguments, "D") ? state.core.real : 0;
+   };
+   table.CallObjectMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jobject {
+      if (!call(peer, id, arguments, "[L") || state.core.returnsNull) {
+         return nullptr;
+      }
+      std::string const& signature = reinterpret_cast<Method const*>(id)->signature;
+      switch (signature.back()) {
+      case 'B':
+         return local<jobject>(arrayOf(state.core.bytes));
+      case 'I':
+         return local<jobject>(arrayOf(state.core.ints));
+      case 'J':
+         return local<jobject>(arrayOf(state.core.longs));
+      default:
+         return local<jobject>(stringOf(state.core.text));
+      }
+   };
+   // Methods of exceptions.
+   table.CallObjectMethodV = [](JNIEnv*, jobject object, jmethodID method, std::va_list) -> jobject {
+      Entry const entry("CallObjectMethod");
+      if (failsWith("java/lang/StackOverflowError")) {
+         return nullptr;
+      }
+      Object const& exception = *objectOf(object);
+      if (reinterpret_cast<Method const*>(method)->name == "getMessage") {
+         return exception.hasText ? local<jobject>(stringOf(exception.text)) : nullptr;
+      }
+      std::u16string description(exception.className.begin(), exception.className.end());
+      std::replace(description.begin(), description.end(), u'/', u'.');
+      return local<jobject>(stringOf(exception.hasText ? description + u": " + exception.text : description));
+   };
+   table.CallVoidMethodV = [](JNIEnv*, jobject object, jmethodID, std::va_list) -> void {
+      Entry const entry("CallVoidMethod");
+      std::fprintf(stderr, "stack trace of %s\n", objectOf(object)->className.c_str());
+      failsWith("java/lang/StackOverflowError");
+   };
+   table.NewObjectV = [](JNIEnv*, jclass cls, jmethodID, std::va_list arguments) -> jobject {
+      Entry const entry("NewObject");
+      state.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
+      doMeanwhile();
+      if (state.core.makesNothing) {
+         return nullptr;
+      }
+      jobject const object = local<jobject>(newObject(objectOf(cls)->className));
+      if (state.core.constructorRaises) {
+         raise("java/lang/IllegalStateException", state.core.message);
+      }
+      failsWith("java/lang/IllegalStateException"); // some VMs give a reference all the same
+      return object;
+   };
+   table.RegisterNatives = [](JNIEnv*, jclass, JNINativeMethod const* entries, jint count) -> jint {
+      Entry const entry("RegisterNatives");
+      for (jint i = 0; i < count; ++i) {
+         natives[entries[i].name] = entries[i].fnPtr;
+         state.nativesRegistered.insert(entries[i].name + std::string(" ") + entries[i].signature);
+      }
+      return failsWith("java/lang/NoSuchMethodError") ? JNI_ERR : JNI_OK;
+   };
    return table;
 }
 

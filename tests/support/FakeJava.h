@@ -16,7 +16,7 @@ namespace fake {
 // What the core has and what its methods do when they are called.
 struct Core
 {
-   std::vector<std::string> raises; // the JNI paths of an exception's class and of its bases, or nothing
+   std::vector<std::string> raises;    // the JNI paths of an exception's class and of its bases, or nothing
    std::vector<std::string> raiseNext; // the same, from the method after the next on
    std::optional<std::u16string> message = u"raised"; // of that exception
    std::vector<std::uint8_t> bytes;                   // returned as byte[]
@@ -26,7 +26,7 @@ struct Core
    std::int64_t number = 0;                           // returned as a whole number of any kind
    double real = 0;                                   // returned as double
    bool returnsNull = false;                          // instead of an object
-   bool constructorRaises = false;  // that of its ambassadors
+   bool constructorRaises = false;                    // that of its ambassadors
    bool makesNothing = false;       // its ambassadors' constructor, as if it could return null
    std::string lacks;               // the method of its ambassador that is not there
    std::string lacksClasses;        // those whose names begin so are not there, if it is not empty
@@ -84,8 +84,8 @@ int calls();
 // What JNI forbids and was done all the same, in plain words; empty if nothing was.
 std::vector<std::string> const& offences();
 
-// The method that was called last, as its name, a blank and its signature; the bytes that it was given, and the
-// number of the object that it was called on. And the number of arrays made.
+// The method that was called last, as its name, a blank and its signature; the bytes that it was given, and
+// the number of the object that it was called on. And the number of arrays made.
 std::string const& lastMethod();
 std::vector<std::uint8_t> const& lastMessage();
 std::size_t lastPeer();

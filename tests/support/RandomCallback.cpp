@@ -54,7 +54,7 @@ VariableLengthData make(Type<VariableLengthData>, Octets& from, Bytes& to)
    {                                                                   \
       auto const number = from.int32();                                \
       to.int32(number);                                                \
-      return handle<Handle>(number);                         \
+      return handle<Handle>(number);                                   \
    }
 RTI_FOR_EACH_HANDLE(MAKE_HANDLE)
 #undef MAKE_HANDLE

@@ -1,5 +1,5 @@
-// Callbacks with any arguments: the bytes that the core would send, written without the library's help, and what the
-// federate must see of them.
+// Callbacks with any arguments: the bytes that the core would send, written without the library's help, and
+// what the federate must see of them.
 #pragma once
 
 #include "tests/support/Bytes.h"

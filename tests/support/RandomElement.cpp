@@ -55,7 +55,8 @@ ElementMaker::Element ElementMaker::basic() const
    }
    if constexpr (std::is_class_v<Value> && !std::is_same_v<Value, OctetPair>) {
       auto const size = _values->below(9);
-      element->set(Value(size, static_cast<typename Value::value_type>(_values->octet() << _values->below(10))));
+      element->set(
+         Value(size, static_cast<typename Value::value_type>(_values->octet() << _values->below(10))));
    } else {
       std::uint32_t const octets[] = {_values->int32(), _values->int32()};
       element->decode(VariableLengthData(octets, sizeof octets));

@@ -11,9 +11,10 @@
 
 namespace contract {
 
-// What elements that can be decoded into one another have in common. A letter tells the kind: A and V are arrays, R and D
-// records, L a long array, # a foreign element, small letters from 'a' on the basic elements in the order of their
-// list, and * opaque data. The parts are the element of an array, the fields, or the alternatives.
+// What elements that can be decoded into one another have in common. A letter tells the kind: A and V are
+// arrays, R and D records, L a long array, # a foreign element, small letters from 'a' on the basic elements
+// in the order of their list, and * opaque data. The parts are the element of an array, the fields, or the
+// alternatives.
 struct Shape
 {
    char letter;
@@ -21,10 +22,10 @@ struct Shape
    std::size_t length = 0; // of a fixed array
 };
 
-// Reads a shape: a letter for each element, any other one for *, and a number below 8 for each length. It has few elements, so that what is
-// legitimate takes little memory: many of them where an alternative of a variant record is never selected, or in
-// records without an octet, cost much for few octets. But one may be a long array, all of whose octets have to be
-// there.
+// Reads a shape: a letter for each element, any other one for *, and a number below 8 for each length. It has
+// few elements, so that what is legitimate takes little memory: many of them where an alternative of a
+// variant record is never selected, or in records without an octet, cost much for few octets. But one may be
+// a long array, all of whose octets have to be there.
 class ShapeReader
 {
 public:
@@ -39,8 +40,8 @@ private:
    bool _isInVariant = false; // or behind one
 };
 
-// Makes elements of a shape. Where there are octets for values, their values are random, their variable arrays have
-// elements, and some of the elements within are lent by this object.
+// Makes elements of a shape. Where there are octets for values, their values are random, their variable
+// arrays have elements, and some of the elements within are lent by this object.
 class ElementMaker
 {
 public:

@@ -1,5 +1,5 @@
-// A value or more of every type that a service takes, and the bytes that they travel as, by the codes in the names of
-// the Java methods.
+// A value or more of every type that a service takes, and the bytes that they travel as, by the codes in the
+// names of the Java methods.
 #pragma once
 
 #include "tests/support/Bytes.h"
@@ -73,8 +73,9 @@ inline TestInterval const interval(0x0A0B);
 
 } // namespace samples
 
-// The codes in the name of a Java method or of a native. S stands for a set of strings in the services and callbacks on
-// multiple names, and FASRI for less where objects are removed: these are "names" and "removeInfo".
+// The codes in the name of a Java method or of a native. S stands for a set of strings in the services and
+// callbacks on multiple names, and FASRI for less where objects are removed: these are "names" and
+// "removeInfo".
 std::vector<std::string> codesOf(std::string const& methodOrNative);
 
 // The bytes that the samples travel as. FA is left out.

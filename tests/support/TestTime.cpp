@@ -6,7 +6,9 @@ std::auto_ptr<LogicalTimeFactory> LogicalTimeFactoryFactory::makeLogicalTimeFact
 {
    contract::Faults::at("makeLogicalTimeFactory");
    if (name == L"TestTime") {
-      return std::auto_ptr<LogicalTimeFactory>(new contract::TestTimeFactory);
+      using contract::TestTimeFactory;
+      TestTimeFactory* const given = TestTimeFactory::toBeGiven;
+      return std::auto_ptr<LogicalTimeFactory>(given != nullptr ? given : new TestTimeFactory);
    }
    return HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(name);
 }

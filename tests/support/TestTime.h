@@ -110,6 +110,8 @@ public:
    // Makes the next time that is decoded, or made as the final one, an empty pointer.
    static inline std::atomic<bool> decodesNothing = false;
    static inline std::atomic<bool> hasNoFinal = false;
+   // What the time library gives instead of a new one.
+   static inline TestTimeFactory* toBeGiven = nullptr;
 
    Time makeFinal() override
    {

@@ -1,5 +1,5 @@
-// Want of memory at each allocation of an operation in turn: nothing is lost, and what was there stays. And how much the
-// elements allocate. A program of its own, for it replaces operator new.
+// Want of memory at each allocation of an operation in turn: nothing is lost, and what was there stays. And
+// how much the elements allocate. A program of its own, for it replaces operator new.
 #include "src/values/HandleAccess.h"
 #include "tests/support/CountedMemory.h"
 #include "tests/values/Bytes.h"

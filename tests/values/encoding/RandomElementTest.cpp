@@ -1,6 +1,7 @@
 // Properties that hold of every element, tried on random nested ones.
-#include "tests/support/ForeignElement.h"
 #include "tests/support/RandomElement.h"
+
+#include "tests/support/ForeignElement.h"
 #include "tests/values/encoding/Octets.h"
 
 #include <algorithm>
