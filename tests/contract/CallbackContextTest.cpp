@@ -103,6 +103,32 @@ TEST(CallbackContexts, GoOnlyWhenNoOtherThreadIsInACallback)
    callback.join();
 }
 
+// The next ambassador in the slot would have what is left behind.
+TEST(CallbackContexts, ThatAreAbandonedAsCallbacksEndLeaveNothing)
+{
+   std::atomic<std::uint32_t> token{0};
+   std::atomic<bool> stop{false};
+   std::vector<std::thread> callbacks;
+   for (int i = 0; i < 4; ++i) {
+      callbacks.emplace_back([&] {
+         while (!stop) {
+            CallbackContextReference const callback({token.load()});
+         }
+      });
+   }
+   for (int round = 0; round < 200000 && livingFactories < 9; ++round) {
+      CallbackContext context;
+      context.setTimeFactory(std::make_unique<CountedFactory>());
+      context.abandonCallbacks();
+      token = context.token().value;
+   }
+   stop = true;
+   for (auto& callback : callbacks) {
+      callback.join();
+   }
+   EXPECT_EQ(livingFactories, 0);
+}
+
 // A destructor that a cancellation left half-way would end the process.
 TEST(CallbackContexts, GoBeforeTheThreadThatIsCancelledMeanwhile)
 {

@@ -1,7 +1,10 @@
 // Ambassadors that go, and threads and processes that end or split, at awkward times.
 #include "tests/support/ContractTest.h"
 
+#include <atomic>
+#include <chrono>
 #include <cstdlib>
+#include <functional>
 #include <future>
 #include <pthread.h>
 #include <sys/wait.h>
@@ -63,6 +66,7 @@ TEST_F(LifetimeTest, OfTokensEndsWithTheirAmbassador)
 
 TEST_F(LifetimeTest, OfTheVMMayEndFirst)
 {
+   fake::runtime().alreadyRunning = false;
    fake::runtime().attachStatus = JNI_ERR;
    EXPECT_THROW(ambassador->enableCallbacks(), RTIinternalError);
    EXPECT_THROW(newAmbassador(), RTIinternalError);
@@ -112,10 +116,69 @@ TEST_F(LifetimeTest, OfTheVMMayEndWhileACallbackNeverDoes)
 {
    CallbackUnderWay const callback(federate,
                                    [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
+   fake::runtime().alreadyRunning = false;
    fake::runtime().attachStatus = JNI_ERR;
    ambassador.reset();
    fake::runtime().attachStatus = JNI_OK;
    fake::forgetGlobalReference();
+}
+
+// Which does not mean that the VM is gone, with nobody left to wait for.
+TEST_F(LifetimeTest, OfAThreadMayEndUpWithoutMemoryToAttach)
+{
+   std::atomic<bool> isGone{false};
+   std::thread destroyer;
+   {
+      CallbackUnderWay const callback(federate,
+                                      [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
+      fake::runtime().attachStatus = JNI_ENOMEM;
+      destroyer = std::thread([&] {
+         ambassador.reset();
+         isGone = true;
+      });
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      EXPECT_FALSE(isGone);
+   }
+   destroyer.join();
+   fake::runtime().attachStatus = JNI_OK;
+   fake::forgetGlobalReference();
+}
+
+TEST_F(LifetimeTest, OfAThreadEndsAttachedOnlyIfSomebodyElseAttachedIt)
+{
+   JavaVM* vm = nullptr;
+   jsize count = 0;
+   JNI_GetCreatedJavaVMs(&vm, 1, &count);
+   int& detachments = fake::runtime().detachments;
+   auto const use = [this] { ambassador->enableCallbacks(); };
+   std::thread(use).join();
+   EXPECT_EQ(detachments, 1);
+   std::thread([&] {
+      void* env = nullptr;
+      vm->AttachCurrentThread(&env, nullptr);
+      use();
+   }).join();
+   EXPECT_EQ(detachments, 1);
+
+   // An object of the thread's that goes before it is detached, and one that attaches it once more.
+   struct Late
+   {
+      ~Late() { use(); }
+      std::function<void()> use;
+   };
+   std::thread([&] {
+      thread_local Late const late{use};
+      use();
+      vm->DetachCurrentThread();
+   }).join();
+   EXPECT_EQ(detachments, 3);
+
+   std::thread([&] {
+      use();
+      fake::runtime().alreadyRunning = false;
+   }).join();
+   EXPECT_EQ(detachments, 3);
+   fake::runtime().alreadyRunning = true;
 }
 
 // Does something in the child of a fork, which is to end by itself, and soon.

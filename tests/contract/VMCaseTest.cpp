@@ -139,6 +139,7 @@ TEST_F(VMCaseTest, VMThatIsGone)
    std::string const destroyed = gone + gone + ".*destroyed\n";
    EXPECT_TOLD("destroyed VM: 0\n" + destroyed, {
       Member member;
+      std::thread([&] { member.ambassador->listFederationExecutions(); }).join(); // and is no more attached
       std::cerr << "destroyed VM: " << createdVM().DestroyJavaVM() << std::endl;
       member.useAndDestroy();
    });

@@ -6,6 +6,7 @@
 
 #include <RTI/RTIambassadorFactory.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -13,6 +14,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -243,14 +245,30 @@ TEST_F(VMHostTest, JoinsAVMThatIsThere)
    EXPECT_EQ(caught.text.find(L"Cannot locate Tovu core Java classes"), 0U);
 }
 
-TEST_F(VMHostTest, AsksOnceForTheVMAndAttachesEveryTime)
+TEST_F(VMHostTest, AsksOnceForTheVM)
 {
    create();
    create();
    create();
    EXPECT_EQ(runtime.queries, 1);
    EXPECT_EQ(runtime.creations, 1);
-   EXPECT_EQ(runtime.attachments, 3);
+   EXPECT_EQ(runtime.attachments, 0);
+}
+
+TEST_F(VMHostTest, StartsOneVMForThreadsThatComeAtOnce)
+{
+   std::thread other;
+   runtime.onCreation = [&] {
+      if (runtime.creations == 1) {
+         other = std::thread([] {
+            EXPECT_THROW(rti1516e::RTIambassadorFactory().createRTIambassador(), rti1516e::RTIinternalError);
+         });
+         std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      }
+   };
+   create();
+   other.join();
+   EXPECT_EQ(runtime.creations, 1);
 }
 
 TEST_F(VMHostTest, TellsWhatIsWrongWithTheClassPath)

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 namespace fake {
@@ -37,6 +38,7 @@ struct State
    Object* pending = nullptr;
    int calls = 0;
    int failIn = 0;
+   bool attachFails = false;
    bool failed = false;
    Core core;
    Runtime runtime;
@@ -83,6 +85,9 @@ enum class Allowed
 // While a function of the VM runs, memory is not refused: only the library's own allocations are to fail.
 int depth = 0;
 
+std::recursive_mutex oneThreadAtATime;
+thread_local bool isAttached = false;
+
 class Entry
 {
 public:
@@ -90,6 +95,9 @@ public:
    ~Entry() { --depth; }
    Entry(Entry const&) = delete;
    Entry& operator=(Entry const&) = delete;
+
+private:
+   std::lock_guard<std::recursive_mutex> const _lock{oneThreadAtATime};
 };
 
 Entry::Entry(char const* function, Allowed allowed)
@@ -413,21 +421,33 @@ JNINativeInterface_ functions()
 JNINativeInterface_ const functionTable = functions();
 JNIEnv env{&functionTable};
 
-jint JNICALL attachCurrentThread(JavaVM*, void** environment, void*)
-{
-   Entry const entry("AttachCurrentThread", Allowed::WhilePending);
-   ++state.runtime.attachments;
-   if (state.runtime.attachStatus != JNI_OK) {
-      return state.runtime.attachStatus;
-   }
-   *environment = &env;
-   return failsNow() ? JNI_ENOMEM : JNI_OK;
-}
-
 JNIInvokeInterface_ invocationFunctions()
 {
    JNIInvokeInterface_ table{};
-   table.AttachCurrentThread = attachCurrentThread;
+   // What fails with the thread is that it cannot be attached.
+   table.GetEnv = [](JavaVM*, void** environment, jint) -> jint {
+      Entry const entry("GetEnv", Allowed::WhilePending);
+      state.attachFails = failsNow();
+      isAttached = isAttached && !state.attachFails && state.runtime.attachStatus == JNI_OK;
+      *environment = isAttached ? &env : nullptr;
+      return isAttached ? JNI_OK : JNI_EDETACHED;
+   };
+   table.AttachCurrentThread = [](JavaVM*, void** environment, void*) -> jint {
+      Entry const entry("AttachCurrentThread", Allowed::WhilePending);
+      ++state.runtime.attachments;
+      if (state.runtime.attachStatus != JNI_OK || state.attachFails) {
+         return state.attachFails ? JNI_ENOMEM : state.runtime.attachStatus;
+      }
+      isAttached = true;
+      *environment = &env;
+      return JNI_OK;
+   };
+   table.DetachCurrentThread = [](JavaVM*) -> jint {
+      Entry const entry("DetachCurrentThread");
+      ++state.runtime.detachments;
+      isAttached = false;
+      return JNI_OK;
+   };
    return table;
 }
 
@@ -528,6 +548,7 @@ extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void
    if (runtime.createStatus == JNI_OK) {
       *vm = &fake::vm;
       *env = &fake::env;
+      fake::isAttached = true;
    }
    return runtime.createStatus;
 }

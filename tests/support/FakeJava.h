@@ -38,12 +38,13 @@ struct Runtime
 {
    jint queryStatus = JNI_OK;
    jint createStatus = JNI_OK;
-   jint attachStatus = JNI_OK; // any other: as if the VM were gone
-   bool alreadyRunning = true;
+   jint attachStatus = JNI_OK; // any other: threads that were attached are so no more
+   bool alreadyRunning = true; // false once there is a VM: as if it were gone
 
    int queries = 0;
    int creations = 0;
    int attachments = 0;
+   int detachments = 0;
    jint version = 0;
    jboolean ignoreUnrecognized = JNI_FALSE;
    std::vector<std::string> options;

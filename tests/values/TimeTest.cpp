@@ -316,6 +316,11 @@ TYPED_TEST(StandardTime, IsPrintedInNoLocalesManner)
    std::locale::global(before);
 }
 
+std::wstring nameOf(std::auto_ptr<LogicalTimeFactory> factory)
+{
+   return factory.get() == nullptr ? L"none" : factory->getName();
+}
+
 // The library's own selector and that of the default time library know the same names.
 TEST(TimeFactorySelectors, KnowTheStandardNamesExactly)
 {
@@ -336,14 +341,31 @@ TEST(TimeFactorySelectors, KnowTheStandardNamesExactly)
    for (auto* const select : {&HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory,
                               &LogicalTimeFactoryFactory::makeLogicalTimeFactory}) {
       for (auto const& row : rows) {
-         std::auto_ptr<LogicalTimeFactory> const factory = select(row.given);
-         EXPECT_EQ(factory.get() == nullptr ? L"none" : factory->getName(), row.selected)
-            << testing::PrintToString(row.given);
+         EXPECT_EQ(nameOf(select(row.given)), row.selected) << testing::PrintToString(row.given);
       }
       auto const one = select(L"");
       auto const other = select(L"");
       EXPECT_NE(one.get(), other.get());
    }
+}
+
+// Made before the library's static objects, as those of a library in the place of libfedtime1516e are.
+struct Early
+{
+   std::wstring const ofFactory = HLAinteger64TimeFactory().getName();
+   std::wstring const ofTime = HLAfloat64Time(1.5).implementationName();
+   std::wstring const selected =
+      nameOf(HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(L"HLAinteger64Time"));
+   std::wstring const byDefault = nameOf(HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(L""));
+};
+Early const early [[gnu::init_priority(101)]];
+
+TEST(TimeFactorySelectors, WorkForStaticObjects)
+{
+   EXPECT_EQ(early.ofFactory, HLAinteger64TimeName);
+   EXPECT_EQ(early.ofTime, HLAfloat64TimeName);
+   EXPECT_EQ(early.selected, HLAinteger64TimeName);
+   EXPECT_EQ(early.byDefault, HLAfloat64TimeName);
 }
 
 // What adding and subtracting an interval make of a time or an interval.
