@@ -415,6 +415,8 @@ JNINativeInterface_ functions()
       }
       return failsWith("java/lang/NoSuchMethodError") ? JNI_ERR : JNI_OK;
    };
+   table.GetByteArrayRegion = getArrayRegion<jbyteArray, jbyte>;
+   table.GetLongArrayRegion = getArrayRegion<jlongArray, jlong>;
    return table;
 }
 
