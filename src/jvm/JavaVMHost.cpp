@@ -35,12 +35,15 @@ void loseVM() noexcept
 // enters it.
 std::atomic<bool> isProcessEnding{false};
 
-// Has a value on each thread that the library itself has attached and that is still to be detached.
+// Whether the library itself has attached this thread, and is to detach it when it ends. The key has a value
+// on such threads, for the sake of its destructor; the flag costs less to ask for.
+[[gnu::tls_model("initial-exec")]] thread_local bool isAttachedHere = false;
 pthread_key_t attachedHere;
 
 // At the end of such a thread, behind the destructors of its thread-local objects, which may call services.
 void detachEndingThread(void*) noexcept
 {
+   isAttachedHere = false;
    if (!isVMGone()) {
       javaVM.load(std::memory_order_acquire)->DetachCurrentThread();
    }
@@ -48,6 +51,7 @@ void detachEndingThread(void*) noexcept
 
 void detachAtThreadEnd() noexcept
 {
+   isAttachedHere = true;
    pthread_setspecific(attachedHere, &attachedHere); // any value will do
 }
 
@@ -62,14 +66,15 @@ void watchProcess()
    watching = true;
 }
 
-// A thread that is attached already, be it by the VM or by the application, is left as it is.
+// A thread that the VM or the application has attached is left as it is. The VM is asked each time, because
+// the application may detach any thread; to attach one that is attached costs less than to ask whether it is.
 jint attachTo(JavaVM* vm, JNIEnv*& env) noexcept
 {
    void* found = nullptr;
-   jint code = vm->GetEnv(&found, JNI_VERSION_1_2);
+   jint code = isAttachedHere ? JNI_EDETACHED : vm->GetEnv(&found, JNI_VERSION_1_2);
    if (code != JNI_OK) {
       code = vm->AttachCurrentThread(&found, nullptr);
-      if (code >= 0) {
+      if (code >= 0 && !isAttachedHere) {
          detachAtThreadEnd();
       }
    }

@@ -245,14 +245,14 @@ TEST_F(VMHostTest, JoinsAVMThatIsThere)
    EXPECT_EQ(caught.text.find(L"Cannot locate Tovu core Java classes"), 0U);
 }
 
-TEST_F(VMHostTest, AsksOnceForTheVM)
+TEST_F(VMHostTest, AsksOnceForTheVMAndAttachesEveryTime)
 {
    create();
    create();
    create();
    EXPECT_EQ(runtime.queries, 1);
    EXPECT_EQ(runtime.creations, 1);
-   EXPECT_EQ(runtime.attachments, 0);
+   EXPECT_EQ(runtime.attachments, 3);
 }
 
 TEST_F(VMHostTest, StartsOneVMForThreadsThatComeAtOnce)

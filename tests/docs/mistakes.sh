@@ -68,10 +68,9 @@ mkdir jars
 cp "$jar" jars
 mistake told_once run jars none
 mistake told_once run 'jars/*' none
-# In front of the core stands its ambassador with one service under another name.
+# In front of the core stand its classes with one service under another name.
 mkdir older
-(cd older && cmake -E tar xf "$jar" morva/tovu1516e/RTIambassadorC2007.class)
-sed -i 's/retract_MRH/retract_MHR/' older/morva/tovu1516e/RTIambassadorC2007.class
+(cd older && cmake -E tar xf "$jar" && grep -rl retract_MRH . | xargs sed -i 's/retract_MRH/retract_MHR/')
 mistake with_two_versions
 mistake with_bad_option
 if ldd without_rpath | grep -q 'librti1516e.*not found'; then # or else the library is also where the loader looks

@@ -38,7 +38,6 @@ struct State
    Object* pending = nullptr;
    int calls = 0;
    int failIn = 0;
-   bool attachFails = false;
    bool failed = false;
    Core core;
    Runtime runtime;
@@ -426,23 +425,21 @@ JNIEnv env{&functionTable};
 JNIInvokeInterface_ invocationFunctions()
 {
    JNIInvokeInterface_ table{};
-   // What fails with the thread is that it cannot be attached.
    table.GetEnv = [](JavaVM*, void** environment, jint) -> jint {
       Entry const entry("GetEnv", Allowed::WhilePending);
-      state.attachFails = failsNow();
-      isAttached = isAttached && !state.attachFails && state.runtime.attachStatus == JNI_OK;
-      *environment = isAttached ? &env : nullptr;
-      return isAttached ? JNI_OK : JNI_EDETACHED;
+      bool const known = isAttached && state.runtime.attachStatus == JNI_OK;
+      *environment = known ? &env : nullptr;
+      return known ? JNI_OK : JNI_EDETACHED;
    };
    table.AttachCurrentThread = [](JavaVM*, void** environment, void*) -> jint {
       Entry const entry("AttachCurrentThread", Allowed::WhilePending);
       ++state.runtime.attachments;
-      if (state.runtime.attachStatus != JNI_OK || state.attachFails) {
-         return state.attachFails ? JNI_ENOMEM : state.runtime.attachStatus;
+      if (state.runtime.attachStatus != JNI_OK) {
+         return state.runtime.attachStatus;
       }
       isAttached = true;
       *environment = &env;
-      return JNI_OK;
+      return failsNow() ? JNI_ENOMEM : JNI_OK;
    };
    table.DetachCurrentThread = [](JavaVM*) -> jint {
       Entry const entry("DetachCurrentThread");
