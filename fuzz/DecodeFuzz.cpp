@@ -1,11 +1,9 @@
 // Decodes octets that nobody has made sure of. An input is the shape of an element, a few octets long, and
 // what is decoded into one of that shape.
-#include <RTI/encoding/BasicDataElements.h>
-#include <RTI/encoding/HLAfixedArray.h>
-#include <RTI/encoding/HLAfixedRecord.h>
-#include <RTI/encoding/HLAopaqueData.h>
-#include <RTI/encoding/HLAvariableArray.h>
-#include <RTI/encoding/HLAvariantRecord.h>
+#include "tests/support/RandomElement.h"
+
+#include <RTI/Exception.h>
+#include <RTI/VariableLengthData.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -61,91 +59,6 @@ namespace {
 
 using namespace rti1516e;
 
-// The octets of a shape: a letter for each element, a digit for each length, read from the front. It has few
-// elements, so that what is legitimate stays far below the limit of memory: many of them where an alternative
-// of a variant record is never selected, or in records without an octet, cost much for few octets. But one
-// may be a long array, all of whose octets have to be there.
-class Shape
-{
-public:
-   Shape(std::uint8_t const* octets, std::size_t size) : _next(octets), _end(octets + size) {}
-
-   std::unique_ptr<DataElement> element(int depth = 5, std::size_t copies = 1)
-   {
-      char const letter = take();
-      _elements += copies;
-      if (letter == 'L' && copies == 1 && !_isInVariant && _elements < mostElements) {
-         _elements = mostElements;
-         return std::make_unique<HLAfixedArray>(*basicElement(take()), 20000);
-      }
-      if (depth > 0 && _elements < mostElements) {
-         switch (letter) {
-         case 'A':
-            return fixedArray(depth - 1, copies);
-         case 'V':
-            return std::make_unique<HLAvariableArray>(*element(depth - 1, copies));
-         case 'R':
-            return fixedRecord(depth - 1, copies);
-         case 'D':
-            return variantRecord(depth - 1, copies);
-         default:
-            break;
-         }
-      }
-      return basicElement(letter);
-   }
-
-private:
-   char take() { return _next == _end ? '\0' : static_cast<char>(*_next++); }
-   std::size_t number() { return static_cast<std::size_t>(take() & 7); }
-
-   std::unique_ptr<DataElement> fixedArray(int depth, std::size_t copies)
-   {
-      std::size_t const length = number();
-      return std::make_unique<HLAfixedArray>(*element(depth, copies * std::max<std::size_t>(length, 1)),
-                                             length);
-   }
-
-   std::unique_ptr<DataElement> fixedRecord(int depth, std::size_t copies)
-   {
-      auto record = std::make_unique<HLAfixedRecord>();
-      for (std::size_t fields = number(); fields != 0; --fields) {
-         record->appendElement(*element(depth, copies));
-      }
-      return record;
-   }
-
-   std::unique_ptr<DataElement> variantRecord(int depth, std::size_t copies)
-   {
-      _isInVariant = true;
-      auto record = std::make_unique<HLAvariantRecord>(HLAoctet());
-      for (std::size_t values = number(); values != 0; --values) {
-         record->addVariant(HLAoctet(static_cast<char>(values)), *element(depth, copies));
-      }
-      return record;
-   }
-
-   // The basic elements in alphabetical order, from 'a' on, and opaque data for every other letter.
-   static std::unique_ptr<DataElement> basicElement(char letter)
-   {
-      char first = 'a';
-#define MAKE_IF_ASKED(Name, Value)     \
-   if (letter == first++) {            \
-      return std::make_unique<Name>(); \
-   }
-      RTI_FOR_EACH_BASIC_ELEMENT(MAKE_IF_ASKED)
-#undef MAKE_IF_ASKED
-      return std::make_unique<HLAopaqueData>();
-   }
-
-   static constexpr std::size_t mostElements = 24;
-
-   std::uint8_t const* _next;
-   std::uint8_t const* _end;
-   std::size_t _elements = 0;
-   bool _isInVariant = false; // or behind one
-};
-
 void require(bool condition)
 {
    if (!condition) {
@@ -174,7 +87,9 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
    }
    memoryLimit = memoryInUse + size + mostMemory;
    std::size_t const shapeLength = std::min<std::size_t>(data[0] & 31, size - 1);
-   std::unique_ptr<DataElement> const element = Shape(data + 1, shapeLength).element();
+   contract::Octets shapeOctets(data + 1, shapeLength);
+   contract::Shape const shape = contract::ShapeReader(shapeOctets).read();
+   std::unique_ptr<DataElement> const element = contract::ElementMaker().make(shape);
    // In memory of its exact length, so that a step beyond it is seen.
    std::vector<char> const octets(data + 1 + shapeLength, data + size);
    for (std::size_t const index : {std::size_t{0}, std::size_t{1}, octets.size()}) {
