@@ -47,10 +47,13 @@ std::size_t CountedList::read(Input const& in, std::size_t index)
    return _elements.read(in, index);
 }
 
-// Measuring the prototype also makes it remember its boundaries, which its clones get from it.
+// Measuring the prototype also makes it remember its boundaries, which its clones get from it. Basic elements
+// are few octets each, and as many as there are octets at the most can be afforded: what is there of them is
+// decoded before the first one that is not.
 std::size_t CountedList::leastLengthOfClones() const
 {
-   return std::max<std::size_t>(_prototype->measure(Wanted::leastLength).length, 1);
+   std::size_t const length = _prototype->measure(Wanted::leastLength).length;
+   return rowOf(_prototype->kind()).fixedLength != 0 ? 1 : std::max<std::size_t>(length, 1);
 }
 
 } // namespace rti1516e

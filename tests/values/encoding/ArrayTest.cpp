@@ -100,7 +100,7 @@ TEST(VariableArray, HostileCounts)
       {"ffffffff 00000000", 0, tooShort, 2},
       {"80000000", 0, tooShort, 2},
       {"00000005 00000000", 0, tooShort, 2},
-      {"00000004 00000009", 0, tooShort, 2},
+      {"00000004 00000009", 0, indexOutOfBounds, 4},
       {"00000003 00000009 00000008", 0, indexOutOfBounds, 3},
       {"00000001 000000", 0, indexOutOfBounds, 1},
    };
@@ -109,7 +109,7 @@ TEST(VariableArray, HostileCounts)
       HLAvariableArray array = integers({1, 2});
       EXPECT_EQ(failureOf([&] { array.decodeFrom(octets(each.encoded), each.index); }), each.failure);
       ASSERT_EQ(array.size(), each.sizeAfter);
-      EXPECT_EQ(integerAt(array[0]), each.sizeAfter == 3 ? 9 : 1);
+      EXPECT_EQ(integerAt(array[0]), each.sizeAfter > 2 ? 9 : 1);
    }
    // Elements without octets need none, but are not more than the octets left.
    HLAvariableArray empties{HLAfixedRecord()};
@@ -118,7 +118,7 @@ TEST(VariableArray, HostileCounts)
    EXPECT_EQ(empties.size(), 1U);
 }
 
-// What could not be there at the least length of an element is refused before anything is cloned.
+// What could not be there at the least length of a constructed element is refused before anything is cloned.
 TEST(VariableArray, HostileCountsOfLongElements)
 {
    ForeignElement const foreign;
