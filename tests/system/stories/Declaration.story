@@ -26,7 +26,7 @@ story of publication adds up and ends with ownership
 story is not taken back while ownership is being acquired
    share-a-car
    beta: attributeOwnershipAcquisition car Speed
-   beta: unpublish Car [Speed Fuel|] -> OwnershipAcquisitionPending
+   beta: unpublish Car [|Speed Fuel] -> OwnershipAcquisitionPending
    beta: unpublish Car Fuel; cancelAttributeOwnershipAcquisition car Speed
    beta: attributeOwnershipAcquisition car Privilege
    beta: unpublish Car Position Speed -> OwnershipAcquisitionPending # the privilege would go too

@@ -123,8 +123,14 @@ story are forgotten by one federate and discovered anew
    alpha < requestAttributeOwnershipRelease car Fuel
    beta: cancelAttributeOwnershipAcquisition car Fuel
    beta < confirmAttributeOwnershipAcquisitionCancellation car Fuel
+   # As long as it subscribes it discovers the object again, when there is news of it.
+   beta: localDeleteObjectInstance car
+   beta < nothing
+   alpha: update car Fuel=1 tag=t
+   beta < discover car Vehicle car alpha; reflect car Fuel=1 tag=t RO reliable by alpha
    beta: unsubscribe Vehicle; localDeleteObjectInstance car
    beta: localDeleteObjectInstance car -> ObjectInstanceNotKnown
+   alpha: update car Fuel=2 tag=t
    beta < nothing
    beta: subscribe Car Passengers
    beta < discover car Car car alpha
@@ -208,6 +214,8 @@ story are told of as they are to who begins to listen
    alpha: enableAttributeRelevanceAdvisorySwitch
    alpha < turnUpdatesOnForObjectInstance car Position
    beta: localDeleteObjectInstance car
+   alpha < nothing # for beta is to discover it again
+   beta: unsubscribe Vehicle
    alpha < turnUpdatesOffForObjectInstance car Position
 to listen
    alpha: enableAttributeRelevanceAdvisorySwitch
@@ -216,3 +224,52 @@ to listen
    beta < attributesInScope car Position
    alpha: disableAttributeRelevanceAdvisorySwitch
    beta: disableAttributeScopeAdvisorySwitch
+
+# Beta knows the object until its removal has been told, and that is the one callback that comes.
+to expect-known $object
+   beta: getKnownObjectClassHandle $object = Vehicle; getObjectInstanceHandle $object = $object
+to expect-known-until-told $object $by
+   expect-known $object
+   beta on remove: getKnownObjectClassHandle $object = Vehicle; getObjectInstanceHandle $object = $object
+   beta: enableCallbacks
+   beta < remove $object RO by $by
+   beta: getKnownObjectClassHandle $object -> ObjectInstanceNotKnown
+to have-gamma-register $object
+   alpha: releaseObjectInstanceName $object
+   gamma: join; reserveObjectInstanceName $object
+   gamma < objectInstanceNameReservationSucceeded $object
+   gamma: publish Car Position; $object = register Car $object
+   beta < discover $object Vehicle $object gamma
+   beta: disableCallbacks
+story are known until their removal is told
+   alpha: reserveMultipleObjectInstanceName car second third fourth
+   alpha < multipleObjectInstanceNameReservationSucceeded car fourth second third
+   alpha: publish Car Position Speed Fuel Passengers; car = register Car car
+   beta: subscribe Vehicle Position Speed Fuel
+   beta < discover car Vehicle car alpha
+   beta: publish Vehicle Position Speed Fuel
+   alpha: unconditionalAttributeOwnershipDivestiture car Speed
+   beta < requestAttributeOwnershipAssumption car Speed
+   beta: attributeOwnershipAcquisitionIfAvailable car Speed; enableAttributeScopeAdvisorySwitch
+   beta < attributeOwnershipAcquisitionNotification car Speed; attributesInScope car Fuel Position
+   beta: disableCallbacks
+   alpha: delete car
+   # Of this nothing is told any more: it would come after the removal.
+   beta: isAttributeOwnedByFederate car Speed = true; update car Speed=1
+   beta: requestAttributeValueUpdate car Fuel; queryAttributeOwnership car Speed
+   beta: attributeOwnershipAcquisition car Fuel; unsubscribe Vehicle Fuel; subscribe Vehicle Fuel
+   expect-known-until-told car alpha
+   alpha: second = register Car second
+   beta < discover second Vehicle second alpha; attributesInScope second Fuel Position Speed
+   beta: disableCallbacks
+   alpha: delete second
+   beta: localDeleteObjectInstance second; getObjectInstanceName second -> ObjectInstanceNotKnown
+   beta: enableCallbacks
+   beta < nothing
+   beta: disableAttributeScopeAdvisorySwitch
+   have-gamma-register third
+   gamma: resignFederationExecution DELETE_OBJECTS
+   expect-known-until-told third gamma
+   have-gamma-register fourth
+   gamma: setAutomaticResignDirective DELETE_OBJECTS; destroyAmbassador
+   expect-known-until-told fourth gamma

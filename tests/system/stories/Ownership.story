@@ -171,22 +171,26 @@ story of the privilege to delete passes the right to delete
 
 # The owner has all of the lorry, and the buyer has asked for the fuel and owns nothing.
 to resign $action $owning $acquiring
-   owner, buyer: join; setAutomaticResignDirective CANCEL_THEN_DELETE_THEN_DIVEST
-   owner, buyer: publish Truck Position Speed Fuel; subscribe Truck Position Speed Fuel
+   owner, buyer < whatever # of the row before
+   owner, buyer: join; publish Truck Position Speed Fuel; subscribe Truck Position Speed Fuel
    owner: lorry = register Truck
    buyer < discover lorry Truck lorry owner
    buyer: attributeOwnershipAcquisition lorry Fuel
    owner < requestAttributeOwnershipRelease lorry Fuel
    buyer: resignFederationExecution $action -> $acquiring
    owner: resignFederationExecution $action -> $owning
-   owner, buyer: destroyAmbassador
 
 story ends as the resigning federate has it
    resign NO_ACTION FederateOwnsAttributes OwnershipAcquisitionPending
+   owner, buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign CANCEL_PENDING_OWNERSHIP_ACQUISITIONS FederateOwnsAttributes nothing
+   owner: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign UNCONDITIONALLY_DIVEST_ATTRIBUTES nothing OwnershipAcquisitionPending
+   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign DELETE_OBJECTS nothing OwnershipAcquisitionPending
+   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign DELETE_OBJECTS_THEN_DIVEST nothing OwnershipAcquisitionPending
+   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign CANCEL_THEN_DELETE_THEN_DIVEST nothing nothing
 
 story is on offer after the owner resigned

@@ -462,3 +462,21 @@ story is only for who takes part
    constrain alpha
    alpha: timeAdvanceRequest 20 # which promises not to send for 5 any more
    alpha: retract sent -> MessageCanNoLongerBeRetracted
+
+to excluded $request
+   alpha: $request 5; update car Position=1 at 5 -> InvalidLogicalTime
+   alpha < timeAdvanceGrant 5
+   alpha: update car Position=1 at 5 -> InvalidLogicalTime
+   beta: $request 5
+   beta < timeAdvanceGrant 5
+story keeps the promise of a time that was excluded
+   regulate alpha 0
+   constrain beta
+   advance alpha 5 # and so sends nothing for 5 any more
+   advance beta 5  # and so receives nothing for 5 any more
+   excluded [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|nextMessageRequestAvailable|flushQueueRequest]
+   alpha: modifyLookahead 0; queryLookahead = 0; disableTimeRegulation
+   gamma: join; enableTimeRegulation 0
+   gamma < whatever
+   gamma: send Message -> InteractionClassNotPublished
+   gamma: publish Message; send Message at 5 -> InvalidLogicalTime

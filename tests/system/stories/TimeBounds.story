@@ -23,5 +23,6 @@ story what is no number is no time
    federation Road.xml float
    alpha: join; enableTimeRegulation 1
    alpha < timeRegulationEnabled 0
-   alpha: timeAdvanceRequest nan -> InvalidLogicalTime
+   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|nextMessageRequestAvailable|
+      flushQueueRequest|requestFederationSave noon at] nan -> InvalidLogicalTime
    alpha: modifyLookahead nan -> InvalidLookahead
