@@ -83,7 +83,7 @@ story is not made of broken modules nor joined with them
    refuse [$fom/CutOff.xml ErrorReadingFDD CutOff.xml|$fom/Recipe.xml ErrorReadingFDD Recipe.xml]
    refuse "$fom/Road.xml $fom/Disagreeing.xml" InconsistentFDD Disagreeing.xml
    refuse "$fom/Road.xml $fom/Missing.xml" CouldNotOpenFDD Missing.xml
-   beta: createFederationExecution $other $fom/Clashing.xml -> InconsistentFDD Clashing.xml
+   beta: createFederationExecution $other $fom/Rootless.xml -> InconsistentFDD Rootless.xml
    beta: createFederationExecution $other $fom/Road.xml $fom/Letter.xml -> ErrorReadingFDD Letter.xml
    beta: listFederationExecutions
    beta < reportFederationExecutions $federation=HLAfloat64Time
