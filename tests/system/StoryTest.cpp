@@ -80,8 +80,11 @@ private:
       for (auto const& text : alternatives(line.text)) {
          _present = line;
          _present.text = text;
-         performOne(text);
-         tellOfCallbacks();
+         for (std::size_t start = 0, end = 0; end != std::string::npos; start = end + 4) {
+            end = text.find(" => ", start);
+            performOne(text.substr(start, end - start));
+            tellOfCallbacks();
+         }
       }
    }
 

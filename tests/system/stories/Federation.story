@@ -6,8 +6,7 @@ story is connected to once at a time
    alpha: resignFederationExecution NO_ACTION; disconnect
 
 story is in the list of those that there are
-   alpha: connect; listFederationExecutions
-   alpha < reportFederationExecutions
+   alpha: connect; listFederationExecutions => alpha < reportFederationExecutions
    federation Road.xml integer
    alpha: createFederationExecution $other $fom/Road.xml; listFederationExecutions
    alpha < reportFederationExecutions $federation=HLAinteger64Time $other=HLAfloat64Time
@@ -39,8 +38,7 @@ story lives in one kind of time
 
 story is joined once by each name and ambassador
    federation Road.xml
-   alpha: join
-   alpha: joinFederationExecution gamma test $federation -> FederateAlreadyExecutionMember
+   alpha: join; joinFederationExecution gamma test $federation -> FederateAlreadyExecutionMember
    beta: connect; joinFederationExecution alpha test $federation -> FederateNameAlreadyInUse
    alpha: resignFederationExecution NO_ACTION
    beta: second = joinFederationExecution alpha test $federation; getFederateHandle alpha = second
@@ -52,8 +50,7 @@ story knows its federates by name and handle
    beta: unnamed = joinWithoutName test $federation
    gamma: other = joinWithoutName test $federation
    beta: getFederateHandle alpha = alpha; getFederateName alpha = alpha; decodeFederateHandle alpha = alpha
-   alpha: getFederateHandle nobody -> NameNotFound
-   alpha: getFederateName noFederate -> InvalidFederateHandle
+   alpha: getFederateHandle nobody -> NameNotFound; getFederateName noFederate -> InvalidFederateHandle
    alpha: getFederateName other
    beta: resignFederationExecution NO_ACTION
    alpha: getFederateName unnamed -> FederateHandleNotKnown
@@ -71,8 +68,7 @@ to direct $action
 to refuse $modules $exception $named
    beta: createFederationExecution $other $modules -> $exception $named
    beta: createFederationExecutionWithMIM $other $mim $modules -> $exception $named
-   beta: join $modules -> $exception $named
-   beta: joinWithoutName test $federation $modules -> $exception $named
+   beta: join $modules -> $exception $named; joinWithoutName test $federation $modules -> $exception $named
 story is not made of broken modules nor joined with them
    federation Road.xml float
    alpha: join
@@ -85,8 +81,7 @@ story is not made of broken modules nor joined with them
    refuse "$fom/Road.xml $fom/Missing.xml" CouldNotOpenFDD Missing.xml
    beta: createFederationExecution $other $fom/Rootless.xml -> InconsistentFDD Rootless.xml
    beta: createFederationExecution $other $fom/Road.xml $fom/Letter.xml -> ErrorReadingFDD Letter.xml
-   beta: listFederationExecutions
-   beta < reportFederationExecutions $federation=HLAfloat64Time
+   beta: listFederationExecutions => beta < reportFederationExecutions $federation=HLAfloat64Time
    alpha: getFederateHandle beta -> NameNotFound
    beta: join $fom/Road.xml $fom/Weather.xml
 

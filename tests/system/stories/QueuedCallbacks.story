@@ -8,36 +8,29 @@ every story
    alpha: subscribe Car Position Speed Fuel
 
 to regulate-alpha
-   alpha: enableTimeRegulation 1
-   alpha < timeRegulationEnabled 0
+   alpha: enableTimeRegulation 1 => alpha < timeRegulationEnabled 0
 to constrain-beta
-   beta: enableTimeConstrained
-   beta < timeConstrainedEnabled 0
+   beta: enableTimeConstrained => beta < timeConstrainedEnabled 0
 
 story tell of a retraction only where the message was delivered
    regulate-alpha
    beta: disableCallbacks
    alpha: m = update car Position=1 at 5; retract m
-   beta: enableCallbacks
-   beta < nothing
+   beta: enableCallbacks => beta < nothing
    beta: disableCallbacks
    alpha: m = update car Position=1 at 5
    beta: unsubscribe Car
    alpha: retract m
-   beta: enableCallbacks
-   beta < nothing
+   beta: enableCallbacks => beta < nothing
    beta: subscribe Car Position Speed Fuel; disableCallbacks
    alpha: m = delete car at 5; retract m
-   beta: enableCallbacks
-   beta < nothing
+   beta: enableCallbacks => beta < nothing
    beta: getKnownObjectClassHandle car = Car; disableCallbacks
    # And so by one that is retracted in the very callback that tells of it.
    alpha: m = delete car at 5
    beta on remove: getKnownObjectClassHandle car = Car
-   beta: enableCallbacks
-   beta < remove car TSO at 5 RO retractable by alpha
-   alpha: retract m
-   beta < requestRetraction m; discover car Car car alpha
+   beta: enableCallbacks => beta < remove car TSO at 5 RO retractable by alpha
+   alpha: retract m => beta < requestRetraction m; discover car Car car alpha
 
 story tell nothing of an object that the federate gave up
    regulate-alpha
@@ -46,26 +39,20 @@ story tell nothing of an object that the federate gave up
    alpha: update car Position=1; update car Position=2 at 5; requestAttributeValueUpdate car Position
    beta: queryAttributeOwnership car Position; localDeleteObjectInstance car; enableCallbacks
    alpha, beta < nothing
-   beta: unsubscribe Car; subscribe Car Position Speed Fuel
-   beta < discover car Car car alpha
+   beta: unsubscribe Car; subscribe Car Position Speed Fuel => beta < discover car Car car alpha
    alpha: unconditionalAttributeOwnershipDivestiture car Privilege
    beta < requestAttributeOwnershipAssumption car Privilege
    beta: attributeOwnershipAcquisitionIfAvailable car Privilege
    beta < attributeOwnershipAcquisitionNotification car Privilege
    beta: disableCallbacks
    alpha: update car Position=1; update car Position=2 at 5
-   beta: delete car; enableCallbacks
-   beta < nothing
-   alpha < remove car RO by beta
+   beta: delete car; enableCallbacks => beta < nothing => alpha < remove car RO by beta
    # An object that it does not even know of yet.
    beta: disableCallbacks
    alpha: other = register Car
-   beta: localDeleteObjectInstance other; enableCallbacks
-   beta < nothing
-   alpha: timeAdvanceRequest 50
-   alpha < timeAdvanceGrant 50
-   beta: timeAdvanceRequest 20
-   beta < timeAdvanceGrant 20
+   beta: localDeleteObjectInstance other; enableCallbacks => beta < nothing
+   alpha: timeAdvanceRequest 50 => alpha < timeAdvanceGrant 50
+   beta: timeAdvanceRequest 20 => beta < timeAdvanceGrant 20
 
 story come in the order of time only to who knows that it is constrained
    regulate-alpha
@@ -103,8 +90,7 @@ to waiting-sent $send $change $time
    beta: disableCallbacks
    alpha: $send at $time
    $change
-   alpha: timeAdvanceRequest $time
-   alpha < timeAdvanceGrant $time
+   alpha: timeAdvanceRequest $time => alpha < timeAdvanceGrant $time
    beta: enableCallbacks
 to waiting-told $expected $time
    beta < $expected RO retractable by alpha
@@ -113,16 +99,13 @@ to waiting-not-told $time $greatest
 to stamped-sent $send $change $time
    alpha: $send at $time
    $change
-   alpha: timeAdvanceRequest $time
-   alpha < timeAdvanceGrant $time
-   beta: timeAdvanceRequest +9
-   beta < whatever
+   alpha: timeAdvanceRequest $time => alpha < timeAdvanceGrant $time
+   beta: timeAdvanceRequest +9 => beta < whatever
 to stamped-told $expected $time
    beta: queryLITS = $time; nextMessageRequest $time
    beta < $expected TSO retractable by alpha; timeAdvanceGrant $time
 to stamped-not-told $time $greatest
-   beta: queryLITS = $greatest; nextMessageRequest $time
-   beta < timeAdvanceGrant $time
+   beta: queryLITS = $greatest; nextMessageRequest $time => beta < timeAdvanceGrant $time
 to change-subscriptions $how
    regulate-alpha
    alpha: publish Urgent; publish Accident; there = createRegion Lane
@@ -178,16 +161,14 @@ story tell of ownership only as it is
    alpha: disableCallbacks
    beta: attributeOwnershipAcquisition car Position; cancelAttributeOwnershipAcquisition car Position
    beta: attributeOwnershipAcquisition car Position
-   alpha: enableCallbacks
-   alpha < requestAttributeOwnershipRelease car Position
+   alpha: enableCallbacks => alpha < requestAttributeOwnershipRelease car Position
    beta: cancelAttributeOwnershipAcquisition car Position
    beta < confirmAttributeOwnershipAcquisitionCancellation car Position;
       confirmAttributeOwnershipAcquisitionCancellation car Position
    # Asked for the release, or to confirm one, and neither is wanted any more.
    alpha: disableCallbacks
    beta: attributeOwnershipAcquisition car Position Speed tag=mine; cancelAttributeOwnershipAcquisition car Position
-   alpha: unconditionalAttributeOwnershipDivestiture car Speed; enableCallbacks
-   alpha < nothing
+   alpha: unconditionalAttributeOwnershipDivestiture car Speed; enableCallbacks => alpha < nothing
    beta < confirmAttributeOwnershipAcquisitionCancellation car Position; attributeOwnershipAcquisitionNotification car Speed
    alpha: negotiatedAttributeOwnershipDivestiture car Position Fuel
    beta < requestAttributeOwnershipAssumption car Fuel Position
@@ -210,25 +191,19 @@ story are none after a resignation
    beta: disableCallbacks
    alpha: update car Position=1 at 5; unconditionalAttributeOwnershipDivestiture car Position
    beta: attributeOwnershipAcquisition car Position; enableTimeConstrained
-   beta: resignFederationExecution UNCONDITIONALLY_DIVEST_ATTRIBUTES; join; enableCallbacks
-   beta < nothing
+   beta: resignFederationExecution UNCONDITIONALLY_DIVEST_ATTRIBUTES; join; enableCallbacks => beta < nothing
    alpha < requestAttributeOwnershipAssumption car Position
-   alpha: queryAttributeOwnership car Position
-   alpha < attributeIsNotOwned car Position
+   alpha: queryAttributeOwnership car Position => alpha < attributeIsNotOwned car Position
    beta: disableTimeConstrained -> TimeConstrainedIsNotEnabled
 
 story are none of what a restore replaces
-   alpha: requestFederationSave noon
-   alpha, beta < initiateFederateSave noon
-   alpha, beta: federateSaveBegun; federateSaveComplete
-   alpha, beta < federationSaved
+   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
+   alpha, beta: federateSaveBegun; federateSaveComplete => alpha, beta < federationSaved
    beta: disableCallbacks
    alpha: update car Position=1; requestFederationRestore noon
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
-   alpha, beta: federateRestoreComplete
-   alpha < federationRestored
-   beta: enableCallbacks
-   beta < federationRestored
+   alpha, beta: federateRestoreComplete => alpha < federationRestored
+   beta: enableCallbacks => beta < federationRestored
 
 story that answer the connection outlive the membership
    beta: disableCallbacks; listFederationExecutions; resignFederationExecution NO_ACTION; join; enableCallbacks

@@ -20,27 +20,24 @@ story is for want of a connection and of a federation
 
 story is in a save and in a restore
    federation Road.xml
-   alpha: join; requestFederationSave noon
-   alpha < initiateFederateSave noon
+   alpha: join; requestFederationSave noon => alpha < initiateFederateSave noon
    late: connect
    late: [join|joinWithoutName test $federation] -> SaveInProgress
-   alpha: * -> SaveInProgress
-   alpha: federateSaveBegun; * -> SaveInProgress
-   alpha: federateSaveComplete
+   alpha: * -> SaveInProgress; federateSaveBegun; * -> SaveInProgress; federateSaveComplete
    alpha < federationSaved
    alpha: requestFederationRestore noon
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
    late: [join|joinWithoutName test $federation] -> RestoreInProgress
-   alpha: * -> RestoreInProgress
-   alpha: federateRestoreComplete
-   alpha < federationRestored
+   alpha: * -> RestoreInProgress; federateRestoreComplete => alpha < federationRestored
 
 story is within a callback
-   federation Road.xml
-   alpha: join; queryFederationSaveStatus
+   federation Road.xml float
    alpha on federationSaveStatusResponse: * -> CallNotAllowedFromWithinCallback; getFederateName alpha = alpha
-   alpha < federationSaveStatusResponse alpha=idle
+   alpha: join; queryFederationSaveStatus => alpha < federationSaveStatusResponse alpha=idle
+   alpha on reportFederationExecutions: * -> CallNotAllowedFromWithinCallback;
+      destroyFederationExecution $other -> FederationExecutionDoesNotExist
    alpha: resignFederationExecution NO_ACTION; listFederationExecutions
+   alpha < reportFederationExecutions $federation=HLAfloat64Time
 
 story is from the class to the attribute to its state
    be-on-the-road
@@ -50,8 +47,7 @@ story is from the class to the attribute to its state
    alpha: [unpublish|unsubscribe|register] noObjectClass -> ObjectClassNotDefined
    alpha: subscribe noObjectClass noAttribute Breakneck -> InvalidUpdateRateDesignator
    alpha: [publish|unpublish|subscribe|unsubscribe] noInteractionClass -> InteractionClassNotDefined
-   alpha: register noObjectClass free -> ObjectClassNotDefined
-   alpha: register Truck free -> ObjectClassNotPublished
+   alpha: register noObjectClass free -> ObjectClassNotDefined; register Truck free -> ObjectClassNotPublished
 
 story is from the object to the attribute
    be-on-the-road
@@ -85,8 +81,7 @@ story is from the object to the attribute to its owner
    be-refused [attributeOwnershipReleaseDenied|attributeOwnershipDivestitureIfWanted|cancelNegotiatedAttributeOwnershipDivestiture]
 
 to be-refused-regions $service $car $no $unknown $context
-   alpha: $service $no noAttribute@noRegion -> $unknown
-   alpha: $service $car Load@noRegion -> AttributeNotDefined
+   alpha: $service $no noAttribute@noRegion -> $unknown; $service $car Load@noRegion -> AttributeNotDefined
    alpha: $service $car [Position@foreign,noRegion|Position@foreign Position@noRegion] -> InvalidRegion
    alpha: $service $car Fuel@foreign -> RegionNotCreatedByThisFederate
    alpha: $service $car [Fuel|Speed]@stretch -> $context
@@ -105,21 +100,18 @@ story is from the attribute to the region
    alpha: register Car Position@foreign Position@noRegion free -> InvalidRegion
    alpha: register Car Position@foreign free -> RegionNotCreatedByThisFederate
    alpha: register Car Fuel@stretch free -> InvalidRegionContext
-   alpha: register Car Position@stretch free -> ObjectInstanceNameNotReserved
-   alpha: reserveObjectInstanceName taken
+   alpha: register Car Position@stretch free -> ObjectInstanceNameNotReserved; reserveObjectInstanceName taken
    alpha < objectInstanceNameReservationSucceeded taken
    alpha: taken = register Car taken; register Car Position@stretch taken -> ObjectInstanceNameInUse
    alpha: commitRegionModifications foreign noRegion -> InvalidRegion
    alpha: setRangeBounds noRegion noDimension 9..1 -> InvalidRegion
    alpha: setRangeBounds foreign noDimension 9..1 -> RegionNotCreatedByThisFederate
    alpha: setRangeBounds stretch noDimension 9..1 -> RegionDoesNotContainSpecifiedDimension
-   alpha: getRangeBounds noRegion noDimension -> InvalidRegion
-   beta < whatever
+   alpha: getRangeBounds noRegion noDimension -> InvalidRegion => beta < whatever
 
 story is from the interaction to the region
    be-on-the-road
-   alpha: send Accident foreign -> InteractionClassNotPublished
-   alpha: publish Message; publish Accident
+   alpha: send Accident foreign -> InteractionClassNotPublished; publish Message; publish Accident
    alpha: [subscribe|unsubscribe|send] noInteractionClass noRegion -> InteractionClassNotDefined
    alpha: [subscribe|unsubscribe|send] Accident foreign noRegion -> InvalidRegion
    alpha: [subscribe|unsubscribe|send] Message foreign -> RegionNotCreatedByThisFederate
@@ -128,17 +120,14 @@ story is from the interaction to the region
 
 story is of the time last
    be-on-the-road
-   alpha, beta: enableTimeRegulation 5
-   alpha, beta < timeRegulationEnabled 0
+   alpha, beta: enableTimeRegulation 5 => alpha, beta < timeRegulationEnabled 0
    beta: update noObjectInstance noAttribute= at 0 -> ObjectInstanceNotKnown
-   beta: update car noAttribute= at 0 -> AttributeNotDefined
-   beta: update car Speed= at 0 -> AttributeNotOwned
+   beta: update car noAttribute= at 0 -> AttributeNotDefined; update car Speed= at 0 -> AttributeNotOwned
    alpha: send noInteractionClass Level= at 0 -> InteractionClassNotDefined
    alpha: send Accident Level= at 0 -> InteractionParameterNotDefined
    alpha: send noInteractionClass Level= -> InteractionClassNotDefined
    alpha: send Accident [|foreign] at 0 -> InteractionClassNotPublished
-   beta: delete noObjectInstance at 0 -> ObjectInstanceNotKnown
-   beta: delete car at 0 -> DeletePrivilegeNotHeld
+   beta: delete noObjectInstance at 0 -> ObjectInstanceNotKnown; delete car at 0 -> DeletePrivilegeNotHeld
    alpha: publish Accident; publish Message
    alpha: send noInteractionClass stretch at 0 -> InteractionClassNotDefined
    alpha: send Accident Level= stretch at 0 -> InteractionParameterNotDefined
@@ -149,17 +138,14 @@ story is of the time last
    alpha: requestFederationSave noon at -1 -> LogicalTimeAlreadyPassed
    alpha: disableCallbacks; timeAdvanceRequest 10; enableTimeConstrained -> InTimeAdvancingState; enableCallbacks
    alpha < timeAdvanceGrant 10
-   beta: enableTimeConstrained
-   beta < timeConstrainedEnabled 0
-   beta: timeAdvanceRequest 100
-   beta: modifyLookahead -1 -> InTimeAdvancingState
+   beta: enableTimeConstrained => beta < timeConstrainedEnabled 0
+   beta: timeAdvanceRequest 100; modifyLookahead -1 -> InTimeAdvancingState
    beta: enableTimeConstrained -> TimeConstrainedAlreadyEnabled
    beta: enableTimeRegulation -1 -> TimeRegulationAlreadyEnabled
 
 story is while another change is under way
    be-on-the-road
-   alpha: publish Message; disableCallbacks
-   alpha: requestAttributeTransportationTypeChange car Position best-effort
+   alpha: publish Message; disableCallbacks; requestAttributeTransportationTypeChange car Position best-effort
    alpha: requestAttributeTransportationTypeChange car Position Fuel reliable -> AttributeAlreadyBeingChanged
    alpha: requestInteractionTransportationTypeChange Message best-effort
    alpha: requestInteractionTransportationTypeChange Message reliable -> InteractionClassAlreadyBeingChanged

@@ -50,23 +50,19 @@ story count only when committed
    make-region beta here 0..4
    beta: subscribe Vehicle Position@here
    make-region alpha there 4..8
-   alpha: car = register Car Position@there; setRangeBounds there Lane 0..1
-   beta < nothing
-   alpha: commitRegionModifications there
-   beta < discover car Vehicle car alpha
+   alpha: car = register Car Position@there; setRangeBounds there Lane 0..1 => beta < nothing
+   alpha: commitRegionModifications there => beta < discover car Vehicle car alpha
 
 story that are not given are everywhere
    gamma: join; subscribe Vehicle Position
    beta: here = createRegion Lane Distance; setRangeBounds here Lane 0..1; setRangeBounds here Distance 5..9
    beta: commitRegionModifications here; subscribe Vehicle Position@here
-   alpha: somewhere = register Car
-   beta, gamma < discover somewhere Vehicle somewhere alpha
+   alpha: somewhere = register Car => beta, gamma < discover somewhere Vehicle somewhere alpha
    make-region alpha first-lane 0..1
    alpha: anywhere-on-it = register Car Position@first-lane
    beta, gamma < discover anywhere-on-it Vehicle anywhere-on-it alpha
    alpha: off = createRegion Lane Distance; setRangeBounds off Lane 0..1; setRangeBounds off Distance 9..10
-   alpha: commitRegionModifications off; far = register Car Position@off
-   beta < nothing
+   alpha: commitRegionModifications off; far = register Car Position@off => beta < nothing
    gamma < discover far Vehicle far alpha
 
 story are added to and taken from updates
@@ -74,14 +70,10 @@ story are added to and taken from updates
    beta: subscribe Vehicle Position,Speed@here
    make-region alpha there 5..6
    make-region alpha close 0..2
-   alpha: car = register Car Position@there Speed@there
-   beta < nothing
-   alpha: associateRegionsForUpdates car Position@close
-   beta < discover car Vehicle car alpha
-   alpha: update car Position=1 Speed=2
-   beta < reflect car Position=1 RO reliable by alpha from close there
-   alpha: unassociateRegionsForUpdates car Position@close; update car Position=1 Speed=2
-   beta < nothing
+   alpha: car = register Car Position@there Speed@there => beta < nothing
+   alpha: associateRegionsForUpdates car Position@close => beta < discover car Vehicle car alpha
+   alpha: update car Position=1 Speed=2 => beta < reflect car Position=1 RO reliable by alpha from close there
+   alpha: unassociateRegionsForUpdates car Position@close; update car Position=1 Speed=2 => beta < nothing
    alpha: unassociateRegionsForUpdates car Position,Speed@there # none left: everywhere
    alpha: update car Position=1 Speed=2
    beta <~ reflect car Position=1 RO reliable by alpha; reflect car Speed=2 RO best-effort by alpha
@@ -91,24 +83,18 @@ story add up in subscriptions
    make-region beta third 2..3
    beta: subscribe Car Position@first; subscribe Car Position,Speed@third
    make-region alpha where 2..3
-   alpha: car = register Car Position@where
-   beta < discover car Car car alpha
-   alpha: update car Position=1
-   beta < reflect car Position=1 RO reliable by alpha from where
+   alpha: car = register Car Position@where => beta < discover car Car car alpha
+   alpha: update car Position=1 => beta < reflect car Position=1 RO reliable by alpha from where
    move alpha where 0..1
-   alpha: update car Position=1
-   beta < reflect car Position=1 RO reliable by alpha from where
+   alpha: update car Position=1 => beta < reflect car Position=1 RO reliable by alpha from where
    beta: deleteRegion first -> RegionInUseForUpdateOrSubscription
    alpha: deleteRegion where -> RegionInUseForUpdateOrSubscription
    beta: unsubscribe Car Position@first; deleteRegion first
-   alpha: update car Position=1
-   beta < nothing
+   alpha: update car Position=1 => beta < nothing
    move alpha where 0..8
-   alpha: update car Position=1
-   beta < reflect car Position=1 RO reliable by alpha from where
+   alpha: update car Position=1 => beta < reflect car Position=1 RO reliable by alpha from where
    beta: unsubscribe Car
-   alpha: update car Position=1
-   beta < nothing
+   alpha: update car Position=1 => beta < nothing
 
 to send-in $range
    move alpha there $range
@@ -128,8 +114,7 @@ story meet where their ranges overlap
 
 story go with named objects too
    make-region alpha here 0..1
-   alpha: reserveObjectInstanceName herbie
-   alpha < objectInstanceNameReservationSucceeded herbie
+   alpha: reserveObjectInstanceName herbie => alpha < objectInstanceNameReservationSucceeded herbie
    alpha: car = register Car Position@here herbie; getObjectInstanceHandle herbie = car
    alpha: deleteRegion here -> RegionInUseForUpdateOrSubscription
 
@@ -174,16 +159,13 @@ story select interactions
    make-region alpha outside 5..6
    alpha: send Accident Damage=1 inside
    beta, gamma < receive Accident Damage=1 RO reliable by alpha from inside
-   alpha: send Accident Damage=1 outside
-   beta < nothing
+   alpha: send Accident Damage=1 outside => beta < nothing
    gamma < receive Accident Damage=1 RO reliable by alpha from outside
    alpha: send Accident Damage=1 inside outside
    beta, gamma < receive Accident Damage=1 RO reliable by alpha from inside outside
-   alpha: send Accident Damage=1
-   beta, gamma < receive Accident Damage=1 RO reliable by alpha
+   alpha: send Accident Damage=1 => beta, gamma < receive Accident Damage=1 RO reliable by alpha
    beta: unsubscribe Accident here; deleteRegion here
-   alpha: send Accident Damage=1 inside
-   beta < nothing
+   alpha: send Accident Damage=1 inside => beta < nothing
    gamma < receive Accident Damage=1 RO reliable by alpha from inside
    alpha: deleteRegion inside; send Accident inside -> InvalidRegion
 

@@ -12,8 +12,7 @@ story knows classes and attributes by name and handle
    beta: getObjectClassHandle [HLAobjectRoot.Car|""] -> NameNotFound
    beta: getObjectClassName noObjectClass -> InvalidObjectClassHandle
    beta: getAttributeHandle Taxi Position = Position; getAttributeName Taxi Position = Position
-   beta: getAttributeName Taxi Fare = Fare
-   beta: getAttributeHandle Vehicle Fare -> NameNotFound
+   beta: getAttributeName Taxi Fare = Fare; getAttributeHandle Vehicle Fare -> NameNotFound
    beta: getAttributeHandle noObjectClass Fare -> InvalidObjectClassHandle
    beta: getAttributeName Vehicle Fare -> AttributeNotDefined
    beta: getAttributeName Vehicle noAttribute -> InvalidAttributeHandle
@@ -42,8 +41,7 @@ story knows orders transportations and update rates
    alpha: getUpdateRateValue Slow = 0.5; getUpdateRateValue Fast = 50
    alpha: getUpdateRateValue Breakneck -> InvalidUpdateRateDesignator
    alpha: publish Car Position; car = register Car; decodeObjectInstanceHandle car = car
-   beta: subscribe Car Position Fast
-   beta < discover car Car car alpha
+   beta: subscribe Car Position Fast => beta < discover car Car car alpha
    beta: getUpdateRateValueForAttribute car Position = 50
 
 story knows dimensions
@@ -80,6 +78,5 @@ story knows what another module brings along
    alpha: Cloud = getObjectClassHandle HLAobjectRoot.Cloud; Rain = getAttributeHandle Cloud Rain
    alpha: publish Cloud Rain
    beta: subscribe Cloud Rain
-   alpha: nimbus = register Cloud
-   beta < discover nimbus Cloud nimbus alpha
+   alpha: nimbus = register Cloud => beta < discover nimbus Cloud nimbus alpha
    alpha: getObjectClassHandle HLAobjectRoot.Vehicle = Vehicle
