@@ -168,6 +168,56 @@ private:
    Integer64 _time = 0;
 };
 
+// Updates of one object that wait in time-stamp order for a federate that does not ask for its time to
+// advance.
+class Waiting
+{
+public:
+   explicit Waiting(Integer64 updates) : _federation(2), _updates(updates)
+   {
+      _person = _sender->getObjectClassHandle(L"HLAobjectRoot.Person");
+      AttributeHandle const place = _sender->getAttributeHandle(_person, L"Place");
+      _attributes.insert(place);
+      _values[place] = VariableLengthData("position", 8);
+      _sender->publishObjectClassAttributes(_person, _attributes);
+      _object = _sender->registerObjectInstance(_person);
+      _sender->changeAttributeOrderType(_object, _attributes, TIMESTAMP);
+      _receiver->subscribeObjectClassAttributes(_person, _attributes);
+      _sender->enableTimeRegulation(HLAinteger64Interval(1));
+      _receiver->enableTimeConstrained();
+      _sender.evokeAll();
+      _receiver.evokeAll();
+      for (Integer64 time = 1; time <= updates; ++time) {
+         update(time);
+      }
+   }
+
+   void resubscribe()
+   {
+      _receiver->unsubscribeObjectClass(_person);
+      _receiver->subscribeObjectClassAttributes(_person, _attributes);
+   }
+
+   // One amid those that wait.
+   void retractOne() { _sender->retract(update(_updates / 2)); }
+
+private:
+   MessageRetractionHandle update(Integer64 time)
+   {
+      return _sender->updateAttributeValues(_object, _values, _noTag, HLAinteger64Time(time));
+   }
+
+   Federation _federation;
+   Federate& _sender = _federation.federates()[0];
+   Federate& _receiver = _federation.federates()[1];
+   Integer64 const _updates;
+   ObjectClassHandle _person;
+   ObjectInstanceHandle _object;
+   AttributeHandleSet _attributes;
+   AttributeHandleValueMap _values;
+   VariableLengthData const _noTag;
+};
+
 // So many federations of two beside the one that is measured, all of them with an object.
 class Beside : public Updating
 {
@@ -200,6 +250,24 @@ void measure(std::string const& name, void (Subject::*action)(), Arguments... ar
    });
 }
 
+// The same on something that takes long to make: all runs share it.
+template <class Subject, class Size>
+void measureShared(std::string const& name, void (Subject::*action)(), Size size)
+{
+   auto const subject = std::make_shared<std::unique_ptr<Subject>>();
+   benchmark::RegisterBenchmark(name.c_str(), [subject, action, size](benchmark::State& state) {
+      if (!*subject) {
+         *subject = std::make_unique<Subject>(size);
+         for (int i = 0; i < 30000; ++i) {
+            (**subject.*action)();
+         }
+      }
+      for (auto _ : state) {
+         (**subject.*action)();
+      }
+   });
+}
+
 std::vector<Claim> addBenchmarks()
 {
    std::vector<Claim> claims;
@@ -210,11 +278,12 @@ std::vector<Claim> addBenchmarks()
       return "update reflected to " + std::to_string(count) + (count == 1 ? " federate" : " federates");
    };
    std::size_t const one = 1;
-   for (std::size_t const count : {1u, 10u}) {
+   for (std::size_t const count : {1u, 10u, 100u}) {
       measure(reflectedTo(count), &Updating::update, one, count);
    }
    claims.push_back({reflectedTo(1), bare, 10});
    claims.push_back({reflectedTo(10), reflectedTo(1), 11});
+   claims.push_back({reflectedTo(100), reflectedTo(10), 13});
 
    std::string const advance = "time granted to each of 2 federates";
    measure(advance, &Advancing::advance);
@@ -238,6 +307,24 @@ std::vector<Claim> addBenchmarks()
       measure<Beside>(beside(count), &Beside::update, count);
    }
    claims.push_back({beside(20), beside(2), 1.2});
+
+   struct
+   {
+      std::string name;
+      void (Waiting::*action)();
+   } const whileWaiting[] = {{"unsubscribe and subscribe again", &Waiting::resubscribe},
+                             {"update sent and retracted", &Waiting::retractOne}};
+   for (auto const& row : whileWaiting) {
+      std::string fewer;
+      for (Integer64 const count : {1000, 10000, 100000}) {
+         std::string const name = row.name + " as " + std::to_string(count) + " wait";
+         measureShared(name, row.action, count);
+         if (!fewer.empty()) {
+            claims.push_back({name, fewer, 1.3});
+         }
+         fewer = name;
+      }
+   }
    return claims;
 }
 

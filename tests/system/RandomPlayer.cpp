@@ -1,52 +1,80 @@
 #include "RandomPlayer.h"
 
+#include "Refusal.h"
+
 #include <RTI/RTIambassadorFactory.h>
 #include <RTI/time/HLAinteger64Time.h>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <thread>
+#include <utility>
 
 namespace system_tests {
 
 static std::int64_t number(LogicalTime const& time) { return dynamic_cast<HLAinteger64Time const&>(time); }
 
-Player::Player(Ledger& theLedger, int theIndex, unsigned int seed, CallbackModel model)
+Player::Player(Ledger& theLedger, std::size_t theIndex, CallbackModel model, std::string const& federation)
    : ledger(theLedger),
      index(theIndex),
-     _random(seed),
-     _rti(RTIambassadorFactory().createRTIambassador().release())
+     life(theLedger.lives[theIndex]),
+     _model(model),
+     _federation(wide(federation))
 {
-   _rti->connect(*this, model);
+   connect();
 }
 
-void Player::join(std::string const& federation)
+void Player::connect()
 {
-   std::wstring const name = L"player " + std::to_wstring(index) + L" in life " + std::to_wstring(++_lives);
-   static_cast<Life&>(*this) = Life();
-   firstMessage = ledger.messages;
-   handle = rti().joinFederationExecution(name, L"player", wide(federation));
-   isJoined = true;
+   rti.reset(RTIambassadorFactory().createRTIambassador().release());
+   rti->connect(*this, _model);
+}
+
+// The type is this player's own, so that a restore makes it what it was.
+void Player::join(std::wstring const& name)
+{
+   Lock const lock(mutex);
+   std::size_t const first = ledger.sent;
+   rti->joinFederationExecution(name, L"player " + std::to_wstring(index), _federation);
+   life = Life();
+   life.name = name;
+   life.isJoined = true;
+   life.firstMessage = first;
+   _task = idle;
    for (std::size_t i = 0; i < classes.size(); ++i) {
-      classes[i] = _rti->getObjectClassHandle(playedClasses[i].name);
+      classes[i] = rti->getObjectClassHandle(playedClasses[i].name);
    }
    for (std::size_t i = 0; i < attributes.size(); ++i) {
-      attributes[i] =
-         _rti->getAttributeHandle(classes[playedAttributes[i].ofClass], playedAttributes[i].name);
+      attributes[i] = rti->getAttributeHandle(classes[playedAttributes[i].ofClass], playedAttributes[i].name);
    }
    for (std::size_t i = 0; i < interactions.size(); ++i) {
-      interactions[i] = _rti->getInteractionClassHandle(playedInteractions[i].name);
+      interactions[i] = rti->getInteractionClassHandle(playedInteractions[i]);
    }
-   lane = _rti->getDimensionHandle(L"Lane");
+   lane = rti->getDimensionHandle(L"Lane");
+}
+
+// Its ambassador is destroyed. It waits until the federation has noticed and its name is free, so that the
+// run does not depend on when that is; which is why federates on threads of their own, whom others wait for,
+// do not vanish.
+void Player::vanish()
+{
+   std::wstring const name = life.name;
+   rti.reset();
+   connect();
+   while (refusal([&] { join(name); }) != "nothing") {
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+   }
 }
 
 // The list of federations is asked for only to hear when all callbacks before it have come.
-void Player::drain(CallbackModel model)
+void Player::drain()
 {
    _drained = false;
-   _rti->listFederationExecutions();
+   rti->listFederationExecutions();
    while (!_drained) {
-      if (model == HLA_EVOKED) {
-         _rti->evokeMultipleCallbacks(0.0, 1.0);
+      if (_model == HLA_EVOKED) {
+         rti->evokeMultipleCallbacks(0.0, 1.0);
       } else {
          std::this_thread::sleep_for(std::chrono::milliseconds(1));
       }
@@ -73,46 +101,36 @@ Attributes Player::maskOf(AttributeHandleSet const& set) const
    return static_cast<Attributes>(mask);
 }
 
-bool Player::isSubscribed(std::size_t interaction) const
-{
-   for (int c = static_cast<int>(interaction); c >= 0;
-        c = playedInteractions[static_cast<std::size_t>(c)].parent) {
-      if (subscribedInteractions[static_cast<std::size_t>(c)]) {
-         return true;
-      }
-   }
-   return false;
-}
-
 // What is under way to this player need not come any more, though it may.
 void Player::expectNoMore(ObjectInstanceHandle const* ofObject)
 {
-   for (auto each = due.begin(); each != due.end();) {
-      bool const concerned = ofObject == nullptr || each->second.object == *ofObject;
-      each = concerned ? due.erase(each) : std::next(each);
+   for (auto each = life.due.begin(); each != life.due.end();) {
+      bool const concerned = ofObject == nullptr || each->second.first == *ofObject;
+      each = concerned ? life.due.erase(each) : std::next(each);
+   }
+}
+
+void Player::demand(bool holds, char const* what, std::int64_t detail)
+{
+   if (!holds) {
+      ledger.fault(std::to_string(index) + " " + what + " (" + std::to_string(detail) + ")");
    }
 }
 
 void Player::checkOwnership(std::map<ObjectInstanceHandle, Attributes>& ofOthers)
 {
-   if (!doubts.empty()) {
-      fault("knows an object that the infrastructure does not");
-   }
-   for (auto const& [object, knownClass] : known) {
+   demand(life.doubts.empty(), "knows an object that the infrastructure does not");
+   for (auto const& [object, knownClass] : life.known) {
       unsigned int really = 0;
       for (unsigned int i = 0; i < attributes.size(); ++i) {
          if ((with(playedClasses[knownClass].attributes, privilegeToDelete) >> i & 1) != 0 &&
-             _rti->isAttributeOwnedByFederate(object, attributes[i])) {
+             rti->isAttributeOwnedByFederate(object, attributes[i])) {
             really |= 1U << i;
          }
       }
-      if (really != owned[object] && !ledger.concurrent) {
-         fault("owns " + std::to_string(really) + " of " + show(object) + " but was told " +
-               std::to_string(owned[object]));
-      }
-      if ((ofOthers[object] & really) != 0) {
-         fault("owns what another owns too");
-      }
+      demand(really == life.owned[object] || ledger.concurrent, "owns other attributes than it was told",
+             really);
+      demand((ofOthers[object] & really) == 0, "owns what another owns too", really);
       ofOthers[object] = with(ofOthers[object], really);
    }
 }
@@ -121,33 +139,26 @@ void Player::checkOwned(char const* callback, ObjectInstanceHandle const& object
                         AttributeHandleSet const& some)
 {
    Lock const lock(mutex);
-   if (!ledger.concurrent && without(maskOf(some), owned[object]) != 0) {
-      fault(std::string(callback) + " what it does not own");
-   }
+   demandSurely(without(maskOf(some), life.owned[object]) == 0, callback);
 }
 
 void Player::received(VariableLengthData const& tag, Attributes parts, Stamp const& stamp)
 {
    std::size_t const id = std::stoul(show(tag));
-   std::string const what = "receives message " + std::to_string(id);
+   auto const number = static_cast<std::int64_t>(id);
    checkTime(stamp);
-   if (!ledger.concurrent && (id < firstMessage || !isJoined)) {
-      fault(what + ", which is not from this life");
-   }
+   demandSurely(id >= life.firstMessage && life.isJoined, "receives a message that is not from this life",
+                number);
    if (stamp.sent == TIMESTAMP) { // and so it can be retracted
-      toTakeBack.insert(id);
-      Ledger::Lock const lock(ledger.mutex);
-      if (!ledger.concurrent && ledger.retracted.count(id) != 0) {
-         fault(what + ", which is retracted");
-      }
+      life.toTakeBack.insert(id);
+      Ledger::Lock const ledgerLock(ledger.mutex);
+      demandSurely(ledger.messages.retracted.count(id) == 0, "receives a message that is retracted", number);
    }
-   if ((got[id] & parts) != 0) {
-      fault(what + " again");
-   }
-   got[id] = with(got[id], parts);
-   auto const left = due.find(id);
-   if (left != due.end() && (left->second.parts = without(left->second.parts, parts)) == 0) {
-      due.erase(left);
+   demand((life.got[id] & parts) == 0, "receives a message again", number);
+   life.got[id] = with(life.got[id], parts);
+   auto const left = life.due.find(id);
+   if (left != life.due.end() && (left->second.second = without(left->second.second, parts)) == 0) {
+      life.due.erase(left);
    }
 }
 
@@ -158,18 +169,15 @@ void Player::reflected(ObjectInstanceHandle const& object, AttributeHandleValueM
    AttributeHandleSet seen;
    for (auto const& [attribute, value] : values) {
       seen.insert(attribute);
-      if (show(value) != show(tag) + " of " + show(object)) {
-         fault("sees another value than was sent, or of another object");
-      }
+      demand(show(value) == show(tag) + " of " + show(object), "sees another value than was sent");
    }
    Attributes const parts = maskOf(seen);
-   auto const found = known.find(object);
-   if (!ledger.concurrent && found == known.end()) {
-      fault("sees an object that it does not know");
-   } else if (!ledger.concurrent &&
-              without(parts, with(subscribed[found->second], subscribedSomewhere[found->second])) != 0) {
-      fault("sees attributes that it is not subscribed to");
-   }
+   auto const found = life.known.find(object);
+   demandSurely(found != life.known.end(), "sees an object that it does not know");
+   demandSurely(
+      found == life.known.end() ||
+         without(parts, with(life.subscribed[found->second], life.subscribedSomewhere[found->second])) == 0,
+      "sees attributes that it is not subscribed to", parts);
    received(tag, parts, stamp);
 }
 
@@ -177,13 +185,11 @@ void Player::interaction(InteractionClassHandle const& theClass, VariableLengthD
                          Stamp const& stamp)
 {
    Lock const lock(mutex);
-   auto const k = static_cast<std::size_t>(std::find(interactions.begin(), interactions.end(), theClass) -
-                                           interactions.begin());
-   bool const wanted = k < interactions.size() &&
-                       (subscribedInteractions[k] || (k == withRegions && subscribedInteractionSomewhere));
-   if (!wanted && !ledger.concurrent) {
-      fault("receives an interaction that it is not subscribed to");
-   }
+   auto const found = std::find(interactions.begin(), interactions.end(), theClass);
+   auto const k = static_cast<std::size_t>(found - interactions.begin());
+   demandSurely(found != interactions.end() && (life.subscribedInteractions[k] ||
+                                                (k == withRegions && life.subscribedInteractionSomewhere)),
+                "receives an interaction that it is not subscribed to");
    received(tag, 1, stamp);
 }
 
@@ -191,30 +197,20 @@ void Player::interaction(InteractionClassHandle const& theClass, VariableLengthD
 void Player::checkTime(Stamp const& stamp)
 {
    if (stamp.received == RECEIVE) {
-      if (constrained && !asynchronous && !advancing) {
-         fault("receives a message without order while it does not advance");
-      }
+      demand(!life.constrained || life.asynchronous || life.advancing,
+             "receives without order when it does not advance");
       return;
    }
    std::int64_t const at = number(*stamp.time);
-   std::string const what = "receives a message for " + std::to_string(at);
-   if (!constrained) {
-      if (!ledger.concurrent) { // else it was on its way already
-         fault(what + " in order while it is not constrained");
-      }
+   if (!life.constrained) {
+      demandSurely(false, "receives in order while it is not constrained",
+                   at); // else it was on its way already
       return;
    }
-   if (at < earliest) {
-      fault(what + " although only " + std::to_string(earliest) + " and later were to come");
-   }
-   if (at < latest) {
-      fault(what + " after one for " + std::to_string(latest));
-   }
-   bool const inTime = advancing ? at <= requested || flushing : enabling > 0;
-   if (!inTime) {
-      fault(what + " early");
-   }
-   latest = at;
+   demand(at >= life.earliest && at >= life.latest, "receives a message late", at);
+   demand(life.advancing ? at <= life.requested || life.flushing : life.enabling > 0,
+          "receives a message early", at);
+   life.latest = at;
 }
 
 void Player::discoverObjectInstance(ObjectInstanceHandle object, ObjectClassHandle theClass,
@@ -222,29 +218,26 @@ void Player::discoverObjectInstance(ObjectInstanceHandle object, ObjectClassHand
 {
    Lock const lock(mutex);
    auto const found = std::find(classes.begin(), classes.end(), theClass);
-   if (found == classes.end() ||
-       !known.emplace(object, static_cast<std::size_t>(found - classes.begin())).second) {
-      fault("discovers an object again, or as a class that it does not know");
-   }
+   demand(found != classes.end(), "discovers an object of a class that it does not know");
+   demand(life.known.emplace(object, static_cast<std::size_t>(found - classes.begin())).second,
+          "discovers an object again");
 }
 
 void Player::removed(ObjectInstanceHandle const& object, Stamp const& stamp)
 {
    Lock const lock(mutex);
    checkTime(stamp);
-   if (known.erase(object) == 0) {
-      fault("loses an object that it does not know");
-   }
-   owned.erase(object);
-   doubts.erase(object);
+   demand(life.known.erase(object) != 0, "loses an object that it does not know");
+   life.owned.erase(object);
+   life.doubts.erase(object);
    expectNoMore(&object);
 }
 
 void Player::requestDivestitureConfirmation(ObjectInstanceHandle object, AttributeHandleSet const& some)
 {
    Lock const lock(mutex);
-   checkOwned("is to confirm that it divests", object, some);
-   toConfirm.emplace_back(object, maskOf(some));
+   checkOwned("is to confirm that it divests what it does not own", object, some);
+   life.toConfirm.emplace_back(object, maskOf(some));
 }
 
 void Player::attributeOwnershipAcquisitionNotification(ObjectInstanceHandle object,
@@ -252,62 +245,132 @@ void Player::attributeOwnershipAcquisitionNotification(ObjectInstanceHandle obje
                                                        VariableLengthData const&)
 {
    Lock const lock(mutex);
-   if (!ledger.concurrent && (known.count(object) == 0 || (owned[object] & maskOf(some)) != 0)) {
-      fault("acquires what it does not know or owns already");
-   }
-   owned[object] = with(owned[object], maskOf(some));
-}
-
-void Player::enabled(LogicalTime const& time)
-{
-   if (number(time) < now) {
-      fault("goes back in time");
-   }
-   now = requested = number(time);
-   earliest = std::max(earliest, now);
-   latest = 0;
-   --enabling;
-}
-
-void Player::timeRegulationEnabled(LogicalTime const& time)
-{
-   Lock const lock(mutex);
-   regulating = true;
-   enabled(time);
-}
-
-void Player::timeConstrainedEnabled(LogicalTime const& time)
-{
-   Lock const lock(mutex);
-   constrained = true;
-   enabled(time);
-}
-
-void Player::timeAdvanceGrant(LogicalTime const& time)
-{
-   Lock const lock(mutex);
-   std::int64_t const at = number(time);
-   if (!advancing || at > requested || at < now) {
-      fault("is granted " + std::to_string(at) + ", having asked for " + std::to_string(requested) + " at " +
-            std::to_string(now));
-   }
-   if (latest > at && !flushing) {
-      fault("is granted " + std::to_string(at) + " after a message for " + std::to_string(latest));
-   }
-   earliest = inclusive ? at + 1 : at;
-   latest = 0;
-   now = requested = at;
-   advancing = flushing = false;
+   demandSurely(life.known.count(object) != 0, "acquires what it does not know");
+   demandSurely((life.owned[object] & maskOf(some)) == 0, "acquires what it owns already");
+   life.owned[object] = with(life.owned[object], maskOf(some));
 }
 
 void Player::requestRetraction(MessageRetractionHandle retracted)
 {
    Lock const lock(mutex);
    Ledger::Lock const ledgerLock(ledger.mutex);
-   std::size_t const id = ledger.retractable.at(retracted);
-   if (toTakeBack.erase(id) == 0) {
-      fault("is asked to take back a message that it has not received, or took back already");
+   demand(life.toTakeBack.erase(ledger.messages.retractable.at(retracted)) != 0,
+          "is asked to take back a message that it has not received, or took back already");
+}
+
+void Player::enabled(LogicalTime const& time)
+{
+   demand(number(time) >= life.now, "goes back in time", number(time));
+   life.excluded &= number(time) == life.now;
+   life.now = life.requested = number(time);
+   life.earliest = std::max(life.earliest, life.now);
+   life.latest = 0;
+   --life.enabling;
+}
+
+void Player::timeRegulationEnabled(LogicalTime const& time)
+{
+   Lock const lock(mutex);
+   enabled(time);
+   life.regulating = true;
+   life.promised = 0;
+}
+
+void Player::timeConstrainedEnabled(LogicalTime const& time)
+{
+   Lock const lock(mutex);
+   enabled(time);
+   life.constrained = true;
+}
+
+void Player::timeAdvanceGrant(LogicalTime const& time)
+{
+   Lock const lock(mutex);
+   std::int64_t const at = number(time);
+   demand(life.advancing && at <= life.requested && at >= life.now,
+          "is granted another time than it asked for", at);
+   demand(life.latest <= at || life.flushing, "is granted a time after a message for a later one", at);
+   life.excluded = life.excluding || (life.excluded && at == life.now);
+   life.earliest = life.excluded ? at + 1 : at;
+   life.latest = 0;
+   life.now = life.requested = at;
+   life.advancing = life.flushing = false;
+}
+
+// The least time that it may send with.
+std::int64_t Player::leastSendTime() const
+{
+   bool const excluded =
+      life.advancing ? life.excluding || (life.excluded && life.requested == life.now) : life.excluded;
+   return std::max(life.promised, furthest() + (excluded && life.lookahead == 0 ? 1 : life.lookahead));
+}
+
+void Player::announceSynchronizationPoint(std::wstring const& label, VariableLengthData const&)
+{
+   Lock const lock(mutex);
+   demand(life.toAchieve.insert(label).second, "is told of a synchronization point again");
+}
+
+void Player::federationSynchronized(std::wstring const& label, FederateHandleSet const&)
+{
+   Lock const lock(mutex);
+   demand(life.achieved.erase(label) == 1, "is synchronized at a point that it has not achieved");
+}
+
+void Player::become(Task task)
+{
+   Lock const lock(mutex);
+   _task = task;
+}
+
+// What the federation has is kept and put back with the first who hears of it: before the others do, they
+// wait.
+void Player::federationSaved()
+{
+   Lock const lock(mutex);
+   Ledger::Lock const ledgerLock(ledger.mutex);
+   _task = idle;
+   _saved = _beingSaved;
+   if (std::exchange(ledger.saving, false)) {
+      ledger.saved = ledger.beingSaved;
    }
+}
+
+void Player::federationRestored()
+{
+   Lock const lock(mutex);
+   Ledger::Lock const ledgerLock(ledger.mutex);
+   demand(_task == toWait && _saved.isJoined, "is restored without having saved");
+   _task = idle;
+   life = _saved;
+   if (std::exchange(ledger.restoring, false)) {
+      ledger.messages = ledger.saved;
+   }
+}
+
+// Whoever has answered to a save or restore does nothing until he is told the outcome.
+bool Player::answer()
+{
+   Lock const lock(mutex);
+   if (_task == toSave) {
+      Ledger::Lock const ledgerLock(ledger.mutex);
+      _beingSaved = life;
+      ledger.beingSaved = ledger.messages;
+      ledger.saving = true;
+      _task = toWait;
+      rti->federateSaveBegun();
+      rti->federateSaveComplete();
+   } else if (_task == toRestore) {
+      Ledger::Lock const ledgerLock(ledger.mutex);
+      ledger.restoring = true;
+      _task = toWait;
+      rti->federateRestoreComplete();
+   }
+   while (_task == idle && !life.toAchieve.empty()) {
+      rti->synchronizationPointAchieved(*life.toAchieve.begin());
+      life.achieved.insert(life.toAchieve.extract(life.toAchieve.begin()));
+   }
+   return _task == idle;
 }
 
 } // namespace system_tests

@@ -9,8 +9,8 @@ import tovu.local.model.Interest.Terms;
 @SuppressWarnings("serial") // kept in memory only
 final class AttributeInterests implements Saved {
     private final Map<Integer, Interest> interests = new LinkedHashMap<>();
-    private HandleSet attributes = HandleSet.NONE;
-    private boolean everywhere = true;
+    private HandleSet attributes; // null after a change
+    private boolean everywhere;
 
     Map<Integer, Interest> byAttribute() {
         return interests;
@@ -19,7 +19,7 @@ final class AttributeInterests implements Saved {
     /** @param where the regions to add, or null for everywhere */
     void add(int attribute, Set<Region> where, Terms terms) {
         interests.computeIfAbsent(attribute, key -> new Interest()).add(where, terms);
-        changed();
+        attributes = null;
     }
 
     /** @param where the regions to take away, or null for everything */
@@ -30,17 +30,16 @@ final class AttributeInterests implements Saved {
             if (interest.isEmpty()) {
                 interests.remove(attribute);
             }
-            changed();
+            attributes = null;
         }
-    }
-
-    private void changed() {
-        attributes = HandleSet.of(interests.keySet());
-        everywhere = interests.values().stream().allMatch(Interest::isEverywhere);
     }
 
     /** The attributes whose values are wanted when they are sent with those regions; none for the default region. */
     HandleSet wanted(Set<Region> sentRegions) {
+        if (attributes == null) {
+            attributes = HandleSet.of(interests.keySet());
+            everywhere = interests.values().stream().allMatch(Interest::isEverywhere);
+        }
         return everywhere || sentRegions.isEmpty() ? attributes : HandleSet.of(interests.keySet().stream()
                 .filter(attribute -> interests.get(attribute).meets(sentRegions)).toList());
     }

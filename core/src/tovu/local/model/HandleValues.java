@@ -70,27 +70,30 @@ public final class HandleValues implements Saved {
 
     /** The values of those handles that are wanted: this very object when that is all of them. */
     HandleValues select(IntPredicate wanted) {
-        int[] some = new int[rows.length];
         int count = 0;
         int length = 0;
         for (int i = 0; i < size; ++i) {
             if (wanted.test(handle(i))) {
-                System.arraycopy(rows, 3 * i, some, 3 * count, 3);
                 ++count;
                 length += HEAD + length(i);
             }
         }
-        return count == size ? this : packed(some, count, length);
+        return count == size ? this : pack(wanted, count, length);
     }
 
-    private HandleValues packed(int[] some, int count, int length) {
+    private HandleValues pack(IntPredicate wanted, int count, int length) {
         byte[] packed = new byte[length];
+        int[] some = new int[3 * count];
+        int row = 0;
         int end = 0;
-        for (int i = 0; i < count; ++i) {
-            int whole = HEAD + some[3 * i + 2];
-            System.arraycopy(bytes, some[3 * i + 1] - HEAD, packed, end, whole);
-            some[3 * i + 1] = end + HEAD;
-            end += whole;
+        for (int i = 0; i < size; ++i) {
+            if (wanted.test(handle(i))) {
+                some[row++] = handle(i);
+                some[row++] = end + HEAD;
+                some[row++] = length(i);
+                System.arraycopy(bytes, offset(i) - HEAD, packed, end, HEAD + length(i));
+                end += HEAD + length(i);
+            }
         }
         return new HandleValues(packed, some, count);
     }

@@ -8,9 +8,9 @@ import java.util.HashMap;
 import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
-import java.util.PriorityQueue;
-import java.util.Queue;
 import java.util.Set;
+import java.util.SortedSet;
+import java.util.TreeSet;
 
 /** The time-stamped messages that their senders may still retract. */
 @SuppressWarnings("serial") // kept in memory only
@@ -33,13 +33,14 @@ public final class Retractions implements Saved {
 
         @Override
         public int compareTo(Sent other) {
-            return Long.compare(time, other.time);
+            int byTime = Long.compare(time, other.time);
+            return byTime != 0 ? byTime : Integer.compare(handle, other.handle);
         }
     }
 
     private final Federation federation;
     private final Map<Integer, Sent> retractable = new HashMap<>();
-    private final Map<Federate, Queue<Sent>> bySender = new HashMap<>();
+    private final Map<Federate, SortedSet<Sent>> bySender = new HashMap<>();
     private int lastHandle;
 
     Retractions(Federation federation) {
@@ -50,20 +51,22 @@ public final class Retractions implements Saved {
         lastHandle = lastHandle == Integer.MAX_VALUE ? 1 : lastHandle + 1;
         Sent sent = new Sent(lastHandle, sender, time);
         retractable.put(sent.handle, sent);
-        bySender.computeIfAbsent(sender, key -> new PriorityQueue<>()).add(sent);
+        bySender.computeIfAbsent(sender, key -> new TreeSet<>()).add(sent);
         return sent;
     }
 
     /** Lets go of what a federate sent with a time before that: it has passed it. */
     void expire(Federate sender, long before) {
-        Queue<Sent> sent = bySender.get(sender);
-        while (sent != null && !sent.isEmpty() && sent.peek().time < before) {
-            drop(sent.poll());
+        SortedSet<Sent> sent = bySender.get(sender);
+        while (sent != null && !sent.isEmpty() && sent.first().time < before) {
+            Sent first = sent.first();
+            sent.remove(first);
+            drop(first);
         }
     }
 
     void forget(Federate sender) {
-        Queue<Sent> sent = bySender.remove(sender);
+        SortedSet<Sent> sent = bySender.remove(sender);
         if (sent != null) {
             sent.forEach(this::drop);
         }
