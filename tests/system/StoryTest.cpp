@@ -101,15 +101,21 @@ private:
       // The federates end where what they do, or are told, begins.
       std::size_t i = 0;
       std::vector<Federate*> federates;
+      std::size_t known = 0;
       bool isLast = false;
       for (; i < words.size() && !isLast && words[i] != "<" && words[i] != "<~" && words[i] != "on"; ++i) {
          isLast = words[i].back() == ':';
-         federates.push_back(&_stage.federate(words[i].substr(0, words[i].find_first_of(",:"))));
+         std::string const name = words[i].substr(0, words[i].find_first_of(",:"));
+         known += _stage.has(name) ? 1 : 0;
+         federates.push_back(&_stage.federate(name));
       }
       if (federates.empty() || (!isLast && i + 1 >= words.size())) {
          throw Unreadable("this is no step");
       }
       std::string const mark = isLast ? ":" : words[i];
+      if (!isLast && known < federates.size()) {
+         throw Unreadable("somebody is told before he has done anything");
+      }
       std::size_t const start =
          mark == ":" ? text.find(':') + 1 : text.find(" " + mark + " ") + mark.size() + 2;
       std::string const rest = text.substr(start);

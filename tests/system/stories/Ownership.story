@@ -170,6 +170,7 @@ to resign $action $owning $acquiring
    owner: resignFederationExecution $action -> $owning
 
 story ends as the resigning federate has it
+   owner, buyer: connect
    resign NO_ACTION FederateOwnsAttributes OwnershipAcquisitionPending
    owner, buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign CANCEL_PENDING_OWNERSHIP_ACQUISITIONS FederateOwnsAttributes nothing

@@ -32,8 +32,9 @@ story is in a save and in a restore
 
 story is within a callback
    federation Road.xml float
+   alpha: join
    alpha on federationSaveStatusResponse: * -> CallNotAllowedFromWithinCallback; getFederateName alpha = alpha
-   alpha: join; queryFederationSaveStatus => alpha < federationSaveStatusResponse alpha=idle
+   alpha: queryFederationSaveStatus => alpha < federationSaveStatusResponse alpha=idle
    alpha on reportFederationExecutions: * -> CallNotAllowedFromWithinCallback;
       destroyFederationExecution $other -> FederationExecutionDoesNotExist
    alpha: resignFederationExecution NO_ACTION; listFederationExecutions
