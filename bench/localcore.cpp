@@ -66,9 +66,9 @@ private:
 class Federation
 {
 public:
-   explicit Federation(std::size_t size) : _federates(size)
+   explicit Federation(std::size_t size, std::wstring const& fom = L"Meeting.xml") : _federates(size)
    {
-      _federates[0]->createFederationExecution(_name, L"" FOM, L"HLAinteger64Time");
+      _federates[0]->createFederationExecution(_name, L"" FOMS "/" + fom, L"HLAinteger64Time");
       for (Federate& each : _federates) {
          each->joinFederationExecution(L"federate", _name);
       }
@@ -86,6 +86,7 @@ public:
    Federation& operator=(Federation const&) = delete;
 
    std::vector<Federate>& federates() { return _federates; }
+   std::wstring const& name() const { return _name; }
 
 private:
    static std::wstring uniqueName()
@@ -234,6 +235,82 @@ private:
    std::vector<std::unique_ptr<Updating>> _others;
 };
 
+// The objects of one federate, all of them known to another. Every action goes through as many as there are.
+class Population
+{
+public:
+   explicit Population(std::size_t size) : _objects(size)
+   {
+      ObjectClassHandle const aircraft = _owner->getObjectClassHandle(L"HLAobjectRoot.Aircraft");
+      AttributeHandle const position = _owner->getAttributeHandle(aircraft, L"Position");
+      _dimension = _owner->getDimensionHandle(L"Easting");
+      _region = _owner->createRegion({_dimension});
+      _owner->publishObjectClassAttributes(aircraft, {position});
+      _reader->subscribeObjectClassAttributes(aircraft, {position});
+      for (ObjectInstanceHandle& each : _objects) {
+         each = _owner->registerObjectInstance(aircraft);
+      }
+      _owner->associateRegionsForUpdates(_objects[size / 2], {{{position}, {_region}}});
+      _reader.evokeAll();
+   }
+
+   void deleteEach()
+   {
+      for (ObjectInstanceHandle const& each : _objects) {
+         _owner->deleteObjectInstance(each, _noTag);
+      }
+      _reader.evokeAll();
+   }
+   void deleteEachLocally()
+   {
+      for (ObjectInstanceHandle const& each : _objects) {
+         _reader->localDeleteObjectInstance(each);
+      }
+   }
+   void resign()
+   {
+      _owner->resignFederationExecution(DELETE_OBJECTS);
+      _owner->joinFederationExecution(L"federate", _federation.name());
+   }
+   void commitARegion()
+   {
+      for (std::size_t i = 0; i < _objects.size(); ++i) {
+         _owner->setRangeBounds(_region, _dimension, RangeBounds(0, 1 + i % 2));
+         _owner->commitRegionModifications({_region});
+      }
+   }
+
+private:
+   Federation _federation{2, L"AirTraffic.xml"};
+   Federate& _owner = _federation.federates()[0];
+   Federate& _reader = _federation.federates()[1];
+   std::vector<ObjectInstanceHandle> _objects;
+   DimensionHandle _dimension;
+   RegionHandle _region;
+   VariableLengthData const _noTag;
+};
+
+// Measures what an action on a population costs for each of its objects.
+void measureEach(std::string const& name, void (Population::*action)(), std::size_t size)
+{
+   std::size_t const atOnce = 100000;
+   benchmark::RegisterBenchmark(name.c_str(),
+                                [=](benchmark::State& state) {
+                                   while (
+                                      state.KeepRunningBatch(static_cast<benchmark::IterationCount>(size))) {
+                                      state.PauseTiming();
+                                      auto population = std::make_unique<Population>(size);
+                                      state.ResumeTiming();
+                                      (*population.*action)();
+                                      state.PauseTiming();
+                                      population.reset();
+                                      state.ResumeTiming();
+                                   }
+                                })
+      ->Iterations(atOnce)
+      ->Repetitions(7);
+}
+
 // Measures an action on something that is made for each run and gone after it.
 template <class Subject, class... Arguments>
 void measure(std::string const& name, void (Subject::*action)(), Arguments... arguments)
@@ -324,6 +401,27 @@ std::vector<Claim> addBenchmarks()
          }
          fewer = name;
       }
+   }
+   struct
+   {
+      std::string name;
+      void (Population::*action)();
+   } const rows[] = {{"deletion of each", &Population::deleteEach},
+                     {"local deletion of each", &Population::deleteEachLocally},
+                     {"resignation, for each", &Population::resign},
+                     {"commit of the region of one", &Population::commitARegion}};
+   for (auto const& row : rows) {
+      for (int i = 0; i < 30; ++i) {
+         (Population(1000).*row.action)();
+      }
+      auto const ofAll = [&](std::size_t count) {
+         return row.name + " of " + std::to_string(count) + " objects";
+      };
+      for (std::size_t const count : {1000u, 10000u, 100000u}) {
+         measureEach(ofAll(count), row.action, count);
+      }
+      claims.push_back({ofAll(10000), ofAll(1000), 1.3});
+      claims.push_back({ofAll(100000), ofAll(10000), 1.3});
    }
    return claims;
 }

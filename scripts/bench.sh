@@ -11,7 +11,7 @@ results=bench/RESULTS.md
 cmake --preset release -Wno-dev -B $build -DRTI1516E_BENCH=ON >/dev/null
 targets=$(ninja -C $build -t targets all | sed -n 's/^\([a-z]*_bench\): phony$/\1/p' | sort)
 # shellcheck disable=SC2086
-cmake --build $build --target $targets
+cmake --build $build --target $targets object_memory
 
 cached() { sed -n "s/^$1:[A-Z]*=//p" $build/CMakeCache.txt; }
 {
@@ -46,6 +46,8 @@ for target in $targets; do
   failed=$((failed | status))
   { echo; grep '^|' $build/output.txt; } | tee -a $results
 done
+printf '\n## Memory of objects\n\n' >>$results
+java -cp $build/tovu1516e.jar:$build/bench/objectmemory.jar ObjectMemory | tee -a $results
 bench/plot-ratios.sh $results >bench/ratios.svg
 echo "Written to $results and bench/ratios.svg"
 exit $failed

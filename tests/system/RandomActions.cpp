@@ -327,7 +327,8 @@ Row const rows[] = {
          p.life.asynchronous = true;
          p.rti->enableAsynchronousDelivery();
       } }},
-   {"an advance", 150, any, pending, [](P& p, D& d) { p.advance(d.dice.below(5), p.life.now + d.dice.below(d.dice.oneIn(2) ? 2 : 8)); }},
+   {"an advance", 150, any, pending, [](P& p, D& d) {
+      p.advance(d.dice.below(5), p.life.now + d.dice.below(d.dice.oneIn(2) ? 2 : 8)); }},
    {"createRegion", 6, any, "", [](P& p, D&) {
       if (p.life.regions.size() < 3) {
          p.life.regions.push_back(p.rti->createRegion({p.lane}));

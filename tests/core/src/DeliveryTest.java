@@ -2,6 +2,10 @@ import java.io.ByteArrayOutputStream;
 import java.io.PrintStream;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.concurrent.BrokenBarrierException;
+import java.util.concurrent.CountDownLatch;
+import java.util.concurrent.CyclicBarrier;
+import java.util.concurrent.TimeUnit;
 import tovu.local.delivery.CallbackDelivery;
 
 /** What the delivery of callbacks prints for the author of a federate, and for whom. */
@@ -16,6 +20,8 @@ final class DeliveryTest {
         Harness harness = new Harness();
         harness.run("reminder", DeliveryTest::reminder);
         harness.run("failure", () -> new DeliveryTest().failure());
+        harness.run("two callbacks that end each other's delivery", () -> circle(2));
+        harness.run("a circle of such callbacks", () -> circle(4));
         harness.finish();
     }
 
@@ -43,6 +49,30 @@ final class DeliveryTest {
         Harness.that(text.startsWith("A federate that is not joined has callbacks waiting and has evoked none for 1 s"),
                 text);
         Harness.equal(text.lines().count(), 1L);
+    }
+
+    /** Callbacks that end the next one's delivery while all of them run: one goes on, and so all do. */
+    private static void circle(int size) throws Exception {
+        List<CallbackDelivery> deliveries = new ArrayList<>();
+        CyclicBarrier allInside = new CyclicBarrier(size);
+        CountDownLatch returned = new CountDownLatch(size);
+        for (int i = 0; i < size; ++i) {
+            int next = (i + 1) % size;
+            CallbackDelivery delivery = CallbackDelivery.toContext(1, () -> null);
+            deliveries.add(delivery);
+            delivery.post(to -> {
+                try {
+                    allInside.await();
+                } catch (InterruptedException | BrokenBarrierException e) {
+                    throw new IllegalStateException(e);
+                }
+                deliveries.get(next).close();
+                deliveries.get(next).awaitEnd();
+                returned.countDown();
+            });
+        }
+        deliveries.forEach(CallbackDelivery::deliverImmediately);
+        Harness.that(returned.await(10, TimeUnit.SECONDS), "the callbacks wait for each other");
     }
 
     /** A fault of the core's own is told, and costs no callback but the one that it struck. */

@@ -1,6 +1,8 @@
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.List;
+import java.util.regex.Matcher;
+import java.util.regex.Pattern;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
 
@@ -18,8 +20,7 @@ final class FomTest {
         harness.run("unreadable", FomTest::unreadable);
         harness.run("nothing outside is loaded", FomTest::nothingOutsideIsLoaded);
         harness.run("contradictions", FomTest::contradictions);
-        harness.run("agreement", FomTest::agreement);
-        harness.run("extension", FomTest::extension);
+        harness.run("completion", FomTest::completion);
         harness.run("mim", FomTest::mim);
         harness.finish();
     }
@@ -35,10 +36,9 @@ final class FomTest {
                 "file://localhost" + file.toUri().getRawPath(), "FILE://" + file)) {
             Harness.that(model(designator).objectClass("Vehicle") != null, designator);
         }
-        Harness.refuses("CouldNotOpenFDD", () -> model(folder.toString()), "folder", folder.toString());
-        Harness.refuses("CouldNotOpenFDD", () -> model(""), "empty");
-        Harness.refuses("CouldNotOpenFDD", () -> model("file:%zz"), "%zz");
-        Harness.refuses("CouldNotOpenFDD", () -> model("a\0b"));
+        for (String[] row : new String[][] {{folder.toString(), "folder"}, {"", "empty"}, {"file:%zz", "%zz"}, {"a\0b", ""}}) {
+            Harness.refuses("CouldNotOpenFDD", () -> model(row[0]), row);
+        }
     }
 
     private static void unreadable() throws Exception {
@@ -71,94 +71,118 @@ final class FomTest {
         Harness.refuses("ErrorReadingFDD", () -> model(TestFom.file(laughs + "]><objectModel>&l29;</objectModel>")));
     }
 
-    private static String attribute(String name, String properties) {
-        return "<attribute><name>" + name + "</name>" + properties + "</attribute>";
+    /** Such as "dimensions/dimension name=X upperBound=7": elements in each other, and what the innermost contains. */
+    private static String x(String elements, String... inside) {
+        String[] words = elements.split(" ");
+        String text = String.join("", inside);
+        for (int i = words.length - 1; i > 0; --i) {
+            text = words[i].replaceFirst("(.*?)=(.*)", "<$1>$2</$1>") + text;
+        }
+        String[] path = words[0].split("/");
+        for (int i = path.length - 1; i >= 0; --i) {
+            text = "<" + path[i] + ">" + text + "</" + path[i] + ">";
+        }
+        return text;
     }
 
-    private static String dimension(String name, String upperBound) {
-        return "<dimensions><dimension><name>" + name + "</name><upperBound>" + upperBound
-                + "</upperBound></dimension></dimensions>";
-    }
-
-    private static String updateRate(String name, String rate) {
-        return "<updateRates><updateRate><name>" + name + "</name><rate>" + rate + "</rate></updateRate></updateRates>";
-    }
-
-    private static String in(String place, String content) {
-        return String.format(place, content);
-    }
-
-    /** A second module, and what must be told of it. */
+    /** A module beside the common one, what must be told of it, and what it contradicts if it is not wrong by itself. */
     private static void contradictions() throws Exception {
         String air = TestFom.file(TestFom.AIR);
-        String colour = attribute("colour", "");
-        String car = "<objectClass><name>Car</name>" + colour + "</objectClass>";
+        String colour = x("attribute name=colour");
+        String car = VEHICLE.formatted(x("objectClass name=Car", colour));
         String[][] rows = {
-                {in(VEHICLE, colour), "position"},
-                {in(VEHICLE, attribute("position", "<order>Receive</order>") + colour), "order"},
-                {in(VEHICLE, attribute("position", "<transportation>HLAbestEffort</transportation>") + colour),
-                        "transportation"},
-                {in(VEHICLE, attribute("position", "<dimensions><dimension>X</dimension></dimensions>") + colour),
-                        "dimensions"},
-                {in(VEHICLE, car), "colour"},
-                {in(NEW, attribute("a", "<order>Late</order>")), "Late"},
-                {in(NEW, attribute("a", "<transportation>Pigeon</transportation>")), "Pigeon"},
-                {in(NEW, attribute("a", "<dimensions><dimension>W</dimension></dimensions>")), "'W'"},
-                {in(ROOT, "<objectClass></objectClass>"), "no name"},
-                {"<objects><objectClass><name>Vehicle</name></objectClass></objects>", "HLAobjectRoot"},
-                {in(REPORT, "<order>Receive</order>"), "order"},
-                {in(REPORT, "<parameter><name>other</name></parameter>"), "other"},
-                {in(REPORT, "<interactionClass><name>Alert</name><parameter><name>text</name></parameter>"
-                        + "</interactionClass>"), "another parameter 'text"},
-                {dimension("X", "7"), "'X'"},
-                {dimension("Z", "many"), "many"},
-                {dimension("Z", "0"), "'0'"},
-                {dimension("Z", "4294967296"), "4294967296"},
-                {updateRate("fast", "11"), "fast"},
-                {updateRate("odd", "x"), "odd"},
-                {updateRate("odd", "NaN"), "NaN"},
-                {updateRate("odd", "-1"), "-1"},
-                {updateRate("odd", "1e999"), "1e999"},
-                {"<transportations><transportation><name>HLAlow</name><reliable>No</reliable></transportation>"
-                        + "<transportation><name>HLAlow</name><reliable>Yes</reliable></transportation></transportations>",
-                        "HLAlow"},
+                {VEHICLE.formatted(colour), "position", air},
+                {VEHICLE.formatted(x("attribute name=position order=Receive") + colour), "order", air},
+                {VEHICLE.formatted(x("attribute name=position transportation=Radio") + colour), "Radio", air},
+                {VEHICLE.formatted(x("attribute name=position", x("dimensions dimension=X")) + colour), "[X, Y]", air},
+                {VEHICLE.formatted(x("attribute name=position") + x("attribute name=colour dataType=Red")), "Red", air},
+                {REPORT.formatted("<order>Receive</order>"), "order", air},
+                {REPORT.formatted(x("parameter name=other")), "other", air},
+                {ROOT.formatted(x("attribute name=a")), "[a]", "HLAstandardMIM"},
+                {x("dimensions/dimension name=X upperBound=7"), "'X'", air},
+                {x("dimensions/dimension name=Y value=[0..4)"), "[0..4)", air},
+                {x("updateRates/updateRate name=fast rate=11"), "fast", air},
+                {x("transportations/transportation name=Radio reliable=Yes"), "Radio", air},
+                {"<switches><autoProvide isEnabled='true'/></switches>", "autoProvide", air},
+                {x("dataTypes/enumeratedDataTypes/enumeratedData name=Hue", x("enumerator value=2")), "Hue", air},
+                {x("synchronizations/synchronizationPoint label=Go dataType=HLAbyte"), "Go", air},
+                {x("tags/updateReflectTag dataType=HLAbyte"), "updateReflectTag", air},
+                {x("time/timeStamp dataType=HLAbyte"), "timeStamp", air},
+                {car, "colour"},
+                {NEW.formatted(x("attribute name=a order=Late")), "Late"},
+                {NEW.formatted(x("attribute name=a", x("dimensions dimension=W"))), "'W'"},
+                {ROOT.formatted("<objectClass></objectClass>"), "no name"},
+                {x("objects/objectClass name=Vehicle"), "HLAobjectRoot"},
+                {REPORT.formatted(x("interactionClass name=Alert", x("parameter name=text"))), "another parameter 'text"},
+                {x("dimensions/dimension name=Z upperBound=many"), "many"},
+                {x("dimensions/dimension name=Z upperBound=4294967296"), "4294967296"},
+                {x("dimensions/dimension name=Z upperBound=5 value=[0..6)"), "[0..6)"},
+                {x("dimensions/dimension name=Z value=[3..3)"), "[3..3)"},
+                {x("updateRates/updateRate name=odd rate=x"), "'x'"},
+                {x("updateRates/updateRate name=odd rate=NaN"), "NaN"},
+                {x("updateRates/updateRate name=odd rate=-1"), "-1"},
+                {x("transportations/transportation name=HLAlow reliable=perhaps"), "perhaps"},
+                {x("transportations/transportation name=HLAreliable reliable=No"), "HLAreliable"},
+                {"<switches><autoProvide isEnabled='perhaps'/></switches>", "perhaps"},
         };
         for (String[] row : rows) {
             String module = TestFom.module(row[0]);
-            Harness.refuses("InconsistentFDD", () -> model(air, module), module, "line", row[1]);
+            String other = row.length > 2 ? row[2] : module;
+            Harness.refuses("InconsistentFDD", () -> model(air, module), module + "', line", other + "', line", row[1]);
         }
-        String below = TestFom.module(in(VEHICLE, car));
-        Harness.refuses("InconsistentFDD", () -> model(below, air), air, "below", "colour");
+        Harness.refuses("InconsistentFDD", () -> model(TestFom.module(car), air), air, "below", "colour");
+        model(air, air, TestFom.module(REPORT.formatted("<order>NA</order>") + x("dimensions/dimension name=NA")));
     }
 
-    /** Modules may repeat each other, leave out what another says, and add classes to another's. */
-    private static void agreement() throws Exception {
-        String air = TestFom.file(TestFom.AIR);
-        String silent = TestFom.module(in(REPORT, "<dimensions><dimension>NA</dimension></dimensions>"));
-        String scaffold = TestFom.module(in(VEHICLE, "<objectClass><name>Car</name></objectClass>"));
-        model(air, air);
-        model(silent, air, silent);
-        for (ObjectModel merged : List.of(model(air, scaffold), model(scaffold, air))) {
-            Harness.that(merged.objectClass("Vehicle.Car").member("position") != null, "modules extend each other");
+    /** What one module leaves open another one says, be it there at the creation or with a federate that joins. */
+    private static void completion() throws Exception {
+        String air = TestFom.module(VEHICLE.formatted(x("attribute name=position")) + REPORT.formatted(""));
+        String[][] rows = {
+                {VEHICLE.formatted(x("attribute name=position order=TimeStamp dataType=Place")),
+                        "TimeStamp HLAreliable [] Place, Receive [] []"},
+                {VEHICLE.formatted(x("attribute name=position transportation=Radio"))
+                        + x("transportations/transportation name=Radio reliable=No"), "Receive Radio [] , Receive [] []"},
+                {REPORT.formatted("<order>TimeStamp</order>"), "Receive HLAreliable [] , TimeStamp [] []"},
+                {REPORT.formatted(x("dimensions dimension=X") + x("parameter name=text"))
+                        + x("dimensions/dimension name=X"), "Receive HLAreliable [] , Receive [X] [text]"},
+        };
+        for (String[] row : rows) {
+            String more = TestFom.module(row[0]);
+            ObjectModel joined = model(air);
+            joined.extend(FomReader.ofModules().readAll(List.of(more)));
+            for (ObjectModel model : List.of(model(air, more), model(more, air), joined)) {
+                var position = model.objectClass("Vehicle").member("position");
+                var report = model.interactionClass("Report");
+                Harness.equal(position.order() + " " + position.transportation().hlaName() + " " + position.dimensions()
+                        + " " + position.dataType() + ", " + report.order() + " " + report.dimensions() + " "
+                        + report.members(), row[1]);
+            }
         }
     }
 
-    /** A model grows by what fits, handles staying what they are, and by nothing of what does not. */
-    private static void extension() throws Exception {
-        ObjectModel model = model(TestFom.file(TestFom.AIR));
-        int vehicle = model.objectClass("Vehicle").handle();
-        String bad = TestFom.module(in(NEW, "") + dimension("X", "1"));
-        Harness.refuses("InconsistentFDD", () -> model.extend(FomReader.ofModules().readAll(List.of(bad))));
-        Harness.equal(model.objectClass("New"), null);
-        model.extend(FomReader.ofModules().readAll(List.of(TestFom.module(in(NEW, "")))));
-        Harness.that(model.objectClass("New") != null, "the class is there");
-        Harness.equal(model.objectClass("Vehicle").handle(), vehicle);
-    }
-
+    /** A MIM may add to the standard one and lack nothing of it; the standard one uses no data type it has not. */
     private static void mim() throws Exception {
-        Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(TestFom.file(TestFom.AIR)),
-                "HLAprivilegeToDeleteObject");
-        Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(TestFom.module(in(ROOT,
-                attribute("HLAprivilegeToDeleteObject", "")))), "HLAinteractionRoot");
+        String standard = FomReader.standardMim().text();
+        String[][] rows = { // what is replaced, by what, and what is told of it
+                {"HLAreportFederateLost", "Lost", "HLAreportFederateLost"},
+                {"<name>HLAfederateHost", "<name>Host", "'HLAfederateHost' of 'HLAobjectRoot.HLAmanager.HLAfederate'"},
+                {"HLAserviceGroup", "Group", "dimension 'HLAserviceGroup'"},
+                {"<name>HLAhandle<", "<name>Handle<", "data type 'HLAhandle'"},
+                {"HLAinteractionRoot", "Root", "line"},
+                {"</objectModel>", "", "line"},
+                {"<value>Enabled", "<value>", ""},
+        };
+        for (String[] row : rows) {
+            String changed = TestFom.file(standard.replace(row[0], row[1]));
+            if (row[2].isEmpty()) {
+                FomReader.ofMim().readMim(changed);
+            } else {
+                Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(changed), "MIM '" + changed, row[2]);
+            }
+        }
+        Matcher used = Pattern.compile("<(?:dataType|representation)>(\\w+)<").matcher(standard);
+        while (used.find()) {
+            Harness.that(standard.contains("Data><name>" + used.group(1) + "<"), used.group(1) + " is not defined");
+        }
     }
 }

@@ -12,17 +12,18 @@ final class HandleMapTest {
 
     public static void main(String[] arguments) {
         Harness harness = new Harness();
-        harness.run("handles in a row", () -> play(new Random(1), 1));
-        harness.run("handles for one place", () -> play(new Random(2), 64));
-        harness.run("handles at the end of the table", () -> play(new Random(3), Integer.MAX_VALUE / 40));
+        harness.run("handles in a row", () -> play(new Random(1), 1, 0));
+        harness.run("handles for few places", () -> play(new Random(2), 64, 0));
+        harness.run("handles for the end of the table", () -> play(new Random(3), 8, 7));
+        harness.run("great handles", () -> play(new Random(4), Integer.MAX_VALUE / 40, 0));
         harness.finish();
     }
 
-    private static void play(Random random, int stride) {
+    private static void play(Random random, int stride, int offset) {
         HandleMap<String> map = new HandleMap<>();
         TreeMap<Integer, String> expected = new TreeMap<>();
         for (int i = 0; i < 20000; ++i) {
-            int handle = stride * (1 + random.nextInt(i % 5000 < 2500 ? 36 : 4));
+            int handle = offset + stride * (1 + random.nextInt(i % 5000 < 2500 ? 36 : 4));
             if (random.nextInt(3) == 0) {
                 map.remove(handle);
                 expected.remove(handle);
@@ -30,7 +31,7 @@ final class HandleMapTest {
                 map.put(handle, "value " + i);
                 expected.put(handle, "value " + i);
             }
-            int asked = stride * (1 + random.nextInt(36));
+            int asked = offset + stride * (1 + random.nextInt(36));
             Harness.equal(map.get(asked), expected.get(asked));
             Harness.equal(sorted(map.values()), sorted(expected.values()));
         }

@@ -1,12 +1,16 @@
+import java.lang.ref.WeakReference;
+import java.util.ArrayList;
 import java.util.List;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
+import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
 import tovu.local.model.FederationPlan;
 import tovu.local.model.Federations;
+import tovu.local.model.ResignAction;
 import tovu.local.model.Session;
 
-/** What happens to an ambassador's membership while the federation's lock is somebody else's. */
+/** What sessions leave behind, and what happens to one while the federation's lock is somebody else's. */
 final class SessionTest {
     private SessionTest() {
     }
@@ -14,6 +18,7 @@ final class SessionTest {
     public static void main(String[] arguments) {
         Harness harness = new Harness();
         harness.run("loss while a restore completes", SessionTest::lossWhileARestoreCompletes);
+        harness.run("orphans", SessionTest::orphansKeepNobody);
         harness.finish();
     }
 
@@ -42,19 +47,50 @@ final class SessionTest {
         }
     }
 
-    private static Session member(String name) throws Exception {
-        Session session = new Session(Federations.ofProcess());
-        session.connect(new Idle());
-        if (name.equals("alpha")) {
-            session.createFederationExecution(new FederationPlan("saved", List.of(), null, "HLAinteger64Time"));
+    /** Alpha and beta, members of a federation of their own. */
+    private static List<Session> members(String federation) throws Exception {
+        List<Session> members = new ArrayList<>();
+        for (String name : List.of("alpha", "beta")) {
+            Session session = new Session(Federations.ofProcess());
+            session.connect(new Idle());
+            if (members.isEmpty()) {
+                session.createFederationExecution(new FederationPlan(federation,
+                        List.of(System.getProperty("fom.modules") + "/Road.xml"), null, "HLAinteger64Time"));
+            }
+            session.join(name, "test", federation, List.of());
+            members.add(session);
         }
-        session.join(name, "test", "saved", List.of());
-        return session;
+        return members;
+    }
+
+    /** The owner of an object that is left behind goes, and nothing keeps it. */
+    private static void orphansKeepNobody() throws Exception {
+        List<Session> members = members("orphans");
+        int[] object = {0};
+        for (Session each : members) {
+            each.call((federation, federate) -> {
+                int car = federation.lookups().objectClassHandle("Vehicle.Car");
+                int[] attributes = {federation.lookups().attributeHandle(car, "Fuel")};
+                federation.declarations().subscribeObjectClass(federate, car, attributes, true, "");
+                federation.declarations().publishObjectClass(federate, car, attributes);
+                object[0] = object[0] == 0 ? federation.objectManagement().register(federate, car, null) : object[0];
+                return null;
+            });
+        }
+        WeakReference<Federate> owner = new WeakReference<>(members.get(0).federate());
+        members.remove(0).resign(ResignAction.UNCONDITIONALLY_DIVEST_ATTRIBUTES);
+        for (int i = 0; i < 100 && owner.get() != null; ++i) {
+            System.gc();
+            Thread.sleep(10);
+        }
+        Harness.equal(owner.get(), null);
+        members.get(0).call((federation, federate) -> federation.objects().name(federate, object[0]));
     }
 
     private static void lossWhileARestoreCompletes() throws Exception {
-        Session alpha = member("alpha");
-        Session beta = member("beta");
+        List<Session> members = members("restored");
+        Session alpha = members.get(0);
+        Session beta = members.get(1);
         beta.call((federation, federate) -> {
             federation.time().enableRegulation(federate, 1);
             return null;
@@ -63,7 +99,7 @@ final class SessionTest {
             federation.save().request("noon");
             return null;
         });
-        for (Session each : List.of(alpha, beta)) {
+        for (Session each : members) {
             each.call((federation, federate) -> {
                 federation.save().begun(federate);
                 federation.save().complete(federate, true);

@@ -10,7 +10,7 @@ final class TestFom {
               <objectClass><name>Vehicle</name>
                <attribute><name>position</name><dimensions><dimension>X</dimension><dimension>Y</dimension></dimensions>
                 <transportation>HLAreliable</transportation><order>TimeStamp</order></attribute>
-               <attribute><name>colour</name><transportation>HLAbestEffort</transportation><order>Receive</order></attribute>
+               <attribute><name>colour</name><dataType>Hue</dataType><transportation>HLAbestEffort</transportation><order>Receive</order></attribute>
                <objectClass><name>Aircraft</name>
                 <attribute><name>altitude</name><transportation>HLAreliable</transportation><order>TimeStamp</order></attribute>
                </objectClass>
@@ -24,10 +24,17 @@ final class TestFom {
               </interactionClass></interactionClass></interactions>
              <dimensions>
               <dimension><name>X</name><upperBound>100</upperBound></dimension>
-              <dimension><name>Y</name><upperBound>100</upperBound></dimension>
+              <dimension><name>Y</name><upperBound>100</upperBound><value>[0..5)</value></dimension>
              </dimensions>
              <updateRates><updateRate><name>slow</name><rate>1</rate></updateRate>
               <updateRate><name>fast</name><rate>10</rate></updateRate></updateRates>
+             <time><timeStamp><dataType>HLAinteger64Time</dataType></timeStamp></time>
+             <tags><updateReflectTag><dataType>HLAopaqueData</dataType></updateReflectTag></tags>
+             <synchronizations><synchronizationPoint><label>Go</label><dataType>HLAopaqueData</dataType>
+              </synchronizationPoint></synchronizations>
+             <transportations><transportation><name>Radio</name><reliable>No</reliable></transportation></transportations>
+             <dataTypes><enumeratedDataTypes><enumeratedData><name>Hue</name>
+              <enumerator><name>red</name><value>1</value></enumerator></enumeratedData></enumeratedDataTypes></dataTypes>
              <switches><autoProvide isEnabled="false"/><conveyProducingFederate isEnabled="true"/>
               <conveyRegionDesignatorSets isEnabled="true"/></switches>
             </objectModel>

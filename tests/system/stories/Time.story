@@ -70,6 +70,29 @@ story holds constrained federates back
    beta < timeAdvanceGrant 10
    beta: queryLogicalTime = 10
 
+story keeps senders to their lookahead
+   beta: unsubscribe Car
+   regulate alpha 3
+   alpha: update car Position=1 at 2 -> InvalidLogicalTime
+   alpha: update car Position=1 at 3; modifyLookahead 0
+   advance alpha 20
+   alpha: update car Position=1 at 20 -> InvalidLogicalTime # granted up to and with 20
+   alpha: timeAdvanceRequest 20; update car Position=1 at 20 -> InvalidLogicalTime # which no request takes back
+   alpha < timeAdvanceGrant 20
+   alpha: update car Position=1 at 21; timeAdvanceRequestAvailable 30 => alpha < timeAdvanceGrant 30
+   alpha: update car Position=1 at 30
+
+story shortens a lookahead as time goes by
+   regulate alpha 5
+   alpha: modifyLookahead 8; queryLookahead = 8; modifyLookahead 2; queryLookahead = 8
+   beta: queryGALT = 8
+   advance alpha 3
+   alpha: queryLookahead = 5
+   beta: queryGALT = 8
+   advance alpha 10
+   alpha: queryLookahead = 2
+   beta: queryGALT = 12
+
 story delivers in the order of time
    regulate alpha 1
    constrain beta
@@ -259,19 +282,20 @@ story goes on waiting after a restore
    constrain beta
    alpha: update car Position=1 at 5; send Accident Damage=2 where at 6
    beta: here = createRegion Lane; setRangeBounds here Lane 1..3; commitRegionModifications here
+   alpha: associateRegionsForUpdates car Position@where
    beta: timeAdvanceRequest 10
    advance gamma 50
    gamma: enableTimeConstrained
    alpha: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
    alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
    let-them-go
-   alpha: deleteRegion where; requestFederationRestore noon
+   alpha: unassociateRegionsForUpdates car Position@where; deleteRegion where; requestFederationRestore noon
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
    beta < federationRestoreBegun; initiateFederateRestore noon beta beta
    gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
    alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
    let-them-go
-   alpha: getRangeBounds where Lane = 0..2
+   alpha: getRangeBounds where Lane = 0..2; deleteRegion where -> RegionInUseForUpdateOrSubscription
 to let-them-go
    beta: unsubscribe Accident; subscribe Accident here
    advance alpha 60

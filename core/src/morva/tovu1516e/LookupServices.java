@@ -6,7 +6,6 @@ import hla.rti1516e.exceptions.InvalidOrderType;
 import hla.rti1516e.exceptions.InvalidServiceGroup;
 import hla.rti1516e.exceptions.RTIexception;
 import tovu.local.fom.OrderType;
-import tovu.local.model.DeliveryChanges;
 
 /** Support services: names for handles, handles for names, and advisory switches. */
 abstract class LookupServices extends FederationServices {
@@ -86,12 +85,12 @@ abstract class LookupServices extends FederationServices {
 
     public final int getTransportationTypeHandle_S(byte[] message) throws RTIexception {
         return askAnytime(getTransportationTypeHandle_S, message, (federation, me, in) ->
-                federation.lookups().transportation(in.text()).code());
+                federation.lookups().transportationCode(me, in.text()));
     }
 
     public final String getTransportationTypeName_TTH(byte[] message) throws RTIexception {
         return askAnytime(getTransportationTypeName_TTH, message, (federation, me, in) ->
-                DeliveryChanges.transportation(in.integer()).hlaName());
+                federation.lookups().transportationName(me, in.integer()));
     }
 
     public final int[] getAvailableDimensionsForClassAttribute_OCH_AH(byte[] message) throws RTIexception {

@@ -3,6 +3,8 @@ package tovu.local.delivery;
 import hla.rti1516e.exceptions.CallNotAllowedFromWithinCallback;
 import hla.rti1516e.exceptions.FederateInternalError;
 import java.util.ArrayDeque;
+import java.util.HashMap;
+import java.util.Map;
 import java.util.Queue;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.locks.ReentrantLock;
@@ -24,14 +26,24 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     private static final long AT_ONCE = Long.MIN_VALUE;
     private static final long NEVER = Long.MAX_VALUE;
 
+    /** By which thread each delivery is awaited that is awaited now. Guarded by itself. */
+    private static final Map<Thread, CallbackDelivery> AWAITED = new HashMap<>();
+
     private final Queue<Callback> pending = new ArrayDeque<>();
-    private final ReentrantLock delivering = new ReentrantLock();
+    private final DeliveryLock delivering = new DeliveryLock();
     private final FederateCallbacks federate;
     private final Supplier<Federate> member;
     private final EvokeReminder reminder = new EvokeReminder(this);
     private boolean enabled = true;
     private volatile boolean closed; // written under the monitor only
     private volatile boolean immediate;
+
+    @SuppressWarnings("serial") // never written
+    private static final class DeliveryLock extends ReentrantLock {
+        Thread owner() {
+            return getOwner();
+        }
+    }
 
     /** Marks what outlives a membership. */
     private record ConnectionCallback(Callback callback) implements Callback {
@@ -90,11 +102,32 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
 
     /**
      * After a close: returns when no callback runs any more, and none will. Whoever waits must hold nothing that a
-     * callback may want, and must not be in one.
+     * callback may want, and must not be in one of this ambassador's. Where callbacks wait for each other in a circle,
+     * the one that would close it returns at once.
      */
     public void awaitEnd() {
+        Thread self = Thread.currentThread();
+        synchronized (AWAITED) {
+            if (waitsFor(self)) {
+                return;
+            }
+            AWAITED.put(self, this);
+        }
         delivering.lock();
         delivering.unlock();
+        synchronized (AWAITED) {
+            AWAITED.remove(self);
+        }
+    }
+
+    /** Whether the callback that runs waits, be it by way of others, for one that runs on that thread. */
+    private boolean waitsFor(Thread thread) {
+        Thread runner = delivering.owner();
+        while (runner != null && runner != thread) {
+            CallbackDelivery awaited = AWAITED.get(runner);
+            runner = awaited == null ? null : awaited.delivering.owner();
+        }
+        return runner == thread;
     }
 
     /** Starts the thread that delivers whenever there is something to deliver. */

@@ -2,15 +2,26 @@ package tovu.local.fom;
 
 import java.util.Set;
 
-/**
- * An object class attribute; subclasses inherit it under the same handle.
- *
- * @param handle         its number, unique in the object model
- * @param name           its name
- * @param transportation how updates travel unless an instance changes it
- * @param order          how updates are ordered unless an instance changes it
- * @param dimensions     the dimensions that regions may have for it
- */
-public record Attribute(int handle, String name, Transportation transportation, OrderType order,
-        Set<Dimension> dimensions) {
+/** An object class attribute. */
+public final class Attribute extends Member implements Dimensioned {
+    final Delivery delivery = new Delivery();
+
+    Attribute(int handle, String name) {
+        super(handle, name);
+    }
+
+    /** How updates travel unless an instance changes it. */
+    public Transportation transportation() {
+        return delivery.transportation();
+    }
+
+    /** How updates are ordered unless an instance changes it. */
+    public OrderType order() {
+        return delivery.order();
+    }
+
+    @Override
+    public Set<Dimension> dimensions() {
+        return delivery.dimensions();
+    }
 }

@@ -5,6 +5,7 @@ import java.util.Collection;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.Set;
 
 /**
  * What object classes and interaction classes share: a place in a single-inheritance tree, and members (attributes or
@@ -13,13 +14,15 @@ import java.util.Map;
  * @param <C> the kind of class
  * @param <M> the kind of member
  */
-public abstract class ClassNode<C extends ClassNode<C, M>, M> {
+public abstract class ClassNode<C extends ClassNode<C, M>, M extends Member> {
     private final int handle;
     private final String name;
     private final C parent;
     private final List<C> children = new ArrayList<>();
     private final Map<String, M> ownByName = new LinkedHashMap<>();
     private final Map<Integer, M> ownByHandle = new LinkedHashMap<>();
+    /** The names of the members that the class declares. */
+    final Property<Set<String>> declared = new Property<>();
 
     ClassNode(int handle, String name, C parent) {
         this.handle = handle;
@@ -33,9 +36,9 @@ public abstract class ClassNode<C extends ClassNode<C, M>, M> {
         children.add(child);
     }
 
-    final void addMember(String memberName, int memberHandle, M member) {
-        ownByName.put(memberName, member);
-        ownByHandle.put(memberHandle, member);
+    final void addMember(M member) {
+        ownByName.put(member.name(), member);
+        ownByHandle.put(member.handle(), member);
     }
 
     final Map<String, M> own() {

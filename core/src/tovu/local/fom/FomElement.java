@@ -2,9 +2,14 @@ package tovu.local.fom;
 
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Set;
 
 /** One element of a FOM module's XML, with the line it begins on so that a message can point at it. */
 final class FomElement {
+    /** What explains and defines nothing; the encoding of a basic representation is told in words, too. */
+    private static final Set<String> REMARKS =
+            Set.of("semantics", "notes", "idtag", "interpretation", "basicData/encoding");
+
     final String tag;
     final int line;
     private final List<FomElement> children = new ArrayList<>();
@@ -44,5 +49,26 @@ final class FomElement {
             }
         }
         return "";
+    }
+
+    /** The same, but empty where the entry says that it says nothing. */
+    String stated(String name) {
+        String text = value(name);
+        return text.equalsIgnoreCase("NA") ? "" : text;
+    }
+
+    /** All that it contains but remarks and empty entries: two definitions of one thing have to be alike in it. */
+    String definition() {
+        StringBuilder definition = new StringBuilder(text().equals("NA") ? "" : text());
+        for (FomElement child : children) {
+            String part = REMARKS.contains(child.tag) || REMARKS.contains(tag + "/" + child.tag) ? ""
+                    : child.definition();
+            definition.append(part.isEmpty() ? "" : "<" + child.tag + ">" + part + "</>");
+        }
+        return definition.toString();
+    }
+
+    List<FomElement> children() {
+        return children;
     }
 }

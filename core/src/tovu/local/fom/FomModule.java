@@ -1,13 +1,20 @@
 package tovu.local.fom;
 
 /**
- * One FOM module as it was read: where it came from and its XML.
+ * One FOM module, or the MIM, as it was read.
  *
+ * @param isMim      whether it is the MIM
  * @param designator the designator that the federate gave
+ * @param text       the file's text
  * @param root       the {@code objectModel} element
  */
-public record FomModule(String designator, FomElement root) {
+public record FomModule(boolean isMim, String designator, String text, FomElement root) {
     String at(FomElement element) {
-        return "FOM module '" + designator + "', line " + element.line + ": ";
+        return this + ", line " + element.line;
+    }
+
+    @Override
+    public String toString() {
+        return (isMim ? "MIM '" : "FOM module '") + designator + "'";
     }
 }

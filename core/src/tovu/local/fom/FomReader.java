@@ -4,7 +4,9 @@ import hla.rti1516e.exceptions.CouldNotOpenFDD;
 import hla.rti1516e.exceptions.CouldNotOpenMIM;
 import hla.rti1516e.exceptions.ErrorReadingFDD;
 import hla.rti1516e.exceptions.ErrorReadingMIM;
+import hla.rti1516e.exceptions.InconsistentFDD;
 import hla.rti1516e.exceptions.RTIexception;
+import java.io.ByteArrayInputStream;
 import java.io.CharConversionException;
 import java.io.IOException;
 import java.io.InputStream;
@@ -18,7 +20,9 @@ import java.util.ArrayList;
 import java.util.Deque;
 import java.util.List;
 import java.util.Locale;
+import java.util.Set;
 import java.util.function.Function;
+import java.util.stream.Collectors;
 import javax.xml.XMLConstants;
 import javax.xml.parsers.ParserConfigurationException;
 import javax.xml.parsers.SAXParser;
@@ -28,6 +32,7 @@ import org.xml.sax.InputSource;
 import org.xml.sax.Locator;
 import org.xml.sax.SAXException;
 import org.xml.sax.SAXParseException;
+import org.xml.sax.ext.Locator2;
 import org.xml.sax.helpers.DefaultHandler;
 
 /** Reads FOM modules: from a designator to a tree of elements. Nothing outside the file itself is ever loaded. */
@@ -35,25 +40,29 @@ public final class FomReader {
     /** Far deeper than any class tree, and shallow enough for code that recurses over the elements. */
     private static final int MAXIMUM_DEPTH = 500;
 
+    private static final int MISSING_NAMES_SHOWN = 5;
+
+    private final boolean isMim;
     private final String kind;
     private final Function<String, RTIexception> couldNotOpen;
     private final Function<String, RTIexception> couldNotRead;
 
-    private FomReader(String kind, Function<String, RTIexception> couldNotOpen,
+    private FomReader(boolean isMim, Function<String, RTIexception> couldNotOpen,
             Function<String, RTIexception> couldNotRead) {
-        this.kind = kind;
+        this.isMim = isMim;
+        kind = isMim ? "MIM" : "FOM module";
         this.couldNotOpen = couldNotOpen;
         this.couldNotRead = couldNotRead;
     }
 
     /** A reader of FOM modules: fails with CouldNotOpenFDD and ErrorReadingFDD. */
     public static FomReader ofModules() {
-        return new FomReader("FOM module", CouldNotOpenFDD::new, ErrorReadingFDD::new);
+        return new FomReader(false, CouldNotOpenFDD::new, ErrorReadingFDD::new);
     }
 
     /** A reader of a MIM: fails with CouldNotOpenMIM and ErrorReadingMIM. */
     public static FomReader ofMim() {
-        return new FomReader("MIM", CouldNotOpenMIM::new, ErrorReadingMIM::new);
+        return new FomReader(true, CouldNotOpenMIM::new, ErrorReadingMIM::new);
     }
 
     /** The MIM that stands in for every federation that names none of its own. */
@@ -99,26 +108,22 @@ public final class FomReader {
         }
     }
 
-    /** Reads a MIM, which has to bring the roots of both class trees. */
+    /** Reads a MIM, which may add to the standard one but has to have all of that. */
     public FomModule readMim(String designator) throws RTIexception {
         FomModule mim = read(designator);
-        requireRoot(mim, "objects", "objectClass", ObjectModel.OBJECT_ROOT);
-        boolean deletable = mim.root().table("objects", "objectClass").stream()
-                .flatMap(each -> each.children("attribute").stream())
-                .anyMatch(each -> each.value("name").equals(ObjectModel.PRIVILEGE_TO_DELETE));
-        if (!deletable) {
-            throw couldNotRead.apply(kind + " '" + designator + "' does not define attribute "
-                    + ObjectModel.PRIVILEGE_TO_DELETE + " of " + ObjectModel.OBJECT_ROOT + "; add it there");
+        try {
+            Set<String> missing = ObjectModel.of(standardMim(), List.of()).names();
+            missing.removeAll(ObjectModel.of(mim, List.of()).names());
+            if (!missing.isEmpty()) {
+                int others = missing.size() - MISSING_NAMES_SHOWN;
+                throw couldNotRead.apply(mim + " lacks what the standard MIM has: "
+                        + missing.stream().limit(MISSING_NAMES_SHOWN).collect(Collectors.joining(", "))
+                        + (others > 0 ? " and " + others + " more" : "") + "; begin with a copy of the standard MIM");
+            }
+        } catch (InconsistentFDD e) {
+            throw couldNotRead.apply(e.getMessage());
         }
-        requireRoot(mim, "interactions", "interactionClass", ObjectModel.INTERACTION_ROOT);
         return mim;
-    }
-
-    private void requireRoot(FomModule mim, String table, String row, String root) throws RTIexception {
-        if (mim.root().table(table, row).stream().noneMatch(each -> each.value("name").equals(root))) {
-            throw couldNotRead.apply(kind + " '" + mim.designator() + "' does not define " + root
-                    + "; a MIM has to define the roots of both class trees");
-        }
     }
 
     private Path locate(String designator) throws RTIexception {
@@ -147,8 +152,9 @@ public final class FomReader {
 
     private FomModule parse(String designator, InputStream in) throws RTIexception, IOException {
         TreeBuilder builder = new TreeBuilder();
+        byte[] bytes = in.readAllBytes();
         try {
-            parser().parse(new InputSource(in), builder);
+            parser().parse(new InputSource(new ByteArrayInputStream(bytes)), builder);
         } catch (SAXParseException e) {
             throw couldNotRead.apply(kind + " '" + designator + "', line " + e.getLineNumber()
                     + ": " + e.getMessage() + "; correct the XML there");
@@ -163,7 +169,7 @@ public final class FomReader {
             throw couldNotRead.apply(kind + " '" + designator + "', line " + root.line + ": the root element is '"
                     + root.tag + "' where an object model has 'objectModel'; name an HLA object model file");
         }
-        return new FomModule(designator, root);
+        return new FomModule(isMim, designator, new String(bytes, builder.encoding), root);
     }
 
     private static SAXParser parser() throws SAXException {
@@ -183,6 +189,7 @@ public final class FomReader {
         private final Deque<FomElement> open = new ArrayDeque<>();
         private FomElement root;
         private Locator locator;
+        private String encoding = "UTF-8"; // as read, which the parser knows once it is at the root
 
         @Override
         public void setDocumentLocator(Locator theLocator) {
@@ -209,6 +216,9 @@ public final class FomReader {
             }
             if (root == null) {
                 root = element;
+                if (locator instanceof Locator2 detailed && detailed.getEncoding() != null) {
+                    encoding = detailed.getEncoding();
+                }
             } else {
                 open.peek().add(element);
             }

@@ -3,13 +3,15 @@ package tovu.local.fom;
 import hla.rti1516e.exceptions.InconsistentFDD;
 import java.util.ArrayList;
 import java.util.HashMap;
+import java.util.HashSet;
+import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
-import tovu.local.fom.Merger.Table;
+import java.util.Set;
 
 /**
  * The object model that a federation's FOM modules make together. Handles are numbered from 1 in the order of the
- * modules; a module that joins later only ever adds.
+ * modules; a module that joins later only ever adds, whether classes or what no module has said of one that is there.
  */
 public final class ObjectModel {
     static final String OBJECT_ROOT = "HLAobjectRoot";
@@ -21,12 +23,12 @@ public final class ObjectModel {
     final Table<Dimension> dimensions = new Table<>();
     final List<Attribute> attributes = new ArrayList<>();
     final List<Parameter> parameters = new ArrayList<>();
-    final Map<String, Double> updateRates = new HashMap<>();
-    final Map<String, Transportation> transportations = new HashMap<>(Map.of(
-            Transportation.RELIABLE.hlaName(), Transportation.RELIABLE,
-            Transportation.BEST_EFFORT.hlaName(), Transportation.BEST_EFFORT));
-    final Map<String, String> switches = new HashMap<>();
-    private final List<FomModule> modules = new ArrayList<>();
+    final Map<String, Property<Double>> updateRates = new HashMap<>();
+    final Map<String, Property<Transportation>> transportations = new HashMap<>();
+    final Map<String, Property<String>> definitions = new HashMap<>(); // of what is only compared
+    final Map<String, Property<String>> switches = new HashMap<>();
+    final Map<String, Property<String>> standardSwitches = new HashMap<>(); // where no other module states one
+    private final List<FomModule> modules = new ArrayList<>(); // the MIM first
 
     /**
      * Merges modules into a new object model.
@@ -37,30 +39,60 @@ public final class ObjectModel {
     public static ObjectModel of(FomModule mim, List<FomModule> modules) throws InconsistentFDD {
         ObjectModel model = new ObjectModel();
         model.add(List.of(mim));
-        model.add(modules);
+        model.add(unlike(model.modules, modules));
         return model;
     }
 
-    /** Adds modules; when one contradicts what is there already, nothing is changed. */
-    public void extend(List<FomModule> more) throws InconsistentFDD {
-        if (!more.isEmpty()) {
+    /**
+     * Adds modules; when one contradicts what is there already, nothing is changed.
+     *
+     * @return whether there is one that is not there already
+     */
+    public boolean extend(List<FomModule> more) throws InconsistentFDD {
+        List<FomModule> added = unlike(modules, more); // federates often bring what the federation was made of
+        if (!added.isEmpty()) {
             ObjectModel trial = new ObjectModel();
             trial.add(modules);
-            trial.add(more);
-            if (trial.size() != size()) { // federates often bring along what the federation was made of
-                add(more);
-            }
+            trial.add(added);
+            add(added);
         }
+        return !added.isEmpty();
     }
 
-    private int size() {
-        return objectClasses.nextHandle() + interactionClasses.nextHandle() + dimensions.nextHandle()
-                + attributes.size() + parameters.size() + updateRates.size() + transportations.size() + switches.size();
+    private static List<FomModule> unlike(List<FomModule> known, List<FomModule> more) {
+        Set<String> texts = new HashSet<>();
+        known.forEach(each -> texts.add(each.text()));
+        return more.stream().filter(each -> texts.add(each.text())).toList();
     }
 
     private void add(List<FomModule> more) throws InconsistentFDD {
         Merger.merge(this, more);
         modules.addAll(more);
+    }
+
+    public FomModule mim() {
+        return modules.get(0);
+    }
+
+    /** The FOM modules in the order in which they came, one of each text. */
+    public List<FomModule> modules() {
+        return List.copyOf(modules.subList(1, modules.size()));
+    }
+
+    /** A new set of what all that is defined is called, and of what kind it is. */
+    Set<String> names() {
+        Set<String> names = new LinkedHashSet<>();
+        objectClasses.forEach(each -> names(each, "object class ", "attribute ", names));
+        interactionClasses.forEach(each -> names(each, "interaction class ", "parameter ", names));
+        dimensions.forEach(each -> names.add("dimension '" + each + "'"));
+        transportations.keySet().forEach(each -> names.add("transportation type '" + each + "'"));
+        names.addAll(definitions.keySet());
+        return names;
+    }
+
+    private static void names(ClassNode<?, ?> theClass, String kind, String memberKind, Set<String> names) {
+        names.add(kind + "'" + theClass + "'");
+        theClass.own().keySet().forEach(each -> names.add(memberKind + "'" + each + "' of '" + theClass + "'"));
     }
 
     /** The class with that handle, or null. */
@@ -122,23 +154,29 @@ public final class ObjectModel {
 
     /** Updates a second, or null for a designator that no module defines. */
     public Double updateRate(String designator) {
-        return updateRates.get(designator);
+        Property<Double> rate = updateRates.get(designator);
+        return rate == null ? null : rate.or(null);
     }
 
     /** The transportation type of that name, or null. */
     public Transportation transportation(String name) {
-        return transportations.get(name);
+        Property<Transportation> type = transportations.get(name);
+        return type == null ? Transportation.standard(name) : type.or(null);
     }
 
     public Switches switches() {
         return new Switches(isOn("autoProvide"), isOn("conveyRegionDesignatorSets"), isOn("conveyProducingFederate"),
                 isOn("attributeScopeAdvisory"), isOn("attributeRelevanceAdvisory"),
                 isOn("objectClassRelevanceAdvisory"), isOn("interactionRelevanceAdvisory"),
-                switches.getOrDefault("automaticResignAction", ""));
+                setting("automaticResignAction"));
     }
 
     private boolean isOn(String name) {
-        String value = switches.getOrDefault(name, "false");
-        return value.equalsIgnoreCase("true") || value.equalsIgnoreCase("enabled") || value.equals("1");
+        return setting(name).equals("true");
+    }
+
+    private String setting(String name) {
+        Property<String> unstated = new Property<>();
+        return switches.getOrDefault(name, unstated).or(standardSwitches.getOrDefault(name, unstated).or(""));
     }
 }

@@ -13,4 +13,9 @@ public enum OrderType {
     public String hlaName() {
         return hlaName;
     }
+
+    @Override
+    public String toString() {
+        return hlaName;
+    }
 }

@@ -1,26 +1,34 @@
 package tovu.local.fom;
 
-/** The two transportation types; one that a FOM adds stands for the one of these with its reliability. */
-public enum Transportation {
-    RELIABLE("HLAreliable"), BEST_EFFORT("HLAbestEffort");
+import java.io.Serializable;
 
-    private final String hlaName;
+/**
+ * A transportation type, of which FOM modules may add some to the two standard ones.
+ *
+ * @param hlaName    its name
+ * @param isReliable whether what it transports arrives in any case
+ */
+public record Transportation(String hlaName, boolean isReliable) implements Serializable {
+    public static final Transportation RELIABLE = new Transportation("HLAreliable", true);
+    public static final Transportation BEST_EFFORT = new Transportation("HLAbestEffort", false);
 
-    Transportation(String hlaName) {
-        this.hlaName = hlaName;
-    }
-
-    public String hlaName() {
-        return hlaName;
-    }
-
-    /** 1 or 2. */
+    /** That of the standard type that is as reliable, 1 or 2: federates are told of no others. */
     public int code() {
-        return ordinal() + 1;
+        return isReliable ? 1 : 2;
     }
 
-    /** The transportation type of a code, or null. */
+    /** The standard transportation type of that name, or null. */
+    static Transportation standard(String name) {
+        return name.equals(RELIABLE.hlaName) ? RELIABLE : name.equals(BEST_EFFORT.hlaName) ? BEST_EFFORT : null;
+    }
+
+    /** The standard transportation type of a code, or null. */
     public static Transportation ofCode(int code) {
         return code == 1 ? RELIABLE : code == 2 ? BEST_EFFORT : null;
+    }
+
+    @Override
+    public String toString() {
+        return hlaName + (isReliable ? " (reliable)" : " (not reliable)");
     }
 }

@@ -18,4 +18,16 @@ final class Content implements Saved {
         this.transportation = transportation;
         this.supplement = supplement;
     }
+
+    private Content(HandleValues values, Content whole) {
+        this.values = values;
+        regions = whole.regions;
+        transportation = whole.transportation;
+        supplement = whole.supplement;
+    }
+
+    /** The same with nothing but some of its values. */
+    Content part(HandleValues some) {
+        return some == values ? this : new Content(some, this);
+    }
 }

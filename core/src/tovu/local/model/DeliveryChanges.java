@@ -34,14 +34,14 @@ public final class DeliveryChanges {
         Knowledge knowledge = federation.objects().known(federate, object);
         List<InstanceAttribute> owned = OwnershipManagement.owned(knowledge, attributes);
         for (InstanceAttribute each : owned) {
-            if (each.transportationChanging) {
+            if (each.isTransportationChanging()) {
                 throw new AttributeAlreadyBeingChanged("The transportation type of attribute '"
                         + each.definition.name() + "' is being changed already; wait for the confirmation");
             }
         }
         Notices changed = Notices.ofChange(attribute -> attribute.transportBy(type));
         for (InstanceAttribute each : owned) {
-            each.transportationChanging = true;
+            each.beginTransportationChange();
             changed.add(federate, each);
         }
         changed.post(knowledge.object, (to, handles, tag) ->

@@ -54,11 +54,10 @@ final class Dispatch {
         message.receiver.inbox.accept(message);
     }
 
+    /** Of what may be retracted. */
     void deletes(Deletion deletion) {
-        if (sent != null) {
-            sent.deletion = deletion;
-            deletion.object().mayReturn = true;
-        }
+        sent.deletion = deletion;
+        deletion.object().mayReturn = true;
     }
 
     /** By which all of it may be retracted, or 0 when nothing of it may. */

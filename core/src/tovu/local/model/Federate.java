@@ -1,6 +1,8 @@
 package tovu.local.model;
 
+import java.util.HashMap;
 import java.util.LinkedHashSet;
+import java.util.Map;
 import java.util.Set;
 import java.util.function.Supplier;
 
@@ -15,6 +17,8 @@ public final class Federate implements Saved {
     private transient CallbackSink sink;
     private ResignAction automaticResignDirective;
     private volatile int messageValidity;
+    /** The name by which it asked last for the transportation type of a code, which several may share. */
+    final Map<Integer, String> transportationNames = new HashMap<>(2);
     final Advisories advisories;
     final Publications publications;
     final Subscriptions subscriptions = new Subscriptions();

@@ -125,6 +125,10 @@ public final class Federation {
         return lookups;
     }
 
+    UpdateRates updateRates() {
+        return state.updateRates;
+    }
+
     public Retractions retractions() {
         return state.retractions;
     }
@@ -321,6 +325,7 @@ public final class Federation {
     /** Becomes what it was once. */
     void restore(FederationState restored) {
         state = restored;
+        state.updateRates.resume();
     }
 
     void postToAll(Callback callback) {

@@ -1,5 +1,7 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
 import java.util.Map;
 import java.util.TreeMap;
 
@@ -14,6 +16,7 @@ final class FederationState implements Saved {
     final RegionManagement regions;
     final Retractions retractions;
     final TimeManagement time;
+    final UpdateRates updateRates;
 
     FederationState(Federation federation) {
         synchronizationPoints = new SynchronizationPoints(federation);
@@ -22,5 +25,11 @@ final class FederationState implements Saved {
         regions = new RegionManagement(federation);
         retractions = new Retractions(federation);
         time = new TimeManagement(federation);
+        updateRates = new UpdateRates(federation);
+    }
+
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        objects.restoreAssociations();
     }
 }

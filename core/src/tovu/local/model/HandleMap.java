@@ -6,15 +6,18 @@ import java.util.Iterator;
 import java.util.NoSuchElementException;
 
 /**
- * Values by handle, in two arrays. Handles are given out in a row, so that a value nearly always stands at the place of
- * its own handle, beside those of its neighbours: a look-up touches little memory, which is what it costs to serve one
- * of very many objects.
+ * Values by handle, in two arrays. Handles are given out in a row, and some in a row stand side by side, so that what
+ * is used together touches little memory: that is what it costs to serve one of very many objects. But such blocks lie
+ * scattered, or else all that ever was registered in a row would have to be looked at when one of them goes.
  *
  * @param <V> what the handles stand for; never null
  */
 @SuppressWarnings("serial") // kept in memory only
 public final class HandleMap<V> implements Saved {
     private static final int SMALLEST = 4;
+    private static final int BLOCK_BITS = 3;
+    private static final int IN_BLOCK = (1 << BLOCK_BITS) - 1;
+    private static final int GOLDEN = 0x9E3779B9; // multiples of it are spread evenly
 
     private int[] handles = new int[SMALLEST]; // a power of two, at least twice as many as there are values
     private Object[] values = new Object[SMALLEST];
@@ -43,13 +46,13 @@ public final class HandleMap<V> implements Saved {
         }
         --size;
         values[free] = null;
-        // Whatever was put behind it because its own place was taken moves up.
         for (int next = after(free); values[next] != null; next = after(next)) {
-            Object moved = values[next];
-            values[next] = null;
-            int place = place(handles[next]);
-            handles[place] = handles[next];
-            values[place] = moved;
+            if (distance(ownPlace(handles[next]), next) >= distance(free, next)) { // it had to give way
+                handles[free] = handles[next];
+                values[free] = values[next];
+                values[next] = null;
+                free = next;
+            }
         }
     }
 
@@ -70,11 +73,22 @@ public final class HandleMap<V> implements Saved {
 
     /** Where that handle stands, or where there is room for it. */
     private int place(int handle) {
-        int place = handle & values.length - 1;
+        int place = ownPlace(handle);
         while (values[place] != null && handles[place] != handle) {
             place = after(place);
         }
         return place;
+    }
+
+    private int ownPlace(int handle) {
+        int mask = values.length - 1;
+        long spread = (handle >>> BLOCK_BITS) * GOLDEN & 0xFFFFFFFFL;
+        int block = (int) (spread >>> Integer.numberOfLeadingZeros(mask) + BLOCK_BITS);
+        return (block << BLOCK_BITS | handle & IN_BLOCK) & mask;
+    }
+
+    private int distance(int from, int to) {
+        return to - from & values.length - 1;
     }
 
     private int after(int place) {

@@ -13,9 +13,9 @@ import tovu.local.fom.Transportation;
 /** One attribute of one object instance: who owns it, who wants it, and how its updates travel. */
 @SuppressWarnings("serial") // kept in memory only
 final class InstanceAttribute implements Saved {
-    /** What an owner who wants to be rid of the attribute has come to. */
+    /** What an owner who wants to be rid of the attribute has come to; abandoned is what has an owner no more. */
     enum Divestiture {
-        NONE, OFFERED, CONFIRMATION_REQUESTED
+        NONE, OFFERED, CONFIRMATION_REQUESTED, ABANDONED
     }
 
     /**
@@ -29,40 +29,40 @@ final class InstanceAttribute implements Saved {
     }
 
     /**
-     * What an owner has made of the attribute, for the case that it gets it back.
+     * How updates travel when that is not what the object model says.
      *
-     * @param attribute      the attribute
-     * @param transportation how its updates travelled
-     * @param order          how they were ordered
-     * @param regions        where they were sent
+     * @param transportation the transportation type
+     * @param order          the order in which they are sent
+     * @param changing       whether another transportation type is asked for
      */
-    record Possession(InstanceAttribute attribute, Transportation transportation, OrderType order,
-            Set<Region> regions) implements Saved {
+    private record Delivery(Transportation transportation, OrderType order, boolean changing) implements Saved {
     }
 
+    /**
+     * What an owner has made of the attribute, for the case that it gets it back.
+     *
+     * @param attribute the attribute
+     * @param delivery  how its updates travelled
+     * @param regions   where they were sent
+     */
+    record Possession(InstanceAttribute attribute, Delivery delivery, Set<Region> regions) implements Saved {
+    }
+
+    // There are very many of these, and next to all are owned and nothing else: what is rare is made when it comes.
+    final ObjectInstance object;
     final Attribute definition;
-    final List<Candidate> candidates = new ArrayList<>(0);
-    private final Map<Federate, Set<Region>> associations = new HashMap<>(0);
+    private List<Candidate> candidates = List.of();
+    private Map<Federate, Set<Region>> associations = Map.of();
     private Federate owner;
     private int tenure;
-    private Transportation transportation;
-    private OrderType order;
+    private Delivery delivery; // null for the object model's
     Divestiture divestiture = Divestiture.NONE;
-    /** Whether it is up for anyone who may own it: it had an owner who left it. */
-    boolean abandoned;
-    boolean transportationChanging;
     /** The update rate at which the owner was told to update, or null when it was told not to, or nothing. */
     String updatesOn;
 
-    InstanceAttribute(Attribute definition) {
+    InstanceAttribute(ObjectInstance object, Attribute definition) {
+        this.object = object;
         this.definition = definition;
-        resetDelivery();
-    }
-
-    private void resetDelivery() {
-        transportation = definition.transportation();
-        order = definition.order();
-        transportationChanging = false;
     }
 
     int handle() {
@@ -85,41 +85,47 @@ final class InstanceAttribute implements Saved {
         }
         owner = newOwner;
         ++tenure;
-        divestiture = Divestiture.NONE;
-        abandoned = newOwner == null;
+        divestiture = newOwner == null ? Divestiture.ABANDONED : Divestiture.NONE;
         updatesOn = null;
-        resetDelivery();
+        delivery = null;
     }
 
     Possession possession() {
-        return new Possession(this, transportation, order, updateRegions());
+        Delivery settled = delivery == null ? null : new Delivery(transportation(), order(), false);
+        return new Possession(this, settled, updateRegions());
     }
 
     /** Hands it to a federate as that had it before, but for regions that are deleted since. */
     void giveBack(Federate formerOwner, Possession possession) {
         giveTo(formerOwner);
-        transportation = possession.transportation;
-        order = possession.order;
+        delivery = possession.delivery;
         Set<Region> left = new LinkedHashSet<>(possession.regions);
         left.removeIf(region -> !formerOwner.federation().regions().has(region));
         associate(formerOwner, left);
     }
 
     Transportation transportation() {
-        return transportation;
+        return delivery == null ? definition.transportation() : delivery.transportation;
+    }
+
+    boolean isTransportationChanging() {
+        return delivery != null && delivery.changing;
+    }
+
+    void beginTransportationChange() {
+        delivery = new Delivery(transportation(), order(), true);
     }
 
     void transportBy(Transportation type) {
-        transportation = type;
-        transportationChanging = false;
+        delivery = new Delivery(type, order(), false);
     }
 
     OrderType order() {
-        return order;
+        return delivery == null ? definition.order() : delivery.order;
     }
 
     void orderBy(OrderType type) {
-        order = type;
+        delivery = new Delivery(transportation(), type, isTransportationChanging());
     }
 
     /** The regions that its owner's updates are sent with; empty for the default region. */
@@ -132,10 +138,34 @@ final class InstanceAttribute implements Saved {
     }
 
     void associate(Federate federate, Set<Region> regions) {
-        regions.forEach(Region::retain);
-        Set<Region> old = regions.isEmpty() ? associations.remove(federate) : associations.put(federate, regions);
-        if (old != null) {
-            old.forEach(Region::release);
+        Set<Region> old = associationsOf(federate);
+        if (!old.isEmpty() || !regions.isEmpty()) {
+            old.forEach(each -> each.sentWith().remove(this));
+            regions.forEach(each -> each.sentWith().add(this));
+            associations = associations.isEmpty() ? new HashMap<>() : associations;
+            associations.put(federate, regions);
+            associations.values().removeIf(Set::isEmpty);
+        }
+    }
+
+    /** Has the regions know again what is sent with them. */
+    void restoreAssociations() {
+        associations.values().forEach(regions -> regions.forEach(each -> each.sentWith().add(this)));
+    }
+
+    /** Who wants to own it, in the order of its turn. */
+    List<Candidate> candidates() {
+        return candidates;
+    }
+
+    void addCandidate(Candidate candidate) {
+        candidates = candidates.isEmpty() ? new ArrayList<>(1) : candidates;
+        candidates.add(candidate);
+    }
+
+    void removeCandidate(Federate federate) {
+        if (candidate(federate) != null) {
+            candidates.removeIf(each -> each.federate() == federate);
         }
     }
 
@@ -149,16 +179,16 @@ final class InstanceAttribute implements Saved {
     }
 
     boolean isDivesting() {
-        return divestiture != Divestiture.NONE;
+        return divestiture == Divestiture.OFFERED || divestiture == Divestiture.CONFIRMATION_REQUESTED;
     }
 
     /** Whether anyone who may own it can have it. */
     boolean isFree() {
-        return abandoned || isDivesting();
+        return divestiture != Divestiture.NONE;
     }
 
     void forget(Federate federate) {
-        candidates.removeIf(each -> each.federate() == federate);
+        removeCandidate(federate);
         associate(federate, Set.of());
     }
 }

@@ -5,6 +5,7 @@ import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
+import tovu.local.fom.Dimensioned;
 
 /**
  * One federate's subscription to a class attribute or an interaction class: everywhere, or where certain regions are.
@@ -21,8 +22,13 @@ final class Interest implements Saved {
     record Terms(boolean active, String updateRate) implements Saved {
     }
 
+    private final Dimensioned subject;
     private Terms everywhere; // null when it is not
     private final Map<Region, Terms> regions = new LinkedHashMap<>();
+
+    Interest(Dimensioned subject) {
+        this.subject = subject;
+    }
 
     /** @param where the regions to add, or to give other terms; null for everywhere */
     void add(Set<Region> where, Terms terms) {
@@ -31,7 +37,7 @@ final class Interest implements Saved {
         } else {
             for (Region region : where) {
                 if (regions.put(region, terms) == null) {
-                    region.retain();
+                    region.subscribed();
                 }
             }
         }
@@ -42,7 +48,7 @@ final class Interest implements Saved {
         everywhere = where == null ? null : everywhere;
         for (Region region : where == null ? Set.copyOf(regions.keySet()) : where) {
             if (regions.remove(region) != null) {
-                region.release();
+                region.unsubscribed();
             }
         }
     }
@@ -53,6 +59,11 @@ final class Interest implements Saved {
 
     boolean isEverywhere() {
         return everywhere != null;
+    }
+
+    /** Whether updates are wanted at some rate at most, anywhere. */
+    boolean hasRate() {
+        return terms(Set.of()).stream().anyMatch(each -> !each.updateRate().isEmpty());
     }
 
     /** Whether it is active anywhere. */
@@ -67,19 +78,16 @@ final class Interest implements Saved {
             met.add(everywhere);
         }
         regions.forEach((region, terms) -> {
-            if (sentRegions.isEmpty() || Region.anyOverlap(Set.of(region), sentRegions)) {
+            if (sentRegions.isEmpty() || Region.anyOverlap(Set.of(region), sentRegions, subject)) {
                 met.add(terms);
             }
         });
         return met;
     }
 
-    boolean uses(Region region) {
-        return regions.containsKey(region);
-    }
-
     /** @param sentRegions what a message is sent with; empty for the default region */
     boolean meets(Set<Region> sentRegions) {
-        return everywhere != null || sentRegions.isEmpty() || Region.anyOverlap(regions.keySet(), sentRegions);
+        return everywhere != null || sentRegions.isEmpty()
+                || Region.anyOverlap(regions.keySet(), sentRegions, subject);
     }
 }

@@ -2,7 +2,6 @@ package tovu.local.model;
 
 import java.util.List;
 import java.util.Set;
-import java.util.TreeSet;
 import tovu.local.fom.Attribute;
 import tovu.local.fom.ObjectClass;
 
@@ -12,7 +11,9 @@ final class Knowledge implements Saved {
     final Federate federate;
     final ObjectInstance object;
     final ObjectClass knownClass;
-    final Set<Integer> toldInScope = new TreeSet<>();
+    Set<Integer> toldInScope = Set.of();
+    /** What holds updates to the rates at which they are wanted; null while none is. */
+    Pacing pacing;
     private volatile boolean over;
 
     Knowledge(Federate federate, ObjectInstance object, ObjectClass knownClass) {
@@ -48,6 +49,11 @@ final class Knowledge implements Saved {
     /** The attributes that the federate wants of what is sent with those regions. */
     HandleSet wanted(Set<Region> sentRegions) {
         return federate.subscriptions.wanted(knownClass, sentRegions);
+    }
+
+    /** Whether an update in receive order may have to wait, or takes the place of one that does. */
+    boolean isPaced(boolean reliable) {
+        return pacing != null || !reliable && federate.subscriptions.hasRates(knownClass);
     }
 
     /** On what terms updates of an attribute are wanted where they are sent now; none when they are not. */

@@ -5,6 +5,7 @@ import hla.rti1516e.exceptions.InteractionClassNotDefined;
 import hla.rti1516e.exceptions.InteractionParameterNotDefined;
 import hla.rti1516e.exceptions.InvalidUpdateRateDesignator;
 import hla.rti1516e.exceptions.ObjectClassNotDefined;
+import java.util.List;
 import java.util.Set;
 import java.util.TreeSet;
 import tovu.local.fom.InteractionClass;
@@ -84,6 +85,20 @@ final class Lookup {
         if (one == null || other.isEmpty()) {
             return other;
         }
-        return one.isEmpty() || model.updateRate(one) >= model.updateRate(other) ? one : other;
+        return one.isEmpty() || limit(one) >= limit(other) ? one : other;
+    }
+
+    private double limit(String designator) {
+        double rate = model.updateRate(designator);
+        return rate == 0 ? Double.POSITIVE_INFINITY : rate;
+    }
+
+    /** Updates a second that are wanted on one of those terms at least; 0 for any number of them. */
+    double rate(List<Interest.Terms> terms) {
+        String highest = null;
+        for (Interest.Terms each : terms) {
+            highest = higherRate(highest, each.updateRate());
+        }
+        return highest == null || highest.isEmpty() ? 0 : model.updateRate(highest);
     }
 }

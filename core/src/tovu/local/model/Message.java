@@ -45,16 +45,9 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
         receivedOrder = OrderType.RECEIVE;
     }
 
-    /** Leaves it with the delivery, unless what it is about is over for the receiver. */
+    /** Leaves it with the delivery. */
     final void post() {
-        if (!isOutdated()) {
-            receiver.post(this);
-        }
-    }
-
-    /** Whether it waited longer than the receiver knew the object that it is about. */
-    boolean isOutdated() {
-        return false;
+        receiver.post(this);
     }
 
     /** Takes it back wherever it is; false when the receiver is told already. */
@@ -109,7 +102,7 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
         if (validity != receiver.messageValidity()) {
             review();
         }
-        return wanted && !isOutdated();
+        return wanted;
     }
 
     abstract void tell(FederateCallbacks to) throws FederateInternalError;

@@ -1,22 +1,26 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
+import java.io.ObjectOutputStream;
 import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.Collection;
 import java.util.List;
 import java.util.Set;
 import java.util.TreeSet;
 import java.util.function.Predicate;
-import tovu.local.fom.Attribute;
 import tovu.local.fom.ObjectClass;
 
 /** A registered object instance, and which federates know it. */
 @SuppressWarnings("serial") // kept in memory only
 final class ObjectInstance implements Saved {
-    final int handle;
+    transient int handle; // never changes; a snapshot has it apart
     final String name;
     final ObjectClass objectClass;
-    final Federate producer;
-    private final HandleMap<InstanceAttribute> attributes = new HandleMap<>();
+    private AttributeLayout layout;
+    final int producer; // not the federate, which may be long gone
+    private InstanceAttribute[] attributes; // as they are laid out
     private final HandleMap<Knowledge> knowledge = new HandleMap<>(); // by federate
     private Set<Integer> locallyDeleted = Set.of(); // by which federates that have not discovered it again
     /** Set from its deletion on; federates that are not told yet still know it. */
@@ -24,36 +28,41 @@ final class ObjectInstance implements Saved {
     /** Set while its deletion may be retracted. */
     boolean mayReturn;
 
-    ObjectInstance(int handle, String name, ObjectClass objectClass, Federate producer) {
+    ObjectInstance(int handle, String name, AttributeLayout layout, int producer) {
         this.handle = handle;
         this.name = name;
-        this.objectClass = objectClass;
+        this.layout = layout;
+        objectClass = layout.objectClass;
         this.producer = producer;
-        for (Attribute attribute : objectClass.members()) {
-            attributes.put(attribute.handle(), new InstanceAttribute(attribute));
-        }
+        attributes = layout.attributesOf(this);
     }
 
     /** The attribute with that handle, or null. A class may have gained attributes since this was registered. */
     InstanceAttribute attribute(int attributeHandle) {
-        InstanceAttribute attribute = attributes.get(attributeHandle);
-        if (attribute == null) {
-            Attribute definition = objectClass.member(attributeHandle);
-            if (definition != null) {
-                attribute = new InstanceAttribute(definition);
-                attributes.put(attributeHandle, attribute);
-            }
+        int place = layout.place(attributeHandle);
+        if (place < 0 && objectClass.member(attributeHandle) != null) {
+            extend();
+            place = layout.place(attributeHandle);
         }
-        return attribute;
+        return place < 0 ? null : attributes[place];
     }
 
-    Collection<InstanceAttribute> attributes() {
-        return attributes.values();
+    private void extend() {
+        InstanceAttribute[] before = attributes;
+        layout = new AttributeLayout(objectClass);
+        attributes = layout.attributesOf(this);
+        for (InstanceAttribute each : before) {
+            attributes[layout.place(each.handle())] = each;
+        }
+    }
+
+    List<InstanceAttribute> attributes() {
+        return Arrays.asList(attributes);
     }
 
     List<InstanceAttribute> attributes(Predicate<InstanceAttribute> wanted) {
         List<InstanceAttribute> some = new ArrayList<>();
-        for (InstanceAttribute each : attributes.values()) {
+        for (InstanceAttribute each : attributes) {
             if (wanted.test(each)) {
                 some.add(each);
             }
@@ -62,7 +71,7 @@ final class ObjectInstance implements Saved {
     }
 
     boolean isOwnedIn(Federate federate) {
-        for (InstanceAttribute each : attributes.values()) {
+        for (InstanceAttribute each : attributes) {
             if (each.owner() == federate) {
                 return true;
             }
@@ -106,6 +115,28 @@ final class ObjectInstance implements Saved {
     void becomeUnknown(Federate federate) {
         knowledge.remove(federate.handle());
         federate.knownObjects.remove(this);
+    }
+
+    /** The handle comes first: what leads back to the object while it is read may put it into a set. */
+    private void writeObject(ObjectOutputStream out) throws IOException {
+        out.writeInt(handle);
+        out.defaultWriteObject();
+    }
+
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        handle = in.readInt();
+        in.defaultReadObject();
+    }
+
+    /** Objects in a row stand in a row in sets, too: to go through very many costs what memory is touched. */
+    @Override
+    public int hashCode() {
+        return handle;
+    }
+
+    @Override
+    public boolean equals(Object other) {
+        return this == other;
     }
 
     @Override

@@ -26,7 +26,7 @@ public final class ObjectManagement {
         }
 
         boolean fits(InstanceAttribute attribute, Dispatch dispatch) {
-            return transportation == attribute.transportation() && order == dispatch.sentOrder(attribute.order())
+            return transportation.equals(attribute.transportation()) && order == dispatch.sentOrder(attribute.order())
                     && regions.equals(attribute.updateRegions());
         }
     }
@@ -117,10 +117,21 @@ public final class ObjectManagement {
         for (Knowledge each : own.object.knowers()) {
             if (each != own) {
                 HandleValues wanted = selections.computeIfAbsent(each.wanted(passel.regions), values::select);
-                if (wanted.size() > 0) {
+                if (passel.order == OrderType.RECEIVE && each.isPaced(passel.transportation.isReliable())) {
+                    sendPaced(each, sending, content, wanted, dispatch);
+                } else if (wanted.size() > 0) {
                     dispatch.send(new Reflection(each, sending, content, wanted));
                 }
             }
+        }
+    }
+
+    private void sendPaced(Knowledge to, Message.Sending sending, Content content, HandleValues wanted,
+            Dispatch dispatch) {
+        HandleValues admitted = federation.updateRates().admit(to, sending, content, wanted);
+        if (admitted.size() > 0) {
+            Content sent = admitted == wanted ? content : content.part(admitted);
+            dispatch.send(new Reflection(to, sending, sent, admitted));
         }
     }
 
@@ -139,9 +150,11 @@ public final class ObjectManagement {
     private void delete(Knowledge own, Dispatch dispatch, Message.Sending sending) {
         ObjectInstance object = own.object;
         Federate federate = own.federate;
-        dispatch.deletes(new Deletion(object, federate, own.knownClass,
-                object.attributes(each -> each.owner() == federate).stream()
-                        .map(InstanceAttribute::possession).toList()));
+        if (dispatch.retraction() != 0) {
+            dispatch.deletes(new Deletion(object, federate, own.knownClass,
+                    object.attributes(each -> each.owner() == federate).stream()
+                            .map(InstanceAttribute::possession).toList()));
+        }
         object.deleted = true;
         int producer = federation.supplement(federate, Set.of()).producer();
         List<Knowledge> others = new ArrayList<>(object.knowers());
@@ -198,7 +211,7 @@ public final class ObjectManagement {
                 requestUpdate(federate, object, object.attributes(attribute -> {
                     Set<Region> regions = where.get(attribute.handle());
                     return regions != null && (regions.isEmpty() || attribute.updateRegions().isEmpty()
-                            || Region.anyOverlap(regions, attribute.updateRegions()));
+                            || Region.anyOverlap(regions, attribute.updateRegions(), attribute.definition));
                 }), tag);
             }
         }

@@ -5,7 +5,6 @@ import hla.rti1516e.exceptions.NameSetWasEmpty;
 import hla.rti1516e.exceptions.ObjectInstanceNameInUse;
 import hla.rti1516e.exceptions.ObjectInstanceNameNotReserved;
 import java.util.HashMap;
-import java.util.HashSet;
 import java.util.Map;
 import java.util.Set;
 
@@ -15,7 +14,7 @@ public final class ObjectNames implements Saved {
     private static final String FEDERATION_PREFIX = "HLA";
 
     private final Map<String, Federate> reserved = new HashMap<>();
-    private final Set<String> inUse = new HashSet<>();
+    private final Map<String, ObjectInstance> inUse = new HashMap<>();
 
     public void reserve(Federate federate, String name) throws IllegalName {
         requireLegal(name);
@@ -51,7 +50,7 @@ public final class ObjectNames implements Saved {
     }
 
     private boolean isFree(String name) {
-        return !reserved.containsKey(name) && !inUse.contains(name);
+        return !reserved.containsKey(name) && !inUse.containsKey(name);
     }
 
     public void release(Federate federate, Set<String> names) throws ObjectInstanceNameNotReserved {
@@ -70,16 +69,21 @@ public final class ObjectNames implements Saved {
 
     void requireUsable(Federate federate, String name)
             throws ObjectInstanceNameInUse, ObjectInstanceNameNotReserved {
-        if (inUse.contains(name)) {
+        if (inUse.containsKey(name)) {
             throw new ObjectInstanceNameInUse("An object instance named '" + name + "' is registered already");
         }
         requireReserved(federate, name);
     }
 
     /** The reservation is used up by the registration. */
-    void use(String name) {
+    void use(String name, ObjectInstance object) {
         reserved.remove(name);
-        inUse.add(name);
+        inUse.put(name, object);
+    }
+
+    /** The object instance of that name, or null. */
+    ObjectInstance object(String name) {
+        return inUse.get(name);
     }
 
     /** A name for an instance that its registrant gave none. No federate can have reserved it. */

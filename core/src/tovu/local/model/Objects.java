@@ -11,13 +11,13 @@ import java.util.Map;
 import java.util.Set;
 import tovu.local.fom.ObjectClass;
 
-/** The object instances of a federation, by handle, by name and by class. */
+/** The object instances of a federation, by handle and by class. */
 @SuppressWarnings("serial") // kept in memory only
 public final class Objects implements Saved {
     private final Federation federation;
     private final HandleMap<ObjectInstance> byHandle = new HandleMap<>();
-    private final Map<String, ObjectInstance> byName = new HashMap<>();
     private final Map<ObjectClass, Set<ObjectInstance>> byClass = new HashMap<>();
+    private final Map<ObjectClass, AttributeLayout> layouts = new HashMap<>();
 
     Objects(Federation federation) {
         this.federation = federation;
@@ -27,12 +27,25 @@ public final class Objects implements Saved {
     ObjectInstance add(ObjectClass theClass, String name, Federate producer) {
         int handle = RuntimeHandles.next();
         String theName = name == null ? ObjectNames.chosenFor(handle) : name;
-        ObjectInstance object = new ObjectInstance(handle, theName, theClass, producer);
+        ObjectInstance object = new ObjectInstance(handle, theName, layout(theClass), producer.handle());
         byHandle.put(handle, object);
-        byName.put(theName, object);
         byClass.computeIfAbsent(theClass, key -> new LinkedHashSet<>()).add(object);
-        federation.names().use(theName);
+        federation.names().use(theName, object);
         return object;
+    }
+
+    /** A snapshot tells which regions the attributes are sent with, and not the reverse. */
+    void restoreAssociations() {
+        byHandle.values().forEach(each -> each.attributes().forEach(InstanceAttribute::restoreAssociations));
+    }
+
+    private AttributeLayout layout(ObjectClass theClass) {
+        AttributeLayout layout = layouts.get(theClass);
+        if (layout == null || !layout.isCurrent()) {
+            layout = new AttributeLayout(theClass);
+            layouts.put(theClass, layout);
+        }
+        return layout;
     }
 
     Collection<ObjectInstance> ofClass(ObjectClass theClass) {
@@ -54,7 +67,7 @@ public final class Objects implements Saved {
     }
 
     public int handle(Federate federate, String name) throws ObjectInstanceNotKnown {
-        ObjectInstance object = byName.get(name);
+        ObjectInstance object = federation.names().object(name);
         if (object == null || object.knowledgeOf(federate) == null) {
             throw notKnown(federate, "named '" + name + "'");
         }
@@ -115,7 +128,6 @@ public final class Objects implements Saved {
     private void endIfForgotten(ObjectInstance object) {
         if (object.knowers().isEmpty() && !object.mayReturn) {
             byHandle.remove(object.handle);
-            byName.remove(object.name);
             ofClass(object.objectClass).remove(object);
             federation.names().free(object.name);
         }

@@ -58,7 +58,7 @@ public final class OwnershipManagement {
         OwnershipNotices notices = new OwnershipNotices(object);
         for (InstanceAttribute each : attributes) {
             Federate former = each.owner();
-            if (each.candidates.isEmpty()) {
+            if (each.candidates().isEmpty()) {
                 each.giveTo(null);
                 offer(object, each, former, Notices.NO_TAG, notices);
             } else {
@@ -71,17 +71,23 @@ public final class OwnershipManagement {
 
     /** Gives an attribute to its first candidate, with the tag of the divestiture that this completes. */
     private static void handOver(InstanceAttribute attribute, byte[] tag, OwnershipNotices notices) {
-        Candidate first = attribute.candidates.remove(0);
-        attribute.giveTo(first.federate());
-        notices.acquired.add(first.federate(), attribute, tag);
+        Federate first = attribute.candidates().get(0).federate();
+        attribute.removeCandidate(first);
+        handOver(attribute, first, tag, notices);
+    }
+
+    private static void handOver(InstanceAttribute attribute, Federate newOwner, byte[] tag,
+            OwnershipNotices notices) {
+        attribute.giveTo(newOwner);
+        notices.acquired.add(newOwner, attribute, tag);
         keep(attribute, notices);
     }
 
     /** Its owner has not offered it: who insists is in the owner's hands, who does not waits in vain. */
     private static void keep(InstanceAttribute attribute, OwnershipNotices notices) {
-        for (Candidate each : List.copyOf(attribute.candidates)) {
+        for (Candidate each : List.copyOf(attribute.candidates())) {
             if (each.ifAvailable()) {
-                attribute.candidates.remove(each);
+                attribute.removeCandidate(each.federate());
                 notices.unavailable.add(each.federate(), attribute);
             } else {
                 notices.wanted.addToOwner(attribute, each);
@@ -129,7 +135,7 @@ public final class OwnershipManagement {
         }
         OwnershipNotices notices = new OwnershipNotices(knowledge.object);
         for (InstanceAttribute each : owned) {
-            if (each.candidates.isEmpty()) {
+            if (each.candidates().isEmpty()) {
                 each.divestiture = Divestiture.OFFERED;
                 offer(knowledge.object, each, federate, tag, notices);
             } else {
@@ -144,7 +150,7 @@ public final class OwnershipManagement {
         Knowledge knowledge = federation.objects().known(federate, object);
         List<InstanceAttribute> owned = ownedAndDivesting(knowledge, attributes);
         for (InstanceAttribute each : owned) {
-            if (each.candidates.isEmpty()) {
+            if (each.candidates().isEmpty()) {
                 throw new NoAcquisitionPending(describe(each, knowledge)
                         + " is wanted by nobody; wait for a request to confirm its divestiture");
             }
@@ -221,12 +227,11 @@ public final class OwnershipManagement {
     private void ask(Knowledge knowledge, List<InstanceAttribute> wanted, Candidate candidate) {
         OwnershipNotices notices = new OwnershipNotices(knowledge.object);
         for (InstanceAttribute each : wanted) {
-            each.candidates.removeIf(earlier -> earlier.federate() == candidate.federate());
+            each.removeCandidate(candidate.federate());
             if (each.owner() == null && !knowledge.object.deleted) {
-                each.candidates.add(0, candidate);
-                handOver(each, Notices.NO_TAG, notices);
+                handOver(each, candidate.federate(), Notices.NO_TAG, notices);
             } else if (each.isDivesting()) {
-                each.candidates.add(candidate);
+                each.addCandidate(candidate);
                 if (each.divestiture == Divestiture.OFFERED) {
                     each.divestiture = Divestiture.CONFIRMATION_REQUESTED;
                     notices.confirmable.add(each.owner(), each);
@@ -234,7 +239,7 @@ public final class OwnershipManagement {
             } else if (candidate.ifAvailable()) {
                 notices.unavailable.add(candidate.federate(), each);
             } else {
-                each.candidates.add(candidate);
+                each.addCandidate(candidate);
                 if (each.owner() != null) { // else the object is deleted, and this federate soon told so
                     notices.wanted.addToOwner(each, candidate);
                 }
@@ -253,7 +258,7 @@ public final class OwnershipManagement {
     public int[] divestIfWanted(Federate federate, int object, int[] attributes) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
         List<InstanceAttribute> wanted = new ArrayList<>(owned(knowledge, attributes));
-        wanted.removeIf(each -> each.candidates.isEmpty());
+        wanted.removeIf(each -> each.candidates().isEmpty());
         release(knowledge.object, wanted);
         return wanted.stream().mapToInt(InstanceAttribute::handle).toArray();
     }
@@ -281,8 +286,8 @@ public final class OwnershipManagement {
     }
 
     private static void withdraw(InstanceAttribute attribute, Federate federate) {
-        attribute.candidates.removeIf(each -> each.federate() == federate);
-        if (attribute.candidates.isEmpty() && attribute.divestiture == Divestiture.CONFIRMATION_REQUESTED) {
+        attribute.removeCandidate(federate);
+        if (attribute.candidates().isEmpty() && attribute.divestiture == Divestiture.CONFIRMATION_REQUESTED) {
             attribute.divestiture = Divestiture.OFFERED;
         }
     }

@@ -24,11 +24,6 @@ final class Reflection extends Message {
     }
 
     @Override
-    boolean isOutdated() {
-        return knowledge.isOver();
-    }
-
-    @Override
     boolean fit() {
         values = content.values.select(knowledge.wanted(content.regions));
         return values.size() > 0 && !knowledge.isOver();

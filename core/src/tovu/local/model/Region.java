@@ -1,11 +1,16 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
 import java.util.Arrays;
 import java.util.Comparator;
+import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Set;
 import java.util.stream.Collectors;
 import tovu.local.fom.Dimension;
+import tovu.local.fom.Dimensioned;
+import tovu.local.fom.Range;
 
 /**
  * A region of routing space. Its creator changes the draft at will; what counts for delivery is the
@@ -19,7 +24,8 @@ final class Region implements Saved {
     private final List<Dimension> dimensions; // in the order of their handles
     private final long[] draft; // a lower and an upper bound for each dimension
     private long[] realization;
-    private int uses;
+    private int subscriptions;
+    private transient Set<InstanceAttribute> sentWith = new LinkedHashSet<>();
 
     Region(int handle, Federate creator, Set<Dimension> dimensions) {
         this.handle = handle;
@@ -65,27 +71,51 @@ final class Region implements Saved {
         realization = draft.clone();
     }
 
-    void retain() {
-        ++uses;
+    /** A snapshot would go down from region to region by way of what is sent with both. */
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        sentWith = new LinkedHashSet<>();
     }
 
-    void release() {
-        --uses;
+    /** The instance attributes whose updates its creator sends, or would as their owner, with this region. */
+    Set<InstanceAttribute> sentWith() {
+        return sentWith;
+    }
+
+    void subscribed() {
+        ++subscriptions;
+    }
+
+    void unsubscribed() {
+        --subscriptions;
+    }
+
+    boolean isSubscribed() {
+        return subscriptions > 0;
     }
 
     boolean isInUse() {
-        return uses > 0;
+        return isSubscribed() || !sentWith.isEmpty();
     }
 
-    /** Whether the two meet in every dimension that both have; regions without a common dimension never meet. */
-    boolean overlaps(Region other) {
+    private long bound(Dimension dimension, boolean upper) {
+        int i = dimensions.indexOf(dimension);
+        Range unspecified = dimension.unspecified();
+        return i >= 0 ? realization[2 * i + (upper ? 1 : 0)] : upper ? unspecified.upper() : unspecified.lower();
+    }
+
+    /** Whether it has the dimension, or a place in it all the same. */
+    private boolean extendsIn(Dimension dimension) {
+        return !dimension.unspecified().equals(Range.EXCLUDED) || dimensions.contains(dimension);
+    }
+
+    /** Whether the two meet in every dimension in which both extend; without a common one regions never meet. */
+    boolean overlaps(Region other, Set<Dimension> available) {
         boolean common = false;
-        for (int i = 0; i < dimensions.size(); ++i) {
-            int j = other.dimensions.indexOf(dimensions.get(i));
-            if (j >= 0) {
+        for (Dimension each : available) {
+            if (extendsIn(each) && other.extendsIn(each)) {
                 common = true;
-                if (realization[2 * i] >= other.realization[2 * j + 1]
-                        || other.realization[2 * j] >= realization[2 * i + 1]) {
+                if (bound(each, false) >= other.bound(each, true) || other.bound(each, false) >= bound(each, true)) {
                     return false;
                 }
             }
@@ -93,10 +123,11 @@ final class Region implements Saved {
         return common;
     }
 
-    static boolean anyOverlap(Set<Region> some, Set<Region> others) {
+    /** Whether what is sent with some regions is wanted with others. */
+    static boolean anyOverlap(Set<Region> some, Set<Region> others, Dimensioned what) {
         for (Region one : some) {
             for (Region other : others) {
-                if (one.overlaps(other)) {
+                if (one.overlaps(other, what.dimensions())) {
                     return true;
                 }
             }

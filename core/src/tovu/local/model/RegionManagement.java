@@ -10,7 +10,6 @@ import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RegionDoesNotContainSpecifiedDimension;
 import hla.rti1516e.exceptions.RegionInUseForUpdateOrSubscription;
 import hla.rti1516e.exceptions.RegionNotCreatedByThisFederate;
-import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.HashMap;
 import java.util.LinkedHashMap;
@@ -18,6 +17,7 @@ import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
+import tovu.local.fom.Attribute;
 import tovu.local.fom.Dimension;
 import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectClass;
@@ -102,23 +102,41 @@ public final class RegionManagement implements Saved {
     }
 
     public void commit(Federate federate, int[] handles) throws RTIexception {
-        Set<Region> committed = own(federate, handles);
-        committed.forEach(Region::commit);
+        Set<ObjectInstance> moved = new LinkedHashSet<>();
+        Set<ObjectInstance> metOrLeft = new LinkedHashSet<>();
+        for (Region region : own(federate, handles)) {
+            Set<InstanceAttribute> differing = metBySubscriptions(region);
+            region.commit();
+            for (InstanceAttribute each : metBySubscriptions(region)) {
+                if (!differing.remove(each)) {
+                    differing.add(each);
+                }
+            }
+            differing.forEach(each -> metOrLeft.add(each.object));
+            region.sentWith().forEach(attribute -> moved.add(attribute.object));
+        }
         federate.invalidateMessages();
-        List<ObjectInstance> moved = new ArrayList<>();
-        for (ObjectInstance object : federate.knownObjects) {
-            if (object.attributes().stream().anyMatch(each -> each.owner() == federate
-                    && each.updateRegions().stream().anyMatch(committed::contains))) {
-                moved.add(object);
-            }
-        }
         moved.forEach(federation.visibility()::objectChanged);
-        for (ObjectClass theClass : Set.copyOf(federate.subscriptions.objectClasses())) {
-            if (federate.subscriptions.interests(theClass).values().stream()
-                    .anyMatch(each -> committed.stream().anyMatch(each::uses))) {
-                federation.visibility().subscriptionChanged(federate, theClass);
+        metOrLeft.forEach(each -> federation.visibility().subscriptionChanged(federate, each));
+    }
+
+    /** What others send with regions that subscriptions with that region let its creator see. */
+    private Set<InstanceAttribute> metBySubscriptions(Region region) {
+        Set<InstanceAttribute> met = new LinkedHashSet<>();
+        if (region.isSubscribed()) {
+            for (Region each : regions.values()) {
+                if (each.creator != region.creator) {
+                    Map<Attribute, Boolean> overlap = new HashMap<>(); // the same for very many instances
+                    for (InstanceAttribute sent : each.sentWith()) {
+                        if (overlap.computeIfAbsent(sent.definition,
+                                key -> each.overlaps(region, key.dimensions()))) {
+                            met.add(sent);
+                        }
+                    }
+                }
             }
         }
+        return met;
     }
 
     public void delete(Federate federate, int handle) throws RTIexception {

@@ -27,11 +27,6 @@ final class Removal extends Message {
     }
 
     @Override
-    boolean isOutdated() {
-        return knowledge.isOver();
-    }
-
-    @Override
     boolean fit() {
         return !knowledge.isOver();
     }

@@ -29,6 +29,12 @@ final class Subscriptions implements Saved {
         return interests == null ? HandleSet.NONE : interests.wanted(sentRegions);
     }
 
+    /** Whether there is a largest rate, at exactly that class, for any attribute. */
+    boolean hasRates(ObjectClass theClass) {
+        AttributeInterests interests = objectClasses.get(theClass);
+        return interests != null && interests.hasRates();
+    }
+
     Interest interest(InteractionClass theClass) {
         return interactionClasses.get(theClass);
     }
@@ -58,7 +64,8 @@ final class Subscriptions implements Saved {
 
     /** @param where null for everywhere */
     void add(ObjectClass theClass, int attribute, Set<Region> where, Terms terms) {
-        objectClasses.computeIfAbsent(theClass, key -> new AttributeInterests()).add(attribute, where, terms);
+        objectClasses.computeIfAbsent(theClass, key -> new AttributeInterests())
+                .add(theClass.member(attribute), where, terms);
     }
 
     /** @param where null for everything */
@@ -73,7 +80,7 @@ final class Subscriptions implements Saved {
     }
 
     void add(InteractionClass theClass, Set<Region> where, boolean active) {
-        interactionClasses.computeIfAbsent(theClass, key -> new Interest()).add(where, new Terms(active, ""));
+        interactionClasses.computeIfAbsent(theClass, key -> new Interest(theClass)).add(where, new Terms(active, ""));
     }
 
     void remove(InteractionClass theClass, Set<Region> where) {

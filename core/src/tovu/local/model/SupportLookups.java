@@ -10,6 +10,7 @@ import hla.rti1516e.exceptions.InvalidObjectClassHandle;
 import hla.rti1516e.exceptions.InvalidOrderName;
 import hla.rti1516e.exceptions.InvalidParameterHandle;
 import hla.rti1516e.exceptions.InvalidTransportationName;
+import hla.rti1516e.exceptions.InvalidTransportationType;
 import hla.rti1516e.exceptions.InvalidUpdateRateDesignator;
 import hla.rti1516e.exceptions.NameNotFound;
 import hla.rti1516e.exceptions.RTIexception;
@@ -163,11 +164,7 @@ public final class SupportLookups {
     public double updateRate(Federate federate, int object, int attributeHandle) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
         InstanceAttribute attribute = Objects.attribute(knowledge, attributeHandle);
-        String rate = null;
-        for (Interest.Terms terms : knowledge.terms(attribute)) {
-            rate = federation.lookup().higherRate(rate, terms.updateRate());
-        }
-        return rate == null ? 0 : federation.lookup().updateRate(rate);
+        return federation.lookup().rate(knowledge.terms(attribute));
     }
 
     public OrderType orderType(String name) throws InvalidOrderName {
@@ -179,13 +176,19 @@ public final class SupportLookups {
         throw new InvalidOrderName("Order '" + name + "' is unknown; use Receive or TimeStamp");
     }
 
-    public Transportation transportation(String name) throws InvalidTransportationName {
+    /** The code of a transportation type, by which the federate may ask for this very name again. */
+    public int transportationCode(Federate federate, String name) throws InvalidTransportationName {
         Transportation type = model.transportation(name);
         if (type == null) {
             throw new InvalidTransportationName("Transportation type '" + name
                     + "' is not defined; use HLAreliable or HLAbestEffort");
         }
-        return type;
+        federate.transportationNames.put(type.code(), name);
+        return type.code();
+    }
+
+    public String transportationName(Federate federate, int code) throws InvalidTransportationType {
+        return federate.transportationNames.getOrDefault(code, DeliveryChanges.transportation(code).hlaName());
     }
 
     public long normalizeFederate(int handle) throws InvalidFederateHandle {

@@ -28,10 +28,14 @@ final class Visibility {
     void subscriptionChanged(Federate federate, ObjectClass theClass) {
         for (ObjectClass each : theClass.subtree()) {
             for (ObjectInstance object : List.copyOf(federation.objects().ofClass(each))) {
-                reconsider(object, federate);
-                refreshUpdates(object);
+                subscriptionChanged(federate, object);
             }
         }
+    }
+
+    void subscriptionChanged(Federate federate, ObjectInstance object) {
+        reconsider(object, federate);
+        refreshUpdates(object);
     }
 
     /** Its owners have changed, or where they send their updates, or it is there again: who sees what may differ. */
@@ -112,7 +116,7 @@ final class Visibility {
 
     private void discoverAs(ObjectClass knownClass, ObjectInstance object, Federate federate) {
         object.becomeKnown(federate, knownClass);
-        int producer = federation.switches().conveyProducingFederate() ? object.producer.handle() : 0;
+        int producer = federation.switches().conveyProducingFederate() ? object.producer : 0;
         Knowledge knowledge = object.knowledgeOf(federate);
         knowledge.post(to -> to.discoverObjectInstance(object.handle, knownClass.handle(), object.name, producer));
         refreshScope(knowledge);
@@ -144,8 +148,7 @@ final class Visibility {
         int object = knowledge.object.handle;
         int[] gone = difference(knowledge.toldInScope, inScope);
         int[] come = difference(inScope, knowledge.toldInScope);
-        knowledge.toldInScope.clear();
-        knowledge.toldInScope.addAll(inScope);
+        knowledge.toldInScope = inScope;
         if (gone.length > 0) {
             knowledge.post(to -> to.attributesOutOfScope(object, gone));
         }
@@ -198,7 +201,7 @@ final class Visibility {
     void scopeSwitched(Federate federate) {
         for (ObjectInstance object : federate.knownObjects) {
             Knowledge knowledge = object.knowledgeOf(federate);
-            knowledge.toldInScope.clear();
+            knowledge.toldInScope = Set.of();
             refreshScope(knowledge);
         }
     }
