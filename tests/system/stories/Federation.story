@@ -100,3 +100,8 @@ story may replace the standard management object model
    alpha: join; getTimeFactory = HLAinteger64Time
 to with-mim $module $exception $named
    alpha: createFederationExecutionWithMIM $federation $module $fom/Road.xml -> $exception $named
+
+story answers who has asked although he has left since
+   federation Road.xml float
+   beta: join; disableCallbacks; listFederationExecutions; resignFederationExecution NO_ACTION; join
+   beta: enableCallbacks => beta < reportFederationExecutions $federation=HLAfloat64Time

@@ -204,7 +204,3 @@ story are none of what a restore replaces
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
    alpha, beta: federateRestoreComplete => alpha < federationRestored
    beta: enableCallbacks => beta < federationRestored
-
-story that answer the connection outlive the membership
-   beta: disableCallbacks; listFederationExecutions; resignFederationExecution NO_ACTION; join; enableCallbacks
-   beta < whatever

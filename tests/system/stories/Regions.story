@@ -176,3 +176,5 @@ story select who is asked for values
    make-region beta here 0..4
    beta: requestAttributeValueUpdateWithRegions Car Position@here tag=please
    alpha < provideAttributeValueUpdate near Position tag=please
+   beta: requestAttributeValueUpdate Car Position tag=all # wherever they are
+   alpha <~ provideAttributeValueUpdate near Position tag=all; provideAttributeValueUpdate far Position tag=all

@@ -93,6 +93,23 @@ story shortens a lookahead as time goes by
    alpha: queryLookahead = 2
    beta: queryGALT = 12
 
+story counts with what is answered to a message
+   regulate alpha 2
+   regulate beta 30
+   constrain [alpha|beta]
+   alpha: nextMessageRequest 100; queryGALT = 30
+   beta: queryGALT = 32 # beta may yet send for 30 what alpha answers
+   beta: disableTimeRegulation => alpha < timeAdvanceGrant 100
+
+story begins to regulate behind no message that has come
+   regulate alpha 1
+   constrain beta
+   alpha: update car Position=a at 7
+   beta: timeAdvanceRequest 10
+   advance alpha 7
+   beta < reflect car Position=a TSO reliable at 7 TSO retractable by alpha # though not granted yet
+   gamma: join; enableTimeRegulation 0 => gamma < timeRegulationEnabled 7
+
 story delivers in the order of time
    regulate alpha 1
    constrain beta
