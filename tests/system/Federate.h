@@ -14,21 +14,29 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace system_tests {
 
-// Each callback becomes a text such as "announceSynchronizationPoint(ready, tag)".
+// Each callback becomes a text such as "announceSynchronizationPoint ready tag=now".
 class CallbackTexts : public FederateAmbassador
 {
 protected:
    auto recording(char const* name)
    {
-      return [this, name](auto const&... arguments) {
-         std::string text;
-         ((text += (text.empty() ? "" : ", ") + show(arguments)), ...);
-         written(name + ("(" + text + ")"));
+      return [this, name]([[maybe_unused]] auto const&... arguments) {
+         std::string text = shortFormOf(name);
+         [[maybe_unused]] bool isFirst = true;
+         ((text += separated(showArgument(std::exchange(isFirst, false), arguments))), ...);
+         written(text);
       };
+   }
+
+   static std::string shortFormOf(std::string const& name);
+   static std::string separated(std::string const& word)
+   {
+      return word.empty() || word == "{}" ? "" : " " + word;
    }
 
 #define CALLBACK(name, parameters, arguments) \

@@ -1,6 +1,5 @@
 #include "FederationTest.h"
 
-#include <algorithm>
 #include <atomic>
 #include <utility>
 
@@ -69,14 +68,6 @@ void FederationTest::TearDown()
 void FederationTest::expect(Federate& federate, Callbacks const& callbacks)
 {
    EXPECT_EQ(federate.callbacks(callbacks.size()), callbacks) << federate.name();
-}
-
-void FederationTest::expectInAnyOrder(Federate& federate, Callbacks callbacks)
-{
-   Callbacks seen = federate.callbacks(callbacks.size());
-   std::sort(seen.begin(), seen.end());
-   std::sort(callbacks.begin(), callbacks.end());
-   EXPECT_EQ(seen, callbacks) << federate.name();
 }
 
 void FederationTest::expectEach(std::vector<Federate*> const& federates, Callbacks const& callbacks)

@@ -32,7 +32,7 @@ std::string showProducer(Info const& info)
 template <class Info>
 std::string showRegions(Info const& info)
 {
-   return info.sentRegions.empty() ? "" : ", from " + show(info.sentRegions);
+   return info.sentRegions.empty() ? "" : " from " + show(info.sentRegions);
 }
 
 std::string sorted(std::string const& words)
@@ -73,10 +73,15 @@ std::string show(VariableLengthData const& data)
 std::string show(LogicalTime const& time) { return inBrackets(time.toString()); }
 std::string show(LogicalTimeInterval const& interval) { return inBrackets(interval.toString()); }
 std::string show(TimeQueryReturn const& answer) { return answer.timeIsValid ? show(*answer.time) : "none"; }
-std::string show(OrderType order) { return order == TIMESTAMP ? "TSO" : "RO"; }
+std::string show(OrderType order)
+{
+   static char const* const names[] = {"#0", "RO", "TSO"};
+   return showOneOf(names, order);
+}
 std::string show(TransportationType transportation)
 {
-   return transportation == RELIABLE ? "reliable" : "best-effort";
+   static char const* const names[] = {"#0", "reliable", "best-effort"};
+   return showOneOf(names, transportation);
 }
 std::string show(SynchronizationPointFailureReason reason)
 {
@@ -119,7 +124,42 @@ std::string show(FederateRestoreStatus const& status)
 }
 std::string show(FederationExecutionInformation const& federation)
 {
-   return narrow(federation.federationExecutionName + L":" + federation.logicalTimeImplementationName);
+   return narrow(federation.federationExecutionName + L"=" + federation.logicalTimeImplementationName);
+}
+std::string show(bool value) { return value ? "true" : "false"; }
+std::string show(double value)
+{
+   std::ostringstream text;
+   text << value;
+   return text.str();
+}
+std::string show(unsigned long value) { return std::to_string(value); }
+std::string show(RangeBounds const& bounds)
+{
+   return show(bounds.getLowerBound()) + ".." + show(bounds.getUpperBound());
+}
+std::string show(ResignAction action)
+{
+   static char const* const names[] = {"UNCONDITIONALLY_DIVEST_ATTRIBUTES",     "DELETE_OBJECTS",
+                                       "CANCEL_PENDING_OWNERSHIP_ACQUISITIONS", "DELETE_OBJECTS_THEN_DIVEST",
+                                       "CANCEL_THEN_DELETE_THEN_DIVEST",        "NO_ACTION"};
+   return showOneOf(names, action);
+}
+std::string show(ServiceGroup group)
+{
+   static char const* const names[] = {
+      "FEDERATION_MANAGEMENT", "DECLARATION_MANAGEMENT",       "OBJECT_MANAGEMENT", "OWNERSHIP_MANAGEMENT",
+      "TIME_MANAGEMENT",       "DATA_DISTRIBUTION_MANAGEMENT", "SUPPORT_SERVICES"};
+   return showOneOf(names, group);
+}
+
+std::string showArgument(bool isFirst, LogicalTime const& time)
+{
+   return (isFirst ? "" : "at ") + show(time);
+}
+std::string showArgument(bool, VariableLengthData const& tag)
+{
+   return tag.size() == 0 ? "" : "tag=" + show(tag);
 }
 
 // A handle's own text does not tell its kind.
@@ -150,8 +190,8 @@ std::string Names::in(std::string const& text) const
    while ((open = named.find('{', open)) != std::string::npos) {
       std::size_t const close = named.find('}', open);
       std::string const list = sorted(named.substr(open + 1, close - open - 1));
-      named.replace(open + 1, close - open - 1, list);
-      open += list.size() + 1;
+      named.replace(open, close - open + 1, list);
+      open += list.size();
    }
    return named;
 }

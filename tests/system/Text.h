@@ -38,6 +38,18 @@ std::string show(SaveStatus status);
 std::string show(RestoreStatus status);
 std::string show(FederateRestoreStatus const& status);
 std::string show(FederationExecutionInformation const& federation);
+std::string show(bool value);
+std::string show(double value);
+std::string show(unsigned long value);
+std::string show(RangeBounds const& bounds);
+std::string show(ResignAction action);
+std::string show(ServiceGroup group);
+
+template <class Value>
+std::string show(std::auto_ptr<Value> const& value)
+{
+   return show(*value);
+}
 
 // As Kind<number>, for Names to replace.
 #define SYSTEM_TESTS_SHOW(Handle) std::string show(Handle const& handle);
@@ -61,6 +73,16 @@ auto show(Range const& range) -> decltype(range.begin(), std::string())
    return "{" + text + "}";
 }
 
+// A callback's argument in the texts of callbacks: a tag is told as one, where there is one, and a time that
+// is not all there is to say.
+template <class Argument>
+std::string showArgument(bool, Argument const& argument)
+{
+   return show(argument);
+}
+std::string showArgument(bool isFirst, LogicalTime const& time);
+std::string showArgument(bool isFirst, VariableLengthData const& tag);
+
 // What the federates of one test call their handles. Any thread may use it.
 class Names
 {
@@ -73,7 +95,8 @@ public:
       _names[show(handle)] = name;
    }
 
-   // The text with each handle that has a name replaced by it, and with what stands in braces sorted.
+   // The text with each handle that has a name replaced by it, and with what stands in braces sorted and
+   // without them.
    std::string in(std::string const& text) const;
 
 private:

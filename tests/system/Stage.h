@@ -1,0 +1,98 @@
+// What the federates of a story are called, and what they call things.
+#ifndef RTI1516E_TESTS_SYSTEM_STAGE_H
+#define RTI1516E_TESTS_SYSTEM_STAGE_H
+
+#include "Federate.h"
+#include "Text.h"
+
+#include <RTI/RTI1516.h>
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <tuple>
+#include <type_traits>
+
+namespace system_tests {
+
+class Stage
+{
+public:
+   Stage(CallbackModel model, bool integerTime);
+
+   // Comes to be when it is named.
+   Federate& federate(std::string const& name);
+   bool has(std::string const& name) const { return _federates.count(name) != 0; }
+   void forget(std::string const& name) { _federates.erase(name); }
+   std::map<std::string, std::unique_ptr<Federate>>& federates() { return _federates; }
+
+   // Makes the story's federation, of the story's own kind of time if none is named.
+   void createFederation(std::string const& module, std::string const& time);
+
+   // Has all federates resign, destroys the federations and disconnects the federates.
+   void end();
+
+   template <class Handle>
+   void call(Handle const& handle, std::string const& name)
+   {
+      std::lock_guard<std::mutex> const lock(_mutex);
+      std::get<Named<Handle>>(_handles)[name] = handle;
+      if constexpr (std::is_same_v<Handle, MessageRetractionHandle>) {
+         _names.add(handle.toString(), name);
+      } else {
+         _names.add(handle, name);
+      }
+   }
+
+   // What of that kind has the name, if anything; noRegion is an invalid region, and so on.
+   template <class Handle>
+   std::unique_ptr<Handle> called(std::string const& name) const
+   {
+      std::lock_guard<std::mutex> const lock(_mutex);
+      auto const& handles = std::get<Named<Handle>>(_handles);
+      auto const found = handles.find(name);
+      if (found != handles.end()) {
+         return std::make_unique<Handle>(found->second);
+      }
+      return name == none<Handle>() ? std::make_unique<Handle>() : nullptr;
+   }
+
+   Names& names() { return _names; }
+
+   // $federation and $other are federations of this story alone, $fom/ and $copies/ folders of FOM modules,
+   // and $mim is the standard one.
+   std::wstring text(std::string const& word) const;
+
+   std::unique_ptr<LogicalTime> time(std::string const& word, Federate& federate) const;
+   std::unique_ptr<LogicalTimeInterval> interval(std::string const& word) const;
+
+private:
+   template <class Handle>
+   using Named = std::map<std::string, Handle>;
+
+   template <class Handle>
+   static std::string none()
+   {
+      if constexpr (std::is_same_v<Handle, MessageRetractionHandle>) {
+         return "noMessage";
+      } else {
+         std::string const kind = show(Handle());
+         return "no" + kind.substr(0, kind.find("Handle"));
+      }
+   }
+
+   CallbackModel const _model;
+   bool _integerTime;
+   std::string const _federation;
+   Names _names;
+   mutable std::mutex _mutex; // callbacks may have steps of their own
+#define SYSTEM_TESTS_NAMED(Handle) Named<Handle>,
+   std::tuple<RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_NAMED) Named<MessageRetractionHandle>> _handles;
+#undef SYSTEM_TESTS_NAMED
+   std::map<std::string, std::unique_ptr<Federate>> _federates;
+};
+
+} // namespace system_tests
+
+#endif

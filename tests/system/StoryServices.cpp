@@ -1,0 +1,245 @@
+#include "StoryServices.h"
+
+#include "Refusal.h"
+#include "src/services/Services.h"
+
+#include <algorithm>
+#include <cstring>
+#include <set>
+#include <tuple>
+#include <type_traits>
+
+namespace system_tests {
+
+namespace {
+
+namespace services = tovu1516e::services;
+
+template <class Value>
+constexpr bool isHandle = std::is_same_v<Value, MessageRetractionHandle>;
+#define SYSTEM_TESTS_IS_HANDLE(Handle) \
+   template <>                         \
+   constexpr bool isHandle<Handle> = true;
+RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_IS_HANDLE)
+#undef SYSTEM_TESTS_IS_HANDLE
+
+template <class Result>
+void call(Stage& stage, Federate& federate, Result const& result, std::string const& name)
+{
+   if constexpr (std::is_same_v<Result, ObjectInstanceHandle>) {
+      std::wstring const its = federate->getObjectInstanceName(result);
+      if (its.rfind(L"HLA", 0) == 0) { // which nobody chose
+         stage.names().add(its, name);
+      }
+   }
+   if constexpr (isHandle<Result>) {
+      stage.call(result, name);
+   } else {
+      throw Unreadable("only handles have names");
+   }
+}
+
+// Times and intervals are abstract, and so held by pointers.
+template <class Value>
+Value const& passed(Value const& value)
+{
+   return value;
+}
+template <class Value>
+Value const& passed(std::unique_ptr<Value> const& value)
+{
+   return *value;
+}
+
+using Form = std::function<Invocation(StoryWords&)>;
+
+// What a service reads, and the call with it.
+template <class... Codes, class Call>
+Form form(Call service)
+{
+   return [service](StoryWords& words) -> Invocation {
+      using Arguments = std::tuple<decltype(words.argument<Codes>())...>;
+      auto const arguments = std::make_shared<Arguments>(Arguments{words.argument<Codes>()...});
+      words.expectEnd();
+      return [service, arguments, &stage = words.stage(), &federate = words.federate()]() -> Outcome {
+         auto const apply = [&](auto const&... values) { return service(federate, passed(values)...); };
+         using Result = decltype(std::apply(apply, *arguments));
+         if constexpr (std::is_void_v<Result>) {
+            std::apply(apply, *arguments);
+            return {"", {}};
+         } else {
+            auto const result = std::make_shared<Result>(std::apply(apply, *arguments));
+            return {show(*result), [=, &stage, &federate](std::string const& name) {
+                       call(stage, federate, *result, name);
+                    }};
+         }
+      };
+   };
+}
+
+// What tells enough of a service by its verb has that for a name.
+std::string nameInStories(std::string const& name)
+{
+   static std::set<std::string> const verbs = {"publish",  "unpublish", "subscribe", "unsubscribe",
+                                               "register", "update",    "send",      "delete"};
+   static std::set<std::string> const others = {"registerFederationSynchronizationPoint", "deleteRegion"};
+   std::string const verb = name.substr(0, name.find_first_of("AFIOR"));
+   return verbs.count(verb) != 0 && others.count(name) == 0 ? verb : name;
+}
+
+ServiceRow row(tovu1516e::Method const& method, char const* name, Form const& read)
+{
+   ServiceRow result{nameInStories(name), method.name, {}, read};
+   for (std::size_t i = 0; i < method.exceptions.count; ++i) {
+      result.exceptions.push_back(std::strrchr(method.exceptions.first[i].javaClass, '/') + 1);
+   }
+   return result;
+}
+
+template <class Result, class... Codes, class Call>
+ServiceRow served(tovu1516e::Service<Result(Codes...)> const& service, char const* name, Call call)
+{
+   return row(service, name, form<Codes...>(call));
+}
+
+// Connects who is not connected, and joins the story's federation under the federate's own name.
+FederateHandle join(Federate& federate, std::wstring const& federation,
+                    std::vector<std::wstring> const& modules)
+{
+   refusal([&] { federate.connect(); });
+   federate.join(narrow(federation), modules);
+   return federate.handle();
+}
+
+// The MIM before the FOM modules, of which there can be many.
+void createWithMIM(Federate& federate, std::wstring const& federation, std::wstring const& mim,
+                   std::vector<std::wstring> const& modules, std::wstring const& time)
+{
+   federate->createFederationExecutionWithMIM(federation, modules, mim, time);
+}
+
+AttributeHandleSet divestIfWanted(Federate& federate, ObjectInstanceHandle object,
+                                  AttributeHandleSet const& attributes)
+{
+   AttributeHandleSet divested = attributes; // to be replaced, whatever it is
+   federate->attributeOwnershipDivestitureIfWanted(object, attributes, divested);
+   return divested;
+}
+
+} // namespace
+
+bool ServiceRow::lists(std::string const& exception) const
+{
+   return std::find(exceptions.begin(), exceptions.end(), exception) != exceptions.end();
+}
+
+// Those whose arguments come in the order of the codes in their names.
+// clang-format off
+#define SYSTEM_TESTS_FOR_EACH_SERVED(X) \
+   X(disconnect, ) X(createFederationExecution, _S_URL_S) X(createFederationExecution, _S_URLX_S) \
+   X(destroyFederationExecution, _S) X(listFederationExecutions, ) X(joinFederationExecution, _S_S_S_URLX) \
+   X(resignFederationExecution, _RA) X(registerFederationSynchronizationPoint, _S_BX) \
+   X(registerFederationSynchronizationPoint, _S_BX_FHS) X(synchronizationPointAchieved, _S_Z) \
+   X(requestFederationSave, _S) X(requestFederationSave, _S_LT) X(federateSaveBegun, ) \
+   X(federateSaveComplete, ) X(federateSaveNotComplete, ) X(abortFederationSave, ) \
+   X(queryFederationSaveStatus, ) X(requestFederationRestore, _S) X(federateRestoreComplete, ) \
+   X(federateRestoreNotComplete, ) X(abortFederationRestore, ) X(queryFederationRestoreStatus, ) \
+   X(publishObjectClassAttributes, _OCH_AHS) X(unpublishObjectClass, _OCH) \
+   X(unpublishObjectClassAttributes, _OCH_AHS) X(publishInteractionClass, _ICH) \
+   X(unpublishInteractionClass, _ICH) X(subscribeObjectClassAttributes, _OCH_AHS_Z_S) \
+   X(unsubscribeObjectClass, _OCH) X(unsubscribeObjectClassAttributes, _OCH_AHS) \
+   X(subscribeInteractionClass, _ICH_Z) X(unsubscribeInteractionClass, _ICH) \
+   X(reserveObjectInstanceName, _S) X(releaseObjectInstanceName, _S) \
+   X(reserveMultipleObjectInstanceName, _S) X(releaseMultipleObjectInstanceName, _S) \
+   X(registerObjectInstance, _OCH) X(registerObjectInstance, _OCH_S) X(updateAttributeValues, _OIH_AHVM_BX) \
+   X(updateAttributeValues, _OIH_AHVM_BX_LT) X(sendInteraction, _ICH_PHVM_BX) \
+   X(sendInteraction, _ICH_PHVM_BX_LT) X(deleteObjectInstance, _OIH_BX) X(deleteObjectInstance, _OIH_BX_LT) \
+   X(localDeleteObjectInstance, _OIH) X(requestAttributeValueUpdate, _OIH_AHS_BX) \
+   X(requestAttributeValueUpdate, _OCH_AHS_BX) X(requestAttributeTransportationTypeChange, _OIH_AHS_TTH) \
+   X(queryAttributeTransportationType, _OIH_AH) X(requestInteractionTransportationTypeChange, _ICH_TTH) \
+   X(queryInteractionTransportationType, _FH_ICH) X(changeAttributeOrderType, _OIH_AHS_OT) \
+   X(changeInteractionOrderType, _ICH_OT) X(unconditionalAttributeOwnershipDivestiture, _OIH_AHS) \
+   X(negotiatedAttributeOwnershipDivestiture, _OIH_AHS_BX) X(confirmDivestiture, _OIH_AHS_BX) \
+   X(attributeOwnershipAcquisition, _OIH_AHS_BX) X(attributeOwnershipAcquisitionIfAvailable, _OIH_AHS) \
+   X(attributeOwnershipReleaseDenied, _OIH_AHS) X(cancelNegotiatedAttributeOwnershipDivestiture, _OIH_AHS) \
+   X(cancelAttributeOwnershipAcquisition, _OIH_AHS) X(queryAttributeOwnership, _OIH_AH) \
+   X(isAttributeOwnedByFederate, _OIH_AH) X(enableTimeRegulation, _LTI) X(disableTimeRegulation, ) \
+   X(enableTimeConstrained, ) X(disableTimeConstrained, ) X(timeAdvanceRequest, _LT) \
+   X(timeAdvanceRequestAvailable, _LT) X(nextMessageRequest, _LT) X(nextMessageRequestAvailable, _LT) \
+   X(flushQueueRequest, _LT) X(enableAsynchronousDelivery, ) X(disableAsynchronousDelivery, ) \
+   X(queryGALT, ) X(queryLogicalTime, ) X(queryLITS, ) X(modifyLookahead, _LTI) X(queryLookahead, ) \
+   X(retract, _MRH) X(createRegion, _DHS) X(commitRegionModifications, _RHS) X(deleteRegion, _RH) \
+   X(registerObjectInstanceWithRegions, _OCH_ASRSPL) X(registerObjectInstanceWithRegions, _OCH_ASRSPL_S) \
+   X(associateRegionsForUpdates, _OIH_ASRSPL) X(unassociateRegionsForUpdates, _OIH_ASRSPL) \
+   X(subscribeObjectClassAttributesWithRegions, _OCH_ASRSPL_Z_S) \
+   X(unsubscribeObjectClassAttributesWithRegions, _OCH_ASRSPL) \
+   X(unsubscribeInteractionClassWithRegions, _ICH_RHS) X(sendInteractionWithRegions, _ICH_PHVM_RHS_BX) \
+   X(sendInteractionWithRegions, _ICH_PHVM_RHS_BX_LT) \
+   X(requestAttributeValueUpdateWithRegions, _OCH_ASRSPL_BX) X(getAutomaticResignDirective, ) \
+   X(setAutomaticResignDirective, _RA) X(getFederateHandle, _S) X(getFederateName, _FH) \
+   X(getObjectClassHandle, _S) X(getObjectClassName, _OCH) X(getKnownObjectClassHandle, _OIH) \
+   X(getObjectInstanceHandle, _S) X(getObjectInstanceName, _OIH) X(getAttributeHandle, _OCH_S) \
+   X(getAttributeName, _OCH_AH) X(getUpdateRateValue, _S) X(getUpdateRateValueForAttribute, _OIH_AH) \
+   X(getInteractionClassHandle, _S) X(getInteractionClassName, _ICH) X(getParameterHandle, _ICH_S) \
+   X(getParameterName, _ICH_PH) X(getOrderType, _S) X(getOrderName, _OT) X(getTransportationTypeHandle, _S) \
+   X(getTransportationTypeName, _TTH) X(getAvailableDimensionsForClassAttribute, _OCH_AH) \
+   X(getAvailableDimensionsForInteractionClass, _ICH) X(getDimensionHandle, _S) X(getDimensionName, _DH) \
+   X(getDimensionUpperBound, _DH) X(getDimensionHandleSet, _RH) X(getRangeBounds, _RH_DH) \
+   X(setRangeBounds, _RH_DH_RB) X(normalizeFederateHandle, _FH) X(normalizeServiceGroup, _SG) \
+   X(enableObjectClassRelevanceAdvisorySwitch, ) X(disableObjectClassRelevanceAdvisorySwitch, ) \
+   X(enableAttributeRelevanceAdvisorySwitch, ) X(disableAttributeRelevanceAdvisorySwitch, ) \
+   X(enableAttributeScopeAdvisorySwitch, ) X(disableAttributeScopeAdvisorySwitch, ) \
+   X(enableInteractionRelevanceAdvisorySwitch, ) X(disableInteractionRelevanceAdvisorySwitch, ) \
+   X(evokeCallback, _D) X(evokeMultipleCallbacks, _D_D) X(enableCallbacks, ) X(disableCallbacks, )
+// clang-format on
+
+std::vector<ServiceRow> const& serviceRows()
+{
+#define CALL(function) \
+   [](Federate& federate, auto const&... arguments) { return federate->function(arguments...); }
+#define SERVED(function, suffix) served(services::function##suffix, #function, CALL(function)),
+#define DECODED(code, Handle)                                                                    \
+   ServiceRow                                                                                    \
+   {                                                                                             \
+      "decode" #Handle, "", {}, form<codes::code>([](Federate& federate, Handle const& handle) { \
+         return federate->decode##Handle(handle.encode());                                       \
+      })                                                                                         \
+   }
+   static std::vector<ServiceRow> const rows = {
+      SYSTEM_TESTS_FOR_EACH_SERVED(SERVED) //
+      row(services::connect_FA_CM_S, "connect", form<>([](Federate& federate) { federate.connect(); })),
+      row(services::createFederationExecution_S_URLX_URL_S, "createFederationExecutionWithMIM",
+          form<codes::S, codes::URL, codes::URLX, codes::S>(createWithMIM)),
+      ServiceRow{"join",
+                 services::joinFederationExecution_S_S_S_URLX.name,
+                 {},
+                 form<OwnFederation, codes::URLX>(join)},
+      served(services::joinFederationExecution_S_S_URLX, "joinWithoutName", CALL(joinFederationExecution)),
+      row(services::attributeOwnershipDivestitureIfWanted_OIH_AHS, "attributeOwnershipDivestitureIfWanted",
+          form<codes::OIH, codes::AHS>(divestIfWanted)),
+      row(services::subscribeInteractionClassWithRegions_ICH_Z_RHS, "subscribeInteractionClassWithRegions",
+          form<codes::ICH, codes::RHS, codes::Z>(CALL(subscribeInteractionClassWithRegions))),
+      row(services::getTimeFactory, "getTimeFactory",
+          form<>([](Federate& federate) { return federate->getTimeFactory()->getName(); })),
+      DECODED(FH, FederateHandle),
+      DECODED(OCH, ObjectClassHandle),
+      DECODED(ICH, InteractionClassHandle),
+      DECODED(OIH, ObjectInstanceHandle),
+      DECODED(AH, AttributeHandle),
+      DECODED(PH, ParameterHandle),
+      DECODED(DH, DimensionHandle),
+      DECODED(RH, RegionHandle),
+      DECODED(MRH, MessageRetractionHandle)};
+#undef CALL
+#undef SERVED
+#undef DECODED
+   return rows;
+}
+
+bool isService(std::string const& name)
+{
+   auto const& rows = serviceRows();
+   return std::any_of(rows.begin(), rows.end(), [&](auto const& row) { return row.name == name; });
+}
+
+} // namespace system_tests

@@ -1,0 +1,88 @@
+include Road.include
+
+every story
+   federation Road.xml
+   alpha, beta: join
+
+# Of all federates.
+to register-ready
+   alpha: registerFederationSynchronizationPoint ready tag=now
+   alpha <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=now
+   beta < announceSynchronizationPoint ready tag=now
+
+story waits for every federate
+   register-ready
+   beta: synchronizationPointAchieved ready => alpha, beta < nothing
+   alpha: synchronizationPointAchieved ready => alpha, beta < federationSynchronized ready
+   alpha: synchronizationPointAchieved ready -> SynchronizationPointLabelNotAnnounced
+   register-ready
+
+story of an empty set is of all and tells who failed
+   gamma: join
+   alpha: registerFederationSynchronizationPoint ready tag=now {}
+   alpha <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=now
+   beta, gamma < announceSynchronizationPoint ready tag=now
+   alpha, gamma: synchronizationPointAchieved ready unsuccessfully
+   beta: synchronizationPointAchieved ready => alpha, beta, gamma < federationSynchronized ready alpha gamma
+
+story is of the given federates alone
+   gamma: join
+   alpha: registerFederationSynchronizationPoint ready tag=now beta gamma
+   alpha < synchronizationPointRegistrationSucceeded ready
+   beta, gamma < announceSynchronizationPoint ready tag=now
+   late: join
+   alpha, late: synchronizationPointAchieved ready -> SynchronizationPointLabelNotAnnounced
+   beta, gamma: synchronizationPointAchieved ready => beta, gamma < federationSynchronized ready
+   alpha, late < nothing
+
+story is announced to who joins late
+   register-ready
+   late: join => late < announceSynchronizationPoint ready tag=now
+   alpha, beta: synchronizationPointAchieved ready => alpha < nothing
+   late: synchronizationPointAchieved ready => alpha, beta, late < federationSynchronized ready
+   latest: join => latest < nothing
+
+story does not wait for who resigned
+   register-ready
+   alpha: synchronizationPointAchieved ready => alpha < nothing
+   beta: resignFederationExecution NO_ACTION => alpha < federationSynchronized ready
+
+story keeps several points apart
+   alpha: registerFederationSynchronizationPoint first
+   beta: registerFederationSynchronizationPoint second
+   alpha <~ synchronizationPointRegistrationSucceeded first; announceSynchronizationPoint first;
+      announceSynchronizationPoint second
+   beta <~ synchronizationPointRegistrationSucceeded second; announceSynchronizationPoint first;
+      announceSynchronizationPoint second
+   alpha: synchronizationPointAchieved second; synchronizationPointAchieved first
+   beta: synchronizationPointAchieved second => alpha, beta < federationSynchronized second
+   beta: synchronizationPointAchieved first => alpha, beta < federationSynchronized first
+
+story is not registered twice nor for who is not joined
+   gone: join; resignFederationExecution NO_ACTION
+   alpha: registerFederationSynchronizationPoint ready tag=now beta
+   alpha < synchronizationPointRegistrationSucceeded ready
+   beta < announceSynchronizationPoint ready tag=now
+   beta: registerFederationSynchronizationPoint ready tag=other
+   beta < synchronizationPointRegistrationFailed ready label-not-unique
+   alpha: registerFederationSynchronizationPoint done tag=now beta gone
+   alpha < synchronizationPointRegistrationFailed done member-not-joined
+   alpha: registerFederationSynchronizationPoint done beta noFederate -> InvalidFederateHandle
+   alpha, beta < nothing
+   beta: synchronizationPointAchieved unheard-of -> SynchronizationPointLabelNotAnnounced
+
+story is achieved once by each
+   register-ready
+   alpha: synchronizationPointAchieved ready unsuccessfully
+   alpha: synchronizationPointAchieved ready -> SynchronizationPointLabelNotAnnounced
+
+story is of one federation
+   other: connect; createFederationExecution $other $fom/Road.xml HLAinteger64Time
+   other: joinFederationExecution alpha test $other; registerFederationSynchronizationPoint ready tag=there
+   other <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=there
+   register-ready
+   alpha, beta: synchronizationPointAchieved ready => alpha, beta < federationSynchronized ready
+   other < nothing
+   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
+   other: synchronizationPointAchieved ready => other < federationSynchronized ready
+   other: getTimeFactory = HLAinteger64Time

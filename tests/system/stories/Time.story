@@ -1,0 +1,332 @@
+# Time management on the road: alpha's car, of which beta is told, and two kinds of interactions.
+include Road.include
+
+every story
+   take-the-road
+   share-a-car
+   alpha: publish [Accident|Message]
+   beta: subscribe [Accident|Message]
+
+to regulate $federate $lookahead
+   $federate: enableTimeRegulation $lookahead => $federate < timeRegulationEnabled 0
+to constrain $federate
+   $federate: enableTimeConstrained => $federate < timeConstrainedEnabled 0
+to coordinate $lookahead
+   regulate [alpha|beta] $lookahead
+   constrain [alpha|beta]
+# Of a federate that nobody holds back.
+to advance $federate $time
+   $federate: timeAdvanceRequest $time => $federate < timeAdvanceGrant $time
+
+story is taken up and given up
+   alpha: [disableTimeRegulation|queryLookahead|modifyLookahead 1] -> TimeRegulationIsNotEnabled
+   alpha: disableTimeConstrained -> TimeConstrainedIsNotEnabled; enableTimeRegulation -1 -> InvalidLookahead
+   alpha: disableAsynchronousDelivery -> AsynchronousDeliveryAlreadyDisabled
+   regulate alpha 3
+   constrain alpha
+   alpha: enableAsynchronousDelivery; queryLookahead = 3
+   alpha: enableTimeRegulation -1 -> TimeRegulationAlreadyEnabled
+   alpha: enableTimeConstrained -> TimeConstrainedAlreadyEnabled; modifyLookahead -1 -> InvalidLookahead
+   alpha: enableAsynchronousDelivery -> AsynchronousDeliveryAlreadyEnabled
+   alpha: disableTimeRegulation; disableTimeConstrained; disableAsynchronousDelivery
+   alpha: disableTimeRegulation -> TimeRegulationIsNotEnabled
+   alpha: disableTimeConstrained -> TimeConstrainedIsNotEnabled
+   regulate alpha 0
+   constrain alpha
+
+story is taken up when the callback says so
+   alpha, beta: disableCallbacks
+   alpha: enableTimeRegulation 1; enableTimeRegulation 1 -> RequestForTimeRegulationPending
+   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
+      nextMessageRequestAvailable|flushQueueRequest] 5 -> RequestForTimeRegulationPending
+   beta: enableTimeConstrained; enableTimeConstrained -> RequestForTimeConstrainedPending
+   beta: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
+      nextMessageRequestAvailable|flushQueueRequest] 5 -> RequestForTimeConstrainedPending
+   alpha, beta: enableCallbacks => alpha < timeRegulationEnabled 0 => beta < timeConstrainedEnabled 0
+
+story takes no heed of what is unwanted
+   regulate alpha 1
+   constrain beta
+   alpha: send Accident at 25; update car Position=e at 26
+   advance alpha 30
+   beta: unsubscribe Accident; queryLITS = 26
+   beta: subscribe Accident; nextMessageRequest 30 # once beta was told so it comes no more
+   beta < reflect car Position=e TSO reliable at 26 TSO retractable by alpha; timeAdvanceGrant 26
+
+story holds constrained federates back
+   regulate alpha 1
+   constrain beta
+   beta: timeAdvanceRequest 10 => beta < nothing
+   beta: queryLogicalTime = 0
+   beta: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
+      nextMessageRequestAvailable|flushQueueRequest] -1 -> InTimeAdvancingState
+   beta: enableTimeRegulation 1 -> InTimeAdvancingState
+   advance alpha 1
+   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
+      nextMessageRequestAvailable|flushQueueRequest] 0 -> LogicalTimeAlreadyPassed
+   advance alpha 9 # from 10 on there may be more
+   beta < nothing
+   advance alpha 10
+   beta < timeAdvanceGrant 10
+   beta: queryLogicalTime = 10
+
+story keeps senders to their lookahead
+   beta: unsubscribe Car
+   regulate alpha 3
+   alpha: update car Position=1 at 2 -> InvalidLogicalTime
+   alpha: update car Position=1 at 3; modifyLookahead 0
+   advance alpha 20
+   alpha: update car Position=1 at 20 -> InvalidLogicalTime # granted up to and with 20
+   alpha: timeAdvanceRequest 20; update car Position=1 at 20 -> InvalidLogicalTime # which no request takes back
+   alpha < timeAdvanceGrant 20
+   alpha: update car Position=1 at 21; timeAdvanceRequestAvailable 30 => alpha < timeAdvanceGrant 30
+   alpha: update car Position=1 at 30
+
+story shortens a lookahead as time goes by
+   regulate alpha 5
+   alpha: modifyLookahead 8; queryLookahead = 8; modifyLookahead 2; queryLookahead = 8
+   beta: queryGALT = 8
+   advance alpha 3
+   alpha: queryLookahead = 5
+   beta: queryGALT = 8
+   advance alpha 10
+   alpha: queryLookahead = 2
+   beta: queryGALT = 12
+
+story counts with what is answered to a message
+   regulate alpha 2
+   regulate beta 30
+   constrain [alpha|beta]
+   alpha: nextMessageRequest 100; queryGALT = 30
+   beta: queryGALT = 32 # beta may yet send for 30 what alpha answers
+   beta: disableTimeRegulation => alpha < timeAdvanceGrant 100
+
+story begins to regulate behind no message that has come
+   regulate alpha 1
+   constrain beta
+   alpha: update car Position=a at 7
+   beta: timeAdvanceRequest 10
+   advance alpha 7
+   beta < reflect car Position=a TSO reliable at 7 TSO retractable by alpha # though not granted yet
+   gamma: join; enableTimeRegulation 0 => gamma < timeRegulationEnabled 7
+
+story delivers in the order of time
+   regulate alpha 1
+   constrain beta
+   alpha: update car Position=c at 7 = retractable
+   alpha: update car Position=a at 5; send Accident Damage=b at 6; update car Position=d at 11
+   beta: timeAdvanceRequest 6 => beta < nothing
+   advance alpha 10
+   beta < reflect car Position=a TSO reliable at 5 TSO retractable by alpha;
+      receive Accident Damage=b TSO reliable at 6 TSO retractable by alpha; timeAdvanceGrant 6
+   advance alpha 20
+   beta < nothing
+   beta: timeAdvanceRequest 11
+   beta < reflect car Position=c TSO reliable at 7 TSO retractable by alpha;
+      reflect car Position=d TSO reliable at 11 TSO retractable by alpha; timeAdvanceGrant 11
+   alpha: delete car tag=gone at 25
+   advance alpha 30
+   beta: getKnownObjectClassHandle car = Car # as yet
+   beta: timeAdvanceRequest 30
+   beta < remove car tag=gone TSO at 25 TSO retractable by alpha; timeAdvanceGrant 30
+
+story orders only what is sent and received in order
+   # Not regulating: without order, though with a time.
+   alpha: update car Position=1 at 5 = not retractable
+   beta < reflect car Position=1 RO reliable at 5 RO by alpha
+   regulate alpha 1
+   alpha: update car Position=2 at 5 # to who is not constrained: without order on arrival
+   beta < reflect car Position=2 TSO reliable at 5 RO retractable by alpha
+   constrain beta
+   beta: enableAsynchronousDelivery
+   alpha: update car Position=1 Fuel=2 at 5 = retractable
+   beta < reflect car Fuel=2 RO reliable at 5 RO by alpha
+   alpha: changeAttributeOrderType car Position RO; changeAttributeOrderType car Fuel TSO
+   alpha: changeInteractionOrderType Message TSO; changeInteractionOrderType Accident RO
+   alpha: update car Position=1 Fuel=2 at 5; send Message at 7; send Accident at 7 = not retractable
+   beta < reflect car Position=1 RO reliable at 5 RO by alpha; receive Accident RO reliable at 7 RO by alpha
+   advance alpha 10
+   beta: timeAdvanceRequest 10
+   beta < reflect car Position=1 TSO reliable at 5 TSO retractable by alpha;
+      reflect car Fuel=2 TSO reliable at 5 TSO retractable by alpha;
+      receive Message TSO reliable at 7 TSO retractable by alpha; timeAdvanceGrant 10
+
+story goes to the next message
+   regulate alpha 1
+   constrain beta
+   alpha: update car Position=a at 4; update car Position=b at 4; update car Position=c at 6
+   advance alpha 4
+   beta: nextMessageRequest 10
+   beta < reflect car Position=a TSO reliable at 4 TSO retractable by alpha;
+      reflect car Position=b TSO reliable at 4 TSO retractable by alpha; timeAdvanceGrant 4
+   beta: nextMessageRequest 5
+   beta < nothing # there may be more at 5
+   advance alpha 5
+   beta < timeAdvanceGrant 5
+   beta: nextMessageRequest 10 => beta < nothing
+   alpha: update car Position=d at 9 # c is still the next
+   advance alpha 20
+   beta < reflect car Position=c TSO reliable at 6 TSO retractable by alpha; timeAdvanceGrant 6
+   beta: nextMessageRequest 10
+   beta < reflect car Position=d TSO reliable at 9 TSO retractable by alpha; timeAdvanceGrant 9
+   beta: nextMessageRequest 10 => beta < timeAdvanceGrant 10
+
+story flushes the queue
+   regulate alpha 1
+   constrain beta
+   advance alpha 5
+   alpha: update car Position=b at 30; update car Position=a at 8
+   beta: flushQueueRequest 10
+   beta < reflect car Position=a TSO reliable at 8 TSO retractable by alpha;
+      reflect car Position=b TSO reliable at 30 TSO retractable by alpha; timeAdvanceGrant 6
+   advance alpha 50
+   alpha: update car Position=c at 55
+   beta: flushQueueRequest 20
+   beta < reflect car Position=c TSO reliable at 55 TSO retractable by alpha; timeAdvanceGrant 20
+   alpha: update car Position=d at 52
+   beta: flushQueueRequest 100
+   beta < reflect car Position=d TSO reliable at 52 TSO retractable by alpha; timeAdvanceGrant 51
+
+to both $request $time
+   alpha, beta: $request $time => alpha, beta < timeAdvanceGrant $time
+story delivers without order only to who is advancing
+   regulate alpha 1
+   constrain beta
+   alpha: send Message Words=early => beta < nothing
+   beta: timeAdvanceRequest 5 => beta < receive Message Words=early RO reliable by alpha
+   alpha: send Message Words=meanwhile => beta < receive Message Words=meanwhile RO reliable by alpha
+   advance alpha 10
+   beta < timeAdvanceGrant 5
+   alpha: send Message Words=late => beta < nothing
+   beta: enableAsynchronousDelivery => beta < receive Message Words=late RO reliable by alpha
+   alpha: send Message Words=any-time => beta < receive Message Words=any-time RO reliable by alpha
+   beta: disableAsynchronousDelivery
+   alpha: send Message Words=later => beta < nothing
+   beta: disableTimeConstrained => beta < receive Message Words=later RO reliable by alpha
+
+story takes messages back
+   gamma: join; subscribe Car Position Speed Fuel # and is not constrained
+   gamma < discover car Car car alpha
+   alpha: retract noMessage -> TimeRegulationIsNotEnabled
+   regulate alpha 1
+   constrain beta
+   alpha: retract noMessage -> InvalidMessageRetractionHandle
+   alpha: first = update car Position=a at 5; second = update car Position=b at 6
+   alpha: third = update car Position=c at 7
+   gamma < reflect car Position=a TSO reliable at 5 RO retractable by alpha;
+      reflect car Position=b TSO reliable at 6 RO retractable by alpha;
+      reflect car Position=c TSO reliable at 7 RO retractable by alpha
+   alpha: retract second => gamma < requestRetraction second
+   alpha: retract second -> MessageCanNoLongerBeRetracted
+   advance alpha 5
+   alpha: retract first -> MessageCanNoLongerBeRetracted
+   beta: flushQueueRequest 5
+   beta < reflect car Position=a TSO reliable at 5 TSO retractable by alpha;
+      reflect car Position=c TSO reliable at 7 TSO retractable by alpha; timeAdvanceGrant 5
+   alpha: retract third # which beta has received
+   beta, gamma < requestRetraction third
+   beta: retract third -> TimeRegulationIsNotEnabled
+
+story takes deletions back
+   regulate alpha 1
+   alpha: deletion = delete car at 5 => beta < remove car TSO at 5 RO retractable by alpha
+   alpha: update car Position=1 at 6 -> ObjectInstanceNotKnown; retract deletion
+   beta < requestRetraction deletion; discover car Car car alpha
+   alpha: update car Position=1 at 6 = retractable
+   beta < reflect car Position=1 TSO reliable at 6 RO retractable by alpha
+   # With its regions, and without what is not published any more.
+   alpha: where = createRegion Lane; setRangeBounds where Lane 0..1; commitRegionModifications where
+   alpha: associateRegionsForUpdates car Position@where
+   constrain beta
+   alpha: deletion = delete car at 20; retract deletion
+   alpha: deleteRegion where -> RegionInUseForUpdateOrSubscription
+   alpha: deletion = delete car at 20; unpublish Car; retract deletion
+   alpha: getKnownObjectClassHandle car = Car; isAttributeOwnedByFederate car Position = false
+   beta < whatever
+
+story saves at a time
+   coordinate 1
+   advance alpha 0
+   alpha: requestFederationSave noon at 10; update car Position=before at 9; update car Position=after at 12
+   alpha: timeAdvanceRequest 20 # which beta would not allow
+   beta: timeAdvanceRequest 15
+   beta < reflect car Position=before TSO reliable at 9 TSO retractable by alpha; initiateFederateSave noon at 10
+   alpha < initiateFederateSave noon at 10
+   alpha, beta: federateSaveBegun; federateSaveComplete => alpha < federationSaved
+   beta < federationSaved; reflect car Position=after TSO reliable at 12 TSO retractable by alpha; timeAdvanceGrant 15
+   advance beta 20
+   alpha < timeAdvanceGrant 20
+   alpha: requestFederationSave past at 5 -> LogicalTimeAlreadyPassed
+
+story saves before the time is granted
+   regulate alpha 1
+   constrain beta
+   alpha: requestFederationSave noon at 10
+   advance alpha 20
+   beta: timeAdvanceRequest 10 => beta < initiateFederateSave noon at 10
+   alpha < initiateFederateSave noon at 10
+
+story and objects come back with a restore
+   coordinate 1
+   gamma: join; subscribe Car Position Speed Fuel # is sent the same messages
+   gamma < discover car Car car alpha
+   constrain gamma
+   both timeAdvanceRequest 10
+   alpha: update car Position=kept at 15
+   beta: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
+   alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
+   alpha: delete car
+   alpha, beta: timeAdvanceRequest 30 => alpha < timeAdvanceGrant 30
+   beta < remove car RO by alpha; timeAdvanceGrant 30 # and so no more of the car
+   alpha: disableTimeRegulation
+   beta: requestFederationSave evening at 40
+   alpha: requestFederationRestore noon
+   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
+   beta < federationRestoreBegun; initiateFederateRestore noon beta beta
+   gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
+   alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
+   alpha, beta: queryLogicalTime = 10
+   alpha: queryLookahead = 1; isAttributeOwnedByFederate car Position = true
+   beta: getKnownObjectClassHandle car = Car
+   alpha, beta, gamma: timeAdvanceRequest 50 # past the time of the save, which is off
+   alpha < timeAdvanceGrant 50
+   beta, gamma < reflect car Position=kept TSO reliable at 15 TSO retractable by alpha; timeAdvanceGrant 50
+
+story goes on waiting after a restore
+   gamma: join
+   alpha: where = createRegion Lane; setRangeBounds where Lane 0..2; commitRegionModifications where
+   regulate alpha 1
+   constrain beta
+   alpha: update car Position=1 at 5; send Accident Damage=2 where at 6
+   beta: here = createRegion Lane; setRangeBounds here Lane 1..3; commitRegionModifications here
+   alpha: associateRegionsForUpdates car Position@where
+   beta: timeAdvanceRequest 10
+   advance gamma 50
+   gamma: enableTimeConstrained
+   alpha: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
+   alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
+   let-them-go
+   alpha: unassociateRegionsForUpdates car Position@where; deleteRegion where; requestFederationRestore noon
+   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
+   beta < federationRestoreBegun; initiateFederateRestore noon beta beta
+   gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
+   alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
+   let-them-go
+   alpha: getRangeBounds where Lane = 0..2; deleteRegion where -> RegionInUseForUpdateOrSubscription
+to let-them-go
+   beta: unsubscribe Accident; subscribe Accident here
+   advance alpha 60
+   beta < reflect car Position=1 TSO reliable at 5 TSO retractable by alpha;
+      receive Accident Damage=2 TSO reliable at 6 TSO retractable by alpha from where; timeAdvanceGrant 10
+   gamma < timeConstrainedEnabled 50
+
+story is only for who takes part
+   alpha: requestFederationSave noon at 5 -> FederateUnableToUseTime
+   regulate [alpha|beta] 1
+   alpha: sent = update car Position=1 at 5
+   beta < reflect car Position=1 TSO reliable at 5 RO retractable by alpha
+   beta: retract sent -> InvalidMessageRetractionHandle
+   constrain alpha
+   alpha: timeAdvanceRequest 20 # which promises not to send for 5 any more
+   alpha: retract sent -> MessageCanNoLongerBeRetracted
+
