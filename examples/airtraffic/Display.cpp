@@ -108,7 +108,7 @@ std::wstring strip(Track const& track)
 
 Display::Display() : _moves(isatty(STDOUT_FILENO) != 0) {}
 
-void Display::show(Integer64 time, std::vector<Track> const& tracks) const
+void Display::show(Integer64 time, std::vector<Track> const& tracks, std::vector<Member> const& members) const
 {
    if (!_moves && (time == 0 || time % stillInterval != 0)) {
       return;
@@ -122,6 +122,10 @@ void Display::show(Integer64 time, std::vector<Track> const& tracks) const
       frame << L'|' << canvas.row(i) << L'|' << (i < tracks.size() ? strip(tracks[i]) : L"") << L'\n';
    }
    frame << edge;
+   for (Member const& each : members) {
+      frame << L' ' << each.name << L' ' << clock(each.time);
+   }
+   frame << L'\n';
    std::wcout << frame.str() << std::flush;
    if (_moves) {
       std::this_thread::sleep_for(pause);

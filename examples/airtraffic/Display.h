@@ -18,6 +18,12 @@ struct Track
    bool isSeen = false;
 };
 
+struct Member
+{
+   std::wstring name;
+   rti1516e::Integer64 time = 0;
+};
+
 // The picture of the air traffic on the standard output: on a terminal one that moves, otherwise a frame from
 // time to time.
 class Display
@@ -25,7 +31,8 @@ class Display
 public:
    Display();
 
-   void show(rti1516e::Integer64 time, std::vector<Track> const& tracks) const;
+   void show(rti1516e::Integer64 time, std::vector<Track> const& tracks,
+             std::vector<Member> const& members) const;
 
 private:
    bool const _moves;

@@ -2,6 +2,8 @@
 
 #include <RTI/encoding/BasicDataElements.h>
 #include <RTI/encoding/HLAfixedRecord.h>
+#include <RTI/encoding/HLAopaqueData.h>
+#include <RTI/time/HLAinteger64Time.h>
 
 namespace airtraffic {
 namespace {
@@ -57,6 +59,17 @@ Position decodePosition(VariableLengthData const& bytes)
 }
 
 std::wstring decodeText(VariableLengthData const& bytes) { return decoded<HLAunicodeString>(bytes); }
+
+// The MIM's HLAlogicalTime: an array of the bytes in which the time encodes itself.
+Integer64 decodeTime(VariableLengthData const& bytes)
+{
+   HLAopaqueData encoded;
+   encoded.decode(bytes);
+   HLAinteger64Time time;
+   time.decode(VariableLengthData(encoded.get(), static_cast<unsigned int>(encoded.dataLength())));
+   return time.getTime();
+}
+
 Integer32 decodeNumber(VariableLengthData const& bytes) { return decoded<HLAinteger32BE>(bytes); }
 
 } // namespace airtraffic

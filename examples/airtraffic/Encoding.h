@@ -18,6 +18,7 @@ rti1516e::VariableLengthData encode(rti1516e::Integer32 number);
 
 Position decodePosition(rti1516e::VariableLengthData const& bytes);
 std::wstring decodeText(rti1516e::VariableLengthData const& bytes);
+rti1516e::Integer64 decodeTime(rti1516e::VariableLengthData const& bytes);
 rti1516e::Integer32 decodeNumber(rti1516e::VariableLengthData const& bytes);
 
 } // namespace airtraffic

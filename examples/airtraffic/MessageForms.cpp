@@ -19,8 +19,7 @@ void MessageForms::discoverObjectInstance(ObjectInstanceHandle object, ObjectCla
 void MessageForms::reflectAttributeValues(ObjectInstanceHandle object, AttributeHandleValueMap const& values,
                                           Tag const&, OrderType, TransportationType, SupplementalReflectInfo)
 {
-   arrives(nullptr, RECEIVE);
-   reflected(object, values);
+   reflectedWithoutTime(object, values);
 }
 
 void MessageForms::reflectAttributeValues(ObjectInstanceHandle object, AttributeHandleValueMap const& values,

@@ -16,6 +16,13 @@ protected:
    virtual void reflected(rti1516e::ObjectInstanceHandle /*aircraft*/,
                           rti1516e::AttributeHandleValueMap const&)
    {}
+   // What the infrastructure tells of the federation's members comes without a time. Nothing else should.
+   virtual void reflectedWithoutTime(rti1516e::ObjectInstanceHandle object,
+                                     rti1516e::AttributeHandleValueMap const& values)
+   {
+      arrives(nullptr, rti1516e::RECEIVE);
+      reflected(object, values);
+   }
    virtual void received(rti1516e::InteractionClassHandle, rti1516e::ParameterHandleValueMap const&) {}
    virtual void removed(rti1516e::ObjectInstanceHandle /*aircraft*/) {}
 

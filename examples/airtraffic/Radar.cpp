@@ -14,6 +14,7 @@ void Radar::prepare()
 {
    rti().subscribeObjectClassAttributesWithRegions(fom().aircraft, positionIn(createRegion(radarCoverage)));
    rti().subscribeObjectClassAttributes(fom().aircraft, {fom().controller});
+   rti().subscribeObjectClassAttributes(fom().member, {fom().memberName, fom().memberTime});
 }
 
 // Shows who has reported last.
@@ -26,12 +27,19 @@ void Radar::send()
          each.second.isSeen = false;
       }
    }
-   _display.show(time(), seen);
+   std::vector<Member> members;
+   for (auto const& each : _members) {
+      members.push_back(each.second);
+   }
+   _display.show(time(), seen, members);
+   rti().requestAttributeValueUpdate(fom().member, {fom().memberTime}, VariableLengthData());
 }
 
 void Radar::discovered(ObjectInstanceHandle aircraft, std::wstring const& callsign)
 {
-   _tracks[aircraft].callsign = callsign;
+   if (rti().getKnownObjectClassHandle(aircraft) == fom().aircraft) {
+      _tracks[aircraft].callsign = callsign;
+   }
 }
 
 void Radar::reflected(ObjectInstanceHandle aircraft, AttributeHandleValueMap const& values)
@@ -47,6 +55,17 @@ void Radar::reflected(ObjectInstanceHandle aircraft, AttributeHandleValueMap con
    auto const controller = values.find(fom().controller);
    if (controller != values.end()) {
       track.controller = decodeText(controller->second);
+   }
+}
+
+void Radar::reflectedWithoutTime(ObjectInstanceHandle member, AttributeHandleValueMap const& values)
+{
+   for (auto const& each : values) {
+      if (each.first == fom().memberName) {
+         _members[member].name = decodeText(each.second);
+      } else {
+         _members[member].time = decodeTime(each.second);
+      }
    }
 }
 

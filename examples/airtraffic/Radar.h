@@ -8,8 +8,8 @@
 
 namespace airtraffic {
 
-// Watches the aircraft within its coverage, and shows them. It sends nothing; it regulates time so that
-// nobody runs ahead of the picture.
+// Watches the aircraft within its coverage, and shows them, and who takes part and at what time. It sends
+// nothing; it regulates time so that nobody runs ahead of the picture.
 class Radar : public Federate
 {
 public:
@@ -24,9 +24,12 @@ private:
    void discovered(rti1516e::ObjectInstanceHandle aircraft, std::wstring const& callsign) override;
    void reflected(rti1516e::ObjectInstanceHandle aircraft,
                   rti1516e::AttributeHandleValueMap const& values) override;
+   void reflectedWithoutTime(rti1516e::ObjectInstanceHandle member,
+                             rti1516e::AttributeHandleValueMap const& values) override;
    void removed(rti1516e::ObjectInstanceHandle aircraft) override;
 
    std::map<rti1516e::ObjectInstanceHandle, Track> _tracks;
+   std::map<rti1516e::ObjectInstanceHandle, Member> _members;
    Display _display;
    long _positionsSeen = 0;
    long _positionsElsewhere = 0;

@@ -17,7 +17,10 @@ struct Vocabulary
         callsign(rti.getParameterHandle(clearance, L"Callsign")),
         flightLevel(rti.getParameterHandle(clearance, L"FlightLevel")),
         easting(rti.getDimensionHandle(L"Easting")),
-        northing(rti.getDimensionHandle(L"Northing"))
+        northing(rti.getDimensionHandle(L"Northing")),
+        member(rti.getObjectClassHandle(L"HLAobjectRoot.HLAmanager.HLAfederate")),
+        memberName(rti.getAttributeHandle(member, L"HLAfederateName")),
+        memberTime(rti.getAttributeHandle(member, L"HLAlogicalTime"))
    {}
 
    rti1516e::ObjectClassHandle const aircraft;
@@ -28,6 +31,9 @@ struct Vocabulary
    rti1516e::ParameterHandle const flightLevel;
    rti1516e::DimensionHandle const easting;
    rti1516e::DimensionHandle const northing;
+   rti1516e::ObjectClassHandle const member;
+   rti1516e::AttributeHandle const memberName;
+   rti1516e::AttributeHandle const memberTime;
 };
 
 } // namespace airtraffic

@@ -1,6 +1,7 @@
 #include "Stage.h"
 
 #include "Refusal.h"
+#include "src/values/BigEndian.h"
 
 #include <RTI/time/HLAfloat64Interval.h>
 #include <RTI/time/HLAfloat64Time.h>
@@ -8,6 +9,7 @@
 #include <RTI/time/HLAinteger64Time.h>
 
 #include <atomic>
+#include <regex>
 #include <stdexcept>
 
 namespace system_tests {
@@ -98,6 +100,28 @@ std::wstring Stage::text(std::string const& word) const
       throw std::runtime_error(name + " stands for nothing");
    }
    return wide(word.substr(0, start) + value + (end == std::string::npos ? "" : word.substr(end)));
+}
+
+std::string Stage::handlesIn(std::string const& text) const
+{
+   static std::regex const named("#([A-Za-z]+)");
+   std::string result = text;
+   for (std::smatch found; std::regex_search(result, found, named);) {
+      std::string number;
+      auto const look = [&](auto const& handles) {
+         auto const entry = handles.find(found[1]);
+         if (entry != handles.end()) {
+            number = std::to_string(loadBigEndian<std::uint32_t>(entry->second.encode().data()));
+         }
+      };
+      std::lock_guard<std::mutex> const lock(_mutex);
+      std::apply([&](auto const&... handles) { (look(handles), ...); }, _handles);
+      if (number.empty()) {
+         return result;
+      }
+      result.replace(found.position(), found.length(), "#" + number);
+   }
+   return result;
 }
 
 std::unique_ptr<LogicalTime> Stage::time(std::string const& word, Federate& federate) const

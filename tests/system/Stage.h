@@ -60,6 +60,9 @@ public:
 
    Names& names() { return _names; }
 
+   // With #name replaced by # and the number of what has that name.
+   std::string handlesIn(std::string const& text) const;
+
    // $federation and $other are federations of this story alone, $fom/ and $copies/ folders of FOM modules,
    // and $mim is the standard one.
    std::wstring text(std::string const& word) const;

@@ -249,7 +249,7 @@ private:
          callbacks.clear();
       }
       for (auto& callback : callbacks) {
-         callback = joined(wordsOf(callback));
+         callback = _stage.handlesIn(joined(wordsOf(callback)));
       }
       expectCallbacks(federate, callbacks, inAnyOrder);
    }

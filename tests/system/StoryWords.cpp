@@ -1,5 +1,7 @@
 #include "StoryWords.h"
 
+#include "ManagementValues.h"
+
 namespace system_tests {
 
 void StoryWords::expectEnd() const
@@ -72,6 +74,12 @@ RangeBounds StoryWords::read(codes::RB)
       throw Unreadable(word + " is no range");
    }
    return RangeBounds(std::stoul(word.substr(0, dots)), std::stoul(word.substr(dots + 2)));
+}
+
+VariableLengthData StoryWords::value(std::string const& word) const
+{
+   auto const written = writtenManagementValue(_stage.handlesIn(word));
+   return bytes(written.empty() ? word : written);
 }
 
 // The first argument as it is, and "at" it where it comes behind others.

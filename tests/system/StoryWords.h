@@ -145,6 +145,9 @@ private:
       return all;
    }
 
+   // A value: of the MIM's types where it has their form, or else the characters of the word.
+   VariableLengthData value(std::string const& word) const;
+
    template <class Handle>
    std::map<Handle, VariableLengthData> values()
    {
@@ -154,7 +157,7 @@ private:
          if (equals == std::string::npos || !_stage.called<Handle>(_words[_next].substr(0, equals))) {
             break;
          }
-         all[handle<Handle>(_words[_next].substr(0, equals))] = bytes(_words[_next].substr(equals + 1));
+         all[handle<Handle>(_words[_next].substr(0, equals))] = value(_words[_next].substr(equals + 1));
       }
       return all;
    }

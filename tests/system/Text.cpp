@@ -1,5 +1,7 @@
 #include "Text.h"
 
+#include "ManagementValues.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -68,7 +70,9 @@ VariableLengthData bytes(std::string const& text)
 std::string show(std::wstring const& text) { return narrow(text); }
 std::string show(VariableLengthData const& data)
 {
-   return data.size() == 0 ? std::string() : std::string(static_cast<char const*>(data.data()), data.size());
+   std::string const characters(static_cast<char const*>(data.data()), data.size());
+   std::string const shown = shownManagementValue(characters);
+   return shown.empty() ? characters : shown;
 }
 std::string show(LogicalTime const& time) { return inBrackets(time.toString()); }
 std::string show(LogicalTimeInterval const& interval) { return inBrackets(interval.toString()); }

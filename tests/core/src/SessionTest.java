@@ -1,6 +1,7 @@
 import java.lang.ref.WeakReference;
 import java.util.ArrayList;
 import java.util.List;
+import tovu.local.management.Manager;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
 import tovu.local.model.Federate;
@@ -47,11 +48,13 @@ final class SessionTest {
         }
     }
 
+    private static final Federations FEDERATIONS = new Federations(Manager::new);
+
     /** Alpha and beta, members of a federation of their own. */
     private static List<Session> members(String federation) throws Exception {
         List<Session> members = new ArrayList<>();
         for (String name : List.of("alpha", "beta")) {
-            Session session = new Session(Federations.ofProcess());
+            Session session = new Session(FEDERATIONS);
             session.connect(new Idle());
             if (members.isEmpty()) {
                 session.createFederationExecution(new FederationPlan(federation,
@@ -114,7 +117,7 @@ final class SessionTest {
             federation.restore().complete(federate, true);
             return null;
         });
-        Thread loss = new Thread(beta::abandon);
+        Thread loss = new Thread(() -> beta.abandon("lost"));
         alpha.call((federation, federate) -> {
             loss.start();
             while (loss.getState() != Thread.State.BLOCKED) {

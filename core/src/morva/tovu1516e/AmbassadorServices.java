@@ -1,8 +1,11 @@
 package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.RTIexception;
+import java.util.List;
 import tovu.local.model.Federate;
 import tovu.local.model.Federation;
+import tovu.local.model.ServiceCall;
+import tovu.local.model.Session;
 import tovu.local.trace.Trace;
 
 /**
@@ -35,19 +38,32 @@ abstract class AmbassadorServices {
     /** Serves whether joined or not. */
     final <R> R serve(Service service, byte[] message, Call<R> call) throws RTIexception {
         MessageReader in = new MessageReader(message);
-        return Trace.ON ? trace(service, message, in, call) : call.serve(in);
+        return Trace.ON || connection.session.isReported() ? tell(service, message, in, call) : call.serve(in);
     }
 
-    private <R> R trace(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
+    /** Serves, and tells whoever wants to know of it. */
+    private <R> R tell(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         Federate federate = connection.session.federate();
-        ServiceTrace.called(federate, service, message);
+        List<String> arguments = ServiceTrace.arguments(federate, service, message);
+        if (Trace.ON) {
+            ServiceTrace.print(federate, service, arguments);
+        }
+        List<String> results = List.of();
+        String failure = "";
         try {
             R result = call.serve(in);
-            ServiceTrace.returned(federate, service, result);
+            results = ServiceTrace.results(federate, service, result);
             return result;
         } catch (RTIexception | RuntimeException e) {
-            ServiceTrace.failed(federate, service, e);
+            failure = ServiceTrace.failure(e);
             throw e;
+        } finally {
+            ServiceCall served =
+                    new ServiceCall(service.standardName(), service.group(), arguments, results, failure);
+            if (Trace.ON) {
+                ServiceTrace.print(federate, served);
+            }
+            Session.report(federate, served);
         }
     }
 

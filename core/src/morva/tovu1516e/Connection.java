@@ -6,12 +6,16 @@ import hla.rti1516e.exceptions.RTIinternalError;
 import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.TimeUnit;
 import tovu.local.delivery.CallbackDelivery;
+import tovu.local.management.Manager;
 import tovu.local.model.Federations;
 import tovu.local.model.Session;
 
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
 final class Connection {
-    final Session session = new Session(Federations.ofProcess());
+    /** Those that all ambassadors of this process share. */
+    private static final Federations FEDERATIONS = new Federations(Manager::new);
+
+    final Session session = new Session(FEDERATIONS);
     private volatile CallbackDelivery delivery;
 
     /** @param context what the library finds the federate's ambassador by */
@@ -69,7 +73,7 @@ final class Connection {
             System.err.println(session.federate()
                     + " is gone without resigning; it leaves as its automatic resign directive says");
         }
-        session.abandon();
+        session.abandon("Its ambassador was destroyed while it was joined");
         endDelivery();
     }
 

@@ -165,6 +165,15 @@ enum Service {
 
     private final String[] parts = name().split("_");
 
+    private static final List<Service> FIRST_OF_GROUPS = List.of(publishObjectClassAttributes_OCH_AHS,
+            reserveObjectInstanceName_S, unconditionalAttributeOwnershipDivestiture_OIH_AHS, enableTimeRegulation_LTI,
+            createRegion_DHS, getAutomaticResignDirective);
+
+    /** The number of the service group that it belongs to. */
+    int group() {
+        return (int) FIRST_OF_GROUPS.stream().filter(first -> first.ordinal() <= ordinal()).count();
+    }
+
     /** As the standard has it. */
     String standardName() {
         return parts[0];

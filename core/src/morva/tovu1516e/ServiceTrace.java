@@ -1,15 +1,17 @@
 package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.RTIexception;
+import java.util.ArrayList;
 import java.util.Arrays;
-import java.util.StringJoiner;
+import java.util.List;
 import tovu.local.model.Federate;
 import tovu.local.model.RegionManagement;
 import tovu.local.model.ResignAction;
+import tovu.local.model.ServiceCall;
 import tovu.local.trace.Describer;
 import tovu.local.trace.Trace;
 
-/** Prints service calls. The codes in a method's name tell what its message holds. */
+/** Puts service calls into words. The codes in a method's name tell what its message holds. */
 final class ServiceTrace {
     private final Describer describer;
     private final MessageReader in;
@@ -19,29 +21,44 @@ final class ServiceTrace {
         in = new MessageReader(message);
     }
 
-    static void called(Federate federate, Service service, byte[] message) {
-        String name = service.standardName();
+    /** What a service is given. */
+    static List<String> arguments(Federate federate, Service service, byte[] message) {
         ServiceTrace trace = new ServiceTrace(federate, message);
-        StringJoiner arguments = new StringJoiner(", ", "-> " + name + "(", ")");
+        List<String> arguments = new ArrayList<>();
         try {
             for (String code : service.codes()) {
-                arguments.add(name.contains("Multiple") && code.equals("S") ? trace.in.textSet().toString()
-                        : trace.argument(code));
+                arguments.add(service.standardName().contains("Multiple") && code.equals("S")
+                        ? trace.in.textSet().toString() : trace.argument(code));
             }
         } catch (RTIexception | RuntimeException e) {
             arguments.add("? " + e.getMessage());
         }
-        Trace.print(federate, arguments.toString());
+        return arguments;
     }
 
-    static void returned(Federate federate, Service service, Object result) {
-        if (result != null) {
-            Trace.print(federate, "   " + service.standardName() + " = " + switch (result.getClass().getSimpleName()) {
-                case "int[]" -> Arrays.toString((int[]) result);
-                case "long[]" -> Arrays.toString((long[]) result);
-                case "byte[]" -> result(federate, service, (byte[]) result);
-                default -> result.toString();
-            });
+    /** What it gives back. */
+    static List<String> results(Federate federate, Service service, Object result) {
+        return result == null ? List.of() : List.of(switch (result.getClass().getSimpleName()) {
+            case "int[]" -> Arrays.toString((int[]) result);
+            case "long[]" -> Arrays.toString((long[]) result);
+            case "byte[]" -> result(federate, service, (byte[]) result);
+            default -> result.toString();
+        });
+    }
+
+    static String failure(Exception failure) {
+        return failure.getClass().getSimpleName() + ": " + failure.getMessage();
+    }
+
+    static void print(Federate federate, Service service, List<String> arguments) {
+        Trace.print(federate, "-> " + service.standardName() + "(" + String.join(", ", arguments) + ")");
+    }
+
+    static void print(Federate federate, ServiceCall call) {
+        if (!call.failure().isEmpty()) {
+            Trace.print(federate, "   " + call.name() + " ! " + call.failure());
+        } else if (!call.results().isEmpty()) {
+            Trace.print(federate, "   " + call.name() + " = " + call.results().get(0));
         }
     }
 
@@ -50,11 +67,6 @@ final class ServiceTrace {
         ServiceTrace trace = new ServiceTrace(federate, result);
         return service.standardName().startsWith("query") ? trace.describer.time(trace.in.longInteger())
                 : "retraction " + trace.in.integer();
-    }
-
-    static void failed(Federate federate, Service service, Exception failure) {
-        Trace.print(federate, "   " + service.standardName() + " ! " + failure.getClass().getSimpleName() + ": "
-                + failure.getMessage());
     }
 
     private String argument(String code) throws RTIexception {

@@ -32,6 +32,7 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     private final Queue<Callback> pending = new ArrayDeque<>();
     private final DeliveryLock delivering = new DeliveryLock();
     private final FederateCallbacks federate;
+    private final FederateCallbacks reported;
     private final Supplier<Federate> member;
     private final EvokeReminder reminder = new EvokeReminder(this);
     private boolean enabled = true;
@@ -56,6 +57,7 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     private CallbackDelivery(FederateCallbacks federate, Supplier<Federate> member) {
         this.federate = federate;
         this.member = member;
+        reported = CallbackTrace.around(federate, member, new CallbackReports());
     }
 
     /**
@@ -65,7 +67,7 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
      */
     public static CallbackDelivery toContext(int context, Supplier<Federate> member) {
         CallbackEncoder encoder = new CallbackEncoder(context);
-        return new CallbackDelivery(Trace.ON ? CallbackTrace.around(encoder, member) : encoder, member);
+        return new CallbackDelivery(Trace.ON ? CallbackTrace.around(encoder, member, Trace.CALLBACKS) : encoder, member);
     }
 
     @Override
@@ -240,12 +242,17 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
         return enabled && !immediate && !pending.isEmpty();
     }
 
+    private boolean isReported(Callback callback) {
+        Federate current = member.get();
+        return current != null && current.oversight().reportsServices && !callback.isByManagement();
+    }
+
     /** A callback that fails is told and is over; the ones behind it are delivered all the same. */
     private void deliver(Callback callback) {
         delivering.lock();
         try {
             if (!closed) {
-                callback.deliver(federate);
+                callback.deliver(isReported(callback) ? reported : federate);
             }
         } catch (FederateInternalError e) {
             StackTraceElement[] trace = e.getStackTrace();

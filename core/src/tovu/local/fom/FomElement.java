@@ -12,12 +12,14 @@ final class FomElement {
 
     final String tag;
     final int line;
+    final boolean isXmlAttribute;
     private final List<FomElement> children = new ArrayList<>();
     private final StringBuilder text = new StringBuilder();
 
-    FomElement(String tag, int line) {
+    FomElement(String tag, int line, boolean isXmlAttribute) {
         this.tag = tag;
         this.line = line;
+        this.isXmlAttribute = isXmlAttribute;
     }
 
     void add(FomElement child) {
@@ -28,8 +30,19 @@ final class FomElement {
         text.append(characters, start, length);
     }
 
+    void addText(String more) {
+        text.append(more);
+    }
+
     String text() {
         return text.toString().strip();
+    }
+
+    /** The first child of that tag and name, or null. */
+    FomElement childLike(FomElement other) {
+        String name = other.value("name");
+        return children.stream().filter(child -> child.tag.equals(other.tag) && child.value("name").equals(name))
+                .findFirst().orElse(null);
     }
 
     List<FomElement> children(String name) {

@@ -207,9 +207,9 @@ public final class FomReader {
             if (open.size() == MAXIMUM_DEPTH) {
                 throw new SAXParseException("elements are nested deeper than " + MAXIMUM_DEPTH, locator);
             }
-            FomElement element = new FomElement(name, locator.getLineNumber());
+            FomElement element = new FomElement(name, locator.getLineNumber(), false);
             for (int i = 0; i < attributes.getLength(); ++i) {
-                FomElement attribute = new FomElement(attributes.getLocalName(i), element.line);
+                FomElement attribute = new FomElement(attributes.getLocalName(i), element.line, true);
                 char[] text = attributes.getValue(i).toCharArray();
                 attribute.addText(text, 0, text.length);
                 element.add(attribute);

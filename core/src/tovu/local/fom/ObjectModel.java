@@ -79,6 +79,18 @@ public final class ObjectModel {
         return List.copyOf(modules.subList(1, modules.size()));
     }
 
+    /** What all modules say together. */
+    public String text() {
+        return XmlText.of(modules.stream().map(FomModule::root).toList());
+    }
+
+    /** The transportation types, the standard ones first. */
+    public List<Transportation> transportations() {
+        Set<Transportation> types = new LinkedHashSet<>(List.of(Transportation.RELIABLE, Transportation.BEST_EFFORT));
+        transportations.keySet().stream().sorted().forEach(name -> types.add(transportation(name)));
+        return List.copyOf(types);
+    }
+
     /** A new set of what all that is defined is called, and of what kind it is. */
     Set<String> names() {
         Set<String> names = new LinkedHashSet<>();
@@ -168,6 +180,7 @@ public final class ObjectModel {
         return new Switches(isOn("autoProvide"), isOn("conveyRegionDesignatorSets"), isOn("conveyProducingFederate"),
                 isOn("attributeScopeAdvisory"), isOn("attributeRelevanceAdvisory"),
                 isOn("objectClassRelevanceAdvisory"), isOn("interactionRelevanceAdvisory"),
+                isOn("serviceReporting"), isOn("exceptionReporting"),
                 setting("automaticResignAction"));
     }
 

@@ -7,5 +7,6 @@ package tovu.local.fom;
  */
 public record Switches(boolean autoProvide, boolean conveyRegionDesignatorSets, boolean conveyProducingFederate,
         boolean attributeScopeAdvisory, boolean attributeRelevanceAdvisory, boolean objectClassRelevanceAdvisory,
-        boolean interactionRelevanceAdvisory, String automaticResignAction) {
+        boolean interactionRelevanceAdvisory, boolean serviceReporting, boolean exceptionReporting,
+        String automaticResignAction) {
 }

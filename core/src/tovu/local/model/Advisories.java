@@ -16,4 +16,11 @@ final class Advisories implements Saved {
         attributeScope = switches.attributeScopeAdvisory();
         interactionRelevance = switches.interactionRelevanceAdvisory();
     }
+
+    void silence() {
+        objectClassRelevance = false;
+        attributeRelevance = false;
+        attributeScope = false;
+        interactionRelevance = false;
+    }
 }

@@ -19,6 +19,10 @@ final class Content implements Saved {
         this.supplement = supplement;
     }
 
+    boolean isByManagement() {
+        return supplement.producer() == 0;
+    }
+
     private Content(HandleValues values, Content whole) {
         this.values = values;
         regions = whole.regions;

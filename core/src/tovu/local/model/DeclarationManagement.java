@@ -1,5 +1,6 @@
 package tovu.local.model;
 
+import hla.rti1516e.exceptions.FederateServiceInvocationsAreBeingReportedViaMOM;
 import hla.rti1516e.exceptions.OwnershipAcquisitionPending;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.LinkedHashMap;
@@ -133,7 +134,12 @@ public final class DeclarationManagement implements Saved {
         subscribe(federate, federation.lookup().interactionClass(classHandle), null, active);
     }
 
-    void subscribe(Federate federate, InteractionClass theClass, Set<Region> where, boolean active) {
+    void subscribe(Federate federate, InteractionClass theClass, Set<Region> where, boolean active)
+            throws FederateServiceInvocationsAreBeingReportedViaMOM {
+        if (federate.oversight.reportsServices && theClass == federation.serviceReport()) {
+            throw new FederateServiceInvocationsAreBeingReportedViaMOM("The services of " + federate
+                    + " are reported to whoever subscribes to this class; switch that off first, with HLAsetServiceReporting");
+        }
         federate.subscriptions.add(theClass, where, active);
         federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
@@ -147,6 +153,11 @@ public final class DeclarationManagement implements Saved {
         federate.subscriptions.remove(theClass, where);
         federate.invalidateMessages();
         subscriptionChanged(federate, theClass);
+    }
+
+    /** Whether an interaction of that class would reach anyone. */
+    public boolean isSubscribed(InteractionClass theClass) {
+        return theClass.lineage().stream().anyMatch(each -> !subscribers(each).isEmpty());
     }
 
     private void subscriptionChanged(Federate federate, InteractionClass theClass) {

@@ -2,13 +2,18 @@ package tovu.local.model;
 
 import java.util.HashMap;
 import java.util.LinkedHashSet;
+import java.util.List;
 import java.util.Map;
 import java.util.Set;
 import java.util.function.Supplier;
+import tovu.local.fom.FomModule;
 
 /** A joined federate, and its own part of every chapter of the federation's state. */
 @SuppressWarnings("serial") // kept in memory only
 public final class Federate implements Saved {
+    /** The handle of no member, and so of the federation's own. */
+    static final int INFRASTRUCTURE = 0;
+
     private final Federation federation;
     private final int handle;
     private final String name;
@@ -17,6 +22,7 @@ public final class Federate implements Saved {
     private transient CallbackSink sink;
     private ResignAction automaticResignDirective;
     private volatile int messageValidity;
+    private final Supplement origin;
     /** The name by which it asked last for the transportation type of a code, which several may share. */
     final Map<Integer, String> transportationNames = new HashMap<>(2);
     final Advisories advisories;
@@ -24,19 +30,33 @@ public final class Federate implements Saved {
     final Subscriptions subscriptions = new Subscriptions();
     final Set<ObjectInstance> knownObjects = new LinkedHashSet<>();
     final FederateTime time;
+    final Oversight oversight;
     final Inbox inbox = new Inbox(this);
 
-    Federate(Federation federation, int handle, String name, String type, Session session, CallbackSink sink) {
+    Federate(Federation federation, int handle, String name, String type, List<FomModule> modules,
+            Session session, CallbackSink sink) {
         this.federation = federation;
         this.handle = handle;
         this.name = name;
         this.type = type;
         this.session = session;
         this.sink = sink;
+        origin = new Supplement(handle, null);
         automaticResignDirective = ResignAction.named(federation.switches().automaticResignAction());
         advisories = new Advisories(federation.switches());
         publications = new Publications(federation.privilegeToDelete());
         time = new FederateTime(federation.timeFamily());
+        oversight = new Oversight(federation.switches(), modules);
+    }
+
+    /** A federate that is no member: the federation's own, which is told everything that management has to know. */
+    static Federate infrastructure(Federation federation, CallbackSink sink) {
+        Federate federate = new Federate(federation, INFRASTRUCTURE, "HLA", "HLA", List.of(), null, sink);
+        federate.advisories.silence();
+        federate.oversight.conveysProducer = true;
+        federate.oversight.reportsServices = false;
+        federate.oversight.reportsExceptions = false;
+        return federate;
     }
 
     /** Takes the place of another federate, whose ambassador becomes this one's. */
@@ -44,6 +64,16 @@ public final class Federate implements Saved {
         session = other.session;
         sink = other.sink;
         session.become(this);
+    }
+
+    /** The infrastructure's callbacks go there from now on. */
+    void replaceSink(CallbackSink newSink) {
+        sink = newSink;
+    }
+
+    /** Its ambassador is joined no longer. */
+    void leaveSession() {
+        session.become(null);
     }
 
     public Federation federation() {
@@ -60,6 +90,23 @@ public final class Federate implements Saved {
 
     public String type() {
         return type;
+    }
+
+    public boolean isInfrastructure() {
+        return handle == INFRASTRUCTURE;
+    }
+
+    public FederateStatus status() {
+        return new FederateStatus(this);
+    }
+
+    /** All that is told of it at each change, as bits of {@link Condition}. */
+    public int condition() {
+        return time.condition() | oversight.condition() | federation.condition();
+    }
+
+    public Oversight oversight() {
+        return oversight;
     }
 
     public ResignAction automaticResignDirective() {
@@ -85,6 +132,7 @@ public final class Federate implements Saved {
             Callback callback;
             synchronized (federation) {
                 callback = federation.isMember(this) ? making.get() : null;
+                federation.settle(this);
             }
             if (callback != null) {
                 callback.deliver(to);
@@ -97,7 +145,7 @@ public final class Federate implements Saved {
         synchronized (federation) {
             if (federation.isMember(this)) {
                 change.run();
-                federation.time().settle();
+                federation.settle(this);
             }
         }
     }
@@ -108,6 +156,25 @@ public final class Federate implements Saved {
             change.run();
             return callback;
         });
+    }
+
+    /** The origin of messages that it sends with those regions. */
+    Supplement supplement(Set<Region> sentRegions) {
+        return sentRegions.isEmpty() ? origin
+                : new Supplement(handle, sentRegions.stream().mapToInt(region -> region.handle).toArray());
+    }
+
+    /** What it is told of a producer: its handle, or 0. */
+    int conveyed(int producer) {
+        return oversight.conveysProducer ? producer : 0;
+    }
+
+    /** What it is told of the origin of a message. */
+    Supplement conveyed(Supplement sent) {
+        boolean producer = oversight.conveysProducer;
+        boolean regions = oversight.conveysRegions || sent.sentRegions() == null;
+        return producer && regions ? sent : !producer && sent.sentRegions() == null ? Supplement.NONE
+                : new Supplement(producer ? sent.producer() : 0, regions ? sent.sentRegions() : null);
     }
 
     void dropCallbacks() {

@@ -26,6 +26,7 @@ final class FederateTime implements Saved {
     private long deliveredUntil = Long.MIN_VALUE;
     private boolean doubted;
     boolean asynchronousDelivery;
+    final Stopwatch stopwatch = new Stopwatch();
 
     FederateTime(TimeFamily family) {
         this.family = family;
@@ -36,6 +37,12 @@ final class FederateTime implements Saved {
         boolean first = !doubted;
         doubted = true;
         return first;
+    }
+
+    int condition() {
+        return (constraint == Switch.ON ? Condition.CONSTRAINED : 0)
+                | (regulation == Switch.ON ? Condition.REGULATING : 0)
+                | (asynchronousDelivery ? Condition.ASYNCHRONOUS : 0) | (kind != null ? Condition.ADVANCING : 0);
     }
 
     long time() {
@@ -63,6 +70,7 @@ final class FederateTime implements Saved {
         kind = theKind;
         requested = theTime;
         decided = false;
+        stopwatch.run(true);
     }
 
     void decide(long theTime) {
@@ -76,6 +84,7 @@ final class FederateTime implements Saved {
         time = granted;
         kind = null;
         decided = false;
+        stopwatch.run(false);
     }
 
     Switch regulation() {

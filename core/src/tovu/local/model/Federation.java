@@ -14,8 +14,10 @@ import hla.rti1516e.exceptions.SaveInProgress;
 import java.util.Collection;
 import java.util.List;
 import java.util.Set;
+import java.util.function.Function;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
+import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectModel;
 import tovu.local.fom.Switches;
 
@@ -25,6 +27,8 @@ import tovu.local.fom.Switches;
  * code ever runs under it.
  */
 public final class Federation {
+    private static final String SERVICE_REPORT = "HLAmanager.HLAfederate.HLAreport.HLAreportServiceInvocation";
+
     private final String name;
     private final TimeFamily timeFamily;
     private final ObjectModel objectModel;
@@ -41,20 +45,26 @@ public final class Federation {
     private final SupportLookups lookups;
     private final Lookup lookup;
     private final int privilegeToDelete;
+    private final InteractionClass serviceReport;
+    private final Management management;
     private FederationState state;
     private long lastSequence;
     private int lastFederate;
     private boolean closed;
 
-    Federation(String name, ObjectModel objectModel, TimeFamily timeFamily) {
+    Federation(String name, ObjectModel objectModel, TimeFamily timeFamily,
+            Function<Federation, Management> makeManagement) {
         this.name = name;
         this.objectModel = objectModel;
         this.timeFamily = timeFamily;
         switches = objectModel.switches();
         privilegeToDelete = objectModel.privilegeToDelete().handle();
+        serviceReport = objectModel.interactionClass(SERVICE_REPORT);
         lookup = new Lookup(objectModel);
         lookups = new SupportLookups(this);
-        state = new FederationState(this);
+        management = makeManagement.apply(this);
+        state = new FederationState(this, management.sink());
+        management.created();
     }
 
     public String name() {
@@ -133,6 +143,23 @@ public final class Federation {
         return state.retractions;
     }
 
+    /** The federate that is the federation itself, and no member. */
+    public Federate infrastructure() {
+        return state.infrastructure;
+    }
+
+    public Management management() {
+        return management;
+    }
+
+    public boolean autoProvide() {
+        return state.autoProvide;
+    }
+
+    public void setAutoProvide(boolean on) {
+        state.autoProvide = on;
+    }
+
     Visibility visibility() {
         return visibility;
     }
@@ -145,6 +172,11 @@ public final class Federation {
         return lookup;
     }
 
+    /** The class of the reports on federates' services. */
+    InteractionClass serviceReport() {
+        return serviceReport;
+    }
+
     int privilegeToDelete() {
         return privilegeToDelete;
     }
@@ -154,31 +186,21 @@ public final class Federation {
         return ++lastSequence;
     }
 
-    /** What messages that a federate sends with those regions tell of their origin. */
-    Supplement supplement(Federate sender, Set<Region> sentRegions) {
-        boolean tellsRegions = switches.conveyRegionDesignatorSets() && !sentRegions.isEmpty();
-        if (!switches.conveyProducingFederate() && !tellsRegions) {
-            return Supplement.NONE;
-        }
-        return new Supplement(switches.conveyProducingFederate() ? sender.handle() : 0,
-                tellsRegions ? sentRegions.stream().mapToInt(region -> region.handle).toArray() : null);
-    }
-
-    Switches switches() {
+    public Switches switches() {
         return switches;
     }
 
-    Collection<Federate> members() {
+    public Collection<Federate> members() {
         return state.members.values();
     }
 
     /** The member with that handle, or null. */
-    Federate member(int handle) {
+    public Federate member(int handle) {
         return state.members.get(handle);
     }
 
     boolean isMember(Federate federate) {
-        return state.members.get(federate.handle()) == federate;
+        return state.members.get(federate.handle()) == federate || federate == state.infrastructure;
     }
 
     /** The member of that name, or null. */
@@ -192,7 +214,7 @@ public final class Federation {
     }
 
     /** Whether a federate ever had that handle. */
-    boolean hasAssigned(int handle) {
+    public boolean hasAssigned(int handle) {
         return handle >= 1 && handle <= lastFederate;
     }
 
@@ -217,12 +239,16 @@ public final class Federation {
         return federate.name();
     }
 
-    void requireNoSaveOrRestore() throws SaveInProgress, RestoreInProgress {
+    public void requireNoSaveOrRestore() throws SaveInProgress, RestoreInProgress {
         save.requireNotInProgress();
         restore.requireNotInProgress();
     }
 
-    boolean isSavingOrRestoring() {
+    int condition() {
+        return (save.isInProgress() ? Condition.SAVING : 0) | (restore.isInProgress() ? Condition.RESTORING : 0);
+    }
+
+    public boolean isSavingOrRestoring() {
         return save.isInProgress() || restore.isInProgress();
     }
 
@@ -241,13 +267,16 @@ public final class Federation {
                 throw new FederateNameAlreadyInUse("A federate named '" + federateName
                         + "' is joined to federation '" + name + "' already; choose another name");
             }
+            int before = objectModel.modules().size();
             objectModel.extend(modules);
             int handle = ++lastFederate;
             String chosen = federateName == null ? unusedName(federateType, handle) : federateName;
-            Federate federate = new Federate(this, handle, chosen, federateType, session, sink);
+            Federate federate = new Federate(this, handle, chosen, federateType, modules, session, sink);
             state.members.put(handle, federate);
             session.become(federate);
             state.synchronizationPoints.joined(federate);
+            management.joined(federate, objectModel.modules().size() > before);
+            settle(federate);
             return federate;
         }
     }
@@ -260,7 +289,7 @@ public final class Federation {
         return chosen;
     }
 
-    void resign(Federate federate, ResignAction action) throws RTIexception {
+    public void resign(Federate federate, ResignAction action) throws RTIexception {
         if (!action.divests()) {
             for (ObjectInstance object : federate.knownObjects) {
                 boolean ends = action.deletes() && object.attribute(privilegeToDelete).owner() == federate;
@@ -282,8 +311,25 @@ public final class Federation {
     }
 
     /** Resigns a federate that is gone as its automatic resign directive says, and lets go of whatever that leaves. */
-    void lose(Federate federate) {
+    void lose(Federate federate, String fault) {
+        management.losing(federate, fault);
         leave(federate, federate.automaticResignDirective());
+        settle(federate);
+    }
+
+    /** The end of a service, or of a change that came about with a callback. */
+    public void settle(Federate actor) {
+        time().settle();
+        if (actor.condition() != actor.oversight.toldCondition) {
+            management.conditionChanged(actor);
+        }
+        management.settle();
+        time().settle();
+    }
+
+    /** Whether the federate subscribes to the reports on federates' services. */
+    public boolean hearsServiceReports(Federate federate) {
+        return federate.subscriptions.interest(serviceReport) != null;
     }
 
     private void leave(Federate federate, ResignAction action) {
@@ -301,12 +347,14 @@ public final class Federation {
         }
         state.members.remove(federate.handle());
         federate.dropCallbacks();
+        federate.leaveSession();
         state.names.resigned(federate);
         state.regions.resigned(federate);
         state.synchronizationPoints.resigned(federate);
         state.time.resigned(federate);
         save.resigned(federate);
         restore.resigned(federate);
+        management.left(federate);
     }
 
     synchronized void close() throws FederatesCurrentlyJoined {
@@ -325,6 +373,7 @@ public final class Federation {
     /** Becomes what it was once. */
     void restore(FederationState restored) {
         state = restored;
+        state.infrastructure.replaceSink(management.sink());
         state.updateRates.resume();
     }
 

@@ -55,10 +55,11 @@ public final class FederationRestore {
         }
         label = theLabel;
         failed = false;
+        successors.keySet().forEach(federate -> statuses.put(federate, RestoreStatus.RESTORING));
+        federation.management().savesChanged();
         requester.post(to -> to.requestFederationRestoreSucceeded(theLabel));
         federation.postToAll(FederateCallbacks::federationRestoreBegun);
         successors.forEach((federate, successor) -> {
-            statuses.put(federate, RestoreStatus.RESTORING);
             federate.post(to -> to.initiateFederateRestore(theLabel, successor.name(), successor.handle()));
         });
     }
@@ -115,6 +116,7 @@ public final class FederationRestore {
             restored.members.get(successor.handle).replace(federate);
         });
         federation.restore(restored);
+        federation.management().restored();
     }
 
     public void abort() throws RestoreNotInProgress {
@@ -138,6 +140,7 @@ public final class FederationRestore {
         statuses.clear();
         successors.clear();
         federation.postToAll(outcome);
+        federation.management().savesChanged();
         federation.time().evaluate();
     }
 

@@ -23,6 +23,9 @@ public final class FederationSave {
     private final Set<Federate> reached = new HashSet<>();
     private String dueLabel; // null unless a save waits for its time
     private long dueTime;
+    private String lastLabel = "";
+    private LogicalTime lastTime;
+    private LogicalTime time; // of the save in progress; null when it was requested without one
 
     FederationSave(Federation federation) {
         this.federation = federation;
@@ -56,16 +59,17 @@ public final class FederationSave {
                     + " enable one of them, or request the save without a time");
         }
         TimeFamily family = federation.timeFamily();
-        long time = federation.time().time(requester, timeBits);
+        long saveTime = federation.time().time(requester, timeBits);
         for (Federate each : federation.members()) {
-            if ((each == requester || each.time.isConstrained()) && time < each.time.reached()) {
-                throw new LogicalTimeAlreadyPassed("The save is requested for time " + family.text(time) + " but "
+            if ((each == requester || each.time.isConstrained()) && saveTime < each.time.reached()) {
+                throw new LogicalTimeAlreadyPassed("The save is requested for time " + family.text(saveTime) + " but "
                         + each + " has passed that already; request it for a later one");
             }
         }
         forgetDue();
         dueLabel = theLabel;
-        dueTime = time;
+        dueTime = saveTime;
+        federation.management().savesChanged();
         federation.time().evaluate();
         beginIfDue();
     }
@@ -74,6 +78,25 @@ public final class FederationSave {
     void forgetDue() {
         dueLabel = null;
         reached.clear();
+    }
+
+    /** The label of the last save that succeeded; empty before the first. */
+    public String lastName() {
+        return lastLabel;
+    }
+
+    /** When that was, or null when it had no time. */
+    public LogicalTime lastTime() {
+        return lastTime;
+    }
+
+    /** The label of the save that waits for its time; empty when none does. */
+    public String nextName() {
+        return dueLabel == null ? "" : dueLabel;
+    }
+
+    public LogicalTime nextTime() {
+        return dueLabel == null ? null : new LogicalTime(federation.timeFamily(), dueTime);
     }
 
     /** Whether a federate may not be granted that time before the save that is due. */
@@ -101,15 +124,19 @@ public final class FederationSave {
         }
     }
 
-    private void begin(String theLabel, LogicalTime time) {
+    private void begin(String theLabel, LogicalTime theTime) {
         forgetDue();
         label = theLabel;
+        time = theTime;
         failed = false;
         Set<Federate> told = new HashSet<>();
         instructed = told;
         for (Federate each : federation.members()) {
             statuses.put(each, SaveStatus.INSTRUCTED_TO_SAVE);
-            each.postChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, time));
+        }
+        federation.management().savesChanged();
+        for (Federate each : federation.members()) {
+            each.postChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, theTime));
         }
     }
 
@@ -140,6 +167,8 @@ public final class FederationSave {
                     fail(SaveFailureReason.RTI_UNABLE_TO_SAVE);
                     throw e;
                 }
+                lastLabel = label;
+                lastTime = time;
                 end(FederateCallbacks::federationSaved);
             }
         }
@@ -168,6 +197,7 @@ public final class FederationSave {
     private void end(Callback outcome) {
         statuses.clear();
         federation.postToAll(outcome);
+        federation.management().savesChanged();
         federation.time().evaluate();
     }
 

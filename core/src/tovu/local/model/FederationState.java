@@ -8,6 +8,7 @@ import java.util.TreeMap;
 /** All of a federation that a save keeps and a restore brings back. */
 @SuppressWarnings("serial") // kept in memory only
 final class FederationState implements Saved {
+    final Federate infrastructure;
     final Map<Integer, Federate> members = new TreeMap<>();
     final SynchronizationPoints synchronizationPoints;
     final DeclarationManagement declarations;
@@ -16,15 +17,18 @@ final class FederationState implements Saved {
     final RegionManagement regions;
     final Retractions retractions;
     final TimeManagement time;
+    boolean autoProvide;
     final UpdateRates updateRates;
 
-    FederationState(Federation federation) {
+    FederationState(Federation federation, CallbackSink sink) {
         synchronizationPoints = new SynchronizationPoints(federation);
         declarations = new DeclarationManagement(federation);
         objects = new Objects(federation);
         regions = new RegionManagement(federation);
         retractions = new Retractions(federation);
         time = new TimeManagement(federation);
+        infrastructure = Federate.infrastructure(federation, sink);
+        autoProvide = federation.switches().autoProvide();
         updateRates = new UpdateRates(federation);
     }
 

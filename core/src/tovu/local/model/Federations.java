@@ -7,6 +7,7 @@ import hla.rti1516e.exceptions.RTIexception;
 import java.util.List;
 import java.util.Map;
 import java.util.concurrent.ConcurrentSkipListMap;
+import java.util.function.Function;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
@@ -14,13 +15,12 @@ import tovu.local.fom.ObjectModel;
 /** The federation executions of a process. */
 public final class Federations {
     private static final String STANDARD_MIM = "HLAstandardMIM";
-    private static final Federations PROCESS = new Federations();
-
     private final Map<String, Federation> byName = new ConcurrentSkipListMap<>();
+    private final Function<Federation, Management> management;
 
-    /** Those that all ambassadors of this process share. */
-    public static Federations ofProcess() {
-        return PROCESS;
+    /** @param management makes the management of a federation */
+    public Federations(Function<Federation, Management> management) {
+        this.management = management;
     }
 
     void create(FederationPlan plan) throws RTIexception {
@@ -35,7 +35,7 @@ public final class Federations {
         List<FomModule> modules = FomReader.ofModules().readAll(plan.fomModules());
         ObjectModel objectModel = ObjectModel.of(mim, modules);
         TimeFamily timeFamily = TimeFamily.named(plan.timeImplementation());
-        if (byName.putIfAbsent(plan.name(), new Federation(plan.name(), objectModel, timeFamily)) != null) {
+        if (byName.putIfAbsent(plan.name(), new Federation(plan.name(), objectModel, timeFamily, management)) != null) {
             throw alreadyExists(plan);
         }
     }

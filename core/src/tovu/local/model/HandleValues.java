@@ -1,6 +1,8 @@
 package tovu.local.model;
 
+import java.nio.ByteBuffer;
 import java.util.Arrays;
+import java.util.Map;
 import java.util.function.IntPredicate;
 import tovu.local.fom.InteractionClass;
 
@@ -25,6 +27,21 @@ public final class HandleValues implements Saved {
         this.bytes = bytes;
         this.rows = rows;
         this.size = size;
+    }
+
+    /** The values of a map, by handle. */
+    public static HandleValues of(Map<Integer, byte[]> values) {
+        ByteBuffer bytes = ByteBuffer.allocate(values.values().stream().mapToInt(each -> HEAD + each.length).sum());
+        int[] rows = new int[3 * values.size()];
+        int row = 0;
+        for (Map.Entry<Integer, byte[]> each : values.entrySet()) {
+            bytes.putInt(each.getKey()).putInt(each.getValue().length);
+            rows[row++] = each.getKey();
+            rows[row++] = bytes.position();
+            rows[row++] = each.getValue().length;
+            bytes.put(each.getValue());
+        }
+        return new HandleValues(bytes.array(), rows, values.size());
     }
 
     public int size() {

@@ -41,6 +41,14 @@ final class Inbox implements Saved {
         timestamped.clear();
     }
 
+    int heldCount() {
+        return held.size();
+    }
+
+    int timestampedCount() {
+        return timestamped.size();
+    }
+
     /**
      * The time of the first time-stamped message that is wanted, or never. What comes before it is dropped: whoever
      * asks promises something on the strength of the answer, which a change of mind must not belie.

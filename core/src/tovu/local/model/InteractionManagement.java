@@ -26,7 +26,8 @@ public final class InteractionManagement {
         Sending how = requirePublished(federate, theClass);
         Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
         Message.Sending sending = dispatch.sending(how.order);
-        Content content = new Content(values, regions, how.transportation, federation.supplement(federate, regions));
+        Content content = new Content(values, regions, how.transportation, federate.supplement(regions));
+        federate.oversight.interactionsSent.count(theClass.handle(), how.transportation);
         for (InteractionClass received = theClass; received != null; received = received.parent()) {
             HandleValues known = null;
             for (Federate each : federation.declarations().subscribers(received)) {

@@ -15,6 +15,10 @@ final class Knowledge implements Saved {
     /** What holds updates to the rates at which they are wanted; null while none is. */
     Pacing pacing;
     private volatile boolean over;
+    /** Whether the federate has ever updated the object. */
+    boolean updated;
+    /** Whether it was ever told of an update. Written where callbacks are made. */
+    boolean reflected;
 
     Knowledge(Federate federate, ObjectInstance object, ObjectClass knownClass) {
         this.federate = federate;

@@ -47,6 +47,7 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
 
     /** Leaves it with the delivery. */
     final void post() {
+        receiver.oversight.posted(isTimestamped());
         receiver.post(this);
     }
 
@@ -78,6 +79,7 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
 
     @Override
     public final void deliver(FederateCallbacks to) throws FederateInternalError {
+        receiver.oversight.delivered(isTimestamped());
         if (validity != receiver.messageValidity()) {
             synchronized (receiver.federation()) {
                 if (receiver.time.constraint() != FederateTime.Switch.ON) {

@@ -37,6 +37,11 @@ final class ObjectInstance implements Saved {
         attributes = layout.attributesOf(this);
     }
 
+    /** Whether it is one of the objects that tell of the federation itself. */
+    boolean isManagement() {
+        return producer == Federate.INFRASTRUCTURE;
+    }
+
     /** The attribute with that handle, or null. A class may have gained attributes since this was registered. */
     InstanceAttribute attribute(int attributeHandle) {
         int place = layout.place(attributeHandle);

@@ -46,7 +46,7 @@ public final class ObjectManagement {
     int register(Federate federate, ObjectClass theClass, String name, Map<Integer, Set<Region>> regions)
             throws RTIexception {
         requirePublished(federate, theClass);
-        if (name != null) {
+        if (name != null && !federate.isInfrastructure()) {
             federation.names().requireUsable(federate, name);
         }
         ObjectInstance object = federation.objects().add(theClass, name, federate);
@@ -57,6 +57,7 @@ public final class ObjectManagement {
             }
         }
         regions.forEach((attribute, set) -> object.attribute(attribute).associate(federate, set));
+        federate.oversight.objectsRegistered.count(theClass.handle());
         federation.visibility().registered(object);
         return object.handle;
     }
@@ -71,6 +72,12 @@ public final class ObjectManagement {
     /** @return by which the update may be retracted, or 0 */
     public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing)
             throws RTIexception {
+        return update(federate, objectHandle, values, tag, timing, null);
+    }
+
+    /** @param only the one federate that is told; null for all who want to be */
+    public int update(Federate federate, int objectHandle, HandleValues values, byte[] tag, Timing timing,
+            Federate only) throws RTIexception {
         Knowledge own = federation.objects().known(federate, objectHandle);
         InstanceAttribute foreign = null;
         for (int i = 0; i < values.size(); ++i) {
@@ -91,9 +98,9 @@ public final class ObjectManagement {
             alike &= first.fits(attribute, dispatch);
         }
         if (first != null && alike) {
-            send(own, first, values, dispatch);
+            send(own, first, values, dispatch, only);
         } else if (first != null) {
-            split(own.object, values, dispatch).forEach((passel, part) -> send(own, passel, part, dispatch));
+            split(own.object, values, dispatch).forEach((passel, part) -> send(own, passel, part, dispatch, only));
         }
         return dispatch.retraction();
     }
@@ -109,13 +116,14 @@ public final class ObjectManagement {
     }
 
     /** Sends a passel to all who want some of it, to each what it wants. */
-    private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch) {
+    private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch, Federate only) {
         Message.Sending sending = dispatch.sending(passel.order);
         Content content = new Content(values, passel.regions, passel.transportation,
-                federation.supplement(own.federate, passel.regions));
+                own.federate.supplement(passel.regions));
+        count(own, passel.transportation);
         Map<HandleSet, HandleValues> selections = new HashMap<>();
         for (Knowledge each : own.object.knowers()) {
-            if (each != own) {
+            if (each != own && (only == null || each.federate == only)) {
                 HandleValues wanted = selections.computeIfAbsent(each.wanted(passel.regions), values::select);
                 if (passel.order == OrderType.RECEIVE && each.isPaced(passel.transportation.isReliable())) {
                     sendPaced(each, sending, content, wanted, dispatch);
@@ -123,6 +131,15 @@ public final class ObjectManagement {
                     dispatch.send(new Reflection(each, sending, content, wanted));
                 }
             }
+        }
+    }
+
+    private static void count(Knowledge own, Transportation transportation) {
+        int theClass = own.object.objectClass.handle();
+        own.federate.oversight.updatesSent.count(theClass, transportation);
+        if (!own.updated) {
+            own.updated = true;
+            own.federate.oversight.objectsUpdated.count(theClass);
         }
     }
 
@@ -156,12 +173,12 @@ public final class ObjectManagement {
                             .map(InstanceAttribute::possession).toList()));
         }
         object.deleted = true;
-        int producer = federation.supplement(federate, Set.of()).producer();
+        federate.oversight.objectsDeleted.count(object.objectClass.handle());
         List<Knowledge> others = new ArrayList<>(object.knowers());
         others.remove(own);
         federation.objects().forget(own);
         for (Knowledge each : others) {
-            dispatch.send(new Removal(each, sending, producer));
+            dispatch.send(new Removal(each, sending, federate.handle()));
         }
     }
 

@@ -82,6 +82,19 @@ public final class Objects implements Saved {
         return known(federate, handle).knownClass.handle();
     }
 
+    /** Whether anyone but its owner, to whom all of it belongs, knows the object. */
+    public boolean isShared(int handle) {
+        return byHandle.get(handle).knowers().size() > 1;
+    }
+
+    /** The attributes of an object that a federate wants; none when it does not know the object. */
+    public int[] wanted(Federate federate, int handle) {
+        ObjectInstance object = byHandle.get(handle);
+        Knowledge knowledge = object == null ? null : object.knowledgeOf(federate);
+        return knowledge == null ? new int[0] : object.attributes(knowledge::isInScope).stream()
+                .mapToInt(InstanceAttribute::handle).toArray();
+    }
+
     /** The instance attribute, which has to be one of the class that the federate knows the object as. */
     static InstanceAttribute attribute(Knowledge knowledge, int handle) throws AttributeNotDefined {
         InstanceAttribute attribute = knowledge.object.attribute(handle);

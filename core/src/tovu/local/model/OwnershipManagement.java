@@ -297,6 +297,8 @@ public final class OwnershipManagement {
         Federate owner = Objects.attribute(knowledge, attributeHandle).owner();
         if (owner == null) {
             knowledge.post(to -> to.attributeIsNotOwned(object, attributeHandle));
+        } else if (owner.isInfrastructure()) {
+            knowledge.post(to -> to.attributeIsOwnedByRTI(object, attributeHandle));
         } else {
             knowledge.post(to -> to.informAttributeOwnership(object, attributeHandle, owner.handle()));
         }
@@ -304,6 +306,33 @@ public final class OwnershipManagement {
 
     public boolean isOwned(Federate federate, int object, int attributeHandle) throws RTIexception {
         return Objects.attribute(federation.objects().known(federate, object), attributeHandle).owner() == federate;
+    }
+
+    /** Gives an attribute to a federate, or takes it away, without asking or telling its owner. */
+    public void assign(Federate federate, int object, int attributeHandle, boolean owned) throws RTIexception {
+        Knowledge knowledge = federation.objects().known(federate, object);
+        InstanceAttribute attribute = Objects.attribute(knowledge, attributeHandle);
+        if (attribute.owner() != null && attribute.owner().isInfrastructure()) {
+            throw new AttributeNotOwned(describe(attribute, knowledge)
+                    + " belongs to the federation itself, for good");
+        }
+        if (owned == (attribute.owner() == federate)) {
+            return;
+        }
+        if (owned && !knowledge.publishes(attribute.definition)) {
+            throw new AttributeNotPublished(federate + " does not publish attribute '" + attribute.definition.name()
+                    + "' of class '" + knowledge.knownClass.name() + "'; let it publish that first");
+        }
+        if (owned) {
+            OwnershipNotices notices = new OwnershipNotices(knowledge.object);
+            withdraw(attribute, federate);
+            attribute.giveTo(federate);
+            keep(attribute, notices);
+            notices.post();
+            federation.visibility().objectChanged(knowledge.object);
+        } else {
+            release(knowledge.object, List.of(attribute));
+        }
     }
 
     /** A federate cannot own what it does not publish any more. */

@@ -26,8 +26,14 @@ final class Reception extends Message {
 
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
+        receiver.oversight.interactionsReceived.count(receivedClass.handle(), content.transportation);
         to.receiveInteraction(receivedClass.handle(), values, tag(), sentOrder(), content.transportation, stamp(),
-                content.supplement);
+                receiver.conveyed(content.supplement));
+    }
+
+    @Override
+    public boolean isByManagement() {
+        return content.isByManagement();
     }
 
     @Override

@@ -19,8 +19,23 @@ final class Reflection extends Message {
 
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
+        count();
         to.reflectAttributeValues(knowledge.object.handle, values, tag(), sentOrder(), content.transportation, stamp(),
-                content.supplement);
+                receiver.conveyed(content.supplement));
+    }
+
+    private void count() {
+        int theClass = knowledge.object.objectClass.handle();
+        receiver.oversight.reflectionsReceived.count(theClass, content.transportation);
+        if (!knowledge.reflected) {
+            knowledge.reflected = true;
+            receiver.oversight.objectsReflected.count(theClass);
+        }
+    }
+
+    @Override
+    public boolean isByManagement() {
+        return content.isByManagement();
     }
 
     @Override

@@ -9,21 +9,28 @@ import hla.rti1516e.exceptions.FederateInternalError;
 @SuppressWarnings("serial") // kept in memory only
 final class Removal extends Message {
     private final Knowledge knowledge;
-    private final int producer;
+    private final int deleter;
 
-    Removal(Knowledge knowledge, Sending sending, int producer) {
+    Removal(Knowledge knowledge, Sending sending, int deleter) {
         super(knowledge.federate, sending);
         this.knowledge = knowledge;
-        this.producer = producer;
+        this.deleter = deleter;
     }
 
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
+        receiver.oversight.objectsRemoved.count(knowledge.object.objectClass.handle());
         try {
-            to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(), producer);
+            to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(),
+                    receiver.conveyed(deleter));
         } finally {
             receiver.change(() -> receiver.federation().objects().removed(knowledge));
         }
+    }
+
+    @Override
+    public boolean isByManagement() {
+        return deleter == Federate.INFRASTRUCTURE;
     }
 
     @Override

@@ -49,14 +49,19 @@ public final class Session {
         sink = null;
     }
 
-    /** Leaves everything without being asked nicely: for a federate that will never say anything again. */
-    public synchronized void abandon() {
+    /**
+     * Leaves everything without being asked nicely: for a federate that will never say anything again.
+     *
+     * @param fault what has become of it
+     */
+    public synchronized void abandon(String fault) {
         Federate member = federate;
         if (member != null) {
             Federation federation = member.federation();
             synchronized (federation) {
-                federation.lose(federate); // which may be another than a moment ago: a restore replaces it
-                federate = null;
+                if (federate != null) { // meanwhile it may have resigned, or been replaced by a restore
+                    federation.lose(federate, fault);
+                }
             }
         }
         sink = null;
@@ -101,7 +106,6 @@ public final class Session {
     public synchronized void resign(ResignAction action) throws RTIexception {
         call((federation, member) -> {
             federation.resign(member, action);
-            federate = null;
             return null;
         });
     }
@@ -115,13 +119,33 @@ public final class Session {
                 member = federate; // meanwhile it may have resigned, or been replaced by a restore
                 if (member != null && member.federation() == federation) {
                     R result = service.serve(federation, member);
-                    federation.time().settle();
+                    federation.settle(member);
                     return result;
                 }
             }
         }
         requireConnected();
         throw new FederateNotExecutionMember("This ambassador is not joined to a federation execution; join one first");
+    }
+
+    /** Whether each service of the federate is to be reported. */
+    public boolean isReported() {
+        Federate member = federate;
+        return member != null && member.oversight.reportsAnything();
+    }
+
+    /**
+     * Reports a call that a federate has made or got to those who want to know.
+     *
+     * @param member null for an ambassador that is not joined, of which nobody does
+     */
+    public static void report(Federate member, ServiceCall call) {
+        if (member != null && member.oversight.reportsAnything()) {
+            synchronized (member.federation()) {
+                member.federation().management().served(member, call);
+                member.federation().settle(member);
+            }
+        }
     }
 
     /** A service that has to wait for the end of a save or restore. */
@@ -140,7 +164,8 @@ public final class Session {
     }
 
     /**
-     * The ambassador is joined as that federate from now on: a new one, or after a restore the one that was saved.
+     * The ambassador is joined as that federate from now on: a new one, or after a restore the one that was saved. Null
+     * when it is joined no longer.
      * Called under the federation's lock, so that whatever the federate is told finds it joined.
      */
     void become(Federate member) {

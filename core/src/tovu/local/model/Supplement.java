@@ -1,7 +1,7 @@
 package tovu.local.model;
 
 /**
- * What a message tells of its origin, as far as the federation's switches convey it.
+ * What a message tells of its origin, as far as its receiver's switches convey it.
  *
  * @param producer    the sending federate's handle, or 0
  * @param sentRegions the regions it was sent with, or null

@@ -81,6 +81,20 @@ public final class SynchronizationPoints implements Saved {
         finishIfReached(point);
     }
 
+    public Set<String> labels() {
+        return points.keySet();
+    }
+
+    /** By the handle of each federate that is to achieve that point whether it has; empty for no such point. */
+    public Map<Integer, Boolean> achievements(String label) {
+        Map<Integer, Boolean> achieved = new TreeMap<>();
+        if (points.containsKey(label)) {
+            points.get(label).progress.forEach((federate, progress) ->
+                    achieved.put(federate, progress != Progress.ANNOUNCED));
+        }
+        return achieved;
+    }
+
     void joined(Federate federate) {
         points.values().stream().filter(point -> point.forEveryone).forEach(point -> point.announceTo(federate));
     }

@@ -5,9 +5,6 @@ import java.util.Collection;
 import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Set;
-import java.util.concurrent.Executors;
-import java.util.concurrent.ScheduledExecutorService;
-import java.util.concurrent.TimeUnit;
 
 /**
  * Holds best-effort updates to the rates at which subscribers want them at most. What comes too early waits until its
@@ -17,15 +14,6 @@ import java.util.concurrent.TimeUnit;
 final class UpdateRates implements Saved {
     private static final long NANOSECONDS = 1_000_000_000;
     private static final long LOOK_AGAIN_NANOSECONDS = NANOSECONDS / 10; // while a save or a restore is under way
-
-    /** Made when the first update has to wait. Its thread takes a federation's lock when one is due, never while it waits. */
-    private static final class Clock {
-        private static final ScheduledExecutorService INSTANCE = Executors.newSingleThreadScheduledExecutor(task -> {
-            Thread thread = new Thread(task, "update rates");
-            thread.setDaemon(true);
-            return thread;
-        });
-    }
 
     private final Federation federation;
     private final Set<Knowledge> waiting = new LinkedHashSet<>(); // those with updates that wait
@@ -59,7 +47,7 @@ final class UpdateRates implements Saved {
         if (!scheduled || time - wakeUp < 0) {
             scheduled = true;
             wakeUp = time;
-            Clock.INSTANCE.schedule(this::wake, Math.max(0, time - now), TimeUnit.NANOSECONDS);
+            Clock.after(Math.max(0, time - now), this::wake);
         }
     }
 

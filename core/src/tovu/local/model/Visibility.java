@@ -116,12 +116,17 @@ final class Visibility {
 
     private void discoverAs(ObjectClass knownClass, ObjectInstance object, Federate federate) {
         object.becomeKnown(federate, knownClass);
-        int producer = federation.switches().conveyProducingFederate() ? object.producer : 0;
         Knowledge knowledge = object.knowledgeOf(federate);
-        knowledge.post(to -> to.discoverObjectInstance(object.handle, knownClass.handle(), object.name, producer));
+        knowledge.post(to -> {
+            federate.oversight.objectsDiscovered.count(knownClass.handle());
+            to.discoverObjectInstance(object.handle, knownClass.handle(), object.name,
+                    federate.conveyed(object.producer));
+        });
         refreshScope(knowledge);
         federation.ownership().offerAbandoned(knowledge, federate.publications.attributes(knownClass));
-        if (federation.switches().autoProvide()) {
+        if (object.isManagement()) {
+            federation.management().discovered(federate, object.handle);
+        } else if (federation.autoProvide()) {
             Notices wanted = Notices.untilHandedOver();
             for (int handle : federate.subscriptions.interests(knownClass).keySet()) {
                 InstanceAttribute attribute = object.attribute(handle);

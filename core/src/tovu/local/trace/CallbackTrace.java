@@ -3,36 +3,58 @@ package tovu.local.trace;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Parameter;
 import java.lang.reflect.Proxy;
-import java.util.StringJoiner;
+import java.util.ArrayList;
+import java.util.List;
 import java.util.function.Supplier;
 import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
 import tovu.local.model.HandleValues;
 import tovu.local.model.Supplement;
 
-/** Prints each callback before it is made. What a handle stands for is told by the parameter's name. */
+/** Puts callbacks into words. What a handle stands for is told by the parameter's name. */
 public final class CallbackTrace {
+    /** Hears of callbacks. */
+    public interface Listener {
+        /** Before a callback is made. */
+        default void called(Federate federate, String callback, List<String> arguments) {
+        }
+
+        /** After it. */
+        default void returned(Federate federate, String callback, List<String> arguments, String failure) {
+        }
+    }
+
     private CallbackTrace() {
     }
 
-    public static FederateCallbacks around(FederateCallbacks callbacks, Supplier<Federate> federate) {
+    /** @param federate who is called, or null when that is not joined */
+    public static FederateCallbacks around(FederateCallbacks callbacks, Supplier<Federate> federate,
+            Listener listener) {
         return (FederateCallbacks) Proxy.newProxyInstance(CallbackTrace.class.getClassLoader(),
                 new Class<?>[] {FederateCallbacks.class}, (proxy, method, arguments) -> {
-                    Describer describer = new Describer(federate.get());
-                    StringJoiner text = new StringJoiner(", ", "<- " + method.getName() + "(", ")");
-                    Parameter[] parameters = method.getParameters();
-                    for (int i = 0; i < parameters.length; ++i) {
-                        if (arguments[i] != null) {
-                            text.add(describe(describer, parameters[i].getName(), arguments[i]));
-                        }
-                    }
-                    Trace.print(federate.get(), text.toString());
+                    Federate called = federate.get();
+                    List<String> words = words(new Describer(called), method.getParameters(), arguments);
+                    listener.called(called, method.getName(), words);
+                    String failure = "";
                     try {
                         return method.invoke(callbacks, arguments);
                     } catch (InvocationTargetException e) {
+                        failure = e.getCause().getClass().getSimpleName() + ": " + e.getCause().getMessage();
                         throw e.getCause();
+                    } finally {
+                        listener.returned(called, method.getName(), words, failure);
                     }
                 });
+    }
+
+    private static List<String> words(Describer describer, Parameter[] parameters, Object[] arguments) {
+        List<String> words = new ArrayList<>();
+        for (int i = 0; i < parameters.length; ++i) {
+            if (arguments[i] != null) {
+                words.add(describe(describer, parameters[i].getName(), arguments[i]));
+            }
+        }
+        return words;
     }
 
     private static String describe(Describer describer, String parameter, Object value) {

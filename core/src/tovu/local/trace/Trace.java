@@ -1,5 +1,6 @@
 package tovu.local.trace;
 
+import java.util.List;
 import tovu.local.model.Federate;
 
 /**
@@ -11,6 +12,14 @@ public final class Trace {
 
     private Trace() {
     }
+
+    /** Prints each callback before it is made. */
+    public static final CallbackTrace.Listener CALLBACKS = new CallbackTrace.Listener() {
+        @Override
+        public void called(Federate federate, String callback, List<String> arguments) {
+            print(federate, "<- " + callback + "(" + String.join(", ", arguments) + ")");
+        }
+    };
 
     /** @param federate who calls or is called; null for an ambassador that is not joined */
     public static void print(Federate federate, String line) {
