@@ -23,7 +23,15 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/rti1516eConfigVersion.cmake
   DESTINATION ${config_dir} COMPONENT development)
 
-# pkg-config rti1516e. It works out the prefix from where the file stands, so that the tree can be moved.
+# pkg-config rti1516e. It works out the prefix from where the file stands, so that the tree can be moved, unless it
+# stands outside the tree.
+set(pc_prefix ${CMAKE_INSTALL_PREFIX})
+set(pc_libdir ${CMAKE_INSTALL_LIBDIR})
+if(NOT IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
+  file(RELATIVE_PATH pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+  string(REGEX REPLACE "/$" "" pc_prefix "\${pcfiledir}/${pc_prefix}")
+  set(pc_libdir "\${prefix}/${CMAKE_INSTALL_LIBDIR}")
+endif()
 configure_file(cmake/rti1516e.pc.in ${CMAKE_CURRENT_BINARY_DIR}/rti1516e.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/rti1516e.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

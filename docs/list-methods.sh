@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Writes docs/methods.md to the standard output: all methods and natives, from the tests' own tables of the contract.
 set -euo pipefail
-tables=$(cd "$(dirname "$0")/../tests/contract" && pwd)
+tables=$(cd "$(dirname "$0")/../tests/support" && pwd)
 cat <<END
 # The methods and natives of a core
 

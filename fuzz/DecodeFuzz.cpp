@@ -1,93 +1,63 @@
 // Decodes octets that nobody has made sure of. An input is the shape of an element, a few octets long, and
 // what is decoded into one of that shape.
-#include <RTI/encoding/BasicDataElements.h>
-#include <RTI/encoding/HLAfixedArray.h>
-#include <RTI/encoding/HLAfixedRecord.h>
-#include <RTI/encoding/HLAopaqueData.h>
-#include <RTI/encoding/HLAvariableArray.h>
-#include <RTI/encoding/HLAvariantRecord.h>
+#include "tests/support/RandomElement.h"
+
+#include <RTI/Exception.h>
+#include <RTI/VariableLengthData.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <malloc.h>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace {
 
-using namespace rti1516e;
+// What an input may cost beside itself. Decoding costs about what the octets hold, whatever they claim.
+constexpr std::size_t mostMemory = std::size_t{64} << 20;
 
-// The octets of a shape: a letter for each element, a digit for each length, read from the front.
-class Shape
+std::size_t memoryInUse = 0;
+std::size_t memoryLimit = 0; // none while it is 0
+
+} // namespace
+
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept
 {
-public:
-   Shape(std::uint8_t const* octets, std::size_t size) : _next(octets), _end(octets + size) {}
-
-   std::unique_ptr<DataElement> element(int depth = 5)
-   {
-      char const letter = take();
-      if (depth > 0) {
-         switch (letter) {
-         case 'A':
-            return fixedArray(depth - 1);
-         case 'V':
-            return std::make_unique<HLAvariableArray>(*element(depth - 1));
-         case 'R':
-            return fixedRecord(depth - 1);
-         case 'D':
-            return variantRecord(depth - 1);
-         default:
-            break;
-         }
-      }
-      return basicElement(letter);
+   void* const memory = std::malloc(std::max<std::size_t>(size, 1));
+   if (memory == nullptr) {
+      return nullptr;
    }
-
-private:
-   char take() { return _next == _end ? '\0' : static_cast<char>(*_next++); }
-   std::size_t number() { return static_cast<std::size_t>(take() & 7); }
-
-   std::unique_ptr<DataElement> fixedArray(int depth)
-   {
-      std::size_t const length = number();
-      return std::make_unique<HLAfixedArray>(*element(depth), length);
+   memoryInUse += malloc_usable_size(memory);
+   if (memoryLimit != 0 && memoryInUse > memoryLimit) {
+      std::fputs("More memory in use than an input of this size may cost\n", stderr);
+      std::abort();
    }
+   return memory;
+}
 
-   std::unique_ptr<DataElement> fixedRecord(int depth)
-   {
-      auto record = std::make_unique<HLAfixedRecord>();
-      for (std::size_t fields = number(); fields != 0; --fields) {
-         record->appendElement(*element(depth));
-      }
-      return record;
+void* operator new(std::size_t size)
+{
+   void* const memory = operator new(size, std::nothrow);
+   if (memory == nullptr) {
+      throw std::bad_alloc();
    }
+   return memory;
+}
 
-   std::unique_ptr<DataElement> variantRecord(int depth)
-   {
-      auto record = std::make_unique<HLAvariantRecord>(HLAoctet());
-      for (std::size_t values = number(); values != 0; --values) {
-         record->addVariant(HLAoctet(static_cast<char>(values)), *element(depth));
-      }
-      return record;
-   }
+void operator delete(void* memory) noexcept
+{
+   memoryInUse -= memory == nullptr ? 0 : malloc_usable_size(memory);
+   std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
 
-   // The basic elements in alphabetical order, from 'a' on, and opaque data for every other letter.
-   static std::unique_ptr<DataElement> basicElement(char letter)
-   {
-      char first = 'a';
-#define MAKE_IF_ASKED(Name, Value)     \
-   if (letter == first++) {            \
-      return std::make_unique<Name>(); \
-   }
-      RTI_FOR_EACH_BASIC_ELEMENT(MAKE_IF_ASKED)
-#undef MAKE_IF_ASKED
-      return std::make_unique<HLAopaqueData>();
-   }
+namespace {
 
-   std::uint8_t const* _next;
-   std::uint8_t const* _end;
-};
+using namespace rti1516e;
 
 void require(bool condition)
 {
@@ -115,8 +85,11 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
    if (size == 0) {
       return 0;
    }
+   memoryLimit = memoryInUse + size + mostMemory;
    std::size_t const shapeLength = std::min<std::size_t>(data[0] & 31, size - 1);
-   std::unique_ptr<DataElement> const element = Shape(data + 1, shapeLength).element();
+   contract::Octets shapeOctets(data + 1, shapeLength);
+   contract::Shape const shape = contract::ShapeReader(shapeOctets).read();
+   std::unique_ptr<DataElement> const element = contract::ElementMaker().make(shape);
    // In memory of its exact length, so that a step beyond it is seen.
    std::vector<char> const octets(data + 1 + shapeLength, data + size);
    for (std::size_t const index : {std::size_t{0}, std::size_t{1}, octets.size()}) {
@@ -136,5 +109,6 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
       }
       requireConsistent(*before);
    }
+   memoryLimit = 0;
    return 0;
 }

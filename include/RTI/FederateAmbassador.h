@@ -17,8 +17,12 @@ namespace rti1516e {
 // for.
 //
 // In the evoked model callbacks run on the thread that evokes them, in the immediate model on a thread of the
-// infrastructure's; in both with the floating-point control word of the thread that called connect. Arguments
-// taken by reference live until the callback returns: copy what is to be kept, times by their own means.
+// infrastructure's. Both use the floating-point control word of the thread that called connect. Arguments
+// taken by reference live until the callback returns: copy what is to be kept. A tag is empty if the sender
+// gave none.
+//
+// Within a callback any service may be called whose list of exceptions does not name
+// CallNotAllowedFromWithinCallback.
 //
 // A callback reports failure by throwing FederateInternalError. That, any other exception of the interface,
 // std::exception, a std::string and, unless the environment variable TOVU1516_DONTCATCHALL is set, whatever
@@ -46,11 +50,18 @@ public:
    // The answer to listFederationExecutions.
    virtual void reportFederationExecutions(
       FederationExecutionInformationVector const& theFederationExecutionInformationList) = 0;
+
+   // The answers to registerFederationSynchronizationPoint.
    virtual void synchronizationPointRegistrationSucceeded(std::wstring const& label) = 0;
    virtual void synchronizationPointRegistrationFailed(std::wstring const& label,
                                                        SynchronizationPointFailureReason reason) = 0;
+
+   // A point to reach: answer with synchronizationPointAchieved. The tag is that of whoever registered it.
    virtual void announceSynchronizationPoint(std::wstring const& label,
                                              VariableLengthData const& theUserSuppliedTag) = 0;
+
+   // Every federate of the point has achieved it. The set names those that did so without success; it is
+   // empty if none did.
    virtual void federationSynchronized(std::wstring const& label,
                                        FederateHandleSet const& failedToSyncSet) = 0;
 
@@ -58,35 +69,64 @@ public:
    // the federate has reached the time.
    virtual void initiateFederateSave(std::wstring const& label, LogicalTime const& theTime) = 0;
    virtual void initiateFederateSave(std::wstring const& label) = 0;
+
+   // All federates have saved their state. The saved state can be restored by its label.
    virtual void federationSaved() = 0;
+
+   // The save has failed or was given up.
    virtual void federationNotSaved(SaveFailureReason theSaveFailureReason) = 0;
+
+   // The answer to queryFederationSaveStatus, with an element for each joined federate.
    virtual void federationSaveStatusResponse(
       FederateHandleSaveStatusPairVector const& theFederateStatusVector) = 0;
+
+   // The answers to requestFederationRestore. They go only to the federate that asked.
    virtual void requestFederationRestoreSucceeded(std::wstring const& label) = 0;
    virtual void requestFederationRestoreFailed(std::wstring const& label) = 0;
+
+   // A restore begins: call no service but those of the restore until it ends.
    virtual void federationRestoreBegun() = 0;
 
    // Restore the state saved under the label. The federate goes on under the given name and handle.
    virtual void initiateFederateRestore(std::wstring const& label, std::wstring const& federateName,
                                         FederateHandle handle) = 0;
+
+   // All federates have restored their state, and go on.
    virtual void federationRestored() = 0;
+
+   // The restore has failed or was given up.
    virtual void federationNotRestored(RestoreFailureReason theRestoreFailureReason) = 0;
+
+   // The answer to queryFederationRestoreStatus, with an element for each joined federate.
    virtual void federationRestoreStatusResponse(
       FederateRestoreStatusVector const& theFederateRestoreStatusVector) = 0;
 
    // Declaration management
+
+   // Somebody is subscribed to a published class, or nobody is any more: whether instances are worth
+   // registering.
    virtual void startRegistrationForObjectClass(ObjectClassHandle theClass) = 0;
    virtual void stopRegistrationForObjectClass(ObjectClassHandle theClass) = 0;
+
+   // Somebody is subscribed to a published class, or nobody is any more: whether interactions are worth
+   // sending.
    virtual void turnInteractionsOn(InteractionClassHandle theHandle) = 0;
    virtual void turnInteractionsOff(InteractionClassHandle theHandle) = 0;
 
    // Object management
+
+   // The answers to reserveObjectInstanceName.
    virtual void objectInstanceNameReservationSucceeded(std::wstring const& theObjectInstanceName) = 0;
    virtual void objectInstanceNameReservationFailed(std::wstring const& theObjectInstanceName) = 0;
+
+   // The answers to reserveMultipleObjectInstanceName: all names are reserved, or none.
    virtual void multipleObjectInstanceNameReservationSucceeded(
       std::set<std::wstring> const& theObjectInstanceNames) = 0;
    virtual void multipleObjectInstanceNameReservationFailed(
       std::set<std::wstring> const& theObjectInstanceNames) = 0;
+
+   // An instance of a subscribed class is there, known as that class from now on. The form with a federate
+   // tells who registered it.
    virtual void discoverObjectInstance(ObjectInstanceHandle theObject, ObjectClassHandle theObjectClass,
                                        std::wstring const& theObjectInstanceName,
                                        FederateHandle producingFederate) = 0;
@@ -111,6 +151,8 @@ public:
                                        VariableLengthData const& theUserSuppliedTag, OrderType sentOrder,
                                        TransportationType theType,
                                        SupplementalReflectInfo theReflectInfo) = 0;
+
+   // An interaction of a subscribed class, as that class. The forms are those of reflectAttributeValues.
    virtual void receiveInteraction(InteractionClassHandle theInteraction,
                                    ParameterHandleValueMap const& theParameterValues,
                                    VariableLengthData const& theUserSuppliedTag, OrderType sentOrder,
@@ -126,6 +168,8 @@ public:
                                    ParameterHandleValueMap const& theParameterValues,
                                    VariableLengthData const& theUserSuppliedTag, OrderType sentOrder,
                                    TransportationType theType, SupplementalReceiveInfo theReceiveInfo) = 0;
+
+   // The instance has been deleted. Its name and class can still be asked for within this callback.
    virtual void removeObjectInstance(ObjectInstanceHandle theObject,
                                      VariableLengthData const& theUserSuppliedTag, OrderType sentOrder,
                                      LogicalTime const& theTime, OrderType receivedOrder,
@@ -138,56 +182,92 @@ public:
    virtual void removeObjectInstance(ObjectInstanceHandle theObject,
                                      VariableLengthData const& theUserSuppliedTag, OrderType sentOrder,
                                      SupplementalRemoveInfo theRemoveInfo) = 0;
+
+   // Updates of these attributes can reach this federate, or cannot any more.
    virtual void attributesInScope(ObjectInstanceHandle theObject,
                                   AttributeHandleSet const& theAttributes) = 0;
    virtual void attributesOutOfScope(ObjectInstanceHandle theObject,
                                      AttributeHandleSet const& theAttributes) = 0;
+
+   // Somebody asks for the values of attributes of this federate's: answer with updateAttributeValues.
    virtual void provideAttributeValueUpdate(ObjectInstanceHandle theObject,
                                             AttributeHandleSet const& theAttributes,
                                             VariableLengthData const& theUserSuppliedTag) = 0;
+
+   // Somebody wants updates of these attributes, at most at the rate that the designator names; without one,
+   // every update.
    virtual void turnUpdatesOnForObjectInstance(ObjectInstanceHandle theObject,
                                                AttributeHandleSet const& theAttributes,
                                                std::wstring const& updateRateDesignator) = 0;
    virtual void turnUpdatesOnForObjectInstance(ObjectInstanceHandle theObject,
                                                AttributeHandleSet const& theAttributes) = 0;
+
+   // Nobody wants updates of these attributes.
    virtual void turnUpdatesOffForObjectInstance(ObjectInstanceHandle theObject,
                                                 AttributeHandleSet const& theAttributes) = 0;
+
+   // The answer to requestAttributeTransportationTypeChange. The change is in force.
    virtual void confirmAttributeTransportationTypeChange(ObjectInstanceHandle theObject,
-                                                         AttributeHandleSet const& theAttributes,
+                                                         AttributeHandleSet theAttributes,
                                                          TransportationType theTransportation) = 0;
+
+   // The answer to queryAttributeTransportationType.
    virtual void reportAttributeTransportationType(ObjectInstanceHandle theObject,
                                                   AttributeHandle theAttribute,
                                                   TransportationType theTransportation) = 0;
+
+   // The answer to requestInteractionTransportationTypeChange. The change is in force.
    virtual void confirmInteractionTransportationTypeChange(InteractionClassHandle theInteraction,
                                                            TransportationType theTransportation) = 0;
+
+   // The answer to queryInteractionTransportationType.
    virtual void reportInteractionTransportationType(FederateHandle federateHandle,
                                                     InteractionClassHandle theInteraction,
                                                     TransportationType theTransportation) = 0;
 
    // Ownership management
+
+   // The attributes are offered: answer with an acquisition, or not at all.
    virtual void requestAttributeOwnershipAssumption(ObjectInstanceHandle theObject,
                                                     AttributeHandleSet const& offeredAttributes,
                                                     VariableLengthData const& theUserSuppliedTag) = 0;
+
+   // Somebody takes the attributes that this federate wants to divest: answer with confirmDivestiture.
    virtual void requestDivestitureConfirmation(ObjectInstanceHandle theObject,
                                                AttributeHandleSet const& releasedAttributes) = 0;
+
+   // This federate owns the attributes from now on.
    virtual void attributeOwnershipAcquisitionNotification(ObjectInstanceHandle theObject,
                                                           AttributeHandleSet const& securedAttributes,
                                                           VariableLengthData const& theUserSuppliedTag) = 0;
+
+   // These attributes have an owner, so that attributeOwnershipAcquisitionIfAvailable did not take them.
    virtual void attributeOwnershipUnavailable(ObjectInstanceHandle theObject,
                                               AttributeHandleSet const& theAttributes) = 0;
+
+   // Somebody wants these attributes of this federate's: answer with attributeOwnershipDivestitureIfWanted or
+   // attributeOwnershipReleaseDenied.
    virtual void requestAttributeOwnershipRelease(ObjectInstanceHandle theObject,
                                                  AttributeHandleSet const& candidateAttributes,
                                                  VariableLengthData const& theUserSuppliedTag) = 0;
+
+   // The answer to cancelAttributeOwnershipAcquisition: the attributes do not come any more.
    virtual void confirmAttributeOwnershipAcquisitionCancellation(ObjectInstanceHandle theObject,
                                                                  AttributeHandleSet const& theAttributes) = 0;
+
+   // The answers to queryAttributeOwnership.
    virtual void informAttributeOwnership(ObjectInstanceHandle theObject, AttributeHandle theAttribute,
                                          FederateHandle theOwner) = 0;
    virtual void attributeIsNotOwned(ObjectInstanceHandle theObject, AttributeHandle theAttribute) = 0;
    virtual void attributeIsOwnedByRTI(ObjectInstanceHandle theObject, AttributeHandle theAttribute) = 0;
 
    // Time management
+
+   // The federate regulates, or is constrained, from now on; its time is this one.
    virtual void timeRegulationEnabled(LogicalTime const& theFederateTime) = 0;
    virtual void timeConstrainedEnabled(LogicalTime const& theFederateTime) = 0;
+
+   // The request to advance is granted: the federate's time is this one.
    virtual void timeAdvanceGrant(LogicalTime const& theTime) = 0;
 
    // The sender has retracted a message that this federate may have received already.

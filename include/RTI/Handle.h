@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <string>
 
@@ -106,5 +107,19 @@ private:
 RTI_EXPORT std::wostream& operator<<(std::wostream& stream, MessageRetractionHandle const& handle);
 
 } // namespace rti1516e
+
+// Handles as keys of unordered containers: by what their hash() gives.
+#define RTI_HANDLE_HASH(HandleKind)                                             \
+   template <>                                                                  \
+   struct std::hash<rti1516e::HandleKind>                                       \
+   {                                                                            \
+      std::size_t operator()(rti1516e::HandleKind const& handle) const noexcept \
+      {                                                                         \
+         return static_cast<std::size_t>(handle.hash());                        \
+      }                                                                         \
+   };
+RTI_FOR_EACH_HANDLE(RTI_HANDLE_HASH)
+RTI_HANDLE_HASH(MessageRetractionHandle)
+#undef RTI_HANDLE_HASH
 
 #endif

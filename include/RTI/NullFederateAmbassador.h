@@ -91,7 +91,7 @@ public:
    {}
    void turnUpdatesOnForObjectInstance(ObjectInstanceHandle, AttributeHandleSet const&) override {}
    void turnUpdatesOffForObjectInstance(ObjectInstanceHandle, AttributeHandleSet const&) override {}
-   void confirmAttributeTransportationTypeChange(ObjectInstanceHandle, AttributeHandleSet const&,
+   void confirmAttributeTransportationTypeChange(ObjectInstanceHandle, AttributeHandleSet,
                                                  TransportationType) override
    {}
    void reportAttributeTransportationType(ObjectInstanceHandle, AttributeHandle, TransportationType) override

@@ -21,18 +21,18 @@ public:
    // A new ambassador, the caller's.
    //
    // The first call in a process starts the Java VM that the infrastructure runs in, or joins the one that
-   // the process already runs; that first call must not race with another. The VM takes its class path from
-   // the environment variable CLASSPATH, further options from TOVU1516_OPTION1 to TOVU1516_OPTION19 and from
-   // the lines of the file tovu.vmoptions in the current directory. It runs until the process ends.
+   // the process already runs. Several threads may call at once. The VM takes its class path from the
+   // environment variable CLASSPATH, further options from TOVU1516_OPTION1 to TOVU1516_OPTION19 and from the
+   // lines of the file tovu.vmoptions in the current directory. It runs until the process ends.
    //
    // An application that runs a VM of its own may destroy it (JavaVM::DestroyJavaVM), which waits until every
-   // other thread that has called a service is detached (JavaVM::DetachCurrentThread); afterwards, as in the
-   // child of a fork, there is no infrastructure to be reached, and no new VM can be had in this process.
+   // other thread that has called a service has ended. After that, and in the child of a fork, no
+   // infrastructure can be reached, and the process can have no new VM.
    //
-   // Throws RTIinternalError, with the reason also written to the standard error stream, if there is no
-   // infrastructure to be reached, and RTIinternalError too if the process has 4096 ambassadors already. The
-   // next call tries again; but where a VM has refused its options once, those of OpenJDK start a second time
-   // without their class path, so that only a new process helps.
+   // Throws RTIinternalError if no infrastructure can be reached, and writes the reason to the standard error
+   // stream as well. Throws RTIinternalError also if the process has 4096 ambassadors already. The next call
+   // tries again; but once an OpenJDK VM has refused its options, it starts the second time without its class
+   // path, so that only a new process helps.
    std::auto_ptr<RTIambassador> createRTIambassador();
 };
 

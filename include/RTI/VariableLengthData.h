@@ -9,9 +9,9 @@ struct VariableLengthRecord;
 
 // A run of bytes: attribute and parameter values, user-supplied tags, encoded handles and times.
 //
-// It either owns its bytes or borrows the caller's. Copies always own theirs. Sizes are in bytes. Where
-// memory for a copy is wanting, std::bad_alloc leaves the object as it was. Assigning an object to itself is
-// outside the contract.
+// It either owns its bytes or borrows the caller's. Copies always own theirs. Sizes are in bytes. If memory
+// for a copy runs out, std::bad_alloc leaves the object as it was. Assigning an object to itself is outside
+// the contract.
 class RTI_EXPORT VariableLengthData
 {
 public:
@@ -36,16 +36,16 @@ public:
    void const* data() const noexcept;
    unsigned int size() const noexcept;
 
-   // Lets go of the present bytes and owns a copy of the given ones.
+   // Gives up the present bytes and owns a copy of the given ones.
    void setData(void const* data, unsigned int size);
 
-   // Lets go of the present bytes and borrows the given ones: the caller keeps them alive and frees them. The
-   // object is left empty where memory for the small record behind it is wanting.
+   // Gives up the present bytes and borrows the given ones: the caller keeps them alive and frees them. If
+   // there is no memory for the small record behind the object, std::bad_alloc leaves it empty.
    void setDataPointer(void* data, unsigned int size);
 
-   // Lets go of the present bytes and owns the given ones, which are released once through the deleter, or as
-   // an array of char (delete[]) if there is none. Where memory for the small record behind the object is
-   // wanting, that is at once, and the object is left empty.
+   // Gives up the present bytes and owns the given ones, which are released once: through the deleter, or as
+   // an array of char (delete[]) if there is none. If there is no memory for the small record behind the
+   // object, they are released at once, and std::bad_alloc leaves the object empty.
    void takeDataPointer(void* data, unsigned int size, void (*deleter)(void*) = nullptr);
 
 private:

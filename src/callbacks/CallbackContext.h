@@ -44,11 +44,11 @@ public:
 
    void release() noexcept
    {
-      // An ambassador that lives uses the slot too, and at its end waits for the other users, where there is
-      // a VM. So this is not the last one, and has nothing to clean up but factories that were replaced.
-      if (generationIn(_state.load()) != 0 && _retired.load() == nullptr) {
-         _state.fetch_sub(1);
-      } else {
+      // An ambassador that lives uses the slot too. So while there is one this is not the last user, and has
+      // nothing to clean up but factories that were replaced.
+      std::uint64_t state = _state.load();
+      if (generationIn(state) == 0 || _retired.load() != nullptr ||
+          !_state.compare_exchange_strong(state, state - 1)) {
          releaseAndCleanUp();
       }
    }

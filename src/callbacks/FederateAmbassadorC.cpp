@@ -84,7 +84,7 @@ private:
    CallbackToken _token{0};
 };
 
-// Nobody is there to be called: the core hears of it, and nothing else happens.
+// No federate to call: tell the core.
 [[noreturn]] void refuse(char const* why) { throw rti1516e::FederateInternalError(widen(why)); }
 
 // Loads the control word that the federate connected with for the time of a callback.
@@ -218,11 +218,7 @@ namespace tovu1516e {
 
 void registerCallbackNatives(JNIEnv* env)
 {
-   LocalReference<jclass> const cls(env, env->FindClass("morva/tovu1516e/FederateAmbassadorC2007"));
-   if (env->ExceptionCheck() != JNI_FALSE) {
-      env->ExceptionDescribe();
-      env->ExceptionClear();
-   }
+   auto const cls = findClass(env, "morva/tovu1516e/FederateAmbassadorC2007", Complaint::Printed);
    if (!cls) {
       std::fputs("The file tovu1516e.jar can not be found in the CLASSPATH.\n", stderr);
       std::fputs(otherCoreAdvice().c_str(), stderr);
@@ -237,10 +233,7 @@ void registerCallbackNatives(JNIEnv* env)
    };
    static_assert(std::size(natives) == 60);
    if (env->RegisterNatives(cls.get(), natives, static_cast<jint>(std::size(natives))) != 0) {
-      if (env->ExceptionCheck() != JNI_FALSE) {
-         env->ExceptionDescribe();
-         env->ExceptionClear();
-      }
+      printJavaException(env);
       std::fputs("Failed to register native functions.\n", stderr);
       std::fputs(otherCoreAdvice().c_str(), stderr);
    }

@@ -40,6 +40,8 @@ public:
          return {0, Row::boundary, false};
       case Wanted::room:
          return {Row::room(value()), Row::boundary, false};
+      case Wanted::leastLength: // the number, or the count of a text
+         return {Row::boundary, Row::boundary, false};
       default:
          return {Row::length(value()), Row::boundary, false};
       }

@@ -195,15 +195,14 @@ struct UnicodeStringRow : TextRow<UnicodeStringRow, std::wstring, 2>
    static std::size_t units(std::wstring const& text) noexcept { return utf16::length(text); }
    static void write(std::wstring const& text, Output& out)
    {
-      // Nearly every text is one unit a character.
-      std::size_t units = text.size();
-      char* room = out.take(4 + 2 * units);
-      if (!utf16::storeBasicPlane(text, room + 4)) {
-         out.giveBack(4 + 2 * units);
-         units = utf16::length(text);
-         room = out.take(4 + 2 * units);
-         utf16::store(text, room + 4);
-      }
+      char* room = nullptr;
+      std::size_t taken = 0;
+      std::size_t const units = utf16::storeText(text, [&](std::size_t number) {
+         out.giveBack(taken);
+         taken = 4 + 2 * number;
+         room = out.take(taken);
+         return room + 4;
+      });
       storeBigEndian(room, checkedCount(units));
    }
    static void load(std::wstring& text, char const* from, std::size_t units)

@@ -2,11 +2,17 @@
 
 #include "src/encoding/Failure.h"
 
+#include <algorithm>
+
 namespace rti1516e {
 
 Extent CountedList::measure(Wanted wanted) const
 {
-   Extent extent = _elements.measure(wanted);
+   bool const isLeast = wanted == Wanted::leastLength;
+   Extent extent = _elements.measure(isLeast ? Wanted::boundary : wanted);
+   if (isLeast) {
+      extent.length = countLength;
+   }
    extent.include({0, countLength, false});
    if (_elements.empty()) {
       extent.include(_prototype->measure(Wanted::boundary));
@@ -26,18 +32,28 @@ std::size_t CountedList::read(Input const& in, std::size_t index)
    index = alignUp(index, countLength);
    std::size_t const number = in.count(index, failure::arrayTooShort);
    index += countLength;
-   // Only what could not be there with a single octet for each element is refused.
-   if (number > in.left(index)) {
+   std::size_t const present = _elements.size();
+   std::size_t const left = in.left(index);
+   // Only what could not be there with a single octet for each element is refused, and clones that could not
+   // be there at their least.
+   if (number > left || (number > present && number - present > left / leastLengthOfClones())) {
       failure::raise(failure::arrayTooShort);
    }
-   if (number < _elements.size()) {
+   if (number < present) {
       _elements.truncate(number);
-   } else if (number > _elements.size()) {
-      _prototype->measure(
-         Wanted::boundary); // for the clones, which remember the boundaries of what they are made from
-      _elements.appendClones(*_prototype, number - _elements.size());
+   } else if (number > present) {
+      _elements.appendClones(*_prototype, number - present);
    }
    return _elements.read(in, index);
+}
+
+// Measuring the prototype also makes it remember its boundaries, which its clones get from it. Basic elements
+// are few octets each, and as many as there are octets at the most can be afforded: what is there of them is
+// decoded before the first one that is not.
+std::size_t CountedList::leastLengthOfClones() const
+{
+   std::size_t const length = _prototype->measure(Wanted::leastLength).length;
+   return rowOf(_prototype->kind()).fixedLength != 0 ? 1 : std::max<std::size_t>(length, 1);
 }
 
 } // namespace rti1516e

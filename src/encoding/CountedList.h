@@ -22,6 +22,8 @@ public:
    std::size_t read(Input const& in, std::size_t index);
 
 private:
+   std::size_t leastLengthOfClones() const;
+
    static constexpr unsigned int countLength = 4;
 
    // Nobody can change it, so that copies of the array have it in common.

@@ -165,7 +165,12 @@ Extent ElementList::measureEach(Wanted wanted) const
       _blocks.measure(wanted, all);
    }
    for (Entry const& entry : _entries) {
-      all.append(entry.measure(wanted));
+      Extent const next = entry.measure(wanted);
+      if (wanted == Wanted::leastLength && next.length == 0) {
+         all.include(next); // what may have no octets may also stand behind padding that is not there
+      } else {
+         all.append(next);
+      }
    }
    return all;
 }

@@ -26,9 +26,10 @@ constexpr std::size_t alignUp(std::size_t index, unsigned int boundary) noexcept
 // encoded.
 enum class Wanted
 {
-   boundary,       // the boundary, and whether there is something foreign
-   room,           // the length as well, as far as it is told at once, if there is nothing foreign
-   lengthInAnyCase // and else too
+   boundary,        // the boundary, and whether there is something foreign
+   room,            // the length as well, as far as it is told at once, if there is nothing foreign
+   lengthInAnyCase, // and else too
+   leastLength      // the length below which nothing can be decoded; 0 for what is foreign
 };
 
 struct Extent

@@ -64,7 +64,7 @@ void OpaqueBytes::write(Output& out) const
 std::size_t OpaqueBytes::read(Input const& in, std::size_t index)
 {
    std::uint32_t const number = in.count(index, failure::opaqueTooShort);
-   index += 4;
+   index += countLength;
    char const* const from = in.at(index, number, failure::arrayIndexOutOfBounds);
    if (!_owned && number > _bufferLength) {
       failure::raise(failure::externalTooSmall);

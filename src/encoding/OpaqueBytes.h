@@ -27,8 +27,12 @@ public:
    std::size_t bufferLength() const noexcept { return _bufferLength; }
    std::size_t dataLength() const noexcept { return _dataLength; }
 
-   static constexpr unsigned int boundary = 4;
-   Extent measure(Wanted) const noexcept { return {std::size_t{4} + _dataLength, boundary, false}; }
+   static constexpr unsigned int countLength = 4;
+   static constexpr unsigned int boundary = countLength;
+   Extent measure(Wanted wanted) const noexcept
+   {
+      return {countLength + (wanted == Wanted::leastLength ? 0 : std::size_t{_dataLength}), boundary, false};
+   }
    void write(Output& out) const;
    std::size_t read(Input const& in, std::size_t index);
 

@@ -23,14 +23,16 @@ void Variant::setAlternative(DataElement const& discriminant, Entry value)
    _alternatives.insert_or_assign(discriminant.hash(), std::move(value));
 }
 
-// Of the alternatives, only the boundary of all counts, and the length of the selected one.
+// Of the alternatives, only the boundary of all counts, and the length of the selected one. A discriminant
+// may be decoded that selects none.
 Extent Variant::measure(Wanted wanted) const
 {
    Extent all = _discriminant.measure(wanted);
    if (_alternatives.empty()) {
       return all;
    }
-   Entry const* const value = selected();
+   bool const isLeast = wanted == Wanted::leastLength;
+   Entry const* const value = isLeast ? nullptr : selected();
    Extent values;
    for (auto const& [key, entry] : _alternatives) {
       Extent const extent = entry.measure(&entry == value ? wanted : Wanted::boundary);
@@ -39,7 +41,11 @@ Extent Variant::measure(Wanted wanted) const
          values.length = extent.length;
       }
    }
-   all.append(values);
+   if (isLeast) {
+      all.include(values);
+   } else {
+      all.append(values);
+   }
    return all;
 }
 

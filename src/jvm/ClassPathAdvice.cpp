@@ -18,10 +18,13 @@ std::string coreJar()
    Dl_info library{};
    if (dladdr(reinterpret_cast<void*>(&classPathAdvice), &library) != 0 && library.dli_fname != nullptr) {
       std::error_code failure;
-      fs::path const folder = fs::canonical(library.dli_fname, failure).parent_path();
-      fs::path const jar = folder.parent_path() / "share/rti1516e/tovu1516e.jar";
-      if (!failure && fs::exists(jar, failure)) {
-         return jar.string();
+      fs::path folder = fs::canonical(library.dli_fname, failure);
+      while (folder.has_relative_path()) { // the folder of libraries may be deep in the tree
+         folder = folder.parent_path();
+         fs::path const jar = folder / "share/rti1516e/tovu1516e.jar";
+         if (fs::exists(jar, failure)) {
+            return jar.string();
+         }
       }
    }
    return "<where it is>/tovu1516e.jar";

@@ -1,6 +1,5 @@
 #include "src/jvm/JavaException.h"
 
-#include "src/jvm/LocalReference.h"
 #include "src/jvm/WideText.h"
 
 #include <iostream>
@@ -34,6 +33,25 @@ std::wstring descriptionOf(JNIEnv* env, jthrowable exception)
 
 } // namespace
 
+void printJavaException(JNIEnv* env) noexcept
+{
+   if (env->ExceptionCheck() != JNI_FALSE) {
+      env->ExceptionDescribe();
+      env->ExceptionClear();
+   }
+}
+
+LocalReference<jclass> findClass(JNIEnv* env, char const* name, Complaint complaint)
+{
+   jclass const found = env->FindClass(name);
+   if (complaint == Complaint::Printed) {
+      printJavaException(env);
+   } else if (found == nullptr) {
+      env->ExceptionClear();
+   }
+   return {env, found};
+}
+
 std::wstring messageOf(JNIEnv* env, jthrowable exception)
 {
    std::wstring text;
@@ -42,12 +60,8 @@ std::wstring messageOf(JNIEnv* env, jthrowable exception)
 
 bool isJavaExceptionOf(JNIEnv* env, jthrowable exception, char const* className, std::wstring& message)
 {
-   LocalReference<jclass> const cls(env, env->FindClass(className));
-   if (!cls) {
-      env->ExceptionClear();
-      return false;
-   }
-   if (env->IsInstanceOf(exception, cls.get()) == JNI_FALSE) {
+   auto const cls = findClass(env, className);
+   if (!cls || env->IsInstanceOf(exception, cls.get()) == JNI_FALSE) {
       return false;
    }
    message = messageOf(env, exception);

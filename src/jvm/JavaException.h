@@ -1,6 +1,8 @@
 // Java exceptions and the interface's.
 #pragma once
 
+#include "src/jvm/LocalReference.h"
+
 #include <RTI/Exception.h>
 
 #include <jni.h>
@@ -37,6 +39,19 @@ struct JavaExceptions
    JavaException const* first;
    std::size_t count;
 };
+
+// Prints the pending Java exception, if there is one, to the standard error stream, and clears it.
+void printJavaException(JNIEnv* env) noexcept;
+
+// What becomes of the VM's complaint that it cannot load a class.
+enum class Complaint
+{
+   Forgotten,
+   Printed
+};
+
+// A class by its JNI path; null if the VM cannot load it. No Java exception is pending afterwards.
+LocalReference<jclass> findClass(JNIEnv* env, char const* name, Complaint complaint = Complaint::Forgotten);
 
 // The message of a Java exception; what its toString gives where it has none. No Java exception may be
 // pending, and none is afterwards.

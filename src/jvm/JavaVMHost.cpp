@@ -7,6 +7,8 @@
 #include <RTI/Exception.h>
 
 #include <atomic>
+#include <cstdlib>
+#include <mutex>
 #include <pthread.h>
 #include <vector>
 
@@ -29,13 +31,55 @@ void loseVM() noexcept
    }
 }
 
-void watchForForks()
+// From the end of main, or from when Java ends the process: a VM that is ending holds on to every thread that
+// enters it.
+std::atomic<bool> isProcessEnding{false};
+
+// Whether the library itself has attached this thread, and is to detach it when it ends. The key has a value
+// on such threads, for the sake of its destructor; the flag costs less to ask for.
+[[gnu::tls_model("initial-exec")]] thread_local bool isAttachedHere = false;
+pthread_key_t attachedHere;
+
+// At the end of such a thread, behind the destructors of its thread-local objects, which may call services.
+void detachEndingThread(void*) noexcept
+{
+   isAttachedHere = false;
+   if (!isVMGone()) {
+      javaVM.load(std::memory_order_acquire)->DetachCurrentThread();
+   }
+}
+
+void detachAtThreadEnd() noexcept
+{
+   isAttachedHere = true;
+   pthread_setspecific(attachedHere, &attachedHere); // any value will do
+}
+
+void watchProcess()
 {
    static bool watching = false;
-   if (!watching && pthread_atfork(nullptr, nullptr, loseVM) != 0) {
-      failSetup(L"Cannot watch for forks of the process\n");
+   if (!watching &&
+       (pthread_key_create(&attachedHere, detachEndingThread) != 0 ||
+        std::atexit([] { isProcessEnding = true; }) != 0 || pthread_atfork(nullptr, nullptr, loseVM) != 0)) {
+      failSetup(L"Cannot watch for the ends of threads, and for forks and the end of the process\n");
    }
    watching = true;
+}
+
+// A thread that the VM or the application has attached is left as it is. The VM is asked each time, because
+// the application may detach any thread; to attach one that is attached costs less than to ask whether it is.
+jint attachTo(JavaVM* vm, JNIEnv*& env) noexcept
+{
+   void* found = nullptr;
+   jint code = isAttachedHere ? JNI_EDETACHED : vm->GetEnv(&found, JNI_VERSION_1_2);
+   if (code != JNI_OK) {
+      code = vm->AttachCurrentThread(&found, nullptr);
+      if (code >= 0 && !isAttachedHere) {
+         detachAtThreadEnd();
+      }
+   }
+   env = static_cast<JNIEnv*>(found);
+   return code;
 }
 
 // What the VM expects of the x87 unit: all exceptions masked, rounding to nearest, 53-bit precision,
@@ -65,8 +109,8 @@ JavaVM* joinVM()
    if (count < 1) {
       return nullptr;
    }
-   void* env = nullptr;
-   if (jint const code = vm->AttachCurrentThread(&env, nullptr); code < 0) {
+   JNIEnv* env = nullptr;
+   if (jint const code = attachTo(vm, env); code < 0) {
       failWith(L"Cannot attach to existing JVM.", code);
    }
    return vm;
@@ -92,6 +136,7 @@ JavaVM* createVM()
    if (jint const code = JNI_CreateJavaVM(&vm, &env, &arguments); code < 0) {
       failWith(L"Cannot create JVM.", code);
    }
+   detachAtThreadEnd();
    return vm;
 }
 
@@ -101,9 +146,16 @@ JavaVM* joinOrCreateVM()
    return vm != nullptr ? vm : createVM();
 }
 
+// Of the threads that come first, one starts the VM and the others wait for it. Nobody takes the lock once
+// there is a VM.
 void startVM()
 {
-   watchForForks();
+   static std::mutex mutex;
+   std::lock_guard<std::mutex> const onlyOne(mutex);
+   if (javaVM.load(std::memory_order_relaxed) != nullptr) {
+      return;
+   }
+   watchProcess();
    isStarted.store(true, std::memory_order_relaxed);
    auto const saved = control87(0, 0);
    setControlWordForVM();
@@ -139,11 +191,19 @@ JNIEnv* attachCurrentThread()
             ? L"The Java VM of a process does not live on in the child of a fork"
             : L"There is no Java VM");
    }
-   void* env = nullptr;
-   if (jint const code = vm->AttachCurrentThread(&env, nullptr); code < 0) {
+   JNIEnv* env = nullptr;
+   if (jint const code = attachTo(vm, env); code < 0) {
       throw rti1516e::RTIinternalError(L"Cannot attach the thread to the Java VM: " + jniErrorText(code));
    }
-   return static_cast<JNIEnv*>(env);
+   return env;
+}
+
+bool isVMGone() noexcept
+{
+   JavaVM* vm = javaVM.load(std::memory_order_acquire);
+   jsize count = 0;
+   return vm == nullptr || isProcessEnding.load(std::memory_order_relaxed) ||
+          JNI_GetCreatedJavaVMs(&vm, 1, &count) < 0 || count < 1;
 }
 
 std::wstring jniErrorText(jint code)

@@ -3,15 +3,16 @@
 #pragma once
 
 #include "src/messages/ByteWrapper.h"
+#include "src/messages/EnumCodes.h"
 #include "src/values/HandleAccess.h"
 
-#include <RTI/Enums.h>
 #include <RTI/Typedefs.h>
 
 #include <cstdint>
 #include <map>
 #include <set>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -21,34 +22,20 @@ using rti1516e::ByteWrapper;
 
 // How a value of the type is read; the value it is read into is a new one. What has no specialisation below
 // cannot be received.
-template <class T>
+template <class T, class = void>
 struct Decoder;
 
-// Codes of enumerators; one without a meaning fails an assertion.
-#define TOVU_DECODER(Type)                              \
-   template <>                                          \
-   struct Decoder<Type>                                 \
-   {                                                    \
-      static void read(ByteWrapper& from, Type& value); \
-   };
-TOVU_DECODER(rti1516e::OrderType)
-TOVU_DECODER(rti1516e::TransportationType)
-TOVU_DECODER(rti1516e::SynchronizationPointFailureReason)
-TOVU_DECODER(rti1516e::SaveFailureReason)
-TOVU_DECODER(rti1516e::RestoreFailureReason)
-TOVU_DECODER(rti1516e::SaveStatus)
-TOVU_DECODER(rti1516e::RestoreStatus)
-
-TOVU_DECODER(std::wstring)
-TOVU_DECODER(rti1516e::VariableLengthData)
-TOVU_DECODER(rti1516e::MessageRetractionHandle)
-TOVU_DECODER(rti1516e::SupplementalReflectInfo)
-TOVU_DECODER(rti1516e::SupplementalReceiveInfo)
-TOVU_DECODER(rti1516e::SupplementalRemoveInfo)
-#undef TOVU_DECODER
+template <class Enum>
+struct Decoder<Enum, std::enable_if_t<EnumCodes<Enum>::exist>>
+{
+   static void read(ByteWrapper& from, Enum& value) noexcept
+   {
+      value = receivedEnumerator<Enum>(from.get<std::uint32_t>());
+   }
+};
 
 template <class Handle>
-struct HandleDecoder
+struct Decoder<Handle, std::enable_if_t<rti1516e::isHandle<Handle>>>
 {
    static void read(ByteWrapper& from, Handle& value) noexcept
    {
@@ -56,12 +43,19 @@ struct HandleDecoder
    }
 };
 
-#define TOVU_HANDLE_DECODER(Handle)                                   \
-   template <>                                                        \
-   struct Decoder<rti1516e::Handle> : HandleDecoder<rti1516e::Handle> \
-   {};
-RTI_FOR_EACH_HANDLE(TOVU_HANDLE_DECODER)
-#undef TOVU_HANDLE_DECODER
+#define TOVU_DECODER(Type)                              \
+   template <>                                          \
+   struct Decoder<Type>                                 \
+   {                                                    \
+      static void read(ByteWrapper& from, Type& value); \
+   };
+TOVU_DECODER(std::wstring)
+TOVU_DECODER(rti1516e::VariableLengthData)
+TOVU_DECODER(rti1516e::MessageRetractionHandle)
+TOVU_DECODER(rti1516e::SupplementalReflectInfo)
+TOVU_DECODER(rti1516e::SupplementalReceiveInfo)
+TOVU_DECODER(rti1516e::SupplementalRemoveInfo)
+#undef TOVU_DECODER
 
 // A size or a number of elements. One below 1 is none.
 inline std::uint32_t readSize(ByteWrapper& from) noexcept

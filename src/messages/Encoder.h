@@ -1,9 +1,9 @@
-// Writes the arguments of services into bridge messages, and turns codes that services return into
-// enumerators.
+// Writes the arguments of services into bridge messages.
 #pragma once
 
 #include "src/messages/ByteWrapper.h"
 #include "src/messages/CallbackToken.h"
+#include "src/messages/EnumCodes.h"
 #include "src/values/HandleAccess.h"
 #include "src/values/Utf16.h"
 #include "src/values/VariableLengthRecord.h"
@@ -17,6 +17,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -30,7 +31,7 @@ using MessageSize = std::uint64_t;
 
 // How a value of the type stands in a message: size tells the bytes it takes, write writes just so many. What
 // has no specialisation below cannot be sent.
-template <class T>
+template <class T, class = void>
 struct Encoder;
 
 // The encoding of a time or an interval, as its own encode() gave it. It goes into a message bare, as the
@@ -51,54 +52,30 @@ struct WordEncoder
    }
 };
 
-// Enumerators are written as codes of the core's; one without a meaning fails an assertion.
-std::uint32_t codeOf(rti1516e::CallbackModel) noexcept;
-std::uint32_t codeOf(rti1516e::ResignAction) noexcept;
-std::uint32_t codeOf(rti1516e::ServiceGroup) noexcept;
-std::uint32_t codeOf(rti1516e::OrderType) noexcept;
-std::uint32_t codeOf(rti1516e::TransportationType) noexcept;
-
-// And the codes that services return.
-rti1516e::OrderType orderTypeOf(std::int32_t code) noexcept;
-rti1516e::TransportationType transportationTypeOf(std::int32_t code) noexcept;
+// 2 stands for whatever is not evoked.
+template <>
+struct Encoder<rti1516e::CallbackModel> : WordEncoder
+{
+   static void write(ByteWrapper& to, rti1516e::CallbackModel model) noexcept
+   {
+      to.put<std::uint32_t>(model == rti1516e::HLA_EVOKED ? 1 : 2);
+   }
+};
 
 template <class Enum>
-struct EnumEncoder : WordEncoder
+struct Encoder<Enum, std::enable_if_t<EnumCodes<Enum>::exist>> : WordEncoder
 {
    static void write(ByteWrapper& to, Enum value) noexcept { to.put(codeOf(value)); }
 };
 
-template <>
-struct Encoder<rti1516e::CallbackModel> : EnumEncoder<rti1516e::CallbackModel>
-{};
-template <>
-struct Encoder<rti1516e::ResignAction> : EnumEncoder<rti1516e::ResignAction>
-{};
-template <>
-struct Encoder<rti1516e::ServiceGroup> : EnumEncoder<rti1516e::ServiceGroup>
-{};
-template <>
-struct Encoder<rti1516e::OrderType> : EnumEncoder<rti1516e::OrderType>
-{};
-template <>
-struct Encoder<rti1516e::TransportationType> : EnumEncoder<rti1516e::TransportationType>
-{};
-
 template <class Handle>
-struct HandleEncoder : WordEncoder
+struct Encoder<Handle, std::enable_if_t<rti1516e::isHandle<Handle>>> : WordEncoder
 {
    static void write(ByteWrapper& to, Handle handle) noexcept
    {
       to.put(rti1516e::HandleAccess::number(handle));
    }
 };
-
-#define TOVU_HANDLE_ENCODER(Handle)                                   \
-   template <>                                                        \
-   struct Encoder<rti1516e::Handle> : HandleEncoder<rti1516e::Handle> \
-   {};
-RTI_FOR_EACH_HANDLE(TOVU_HANDLE_ENCODER)
-#undef TOVU_HANDLE_ENCODER
 
 template <>
 struct Encoder<bool> : WordEncoder

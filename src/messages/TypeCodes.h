@@ -77,6 +77,7 @@ TOVU_TYPE_CODE(FH, "FH", ByValue<rti1516e::FederateHandle>)
 TOVU_TYPE_CODE(DH, "DH", ByValue<rti1516e::DimensionHandle>)
 TOVU_TYPE_CODE(RH, "RH", ByValue<rti1516e::RegionHandle>)
 TOVU_TYPE_CODE(AHS, "AHS", ByReference<rti1516e::AttributeHandleSet>)
+TOVU_TYPE_CODE(AHSByValue, "AHS", ByValue<rti1516e::AttributeHandleSet>) // of one callback
 TOVU_TYPE_CODE(FHS, "FHS", ByReference<rti1516e::FederateHandleSet>)
 TOVU_TYPE_CODE(DHS, "DHS", ByReference<rti1516e::DimensionHandleSet>)
 TOVU_TYPE_CODE(RHS, "RHS", ByReference<rti1516e::RegionHandleSet>)

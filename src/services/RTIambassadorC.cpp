@@ -25,19 +25,6 @@ constexpr char const* ambassadorClassName = "morva/tovu1516e/RTIambassadorC2007"
              classPathAdvice());
 }
 
-// Null if there is no such class; no Java exception is pending then.
-LocalReference<jclass> findClass(JNIEnv* env, char const* name, bool describe)
-{
-   jclass const found = env->FindClass(name);
-   if (env->ExceptionCheck() != JNI_FALSE) {
-      if (describe) {
-         env->ExceptionDescribe();
-      }
-      env->ExceptionClear();
-   }
-   return {env, found};
-}
-
 // The core's ambassador, as a global reference.
 jobject makePeer(JNIEnv* env, jclass ambassadorClass)
 {
@@ -49,8 +36,7 @@ jobject makePeer(JNIEnv* env, jclass ambassadorClass)
    OutgoingMessage const message(env, CallbackToken{0});
    LocalReference<jobject> const object(env, env->NewObject(ambassadorClass, constructor, message.array()));
    if (LocalReference<jthrowable> const exception(env, env->ExceptionOccurred()); exception) {
-      env->ExceptionDescribe();
-      env->ExceptionClear();
+      printJavaException(env);
       throw rti1516e::RTIinternalError(messageOf(env, exception.get()));
    }
    if (!object) {
@@ -71,10 +57,10 @@ RTIambassadorC::RTIambassadorC()
    X87Keeper const controlWord;
    JNIEnv* const env = acquireJNIEnv();
    setCatchAllInCallbacks(std::getenv("TOVU1516_DONTCATCHALL") == nullptr);
-   if (!findClass(env, factoryClassName, false)) {
+   if (!findClass(env, factoryClassName)) {
       failLocating(L"core");
    }
-   auto const ambassadorClass = findClass(env, ambassadorClassName, true);
+   auto const ambassadorClass = findClass(env, ambassadorClassName, Complaint::Printed);
    if (!ambassadorClass) {
       failLocating(L"adapter");
    }
@@ -94,8 +80,11 @@ RTIambassadorC::~RTIambassadorC()
       env->DeleteGlobalRef(_peer);
       controlWord.restoreIfChanged();
    } catch (...) { // NOLINT(bugprone-empty-catch)
-      // The VM is gone, and the peer with it. Callbacks that were under way may never return.
-      _context.abandonCallbacks();
+      // If the VM is gone, so is the peer, and callbacks that were under way may never return. If only this
+      // thread cannot enter it, they do, and the peer's next ones are refused.
+      if (isVMGone()) {
+         _context.abandonCallbacks();
+      }
    }
 }
 

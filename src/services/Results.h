@@ -2,7 +2,7 @@
 #pragma once
 
 #include "src/callbacks/CallbackContext.h"
-#include "src/messages/Encoder.h"
+#include "src/messages/EnumCodes.h"
 #include "src/values/HandleAccess.h"
 
 #include <RTI/Enums.h>
@@ -16,6 +16,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <type_traits>
 
 namespace tovu1516e {
 
@@ -52,7 +53,7 @@ struct ResultContext
 };
 
 // How a result of type T arrives and is read. Object results may be null; their reference is the caller's.
-template <class T>
+template <class T, class = void>
 struct Result;
 
 template <>
@@ -96,38 +97,22 @@ struct Result<rti1516e::ResignAction>
    }
 };
 
-template <>
-struct Result<rti1516e::OrderType>
+template <class Enum>
+struct Result<Enum, std::enable_if_t<EnumCodes<Enum>::exist>>
 {
    static constexpr JavaType javaType = JavaType::Int;
-   static rti1516e::OrderType read(ResultContext const&, jvalue value) noexcept
-   {
-      return orderTypeOf(value.i);
-   }
+   static Enum read(ResultContext const&, jvalue value) noexcept { return returnedEnumerator<Enum>(value.i); }
 };
 
-template <>
-struct Result<rti1516e::TransportationType>
+template <class Handle>
+struct Result<Handle, std::enable_if_t<rti1516e::isHandle<Handle>>>
 {
    static constexpr JavaType javaType = JavaType::Int;
-   static rti1516e::TransportationType read(ResultContext const&, jvalue value) noexcept
+   static Handle read(ResultContext const&, jvalue value) noexcept
    {
-      return transportationTypeOf(value.i);
+      return rti1516e::HandleAccess::make<Handle>(static_cast<std::uint32_t>(value.i));
    }
 };
-
-#define TOVU_HANDLE_RESULT(Handle)                                                                   \
-   template <>                                                                                       \
-   struct Result<rti1516e::Handle>                                                                   \
-   {                                                                                                 \
-      static constexpr JavaType javaType = JavaType::Int;                                            \
-      static rti1516e::Handle read(ResultContext const&, jvalue value) noexcept                      \
-      {                                                                                              \
-         return rti1516e::HandleAccess::make<rti1516e::Handle>(static_cast<std::uint32_t>(value.i)); \
-      }                                                                                              \
-   };
-RTI_FOR_EACH_HANDLE(TOVU_HANDLE_RESULT)
-#undef TOVU_HANDLE_RESULT
 
 template <>
 struct Result<std::wstring>

@@ -7,10 +7,10 @@ namespace rti1516e {
 std::auto_ptr<LogicalTimeFactory> HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(
    std::wstring const& implementationName)
 {
-   if (implementationName == HLAinteger64TimeName) {
+   if (implementationName == HLAinteger64TimeFactory().getName()) {
       return std::auto_ptr<LogicalTimeFactory>(new HLAinteger64TimeFactory);
    }
-   if (implementationName == HLAfloat64TimeName || implementationName.empty()) {
+   if (implementationName == HLAfloat64TimeFactory().getName() || implementationName.empty()) {
       return std::auto_ptr<LogicalTimeFactory>(new HLAfloat64TimeFactory);
    }
    return std::auto_ptr<LogicalTimeFactory>();

@@ -132,7 +132,7 @@ std::auto_ptr<Base> decoded(Encoding&&... encoding)
    {                                                                                                      \
       return time::decoded<LogicalTimeInterval, Interval>(encodedLogicalTimeInterval);                    \
    }                                                                                                      \
-   std::wstring Factory::getName() const { return Time##Name; }                                           \
+   std::wstring Factory::getName() const { return L"" #Time; }                                            \
    std::auto_ptr<Time> Factory::makeLogicalTime(Number value)                                             \
    {                                                                                                      \
       return std::auto_ptr<Time>(new Time(value));                                                        \
@@ -142,14 +142,16 @@ std::auto_ptr<Base> decoded(Encoding&&... encoding)
       return std::auto_ptr<Interval>(new Interval(value));                                                \
    }
 
-// The whole implementation.
+// The whole implementation. It does not use the variable that holds its name, which is for federates: a
+// library in the place of libfedtime1516e is loaded before, and its static objects may make times before
+// there are any here.
 #define RTI_DEFINE_TIME_FAMILY(Time, Interval, Factory, Number, Axis)                                       \
    std::wstring const Time##Name(L"" #Time);                                                                \
    RTI_DEFINE_TIME_NUMBER(Time, LogicalTime, getTime, setTime, Number)                                      \
    RTI_DEFINE_TIME_CONSTANT(Time, setInitial, isInitial, Axis::initial)                                     \
    RTI_DEFINE_TIME_CONSTANT(Time, setFinal, isFinal, Axis::final)                                           \
    RTI_DEFINE_TIME_ARITHMETIC(Time, LogicalTime, Interval, Number, Axis::later, Axis::earlier)              \
-   std::wstring Time::implementationName() const { return Time##Name; }                                     \
+   std::wstring Time::implementationName() const { return L"" #Time; }                                      \
    RTI_DEFINE_TIME_NUMBER(Interval, LogicalTimeInterval, getInterval, setInterval, Number)                  \
    RTI_DEFINE_TIME_CONSTANT(Interval, setZero, isZero, Axis::zero)                                          \
    RTI_DEFINE_TIME_CONSTANT(Interval, setEpsilon, isEpsilon, Axis::epsilon)                                 \
@@ -159,5 +161,5 @@ std::auto_ptr<Base> decoded(Encoding&&... encoding)
       *_value =                                                                                             \
          Axis::difference(time::numberIn<Number, Time>(minuend), time::numberIn<Number, Time>(subtrahend)); \
    }                                                                                                        \
-   std::wstring Interval::implementationName() const { return Time##Name; }                                 \
+   std::wstring Interval::implementationName() const { return L"" #Time; }                                  \
    RTI_DEFINE_TIME_FACTORY(Factory, Time, Interval, Number, Axis)

@@ -8,6 +8,15 @@
 
 namespace rti1516e {
 
+// Whether a type is one of the handles that are a number alone.
+template <class T>
+inline constexpr bool isHandle = false;
+#define RTI_IS_HANDLE(Handle) \
+   template <>                \
+   inline constexpr bool isHandle<Handle> = true;
+RTI_FOR_EACH_HANDLE(RTI_IS_HANDLE)
+#undef RTI_IS_HANDLE
+
 struct HandleAccess
 {
    template <class H>

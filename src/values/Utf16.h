@@ -48,6 +48,19 @@ void store(std::wstring const& text, void* room) noexcept;
 // then the room, for as many units as there are characters, holds nothing of worth.
 bool storeBasicPlane(std::wstring const& text, void* room) noexcept;
 
+// Writes the code units into what makeRoom(their number) gives, and returns their number. Nearly every text
+// is one unit a character; for another one makeRoom is called a second time.
+template <class MakeRoom>
+std::size_t storeText(std::wstring const& text, MakeRoom makeRoom)
+{
+   std::size_t units = text.size();
+   if (!storeBasicPlane(text, makeRoom(units))) {
+      units = length(text);
+      store(text, makeRoom(units));
+   }
+   return units;
+}
+
 // Replaces the text by the characters of so many big-endian code units, or of code units as the processor has
 // them. A lone surrogate stays what it is. Nothing is allocated if the text has the capacity for as many
 // characters.

@@ -31,7 +31,7 @@ public:
 
 #define CALLBACK(name, parameters, arguments) \
    virtual void name parameters SPECIFIED { ignore arguments; }
-#include "../contract/Callbacks.def"
+#include "../support/Callbacks.def"
 };
 
 class Little : public NullFederateAmbassador

@@ -24,6 +24,8 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 using namespace rti1516e;
@@ -78,7 +80,18 @@ void exchange(RTIambassador& ambassador, ObjectInstanceHandle object)
    ambassador.associateRegionsForUpdates(object, pairs);
    std::map<ObjectInstanceHandle, std::wstring> names;
    names[object] = L"name";
+   std::unordered_map<ObjectInstanceHandle, std::wstring> quickNames(names.begin(), names.end());
+   std::unordered_set<MessageRetractionHandle> retractable;
+   retractable.insert(retraction);
 }
+
+// The one callback that takes a set by value.
+struct ByValueFederate : NullFederateAmbassador
+{
+   void confirmAttributeTransportationTypeChange(ObjectInstanceHandle, AttributeHandleSet,
+                                                 TransportationType) override
+   {}
+};
 
 // Times as numbers and as times.
 bool times(LogicalTime const& other);

@@ -1,10 +1,8 @@
-#include "Fixture.h"
-#include "Samples.h"
+#include "tests/support/ContractTest.h"
 
 #include <RTI/time/HLAinteger64Time.h>
 
 #include <fstream>
-#include <functional>
 #include <map>
 #include <sstream>
 
@@ -34,37 +32,33 @@ constexpr std::uint32_t documentedContext = 0x1000;
 class DocumentedExamplesTest : public ContractTest
 {
 protected:
-   DocumentedExamplesTest() { member.join(u"HLAinteger64Time"); }
+   void SetUp() override
+   {
+      ContractTest::SetUp();
+      join(u"HLAinteger64Time");
+   }
 
    std::map<std::string, Bytes> const messages = documentedMessages();
 };
 
 TEST_F(DocumentedExamplesTest, AreWhatTheLibrarySends)
 {
+   RTIambassador& rti = *ambassador;
    AttributeHandleValueMap const values{{handle<AttributeHandle>(3), data(Bytes("01 02"))}};
    AttributeHandleSetRegionHandleSetPairVector const pairs{
       {{handle<AttributeHandle>(3), handle<AttributeHandle>(4)}, {handle<RegionHandle>(1)}}};
-   std::map<std::string, std::function<void()>> const services = {
-      {"updateAttributeValues_OIH_AHVM_BX_LT",
-       [&] { rti.updateAttributeValues(handle<ObjectInstanceHandle>(5), values, {}, HLAinteger64Time(7)); }},
-      {"setRangeBounds_RH_DH_RB",
-       [&] { rti.setRangeBounds(handle<RegionHandle>(1), handle<DimensionHandle>(2), RangeBounds(5, 10)); }},
-      {"requestFederationSave_S", [&] { rti.requestFederationSave(L"Z\u00FCrich \U0001D11E"); }},
-      {"subscribeObjectClassAttributesWithRegions_OCH_ASRSPL_Z_S",
-       [&] {
-          rti.subscribeObjectClassAttributesWithRegions(handle<ObjectClassHandle>(6), pairs, true, L"a");
-       }},
-   };
-   for (auto const& [method, call] : services) {
-      core.forget();
-      call();
-      EXPECT_EQ(core.calls().back().method, method);
-      EXPECT_EQ(core.calls().back().message, messages.at(method)) << method;
-   }
-
-   core.forget();
-   rti.connect(member.federate, HLA_EVOKED);
-   EXPECT_EQ(core.calls().back().message->from(4), messages.at("connect_FA_CM_S").from(4));
+   rti.updateAttributeValues(handle<ObjectInstanceHandle>(5), values, {}, HLAinteger64Time(7));
+   EXPECT_EQ(fake::lastMessage(), octetsOf(messages.at("updateAttributeValues_OIH_AHVM_BX_LT")));
+   rti.setRangeBounds(handle<RegionHandle>(1), handle<DimensionHandle>(2), RangeBounds(5, 10));
+   EXPECT_EQ(fake::lastMessage(), octetsOf(messages.at("setRangeBounds_RH_DH_RB")));
+   rti.requestFederationSave(L"Z\u00FCrich \U0001D11E");
+   EXPECT_EQ(fake::lastMessage(), octetsOf(messages.at("requestFederationSave_S")));
+   rti.subscribeObjectClassAttributesWithRegions(handle<ObjectClassHandle>(6), pairs, true, L"a");
+   EXPECT_EQ(fake::lastMessage(),
+             octetsOf(messages.at("subscribeObjectClassAttributesWithRegions_OCH_ASRSPL_Z_S")));
+   rti.connect(federate, HLA_EVOKED);
+   Bytes const sent(fake::lastMessage().data(), fake::lastMessage().size());
+   EXPECT_EQ(sent.from(4), messages.at("connect_FA_CM_S").from(4));
    EXPECT_EQ(messages.at("connect_FA_CM_S").leadingInt(), documentedContext);
 }
 
@@ -80,10 +74,9 @@ TEST_F(DocumentedExamplesTest, AreWhatTheLibraryUnderstands)
    for (auto const& [native, call] : callbacks) {
       Bytes const& documented = messages.at(native);
       EXPECT_EQ(documented.from(4).leadingInt(), documentedContext);
-      Bytes message("63626160");
-      message.int32(member.token).append(documented.from(8));
-      EXPECT_EQ(core.deliver({native, message}), std::nullopt);
-      EXPECT_EQ(member.federate.takeCalled(), std::vector<std::wstring>{call});
+      Bytes const message = Bytes("63626160").int32(token).append(documented.from(8));
+      EXPECT_EQ(fake::callNative(native, octetsOf(message)), "none");
+      EXPECT_EQ(federate.takeCalled(), std::vector<std::wstring>{call});
    }
    EXPECT_EQ(messages.size(), 5 + callbacks.size());
 }

@@ -1,9 +1,9 @@
-// How logical times cross: encoded by themselves, decoded by the ambassador's factory.
-#include "Fixture.h"
-#include "Samples.h"
+// How logical times cross: encoded by themselves, decoded by the ambassador's factory, and never while
+// something is pinned, which the fixture watches.
+#include "tests/support/ContractTest.h"
+#include "tests/support/Shown.h"
 
 #include <RTI/time/HLAfloat64Interval.h>
-#include <RTI/time/HLAfloat64Time.h>
 #include <RTI/time/HLAinteger64Time.h>
 
 #include <stdexcept>
@@ -21,153 +21,149 @@ protected:
    }
 
    // What the ambassador's factory makes of a returned time, which tells which factory it is.
-   std::wstring decodedByAmbassador(Bytes const& bytes)
+   std::wstring returned(Bytes const& bytes)
    {
-      core.answer("queryLogicalTime", bytes);
-      return shown(rti.queryLogicalTime());
+      fake::core().bytes = octetsOf(bytes);
+      return shown(ambassador->queryLogicalTime());
    }
 
-   // Delivers a time to an ambassador that has just joined, whose factory has not been asked anything yet.
-   std::optional<JavaException> grant(Bytes const& time)
-   {
-      member.join(u"TestTime");
-      return core.deliver({"timeAdvanceGrant_LT_Native", member.message(time)});
-   }
+   std::string grant(Bytes const& time) { return deliver("timeAdvanceGrant_LT_Native", time); }
 };
 
 TEST_F(LogicalTimeTest, StandardTimesCross)
 {
-   member.join(u"HLAinteger64Time");
-   EXPECT_EQ(decodedByAmbassador(Bytes("000000000000000A")), L"HLAinteger64Time<10>");
-   EXPECT_EQ(core.deliver({"timeAdvanceGrant_LT_Native", member.message(Bytes("FFFFFFFFFFFFFFFE"))}),
-             std::nullopt);
-   EXPECT_EQ(member.federate.takeCalled(),
-             std::vector<std::wstring>{L"timeAdvanceGrant(HLAinteger64Time<-2>)"});
-
-   core.forget();
-   rti.enableTimeRegulation(HLAfloat64Interval(2.5));
-   EXPECT_EQ(core.calls().at(0).message, Bytes("4004000000000000"));
-   core.forget();
-   rti.timeAdvanceRequest(HLAinteger64Time(-2));
-   EXPECT_EQ(core.calls().at(0).message, Bytes("FFFFFFFFFFFFFFFE"));
+   join(u"HLAinteger64Time");
+   EXPECT_EQ(returned(Bytes("000000000000000A")), L"HLAinteger64Time<10>");
+   EXPECT_EQ(grant(Bytes("FFFFFFFFFFFFFFFE")), "none");
+   EXPECT_EQ(federate.takeCalled(), std::vector<std::wstring>{L"timeAdvanceGrant(HLAinteger64Time<-2>)"});
+   ambassador->enableTimeRegulation(HLAfloat64Interval(2.5));
+   EXPECT_EQ(fake::lastMessage(), octetsOf(Bytes("4004000000000000")));
+   ambassador->timeAdvanceRequest(HLAinteger64Time(-2));
+   EXPECT_EQ(fake::lastMessage(), octetsOf(Bytes("FFFFFFFFFFFFFFFE")));
 }
 
 TEST_F(LogicalTimeTest, BytesThatAreNoTimeAreTheFactorysToRefuse)
 {
-   EXPECT_EQ(caughtFrom([&] { decodedByAmbassador(Bytes("7A0000 00")); }),
-             (Caught{"CouldNotDecode", L"not the bytes of a TestTime"}));
-   core.answer("queryLookahead", TestInterval::encoded(1).byte(0));
-   EXPECT_THROW(rti.queryLookahead(), CouldNotDecode);
-   core.answer("queryGALT", Bytes());
-   EXPECT_THROW(rti.queryGALT(), CouldNotDecode);
-   member.join(u"HLAinteger64Time");
-   EXPECT_EQ(caughtFrom([&] { decodedByAmbassador(Bytes("00000000000000")); }),
-             (Caught{"CouldNotDecode", L"Buffer to small!"}));
+   Caught const refusal{"CouldNotDecode", L"not the bytes of a TestTime"};
+   EXPECT_EQ(caughtFrom([&] { returned(Bytes("7A0000 00")); }), refusal);
+   EXPECT_EQ(caughtFrom([&] { ambassador->queryLookahead(); }), refusal);
+   EXPECT_EQ(caughtFrom([&] { ambassador->queryGALT(); }), refusal);
+   EXPECT_EQ(caughtFrom([&] { returned(Bytes()); }), refusal);
 }
 
-TEST_F(LogicalTimeTest, WithoutFactoryReturnedTimesAreEmpty)
+TEST_F(LogicalTimeTest, WithoutFactoryReturnedTimesAreEmptyAndCallbacksFail)
 {
-   Member const newcomer;
-   auto& ambassador = *newcomer.ambassador;
-   core.answer("queryLogicalTime", TestTime::encoded(1));
-   core.answer("queryLookahead", TestInterval::encoded(1));
-   core.answer("queryGALT", TestTime::encoded(1));
-   EXPECT_EQ(shown(ambassador.queryLogicalTime()), L"none");
-   EXPECT_EQ(shown(ambassador.queryLookahead()), L"none");
-   EXPECT_EQ(shown(ambassador.queryGALT()), L"valid none");
-   EXPECT_EQ(shown(ambassador.queryLITS()), L"invalid none");
+   ambassador = newAmbassador();
+   connect(*ambassador);
+   EXPECT_EQ(returned(TestTime::encoded(1)), L"none");
+   EXPECT_EQ(shown(ambassador->queryLookahead()), L"none");
+   EXPECT_EQ(shown(ambassador->queryGALT()), L"valid none");
+   join(u"unheard of");
+   EXPECT_EQ(returned(TestTime::encoded(1)), L"none");
+   EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native"),
+             federateInternalError + "There is no logical time factory that could decode the time");
 }
 
-TEST_F(LogicalTimeTest, SuccessfulJoinReplacesTheFactory)
+TEST_F(LogicalTimeTest, OnlyASuccessfulJoinReplacesTheFactory)
 {
-   auto const before = TestTimeFactory::count.load();
-   member.join(u"TestTime");
-   EXPECT_EQ(TestTimeFactory::count, before);
-   core.answer("getTimeFactory", u"HLAfloat64Time");
-   rti.joinFederationExecution(L"name", L"type", L"federation");
-   EXPECT_EQ(TestTimeFactory::count, before - 1);
-   EXPECT_EQ(decodedByAmbassador(Bytes("3FF0000000000000")).find(L"HLAfloat64Time<"), 0U);
-
-   // A time implementation that the time library does not know leaves the ambassador without a factory.
-   member.join(u"unheard of");
-   EXPECT_EQ(decodedByAmbassador(TestTime::encoded(1)), L"none");
-}
-
-TEST_F(LogicalTimeTest, FailedJoinLeavesTheFactory)
-{
-   core.answer("getTimeFactory", u"HLAfloat64Time");
-   core.answer("joinFederationExecution_S_S_URLX", JavaException{hlaClass("SaveInProgress"), u"why"});
-   EXPECT_THROW(rti.joinFederationExecution(L"type", L"federation"), SaveInProgress);
-   EXPECT_EQ(decodedByAmbassador(TestTime::encoded(1)), L"Test<1>");
-
-   // The join itself has succeeded, but not what belongs to it.
-   core.forget();
-   core.answer("getTimeFactory", JavaException{hlaClass("NotConnected"), u"why"});
-   testing::internal::CaptureStderr();
-   EXPECT_EQ(caughtFrom([&] { rti.joinFederationExecution(L"type", L"federation"); }),
-             (Caught{"RTIinternalError", widened(hlaClass("NotConnected")) + L": why"}));
-   EXPECT_EQ(testing::internal::GetCapturedStderr().find("Unhandled exception\n"), 0U);
-   EXPECT_EQ(decodedByAmbassador(TestTime::encoded(2)), L"Test<2>");
-
-   core.forget();
+   auto const fails = [&](auto const& exception) {
+      EXPECT_NE(caughtFrom([&] { join(u"HLAfloat64Time"); }).type, "") << exception;
+      fake::core().raises.clear();
+      Faults::clear();
+      EXPECT_EQ(returned(TestTime::encoded(1)), L"Test<1>") << exception;
+   };
+   fake::core().raises = {"hla/rti1516e/exceptions/SaveInProgress"};
+   fails("of the join");
+   fake::core().meanwhile = [] { fake::core().raiseNext = {"hla/rti1516e/exceptions/NotConnected"}; };
+   fails("of what belongs to it");
    Faults::set("makeLogicalTimeFactory", [] { throw std::runtime_error("fault"); });
-   EXPECT_THROW(rti.joinFederationExecution(L"type", L"federation"), std::runtime_error);
-   EXPECT_EQ(decodedByAmbassador(TestTime::encoded(3)), L"Test<3>");
+   fails("of the time library");
+
+   auto const before = TestTimeFactory::count.load();
+   join(u"TestTime");
+   EXPECT_EQ(TestTimeFactory::count, before);
+   ambassador->resignFederationExecution(NO_ACTION);
+   ambassador->disconnect();
+   EXPECT_EQ(TestTimeFactory::count, before) << "neither lets go of it";
+   join(u"HLAfloat64Time");
+   EXPECT_EQ(TestTimeFactory::count, before - 1);
+   EXPECT_EQ(returned(Bytes("3FF0000000000000")), L"HLAfloat64Time<1>");
 }
 
-TEST_F(LogicalTimeTest, FactoryGoesWithItsAmbassador)
+TEST_F(LogicalTimeTest, ATimeLibraryMayGiveTheSameFactoryAgain)
 {
-   auto const before = TestTimeFactory::count.load();
-   {
-      Member other;
-      other.join(u"TestTime");
-      EXPECT_EQ(TestTimeFactory::count, before + 1);
-      // Neither of these lets go of it.
-      other.ambassador->resignFederationExecution(NO_ACTION);
-      other.ambassador->disconnect();
-      EXPECT_EQ(TestTimeFactory::count, before + 1);
-   }
-   EXPECT_EQ(TestTimeFactory::count, before);
+   TestTimeFactory::toBeGiven = new TestTimeFactory;
+   join(u"TestTime");
+   join(u"TestTime");
+   TestTimeFactory::toBeGiven = nullptr;
+   EXPECT_EQ(TestTimeFactory::count, 1);
+   EXPECT_EQ(returned(TestTime::encoded(1)), L"Test<1>");
+   ambassador.reset();
+   EXPECT_EQ(TestTimeFactory::count, 0);
 }
 
 TEST_F(LogicalTimeTest, GetTimeFactoryMakesANewOneForItsCaller)
 {
    auto const before = TestTimeFactory::count.load();
-   core.answer("getTimeFactory", u"TestTime");
    {
-      auto const first = rti.getTimeFactory();
-      auto const second = rti.getTimeFactory();
+      auto const first = ambassador->getTimeFactory();
+      auto const second = ambassador->getTimeFactory();
       EXPECT_NE(first.get(), second.get());
       EXPECT_EQ(TestTimeFactory::count, before + 2);
    }
    EXPECT_EQ(TestTimeFactory::count, before);
-   EXPECT_EQ(decodedByAmbassador(TestTime::encoded(1)), L"Test<1>");
+   EXPECT_EQ(returned(TestTime::encoded(1)), L"Test<1>");
 }
 
 TEST_F(LogicalTimeTest, NobodyIsCalledWithATimeThatTheFactoryDoesNotGive)
 {
    for (auto* const nothing : {&TestTimeFactory::decodesNothing, &TestTimeFactory::hasNoFinal}) {
+      join(u"TestTime"); // a factory that was asked nothing yet
       *nothing = true;
-      auto const pending = grant(TestTime::encoded(1));
-      EXPECT_EQ(pending ? pending->className : "nothing", hlaClass("FederateInternalError"));
+      EXPECT_EQ(grant(TestTime::encoded(1)).find(federateInternalError), 0U);
       *nothing = false;
    }
-   EXPECT_TRUE(member.federate.takeCalled().empty());
+   EXPECT_TRUE(federate.takeCalled().empty());
 }
 
-// Foreign code runs while nothing is pinned: it may call services, that is, use JNI.
-TEST_F(LogicalTimeTest, DecodingMayCallServices)
+// What the federation's own times throw reaches the caller of a service, and the core.
+TEST_F(LogicalTimeTest, FaultsAreTold)
 {
-   for (auto const* operation : {"decode", "makeFinal", "encodedLength"}) {
-      Faults::set(operation, [&] { rti.requestFederationSave(L"inside"); });
-      EXPECT_EQ(grant(TestTime::encoded(1)), std::nullopt) << operation;
-      EXPECT_FALSE(core.calls().empty());
-      Faults::clear();
+   struct Fault
+   {
+      std::function<void()> thrown;
+      Caught caught;
+      std::string arriving;
+   };
+   int const living = TestTime::count + TestInterval::count;
+   RTIambassador& rti = *ambassador;
+   Bytes const seven = TestTime::encoded(7);
+   fake::core().bytes = octetsOf(seven);
+   for (auto const& fault : std::vector<Fault>{
+           {[] { throw InvalidLogicalTime(L"fault"); }, {"InvalidLogicalTime", L"fault"}, "fault"},
+           {[] { throw std::runtime_error("fault"); }, {"std::exception", L"fault"}, "fault"},
+           {[] { throw 42; }, {"unknown", L""}, "Unknown C++ exception"}}) {
+      watchForeignCode(fault.thrown);
+      EXPECT_EQ(caughtFrom([&] { rti.timeAdvanceRequest(samples::time); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.enableTimeRegulation(samples::interval); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLogicalTime(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLookahead(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.queryLITS(); }), fault.caught);
+      EXPECT_EQ(caughtFrom([&] { rti.getTimeFactory(); }), fault.caught);
+      for (auto const* operation : {"decode", "makeFinal", "encodedLength"}) {
+         watchForeignCode();
+         join(u"TestTime");
+         watchForeignCode(fault.thrown, {operation});
+         EXPECT_EQ(grant(seven), federateInternalError + fault.arriving) << operation;
+         expectClean(1);
+      }
    }
-   core.forget();
-   Faults::set("encode", [&] { rti.requestFederationSave(L"inside"); });
-   rti.timeAdvanceRequest(samples::time);
-   EXPECT_EQ(core.calls().size(), 2U);
+   EXPECT_TRUE(federate.takeCalled().empty());
+   watchForeignCode([&] { rti.requestFederationSave(L"inside"); }); // for they may call services
+   join(u"TestTime");
+   EXPECT_EQ(grant(seven), "none");
+   EXPECT_EQ(federate.takeCalled().size(), 1U);
+   EXPECT_EQ(TestTime::count + TestInterval::count, living);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Makes common mistakes and looks up what is printed in the page that is to help: each line must stand there.
-# mistakes.sh PAGE.md PREFIX FOM-MODULE CONTRACT-JARS
+# mistakes.sh PAGE.md PREFIX FOM-MODULE
 set -euo pipefail
-page=$(realpath "$1") prefix=$2 fom_module=$3 contract_jars=$4
+page=$(realpath "$1") prefix=$2 fom_module=$3
 here=$(cd "$(dirname "$0")" && pwd)
 scratch=$(realpath "$(mktemp -d)")
 trap 'rm -rf "$scratch"' EXIT
@@ -52,8 +52,7 @@ told_once() { # a failed setup is printed and thrown; the federate prints what i
 without_class_path() { env -u CLASSPATH ./mistakes none "$fom_module" || true; }
 with_bad_option() { CLASSPATH=$jar TOVU1516_OPTION1=-Xmx1 ./mistakes none "$fom_module" || true; }
 with_two_versions() {
-  { CLASSPATH=$contract_jars/lacks-retractMRH.jar:$contract_jars/recording-core.jar ./mistakes none "$fom_module" || true; } 2>&1 |
-    grep -v Aborted
+  { CLASSPATH=older:$jar ./mistakes none "$fom_module" || true; } 2>&1 | grep -v Aborted
 }
 asking_for_another_time() { run "$jar" "asks for a time of another class" 2>&1 | grep -v Aborted; }
 without_java() { LD_LIBRARY_PATH=$scratch/lib ./without_rpath none "$fom_module" || true; }
@@ -63,12 +62,15 @@ linked_without_java() {
 
 mistake told_once without_class_path
 mistake told_once run "$prefix/tovu1516e.jar" none
-cp "$contract_jars/chained-exceptions.jar" other.jar
+cp notes.txt other.jar
 mistake told_once run other.jar none
 mkdir jars
 cp "$jar" jars
 mistake told_once run jars none
 mistake told_once run 'jars/*' none
+# In front of the core stand its classes with one service under another name.
+mkdir older
+(cd older && cmake -E tar xf "$jar" && grep -rl retract_MRH . | xargs sed -i 's/retract_MRH/retract_MHR/')
 mistake with_two_versions
 mistake with_bad_option
 if ldd without_rpath | grep -q 'librti1516e.*not found'; then # or else the library is also where the loader looks

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Compares what the libraries export with the lists beside this script: names are an ABI that federates are linked
-# with, so that each that comes or goes has to be meant. And the natives among them have to stay where they are.
+# with, so that each that comes or goes has to be meant. And the natives among them have to stay where they are. The order
+# of the virtual functions is an ABI as well; the program is one with a federate ambassador that has all callbacks.
 #
-#   compare.sh librti1516e.so libfedtime1516e.so          fails, and tells the differences
-#   compare.sh librti1516e.so libfedtime1516e.so --update writes interface.txt anew
+#   compare.sh librti1516e.so libfedtime1516e.so PROGRAM          fails, and tells the differences
+#   compare.sh librti1516e.so libfedtime1516e.so PROGRAM --update writes interface.txt and slots.txt anew
 set -euo pipefail
 export LC_ALL=C
 here=$(cd "$(dirname "$0")" && pwd)
@@ -35,14 +36,25 @@ END
 # Under their C++ names alone: the VM would find plain ones by itself, in whichever library has them first.
 natives() {
   sed 's/.*/Java_morva_tovu1516e_FederateAmbassadorC2007_&(JNIEnv_*, _jobject*, _jbyteArray*)/' \
-    "$here/../contract/natives.txt"
+    "$here/../support/natives.txt"
 }
 
-if [ "${3:-}" = --update ]; then
+slots() {
+  "$here/slots.pl" "$1" '^_ZTVN(8rti1516e[0-9]+(HLA|DataElement|LogicalTime)|9tovu1516e.*RTIambassadorAdapter)'
+  "$here/slots.pl" "$3" '^_ZTVN.*RecordingFederateE'
+}
+
+if [ "${4:-}" = --update ]; then
+  slots "$@" >"$here/slots.txt"
   { exported "$1"; exported "$2"; } | sort -u | comm -23 - <({ exceptions; natives; } | sort) >"$here/interface.txt"
 fi
 if ! diff <({ exceptions; natives; cat "$here/interface.txt"; } | sort) <({ exported "$1"; exported "$2"; } | sort); then
   echo "Names with < are no longer exported, names with > are new." >&2
+  exit 1
+fi
+
+if [ "$(uname -m)" = x86_64 ] && ! diff "$here/slots.txt" <(slots "$@"); then
+  echo "Lines with < were the slots of virtual functions, lines with > are now." >&2
   exit 1
 fi
 

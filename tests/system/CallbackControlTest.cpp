@@ -22,21 +22,6 @@ class CallbackControl : public FederationTest
 {};
 IN_BOTH_CALLBACK_MODELS(CallbackControl);
 
-TEST_P(CallbackControl, HoldsCallbacksBackWhileTheyAreDisabled)
-{
-   Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
-   alpha->disableCallbacks();
-   askFor(2, alpha);
-   askFor(1, beta);
-   expect(beta, {"federationSaveStatusResponse({alpha=idle beta=idle})"});
-   EXPECT_FALSE(alpha.await([&] { return alpha.waiting() > 0; }, 100ms));
-
-   alpha->enableCallbacks();
-   EXPECT_TRUE(alpha.await([&] { return alpha.waiting() == 2; }));
-   EXPECT_EQ(alpha.callbacks().size(), 2u);
-}
-
 TEST_P(CallbackControl, CallsAFederateBackOnOneThreadAtATime)
 {
    Federate& alpha = joined("alpha");
@@ -54,30 +39,6 @@ TEST_P(CallbackControl, CallsAFederateBackOnOneThreadAtATime)
    other.join();
    EXPECT_EQ(alpha.callbacks(400).size(), 400u);
    EXPECT_EQ(together, 0);
-}
-
-TEST_P(CallbackControl, RefusesFromWithinACallbackWhatWouldTangle)
-{
-   Federate& alpha = joined("alpha");
-   std::string const no = "CallNotAllowedFromWithinCallback";
-   alpha.onCallback = [&](std::string const&) {
-      EXPECT_REFUSED(no, alpha->evokeCallback(0.0));
-      EXPECT_REFUSED(no, alpha->evokeMultipleCallbacks(0.0, 0.0));
-      EXPECT_REFUSED(no, alpha->resignFederationExecution(NO_ACTION));
-      EXPECT_REFUSED("nothing", alpha->getFederateName(alpha.handle()));
-   };
-   askFor(1, alpha);
-   EXPECT_EQ(alpha.callbacks(1).size(), 1u);
-
-   alpha.onCallback = [&](std::string const&) {
-      EXPECT_REFUSED(no, alpha.join(federation()));
-      EXPECT_REFUSED(no, alpha->disconnect());
-      EXPECT_REFUSED(no, alpha.connect());
-      EXPECT_REFUSED("FederationExecutionDoesNotExist", alpha->destroyFederationExecution(L"none such"));
-   };
-   alpha->resignFederationExecution(NO_ACTION);
-   alpha->listFederationExecutions();
-   EXPECT_EQ(alpha.callbacks(1).size(), 1u);
 }
 
 TEST_P(CallbackControl, GoesOnAfterACallbackThatThrows)

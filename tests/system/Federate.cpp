@@ -61,7 +61,12 @@ void Federate::drain()
 {
    _drained = false;
    _draining = true;
-   _ambassador->listFederationExecutions();
+   try {
+      _ambassador->listFederationExecutions();
+   } catch (NotConnected const&) {
+      _draining = false;
+      return; // nothing is to come
+   }
    if (!await([this] { return _drained.load(); })) {
       written("the callbacks do not come to an end");
    }

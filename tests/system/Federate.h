@@ -41,7 +41,7 @@ protected:
 
 #define CALLBACK(name, parameters, arguments) \
    void name parameters override { recording(#name) arguments; }
-#include "tests/contract/Callbacks.def"
+#include "tests/support/Callbacks.def"
 
 private:
    virtual void written(std::string const& callback) = 0;

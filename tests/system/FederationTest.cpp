@@ -1,6 +1,5 @@
 #include "FederationTest.h"
 
-#include <algorithm>
 #include <atomic>
 #include <utility>
 
@@ -66,43 +65,9 @@ void FederationTest::TearDown()
    }
 }
 
-// The bare words of a callback.
-static Callbacks bare(Callbacks callbacks)
-{
-   for (auto& text : callbacks) {
-      for (auto const& name : {"discover", "reflect", "receive", "remove"}) {
-         for (auto const& rest : {"ObjectInstance(", "AttributeValues(", "Interaction("}) {
-            if (text.rfind(std::string(name) + rest, 0) == 0) {
-               text.replace(0, text.find('('), name);
-            }
-         }
-      }
-      std::string words;
-      for (char const c : text) {
-         bool const separates = std::string("(){}, ").find(c) != std::string::npos;
-         words += !separates ? std::string(1, c) : words.empty() || words.back() == ' ' ? "" : " ";
-      }
-      for (auto const& extra : {"tag=", "at "}) {
-         std::size_t const at = words.find(std::string(" ") + extra);
-         words = at == std::string::npos ? words : words.erase(at + 1, std::string(extra).size());
-      }
-      text = words.substr(0, words.find_last_not_of(' ') + 1);
-   }
-   return callbacks;
-}
-
 void FederationTest::expect(Federate& federate, Callbacks const& callbacks)
 {
-   EXPECT_EQ(bare(federate.callbacks(callbacks.size())), bare(callbacks)) << federate.name();
-}
-
-void FederationTest::expectInAnyOrder(Federate& federate, Callbacks callbacks)
-{
-   Callbacks seen = bare(federate.callbacks(callbacks.size()));
-   callbacks = bare(callbacks);
-   std::sort(seen.begin(), seen.end());
-   std::sort(callbacks.begin(), callbacks.end());
-   EXPECT_EQ(seen, callbacks) << federate.name();
+   EXPECT_EQ(federate.callbacks(callbacks.size()), callbacks) << federate.name();
 }
 
 void FederationTest::expectEach(std::vector<Federate*> const& federates, Callbacks const& callbacks)

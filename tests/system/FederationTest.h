@@ -47,8 +47,6 @@ protected:
 
    // The next callbacks are these, in this order, and no other comes.
    static void expect(Federate& federate, Callbacks const& callbacks);
-   static void expectInAnyOrder(Federate& federate, Callbacks callbacks);
-   static void expectNothing(Federate& federate) { expect(federate, {}); }
 
    // Every one of them is called back with the same.
    static void expectEach(std::vector<Federate*> const& federates, Callbacks const& callbacks);

@@ -3,7 +3,7 @@
 #define RTI1516E_TESTS_SYSTEM_REFUSAL_H
 
 #include "Text.h"
-#include "tests/contract/Caught.h"
+#include "tests/support/Caught.h"
 
 #include <string>
 

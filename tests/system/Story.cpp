@@ -22,7 +22,7 @@ std::string trimmed(std::string const& text)
 
 std::string withoutComment(std::string const& text)
 {
-   return text.substr(0, text.rfind('#', 0) == 0 ? 0 : text.find(" #"));
+   return text.substr(0, text.rfind('#', 0) == 0 ? 0 : text.find(" # "));
 }
 
 // Lines that are not empty, without comments; one that ends in a semicolon or a bar goes on in the next.

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iterator>
+#include <set>
 #include <tuple>
 #include <type_traits>
 
@@ -77,33 +77,19 @@ Form form(Call service)
    };
 }
 
+// What tells enough of a service by its verb has that for a name.
+std::string nameInStories(std::string const& name)
+{
+   static std::set<std::string> const verbs = {"publish",  "unpublish", "subscribe", "unsubscribe",
+                                               "register", "update",    "send",      "delete"};
+   static std::set<std::string> const others = {"registerFederationSynchronizationPoint", "deleteRegion"};
+   std::string const verb = name.substr(0, name.find_first_of("AFIOR"));
+   return verbs.count(verb) != 0 && others.count(name) == 0 ? verb : name;
+}
+
 ServiceRow row(tovu1516e::Method const& method, char const* name, Form const& read)
 {
-   static std::pair<std::string, char const*> const shortForms[] = {
-      {"publishObjectClassAttributes", "publish"},
-      {"publishInteractionClass", "publish"},
-      {"unpublishObjectClass", "unpublish"},
-      {"unpublishObjectClassAttributes", "unpublish"},
-      {"unpublishInteractionClass", "unpublish"},
-      {"subscribeObjectClassAttributes", "subscribe"},
-      {"subscribeInteractionClass", "subscribe"},
-      {"subscribeObjectClassAttributesWithRegions", "subscribe"},
-      {"subscribeInteractionClassWithRegions", "subscribe"},
-      {"unsubscribeObjectClass", "unsubscribe"},
-      {"unsubscribeObjectClassAttributes", "unsubscribe"},
-      {"unsubscribeInteractionClass", "unsubscribe"},
-      {"unsubscribeObjectClassAttributesWithRegions", "unsubscribe"},
-      {"unsubscribeInteractionClassWithRegions", "unsubscribe"},
-      {"registerObjectInstance", "register"},
-      {"registerObjectInstanceWithRegions", "register"},
-      {"updateAttributeValues", "update"},
-      {"sendInteraction", "send"},
-      {"sendInteractionWithRegions", "send"},
-      {"deleteObjectInstance", "delete"},
-   };
-   auto const shortForm = std::find_if(std::begin(shortForms), std::end(shortForms),
-                                       [&](auto const& entry) { return entry.first == name; });
-   ServiceRow result{shortForm == std::end(shortForms) ? name : shortForm->second, method.name, {}, read};
+   ServiceRow result{nameInStories(name), method.name, {}, read};
    for (std::size_t i = 0; i < method.exceptions.count; ++i) {
       result.exceptions.push_back(std::strrchr(method.exceptions.first[i].javaClass, '/') + 1);
    }
@@ -147,11 +133,71 @@ bool ServiceRow::lists(std::string const& exception) const
    return std::find(exceptions.begin(), exceptions.end(), exception) != exceptions.end();
 }
 
+// Those whose arguments come in the order of the codes in their names.
+// clang-format off
+#define SYSTEM_TESTS_FOR_EACH_SERVED(X) \
+   X(disconnect, ) X(createFederationExecution, _S_URL_S) X(createFederationExecution, _S_URLX_S) \
+   X(destroyFederationExecution, _S) X(listFederationExecutions, ) X(joinFederationExecution, _S_S_S_URLX) \
+   X(resignFederationExecution, _RA) X(registerFederationSynchronizationPoint, _S_BX) \
+   X(registerFederationSynchronizationPoint, _S_BX_FHS) X(synchronizationPointAchieved, _S_Z) \
+   X(requestFederationSave, _S) X(requestFederationSave, _S_LT) X(federateSaveBegun, ) \
+   X(federateSaveComplete, ) X(federateSaveNotComplete, ) X(abortFederationSave, ) \
+   X(queryFederationSaveStatus, ) X(requestFederationRestore, _S) X(federateRestoreComplete, ) \
+   X(federateRestoreNotComplete, ) X(abortFederationRestore, ) X(queryFederationRestoreStatus, ) \
+   X(publishObjectClassAttributes, _OCH_AHS) X(unpublishObjectClass, _OCH) \
+   X(unpublishObjectClassAttributes, _OCH_AHS) X(publishInteractionClass, _ICH) \
+   X(unpublishInteractionClass, _ICH) X(subscribeObjectClassAttributes, _OCH_AHS_Z_S) \
+   X(unsubscribeObjectClass, _OCH) X(unsubscribeObjectClassAttributes, _OCH_AHS) \
+   X(subscribeInteractionClass, _ICH_Z) X(unsubscribeInteractionClass, _ICH) \
+   X(reserveObjectInstanceName, _S) X(releaseObjectInstanceName, _S) \
+   X(reserveMultipleObjectInstanceName, _S) X(releaseMultipleObjectInstanceName, _S) \
+   X(registerObjectInstance, _OCH) X(registerObjectInstance, _OCH_S) X(updateAttributeValues, _OIH_AHVM_BX) \
+   X(updateAttributeValues, _OIH_AHVM_BX_LT) X(sendInteraction, _ICH_PHVM_BX) \
+   X(sendInteraction, _ICH_PHVM_BX_LT) X(deleteObjectInstance, _OIH_BX) X(deleteObjectInstance, _OIH_BX_LT) \
+   X(localDeleteObjectInstance, _OIH) X(requestAttributeValueUpdate, _OIH_AHS_BX) \
+   X(requestAttributeValueUpdate, _OCH_AHS_BX) X(requestAttributeTransportationTypeChange, _OIH_AHS_TTH) \
+   X(queryAttributeTransportationType, _OIH_AH) X(requestInteractionTransportationTypeChange, _ICH_TTH) \
+   X(queryInteractionTransportationType, _FH_ICH) X(changeAttributeOrderType, _OIH_AHS_OT) \
+   X(changeInteractionOrderType, _ICH_OT) X(unconditionalAttributeOwnershipDivestiture, _OIH_AHS) \
+   X(negotiatedAttributeOwnershipDivestiture, _OIH_AHS_BX) X(confirmDivestiture, _OIH_AHS_BX) \
+   X(attributeOwnershipAcquisition, _OIH_AHS_BX) X(attributeOwnershipAcquisitionIfAvailable, _OIH_AHS) \
+   X(attributeOwnershipReleaseDenied, _OIH_AHS) X(cancelNegotiatedAttributeOwnershipDivestiture, _OIH_AHS) \
+   X(cancelAttributeOwnershipAcquisition, _OIH_AHS) X(queryAttributeOwnership, _OIH_AH) \
+   X(isAttributeOwnedByFederate, _OIH_AH) X(enableTimeRegulation, _LTI) X(disableTimeRegulation, ) \
+   X(enableTimeConstrained, ) X(disableTimeConstrained, ) X(timeAdvanceRequest, _LT) \
+   X(timeAdvanceRequestAvailable, _LT) X(nextMessageRequest, _LT) X(nextMessageRequestAvailable, _LT) \
+   X(flushQueueRequest, _LT) X(enableAsynchronousDelivery, ) X(disableAsynchronousDelivery, ) \
+   X(queryGALT, ) X(queryLogicalTime, ) X(queryLITS, ) X(modifyLookahead, _LTI) X(queryLookahead, ) \
+   X(retract, _MRH) X(createRegion, _DHS) X(commitRegionModifications, _RHS) X(deleteRegion, _RH) \
+   X(registerObjectInstanceWithRegions, _OCH_ASRSPL) X(registerObjectInstanceWithRegions, _OCH_ASRSPL_S) \
+   X(associateRegionsForUpdates, _OIH_ASRSPL) X(unassociateRegionsForUpdates, _OIH_ASRSPL) \
+   X(subscribeObjectClassAttributesWithRegions, _OCH_ASRSPL_Z_S) \
+   X(unsubscribeObjectClassAttributesWithRegions, _OCH_ASRSPL) \
+   X(unsubscribeInteractionClassWithRegions, _ICH_RHS) X(sendInteractionWithRegions, _ICH_PHVM_RHS_BX) \
+   X(sendInteractionWithRegions, _ICH_PHVM_RHS_BX_LT) \
+   X(requestAttributeValueUpdateWithRegions, _OCH_ASRSPL_BX) X(getAutomaticResignDirective, ) \
+   X(setAutomaticResignDirective, _RA) X(getFederateHandle, _S) X(getFederateName, _FH) \
+   X(getObjectClassHandle, _S) X(getObjectClassName, _OCH) X(getKnownObjectClassHandle, _OIH) \
+   X(getObjectInstanceHandle, _S) X(getObjectInstanceName, _OIH) X(getAttributeHandle, _OCH_S) \
+   X(getAttributeName, _OCH_AH) X(getUpdateRateValue, _S) X(getUpdateRateValueForAttribute, _OIH_AH) \
+   X(getInteractionClassHandle, _S) X(getInteractionClassName, _ICH) X(getParameterHandle, _ICH_S) \
+   X(getParameterName, _ICH_PH) X(getOrderType, _S) X(getOrderName, _OT) X(getTransportationTypeHandle, _S) \
+   X(getTransportationTypeName, _TTH) X(getAvailableDimensionsForClassAttribute, _OCH_AH) \
+   X(getAvailableDimensionsForInteractionClass, _ICH) X(getDimensionHandle, _S) X(getDimensionName, _DH) \
+   X(getDimensionUpperBound, _DH) X(getDimensionHandleSet, _RH) X(getRangeBounds, _RH_DH) \
+   X(setRangeBounds, _RH_DH_RB) X(normalizeFederateHandle, _FH) X(normalizeServiceGroup, _SG) \
+   X(enableObjectClassRelevanceAdvisorySwitch, ) X(disableObjectClassRelevanceAdvisorySwitch, ) \
+   X(enableAttributeRelevanceAdvisorySwitch, ) X(disableAttributeRelevanceAdvisorySwitch, ) \
+   X(enableAttributeScopeAdvisorySwitch, ) X(disableAttributeScopeAdvisorySwitch, ) \
+   X(enableInteractionRelevanceAdvisorySwitch, ) X(disableInteractionRelevanceAdvisorySwitch, ) \
+   X(evokeCallback, _D) X(evokeMultipleCallbacks, _D_D) X(enableCallbacks, ) X(disableCallbacks, )
+// clang-format on
+
 std::vector<ServiceRow> const& serviceRows()
 {
 #define CALL(function) \
    [](Federate& federate, auto const&... arguments) { return federate->function(arguments...); }
-#define SERVED(function, suffix) served(services::function##suffix, #function, CALL(function))
+#define SERVED(function, suffix) served(services::function##suffix, #function, CALL(function)),
 #define DECODED(code, Handle)                                                                    \
    ServiceRow                                                                                    \
    {                                                                                             \
@@ -160,151 +206,19 @@ std::vector<ServiceRow> const& serviceRows()
       })                                                                                         \
    }
    static std::vector<ServiceRow> const rows = {
+      SYSTEM_TESTS_FOR_EACH_SERVED(SERVED) //
       row(services::connect_FA_CM_S, "connect", form<>([](Federate& federate) { federate.connect(); })),
-      SERVED(disconnect, ),
-      SERVED(createFederationExecution, _S_URL_S),
-      SERVED(createFederationExecution, _S_URLX_S),
       row(services::createFederationExecution_S_URLX_URL_S, "createFederationExecutionWithMIM",
           form<codes::S, codes::URL, codes::URLX, codes::S>(createWithMIM)),
-      SERVED(destroyFederationExecution, _S),
-      SERVED(listFederationExecutions, ),
-      SERVED(joinFederationExecution, _S_S_S_URLX),
-      row(services::joinFederationExecution_S_S_S_URLX, "join", form<OwnFederation, codes::URLX>(join)),
-      SERVED(joinFederationExecution, _S_S_URLX),
-      SERVED(resignFederationExecution, _RA),
-      SERVED(registerFederationSynchronizationPoint, _S_BX),
-      SERVED(registerFederationSynchronizationPoint, _S_BX_FHS),
-      SERVED(synchronizationPointAchieved, _S_Z),
-      SERVED(requestFederationSave, _S),
-      SERVED(requestFederationSave, _S_LT),
-      SERVED(federateSaveBegun, ),
-      SERVED(federateSaveComplete, ),
-      SERVED(federateSaveNotComplete, ),
-      SERVED(abortFederationSave, ),
-      SERVED(queryFederationSaveStatus, ),
-      SERVED(requestFederationRestore, _S),
-      SERVED(federateRestoreComplete, ),
-      SERVED(federateRestoreNotComplete, ),
-      SERVED(abortFederationRestore, ),
-      SERVED(queryFederationRestoreStatus, ),
-      SERVED(publishObjectClassAttributes, _OCH_AHS),
-      SERVED(unpublishObjectClass, _OCH),
-      SERVED(unpublishObjectClassAttributes, _OCH_AHS),
-      SERVED(publishInteractionClass, _ICH),
-      SERVED(unpublishInteractionClass, _ICH),
-      SERVED(subscribeObjectClassAttributes, _OCH_AHS_Z_S),
-      SERVED(unsubscribeObjectClass, _OCH),
-      SERVED(unsubscribeObjectClassAttributes, _OCH_AHS),
-      SERVED(subscribeInteractionClass, _ICH_Z),
-      SERVED(unsubscribeInteractionClass, _ICH),
-      SERVED(reserveObjectInstanceName, _S),
-      SERVED(releaseObjectInstanceName, _S),
-      SERVED(reserveMultipleObjectInstanceName, _S),
-      SERVED(releaseMultipleObjectInstanceName, _S),
-      SERVED(registerObjectInstance, _OCH),
-      SERVED(registerObjectInstance, _OCH_S),
-      SERVED(updateAttributeValues, _OIH_AHVM_BX),
-      SERVED(updateAttributeValues, _OIH_AHVM_BX_LT),
-      SERVED(sendInteraction, _ICH_PHVM_BX),
-      SERVED(sendInteraction, _ICH_PHVM_BX_LT),
-      SERVED(deleteObjectInstance, _OIH_BX),
-      SERVED(deleteObjectInstance, _OIH_BX_LT),
-      SERVED(localDeleteObjectInstance, _OIH),
-      SERVED(requestAttributeValueUpdate, _OIH_AHS_BX),
-      SERVED(requestAttributeValueUpdate, _OCH_AHS_BX),
-      SERVED(requestAttributeTransportationTypeChange, _OIH_AHS_TTH),
-      SERVED(queryAttributeTransportationType, _OIH_AH),
-      SERVED(requestInteractionTransportationTypeChange, _ICH_TTH),
-      SERVED(queryInteractionTransportationType, _FH_ICH),
-      SERVED(changeAttributeOrderType, _OIH_AHS_OT),
-      SERVED(changeInteractionOrderType, _ICH_OT),
-      SERVED(unconditionalAttributeOwnershipDivestiture, _OIH_AHS),
-      SERVED(negotiatedAttributeOwnershipDivestiture, _OIH_AHS_BX),
-      SERVED(confirmDivestiture, _OIH_AHS_BX),
-      SERVED(attributeOwnershipAcquisition, _OIH_AHS_BX),
-      SERVED(attributeOwnershipAcquisitionIfAvailable, _OIH_AHS),
-      SERVED(attributeOwnershipReleaseDenied, _OIH_AHS),
+      ServiceRow{"join",
+                 services::joinFederationExecution_S_S_S_URLX.name,
+                 {},
+                 form<OwnFederation, codes::URLX>(join)},
+      served(services::joinFederationExecution_S_S_URLX, "joinWithoutName", CALL(joinFederationExecution)),
       row(services::attributeOwnershipDivestitureIfWanted_OIH_AHS, "attributeOwnershipDivestitureIfWanted",
           form<codes::OIH, codes::AHS>(divestIfWanted)),
-      SERVED(cancelNegotiatedAttributeOwnershipDivestiture, _OIH_AHS),
-      SERVED(cancelAttributeOwnershipAcquisition, _OIH_AHS),
-      SERVED(queryAttributeOwnership, _OIH_AH),
-      SERVED(isAttributeOwnedByFederate, _OIH_AH),
-      SERVED(enableTimeRegulation, _LTI),
-      SERVED(disableTimeRegulation, ),
-      SERVED(enableTimeConstrained, ),
-      SERVED(disableTimeConstrained, ),
-      SERVED(timeAdvanceRequest, _LT),
-      SERVED(timeAdvanceRequestAvailable, _LT),
-      SERVED(nextMessageRequest, _LT),
-      SERVED(nextMessageRequestAvailable, _LT),
-      SERVED(flushQueueRequest, _LT),
-      SERVED(enableAsynchronousDelivery, ),
-      SERVED(disableAsynchronousDelivery, ),
-      SERVED(queryGALT, ),
-      SERVED(queryLogicalTime, ),
-      SERVED(queryLITS, ),
-      SERVED(modifyLookahead, _LTI),
-      SERVED(queryLookahead, ),
-      SERVED(retract, _MRH),
-      SERVED(createRegion, _DHS),
-      SERVED(commitRegionModifications, _RHS),
-      SERVED(deleteRegion, _RH),
-      SERVED(registerObjectInstanceWithRegions, _OCH_ASRSPL),
-      SERVED(registerObjectInstanceWithRegions, _OCH_ASRSPL_S),
-      SERVED(associateRegionsForUpdates, _OIH_ASRSPL),
-      SERVED(unassociateRegionsForUpdates, _OIH_ASRSPL),
-      SERVED(subscribeObjectClassAttributesWithRegions, _OCH_ASRSPL_Z_S),
-      SERVED(unsubscribeObjectClassAttributesWithRegions, _OCH_ASRSPL),
       row(services::subscribeInteractionClassWithRegions_ICH_Z_RHS, "subscribeInteractionClassWithRegions",
           form<codes::ICH, codes::RHS, codes::Z>(CALL(subscribeInteractionClassWithRegions))),
-      SERVED(unsubscribeInteractionClassWithRegions, _ICH_RHS),
-      SERVED(sendInteractionWithRegions, _ICH_PHVM_RHS_BX),
-      SERVED(sendInteractionWithRegions, _ICH_PHVM_RHS_BX_LT),
-      SERVED(requestAttributeValueUpdateWithRegions, _OCH_ASRSPL_BX),
-      SERVED(getAutomaticResignDirective, ),
-      SERVED(setAutomaticResignDirective, _RA),
-      SERVED(getFederateHandle, _S),
-      SERVED(getFederateName, _FH),
-      SERVED(getObjectClassHandle, _S),
-      SERVED(getObjectClassName, _OCH),
-      SERVED(getKnownObjectClassHandle, _OIH),
-      SERVED(getObjectInstanceHandle, _S),
-      SERVED(getObjectInstanceName, _OIH),
-      SERVED(getAttributeHandle, _OCH_S),
-      SERVED(getAttributeName, _OCH_AH),
-      SERVED(getUpdateRateValue, _S),
-      SERVED(getUpdateRateValueForAttribute, _OIH_AH),
-      SERVED(getInteractionClassHandle, _S),
-      SERVED(getInteractionClassName, _ICH),
-      SERVED(getParameterHandle, _ICH_S),
-      SERVED(getParameterName, _ICH_PH),
-      SERVED(getOrderType, _S),
-      SERVED(getOrderName, _OT),
-      SERVED(getTransportationTypeHandle, _S),
-      SERVED(getTransportationTypeName, _TTH),
-      SERVED(getAvailableDimensionsForClassAttribute, _OCH_AH),
-      SERVED(getAvailableDimensionsForInteractionClass, _ICH),
-      SERVED(getDimensionHandle, _S),
-      SERVED(getDimensionName, _DH),
-      SERVED(getDimensionUpperBound, _DH),
-      SERVED(getDimensionHandleSet, _RH),
-      SERVED(getRangeBounds, _RH_DH),
-      SERVED(setRangeBounds, _RH_DH_RB),
-      SERVED(normalizeFederateHandle, _FH),
-      SERVED(normalizeServiceGroup, _SG),
-      SERVED(enableObjectClassRelevanceAdvisorySwitch, ),
-      SERVED(disableObjectClassRelevanceAdvisorySwitch, ),
-      SERVED(enableAttributeRelevanceAdvisorySwitch, ),
-      SERVED(disableAttributeRelevanceAdvisorySwitch, ),
-      SERVED(enableAttributeScopeAdvisorySwitch, ),
-      SERVED(disableAttributeScopeAdvisorySwitch, ),
-      SERVED(enableInteractionRelevanceAdvisorySwitch, ),
-      SERVED(disableInteractionRelevanceAdvisorySwitch, ),
-      SERVED(evokeCallback, _D),
-      SERVED(evokeMultipleCallbacks, _D_D),
-      SERVED(enableCallbacks, ),
-      SERVED(disableCallbacks, ),
       row(services::getTimeFactory, "getTimeFactory",
           form<>([](Federate& federate) { return federate->getTimeFactory()->getName(); })),
       DECODED(FH, FederateHandle),
@@ -315,8 +229,7 @@ std::vector<ServiceRow> const& serviceRows()
       DECODED(PH, ParameterHandle),
       DECODED(DH, DimensionHandle),
       DECODED(RH, RegionHandle),
-      DECODED(MRH, MessageRetractionHandle),
-   };
+      DECODED(MRH, MessageRetractionHandle)};
 #undef CALL
 #undef SERVED
 #undef DECODED

@@ -25,8 +25,14 @@ std::wstring StoryWords::read(codes::S)
    if (_blank || (atEnd() && _arguments > 2)) {
       return {};
    }
-   return _stage.text(take("text"));
+   std::string const word = take("text");
+   if (word.find('@') != std::string::npos || word.rfind("$fom/", 0) == 0) {
+      throw Unreadable(word + " is no mere text");
+   }
+   return _stage.text(word);
 }
+
+std::wstring StoryWords::read(codes::URL) { return _blank ? std::wstring() : _stage.text(take("module")); }
 
 std::set<std::wstring> StoryWords::read(codes::NameSet)
 {

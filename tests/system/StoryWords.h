@@ -58,7 +58,7 @@ public:
 private:
    std::wstring read(OwnFederation) { return _stage.text("$federation"); }
    std::wstring read(codes::S);
-   std::wstring read(codes::URL) { return read(codes::S()); }
+   std::wstring read(codes::URL);
    std::set<std::wstring> read(codes::NameSet);
    std::vector<std::wstring> read(codes::URLX);
    VariableLengthData read(codes::BX);

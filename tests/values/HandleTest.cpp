@@ -5,6 +5,7 @@
 #include <RTI/Handle.h>
 
 #include <cstdint>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
@@ -24,6 +25,7 @@ void expectTextHashAndEncoding(Handle const& handle, std::wstring const& text, l
    stream << handle;
    EXPECT_EQ(stream.str(), text);
    EXPECT_EQ(handle.hash(), hash);
+   EXPECT_EQ(std::hash<Handle>()(handle), static_cast<std::size_t>(hash));
 
    auto const length = encoded.size();
    EXPECT_EQ(handle.encodedLength(), length);

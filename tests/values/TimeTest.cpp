@@ -10,6 +10,7 @@
 #include <locale>
 #include <memory>
 #include <sstream>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 #include <vector>
@@ -108,103 +109,98 @@ void expectTooSmall(Operation operation)
    }
 }
 
-// The checks that are the same for times and intervals.
-template <class Value, class Base, class Number>
-void expectCoding(Row<Number> const& row, std::wstring const& name)
-{
-   Value const value(row.number);
-   EXPECT_EQ(value.encodedLength(), 8U);
-   EXPECT_EQ(bytesOf(value.encode()), row.encoded);
-   EXPECT_EQ(value.toString(), name + L"<" + row.text + L">");
-   std::wostringstream stream;
-   stream << static_cast<Base const&>(value);
-   EXPECT_EQ(stream.str(), value.toString());
-
-   Bytes buffer(9, 0xAA);
-   EXPECT_EQ(value.encode(buffer.data(), buffer.size()), 8U);
-   EXPECT_EQ(Bytes(buffer.begin(), buffer.end() - 1), row.encoded);
-   EXPECT_EQ(buffer.back(), 0xAA);
-
-   Value decoded(Number(77));
-   decoded.decode(buffer.data(), 9);
-   EXPECT_TRUE(holds(decoded, row.number));
-   decoded = Value(Number(77));
-   decoded.decode(VariableLengthData(buffer.data(), 9));
-   EXPECT_TRUE(holds(decoded, row.number));
-
-   for (unsigned int size = 0; size < 8; ++size) {
-      Bytes small(9, 0xAA);
-      expectTooSmall([&] { value.encode(small.data(), size); });
-      EXPECT_EQ(small, Bytes(9, 0xAA));
-      expectTooSmall([&] { decoded.decode(small.data(), size); });
-      expectTooSmall([&] { decoded.decode(VariableLengthData(small.data(), size)); });
-      EXPECT_TRUE(holds(decoded, row.number));
-   }
-   expectTooSmall([&] { decoded.decode(VariableLengthData()); });
-   EXPECT_TRUE(holds(decoded, row.number));
-}
-
-template <class Value, class Base, class Number>
-void expectComparisons(Number a, Number b)
-{
-   Value const left(a);
-   Value const right(b);
-   Base const& other = right;
-   EXPECT_EQ(left < other, a < b);
-   EXPECT_EQ(left > other, a > b);
-   EXPECT_EQ(left <= other, a <= b);
-   EXPECT_EQ(left >= other, a >= b);
-   EXPECT_EQ(left == other, a == b);
-   EXPECT_EQ(left == right, a == b);
-}
-
-template <class Value, class Base, class Number>
-void expectCopies(Number number)
-{
-   Value original(number);
-   Value const copy(original);
-   Value const copyOfBase(static_cast<Base const&>(original));
-   Value assigned;
-   EXPECT_EQ(&(assigned = original), &assigned);
-   Value assignedBase;
-   Base& base = assignedBase;
-   EXPECT_EQ(&(base = original), &base);
-   Value const& itself = original;
-   original = itself;
-   static_cast<Base&>(original) = itself;
-   EXPECT_TRUE(holds(original, number));
-   original = Value(Number(77));
-   Value const* const copies[] = {&copy, &copyOfBase, &assigned, &assignedBase};
-   for (Value const* each : copies) {
-      EXPECT_TRUE(holds(*each, number));
-   }
-}
-
-template <class Value, class Base>
-void expectForeignIsRefused(Value& value, Base const& foreign)
-{
-   Base& base = value;
-   EXPECT_THROW(Value{foreign}, std::bad_cast);
-   EXPECT_THROW(base = foreign, std::bad_cast);
-   EXPECT_THROW(static_cast<void>(base < foreign), std::bad_cast);
-   EXPECT_THROW(static_cast<void>(base > foreign), std::bad_cast);
-   EXPECT_THROW(static_cast<void>(base <= foreign), std::bad_cast);
-   EXPECT_THROW(static_cast<void>(base >= foreign), std::bad_cast);
-   EXPECT_THROW(static_cast<void>(base == foreign), std::bad_cast);
-}
-
 template <class Family>
 struct StandardTime : testing::Test
 {};
 using Families = testing::Types<IntegerFamily, FloatFamily>;
 TYPED_TEST_SUITE(StandardTime, Families, );
 
-TYPED_TEST(StandardTime, IsEncodedDecodedAndPrinted)
+// What times and intervals have in common.
+template <class F, class V, class B>
+struct Quantity
 {
-   for (auto const& row : TypeParam::rows) {
+   using Family = F;
+   using Value = V;
+   using Base = B;
+   static std::wstring name() { return std::is_same_v<B, LogicalTime> ? F::timeName : F::intervalName; }
+};
+template <class Q>
+struct StandardQuantity : testing::Test
+{};
+using Quantities = testing::Types<Quantity<IntegerFamily, HLAinteger64Time, LogicalTime>,
+                                  Quantity<IntegerFamily, HLAinteger64Interval, LogicalTimeInterval>,
+                                  Quantity<FloatFamily, HLAfloat64Time, LogicalTime>,
+                                  Quantity<FloatFamily, HLAfloat64Interval, LogicalTimeInterval>>;
+TYPED_TEST_SUITE(StandardQuantity, Quantities, );
+
+TYPED_TEST(StandardQuantity, IsEncodedDecodedAndPrinted)
+{
+   using Value = typename TypeParam::Value;
+   using Number = typename TypeParam::Family::Number;
+   for (auto const& row : TypeParam::Family::rows) {
       SCOPED_TRACE(testing::Message() << row.number);
-      expectCoding<typename TypeParam::Time, LogicalTime>(row, TypeParam::timeName);
-      expectCoding<typename TypeParam::Interval, LogicalTimeInterval>(row, TypeParam::intervalName);
+      Value const value(row.number);
+      EXPECT_EQ(value.encodedLength(), 8U);
+      EXPECT_EQ(bytesOf(value.encode()), row.encoded);
+      EXPECT_EQ(value.toString(), TypeParam::name() + L"<" + row.text + L">");
+      std::wostringstream stream;
+      stream << static_cast<typename TypeParam::Base const&>(value);
+      EXPECT_EQ(stream.str(), value.toString());
+
+      Bytes buffer(9, 0xAA);
+      EXPECT_EQ(value.encode(buffer.data(), buffer.size()), 8U);
+      EXPECT_EQ(Bytes(buffer.begin(), buffer.end() - 1), row.encoded);
+      EXPECT_EQ(buffer.back(), 0xAA);
+      Value decoded(Number(77));
+      decoded.decode(buffer.data(), 9);
+      EXPECT_TRUE(holds(decoded, row.number));
+      decoded = Value(Number(77));
+      decoded.decode(VariableLengthData(buffer.data(), 9));
+      for (unsigned int size = 0; size < 8; ++size) {
+         Bytes small(9, 0xAA);
+         expectTooSmall([&] { value.encode(small.data(), size); });
+         EXPECT_EQ(small, Bytes(9, 0xAA));
+         expectTooSmall([&] { decoded.decode(small.data(), size); });
+         expectTooSmall([&] { decoded.decode(VariableLengthData(small.data(), size)); });
+      }
+      expectTooSmall([&] { decoded.decode(VariableLengthData()); });
+      EXPECT_TRUE(holds(decoded, row.number));
+   }
+}
+
+TYPED_TEST(StandardQuantity, ComparesAndCopiesTheNumber)
+{
+   using Value = typename TypeParam::Value;
+   using Base = typename TypeParam::Base;
+   for (auto const& a : TypeParam::Family::rows) {
+      Value original(a.number);
+      Value const copy(original);
+      Value const copyOfBase(static_cast<Base const&>(original));
+      Value assigned;
+      EXPECT_EQ(&(assigned = original), &assigned);
+      Value assignedBase;
+      Base& base = assignedBase;
+      EXPECT_EQ(&(base = original), &base);
+      Value const& itself = original;
+      original = itself;
+      EXPECT_TRUE(holds(original, a.number));
+      original = Value(7);
+      EXPECT_EQ(static_cast<typename TypeParam::Family::Number>(original), 7);
+      for (Value const* each : {&copy, &copyOfBase, static_cast<Value const*>(&assigned),
+                                static_cast<Value const*>(&assignedBase)}) {
+         EXPECT_TRUE(holds(*each, a.number));
+      }
+      for (auto const& b : TypeParam::Family::rows) {
+         SCOPED_TRACE(testing::Message() << a.number << " and " << b.number);
+         Value const right(b.number);
+         Base const& other = right;
+         EXPECT_EQ(copy < other, a.number < b.number);
+         EXPECT_EQ(copy > other, a.number > b.number);
+         EXPECT_EQ(copy <= other, a.number <= b.number);
+         EXPECT_EQ(copy >= other, a.number >= b.number);
+         EXPECT_EQ(copy == other, a.number == b.number);
+         EXPECT_EQ(copy == right, a.number == b.number);
+      }
    }
 }
 
@@ -226,30 +222,27 @@ TYPED_TEST(StandardTime, KnowsItsDistinguishedValues)
       EXPECT_TRUE(holds(interval, 0));
       interval.setEpsilon();
       EXPECT_TRUE(interval.isEpsilon());
+      time.setTime(row.number);
+      interval.setInterval(row.number);
+      EXPECT_TRUE(holds(time, row.number) && holds(typename TypeParam::Time(time.getTime()), row.number));
+      EXPECT_TRUE(holds(interval, row.number) &&
+                  holds(typename TypeParam::Interval(interval.getInterval()), row.number));
    }
    EXPECT_TRUE(holds(typename TypeParam::Time(), 0));
    EXPECT_TRUE(holds(typename TypeParam::Interval(), 0));
 }
 
-TYPED_TEST(StandardTime, ComparesAndCopiesTheNumber)
+template <class Value, class Base>
+void expectForeignIsRefused(Value& value, Base const& foreign)
 {
-   for (auto const& a : TypeParam::rows) {
-      expectCopies<typename TypeParam::Time, LogicalTime>(a.number);
-      expectCopies<typename TypeParam::Interval, LogicalTimeInterval>(a.number);
-      for (auto const& b : TypeParam::rows) {
-         SCOPED_TRACE(testing::Message() << a.number << " and " << b.number);
-         expectComparisons<typename TypeParam::Time, LogicalTime>(a.number, b.number);
-         expectComparisons<typename TypeParam::Interval, LogicalTimeInterval>(a.number, b.number);
-      }
-   }
-   typename TypeParam::Time time;
-   time.setTime(7);
-   EXPECT_EQ(time.getTime(), 7);
-   EXPECT_EQ(static_cast<typename TypeParam::Number>(time), 7);
-   typename TypeParam::Interval interval;
-   interval.setInterval(8);
-   EXPECT_EQ(interval.getInterval(), 8);
-   EXPECT_EQ(static_cast<typename TypeParam::Number>(interval), 8);
+   Base& base = value;
+   EXPECT_THROW(Value{foreign}, std::bad_cast);
+   EXPECT_THROW(base = foreign, std::bad_cast);
+   EXPECT_THROW(static_cast<void>(base < foreign), std::bad_cast);
+   EXPECT_THROW(static_cast<void>(base > foreign), std::bad_cast);
+   EXPECT_THROW(static_cast<void>(base <= foreign), std::bad_cast);
+   EXPECT_THROW(static_cast<void>(base >= foreign), std::bad_cast);
+   EXPECT_THROW(static_cast<void>(base == foreign), std::bad_cast);
 }
 
 TYPED_TEST(StandardTime, RefusesAnotherImplementation)
@@ -321,6 +314,58 @@ TYPED_TEST(StandardTime, IsPrintedInNoLocalesManner)
                 TypeParam::timeName + L"<" + row.text + L">");
    }
    std::locale::global(before);
+}
+
+std::wstring nameOf(std::auto_ptr<LogicalTimeFactory> factory)
+{
+   return factory.get() == nullptr ? L"none" : factory->getName();
+}
+
+// The library's own selector and that of the default time library know the same names.
+TEST(TimeFactorySelectors, KnowTheStandardNamesExactly)
+{
+   struct
+   {
+      std::wstring given, selected;
+   } const rows[] = {
+      {L"HLAinteger64Time", L"HLAinteger64Time"},
+      {L"HLAfloat64Time", L"HLAfloat64Time"},
+      {L"", L"HLAfloat64Time"},
+      {L"hlainteger64time", L"none"},
+      {L"HLAinteger64Time ", L"none"},
+      {L" HLAfloat64Time", L"none"},
+      {L"HLAfloat64", L"none"},
+      {std::wstring(L"HLAfloat64Time\0", 15), L"none"},
+      {std::wstring(1, L'\0'), L"none"},
+   };
+   for (auto* const select : {&HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory,
+                              &LogicalTimeFactoryFactory::makeLogicalTimeFactory}) {
+      for (auto const& row : rows) {
+         EXPECT_EQ(nameOf(select(row.given)), row.selected) << testing::PrintToString(row.given);
+      }
+      auto const one = select(L"");
+      auto const other = select(L"");
+      EXPECT_NE(one.get(), other.get());
+   }
+}
+
+// Made before the library's static objects, as those of a library in the place of libfedtime1516e are.
+struct Early
+{
+   std::wstring const ofFactory = HLAinteger64TimeFactory().getName();
+   std::wstring const ofTime = HLAfloat64Time(1.5).implementationName();
+   std::wstring const selected =
+      nameOf(HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(L"HLAinteger64Time"));
+   std::wstring const byDefault = nameOf(HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(L""));
+};
+Early const early [[gnu::init_priority(101)]];
+
+TEST(TimeFactorySelectors, WorkForStaticObjects)
+{
+   EXPECT_EQ(early.ofFactory, HLAinteger64TimeName);
+   EXPECT_EQ(early.ofTime, HLAfloat64TimeName);
+   EXPECT_EQ(early.selected, HLAinteger64TimeName);
+   EXPECT_EQ(early.byDefault, HLAfloat64TimeName);
 }
 
 // What adding and subtracting an interval make of a time or an interval.

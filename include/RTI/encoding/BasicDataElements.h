@@ -52,7 +52,7 @@ class BasicBody;
 
 // A basic element keeps its value itself, or uses a variable of the caller's: then it reads the value from
 // there and decodes into there, and the caller keeps the variable alive. set and the assignments store a
-// value in the element itself and let go of the variable, which they do not change; setDataPointer(0) goes
+// value in the element itself and give up the variable, which they do not change; setDataPointer(0) goes
 // back to the value that the element kept before. A copy never shares the variable.
 //
 // A failed decode leaves the value as it was: EncoderException "Index is out of bounds" if the octets do not

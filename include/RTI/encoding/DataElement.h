@@ -17,9 +17,9 @@ RTI_AUTO_PTR_BEGIN
 // A value that can be turned into its HLA encoding and back: a basic element, an array, a record, or a class
 // of the federate's own. Lengths, indexes and boundaries are in octets.
 //
-// Unless an operation says otherwise, a failure is EncoderException or, where memory is wanting,
-// std::bad_alloc; either leaves the element and the buffer as they were. Elements may be read by several
-// threads at once, but not while one changes them. An element must not contain itself.
+// Unless an operation says otherwise, a failure is EncoderException or, if memory runs out, std::bad_alloc;
+// either leaves the element and the buffer as they were. Elements may be read by several threads at once, but
+// not while one changes them. An element must not contain itself.
 class RTI_EXPORT DataElement
 {
 public:

@@ -53,10 +53,10 @@ public:
    virtual Octet const* get() const;
    operator Octet const*() const;
 
-   // Lets go of the present octets and owns a copy of the given ones.
+   // Gives up the present octets and owns a copy of the given ones.
    virtual void set(Octet const* data, size_t length);
 
-   // Lets go of the present octets and uses the caller's buffer, as the constructor does.
+   // Gives up the present octets and uses the caller's buffer, as the constructor does.
    virtual void setDataPointer(Octet** data, size_t bufferLength, size_t dataLength);
 
 private:

@@ -27,9 +27,10 @@ RTI_AUTO_PTR_BEGIN
 // clones of the prototype, and takes away the last ones. Three things to know of it:
 // - The count is looked for at the next multiple of 4 from the index on, although the array is encoded on its
 //   own octet boundary: pass an index that is a multiple of getOctetBoundary().
-// - A number larger than the number of octets left fails before anything is changed: EncoderException
-//   "HLAvariableArray cannot decode (indata too short)". Elements without octets (empty records) are decoded
-//   only up to that number.
+// - A number larger than the number of octets left fails before anything is changed, and so does one that
+//   would add more clones than there are octets for at the least length of the prototype (0 for a class of
+//   the federate's own): EncoderException "HLAvariableArray cannot decode (indata too short)". Elements
+//   without octets (empty records) are decoded only up to the number of octets left.
 // - A failure in an element leaves those before it changed and the array resized.
 class RTI_EXPORT HLAvariableArray : public DataElement
 {

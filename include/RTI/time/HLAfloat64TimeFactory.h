@@ -15,7 +15,9 @@ RTI_AUTO_PTR_BEGIN
 
 namespace rti1516e {
 
-// The name of this time implementation: "HLAfloat64Time".
+// The name of this time implementation: "HLAfloat64Time". Like any variable it is there when main begins.
+// Static objects of a library in the place of libfedtime1516e, which is loaded first, ask the factory's
+// getName.
 RTI_EXPORT extern std::wstring const HLAfloat64TimeName;
 
 // Makes HLAfloat64Time and HLAfloat64Interval objects. What it makes belongs to the caller. It has no state:

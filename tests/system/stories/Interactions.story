@@ -15,9 +15,7 @@ story are received as the most specific subscribed class
    alpha, delta < nothing
    gamma: unsubscribe Urgent
    beta: unsubscribe Message
-   alpha: send Urgent
-   gamma < receive Message RO best-effort by alpha
-   beta < nothing
+   alpha: send Urgent => gamma < receive Message RO best-effort by alpha => beta < nothing
 
 story are sent as published
    alpha: publish Message; send Message noParameter= -> InteractionParameterNotDefined

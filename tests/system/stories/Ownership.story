@@ -15,8 +15,7 @@ to expect-owner $attribute $owner $alpha $beta $gamma
    gamma < informAttributeOwnership car $attribute $owner
 to expect-no-owner $attribute
    alpha, beta, gamma: isAttributeOwnedByFederate car $attribute = false
-   gamma: queryAttributeOwnership car $attribute
-   gamma < attributeIsNotOwned car $attribute
+   gamma: queryAttributeOwnership car $attribute => gamma < attributeIsNotOwned car $attribute
 to alpha-owns $attribute
    expect-owner $attribute alpha true false false
 to beta-owns $attribute
@@ -33,8 +32,7 @@ story is given away unconditionally
    beta < attributeOwnershipAcquisitionNotification car Position
    beta-owns Position
    alpha < nothing
-   beta: update car Position=1
-   gamma < reflect car Position=1 RO reliable by beta
+   beta: update car Position=1 => gamma < reflect car Position=1 RO reliable by beta
 
 story is given away by agreement
    alpha: negotiatedAttributeOwnershipDivestiture car Position Speed tag=offer
@@ -88,15 +86,13 @@ story goes straight to who is waiting for it
    beta-owns Position
    gamma: attributeOwnershipAcquisition car Position tag=mine
    beta < requestAttributeOwnershipRelease car Position tag=mine
-   beta: unpublish Car Position
-   gamma < attributeOwnershipAcquisitionNotification car Position
+   beta: unpublish Car Position => gamma < attributeOwnershipAcquisitionNotification car Position
 
 story goes to who asked first
    beta: attributeOwnershipAcquisition car Position tag=first
    alpha < requestAttributeOwnershipRelease car Position tag=first
    beta: attributeOwnershipAcquisition car Position tag=again
-   gamma: attributeOwnershipAcquisition car Position tag=second
-   alpha < whatever
+   gamma: attributeOwnershipAcquisition car Position tag=second => alpha < whatever
    alpha: unconditionalAttributeOwnershipDivestiture car Position
    beta < attributeOwnershipAcquisitionNotification car Position;
       requestAttributeOwnershipRelease car Position tag=second
@@ -105,12 +101,10 @@ story goes to who asked first
 story is still on offer when who wanted it resigns
    alpha: negotiatedAttributeOwnershipDivestiture car Position
    beta, gamma < requestAttributeOwnershipAssumption car Position
-   beta: attributeOwnershipAcquisition car Position
-   alpha < requestDivestitureConfirmation car Position
+   beta: attributeOwnershipAcquisition car Position => alpha < requestDivestitureConfirmation car Position
    beta: resignFederationExecution CANCEL_PENDING_OWNERSHIP_ACQUISITIONS
    alpha: confirmDivestiture car Position -> NoAcquisitionPending
-   gamma: attributeOwnershipAcquisition car Position
-   alpha < requestDivestitureConfirmation car Position
+   gamma: attributeOwnershipAcquisition car Position => alpha < requestDivestitureConfirmation car Position
 
 story brings nothing of how the former owner had it travel
    alpha: requestAttributeTransportationTypeChange car Position best-effort
@@ -120,8 +114,7 @@ story brings nothing of how the former owner had it travel
    beta: attributeOwnershipAcquisitionIfAvailable car Position # which is not insisted on
    beta: cancelAttributeOwnershipAcquisition car Position -> AttributeAcquisitionWasNotRequested
    alpha < requestDivestitureConfirmation car Position
-   alpha: confirmDivestiture car Position
-   beta < attributeOwnershipAcquisitionNotification car Position
+   alpha: confirmDivestiture car Position => beta < attributeOwnershipAcquisitionNotification car Position
    beta: queryAttributeTransportationType car Position
    beta < reportAttributeTransportationType car Position reliable
    beta: negotiatedAttributeOwnershipDivestiture car Position # which alpha's was not
@@ -153,8 +146,7 @@ story is taken if available
 
 story is for publishers
    delta, epsilon: join
-   delta: subscribe Car Position
-   delta < discover car Car car alpha
+   delta: subscribe Car Position => delta < discover car Car car alpha
    delta: [attributeOwnershipAcquisition|attributeOwnershipAcquisitionIfAvailable] car Position -> ObjectClassNotPublished
    beta: [attributeOwnershipAcquisition|attributeOwnershipAcquisitionIfAvailable] car Passengers -> AttributeNotPublished
    alpha: [attributeOwnershipAcquisition|attributeOwnershipAcquisitionIfAvailable] car Position -> FederateOwnsAttributes
@@ -166,27 +158,29 @@ story of the privilege to delete passes the right to delete
    alpha: delete car -> DeletePrivilegeNotHeld
    beta: attributeOwnershipAcquisitionIfAvailable car Privilege
    beta < attributeOwnershipAcquisitionNotification car Privilege
-   beta: delete car
-   alpha, gamma < remove car RO by beta
+   beta: delete car => alpha, gamma < remove car RO by beta
 
 # The owner has all of the lorry, and the buyer has asked for the fuel and owns nothing.
 to resign $action $owning $acquiring
-   owner, buyer: join; setAutomaticResignDirective CANCEL_THEN_DELETE_THEN_DIVEST
-   owner, buyer: publish Truck Position Speed Fuel; subscribe Truck Position Speed Fuel
-   owner: lorry = register Truck
-   buyer < discover lorry Truck lorry owner
-   buyer: attributeOwnershipAcquisition lorry Fuel
-   owner < requestAttributeOwnershipRelease lorry Fuel
+   owner, buyer < whatever # of the row before
+   owner, buyer: join; publish Truck Position Speed Fuel; subscribe Truck Position Speed Fuel
+   owner: lorry = register Truck => buyer < discover lorry Truck lorry owner
+   buyer: attributeOwnershipAcquisition lorry Fuel => owner < requestAttributeOwnershipRelease lorry Fuel
    buyer: resignFederationExecution $action -> $acquiring
    owner: resignFederationExecution $action -> $owning
-   owner, buyer: destroyAmbassador
 
 story ends as the resigning federate has it
+   owner, buyer: connect
    resign NO_ACTION FederateOwnsAttributes OwnershipAcquisitionPending
+   owner, buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign CANCEL_PENDING_OWNERSHIP_ACQUISITIONS FederateOwnsAttributes nothing
+   owner: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign UNCONDITIONALLY_DIVEST_ATTRIBUTES nothing OwnershipAcquisitionPending
+   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign DELETE_OBJECTS nothing OwnershipAcquisitionPending
+   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign DELETE_OBJECTS_THEN_DIVEST nothing OwnershipAcquisitionPending
+   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
    resign CANCEL_THEN_DELETE_THEN_DIVEST nothing nothing
 
 story is on offer after the owner resigned
@@ -197,5 +191,4 @@ story is on offer after the owner resigned
    beta < attributeOwnershipAcquisitionNotification car Position
    beta: resignFederationExecution DELETE_OBJECTS_THEN_DIVEST # without the privilege to delete
    gamma < requestAttributeOwnershipAssumption car Position
-   gamma: queryAttributeOwnership car Position
-   gamma < attributeIsNotOwned car Position
+   gamma: queryAttributeOwnership car Position => gamma < attributeIsNotOwned car Position

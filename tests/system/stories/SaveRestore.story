@@ -5,23 +5,19 @@ every story
    alpha, beta: join
 
 to ask-for-a-save
-   alpha: requestFederationSave noon
-   alpha, beta < initiateFederateSave noon
+   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
 to save
    ask-for-a-save
-   alpha, beta: federateSaveBegun; federateSaveComplete
-   alpha, beta < federationSaved
+   alpha, beta: federateSaveBegun; federateSaveComplete => alpha, beta < federationSaved
 to ask-for-a-restore
    alpha: requestFederationRestore noon
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun;
       initiateFederateRestore noon alpha alpha
    beta < federationRestoreBegun; initiateFederateRestore noon beta beta
 to expect-saving $alpha $beta
-   beta: queryFederationSaveStatus
-   beta < federationSaveStatusResponse alpha=$alpha beta=$beta
+   beta: queryFederationSaveStatus => beta < federationSaveStatusResponse alpha=$alpha beta=$beta
 to expect-restoring $alpha $beta
-   beta: queryFederationRestoreStatus
-   beta < federationRestoreStatusResponse alpha=$alpha beta=$beta
+   beta: queryFederationRestoreStatus => beta < federationRestoreStatusResponse alpha=$alpha beta=$beta
 
 story saves when all have saved
    expect-saving idle idle
@@ -34,18 +30,15 @@ story saves when all have saved
    beta: federateSaveBegun
    expect-saving waiting saving
    alpha < nothing
-   beta: federateSaveComplete
-   alpha, beta < federationSaved
+   beta: federateSaveComplete => alpha, beta < federationSaved
    expect-saving idle idle
    save
 
 story does not save when one cannot or resigns
    ask-for-a-save
    alpha: federateSaveBegun; federateSaveComplete
-   beta: federateSaveBegun; federateSaveNotComplete
-   alpha, beta < federationNotSaved federate-failed
-   alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreFailed noon
+   beta: federateSaveBegun; federateSaveNotComplete => alpha, beta < federationNotSaved federate-failed
+   alpha: requestFederationRestore noon => alpha < requestFederationRestoreFailed noon
    save
    ask-for-a-save
    alpha: federateSaveBegun; federateSaveComplete
@@ -63,8 +56,7 @@ story aborts a save at any point
    alpha: federateSaveBegun; federateSaveComplete
    abort
 to abort
-   beta: abortFederationSave
-   alpha, beta < federationNotSaved aborted
+   beta: abortFederationSave => alpha, beta < federationNotSaved aborted
    expect-saving idle idle
    alpha: abortFederationSave -> SaveNotInProgress
 
@@ -75,8 +67,7 @@ story saves in the right order
    alpha: requestFederationSave noon
    beta: federateSaveBegun -> SaveNotInitiated # as far as beta knows
    alpha: abortFederationSave
-   beta: enableCallbacks
-   alpha, beta < initiateFederateSave noon; federationNotSaved aborted
+   beta: enableCallbacks => alpha, beta < initiateFederateSave noon; federationNotSaved aborted
    ask-for-a-save
    alpha: [federateSaveComplete|federateSaveNotComplete] -> FederateHasNotBegunSave
    late: join -> SaveInProgress
@@ -89,8 +80,7 @@ story restores when all have restored
    alpha: federateRestoreComplete
    expect-restoring waiting restoring
    alpha < nothing
-   beta: federateRestoreComplete
-   alpha, beta < federationRestored
+   beta: federateRestoreComplete => alpha, beta < federationRestored
    expect-restoring idle idle
    ask-for-a-restore
 
@@ -98,35 +88,28 @@ story does not restore when one cannot or resigns
    save
    ask-for-a-restore
    alpha: federateRestoreComplete
-   beta: federateRestoreNotComplete
-   alpha, beta < federationNotRestored federate-failed
+   beta: federateRestoreNotComplete => alpha, beta < federationNotRestored federate-failed
    expect-restoring idle idle
    ask-for-a-restore
    alpha: federateRestoreComplete
-   beta: resignFederationExecution NO_ACTION
-   alpha < federationNotRestored federate-resigned
+   beta: resignFederationExecution NO_ACTION => alpha < federationNotRestored federate-resigned
 
 story aborts a restore
    alpha: abortFederationRestore -> RestoreNotInProgress
    save
    ask-for-a-restore
-   beta: abortFederationRestore
-   alpha, beta < federationNotRestored aborted
+   beta: abortFederationRestore => alpha, beta < federationNotRestored aborted
    alpha: abortFederationRestore -> RestoreNotInProgress
    ask-for-a-restore
    alpha: federateRestoreComplete
-   beta: abortFederationRestore
-   alpha, beta < federationNotRestored aborted
+   beta: abortFederationRestore => alpha, beta < federationNotRestored aborted
 
 story restores only what was saved by the same federates
    alpha: [federateRestoreComplete|federateRestoreNotComplete] -> RestoreNotRequested
    save
-   alpha: requestFederationRestore midnight
-   alpha < requestFederationRestoreFailed midnight
+   alpha: requestFederationRestore midnight => alpha < requestFederationRestoreFailed midnight
    late: join
-   alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreFailed noon
-   beta < nothing
+   alpha: requestFederationRestore noon => alpha < requestFederationRestoreFailed noon => beta < nothing
    late: resignFederationExecution NO_ACTION
    ask-for-a-restore
    late: join -> RestoreInProgress
@@ -139,6 +122,5 @@ story restores each as itself or else as another of its type
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun;
       initiateFederateRestore noon alpha alpha
    gamma < federationRestoreBegun; initiateFederateRestore noon beta beta
-   alpha, gamma: federateRestoreComplete
-   alpha, gamma < federationRestored
+   alpha, gamma: federateRestoreComplete => alpha, gamma < federationRestored
    gamma: getFederateName beta = beta

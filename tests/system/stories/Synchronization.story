@@ -12,10 +12,8 @@ to register-ready
 
 story waits for every federate
    register-ready
-   beta: synchronizationPointAchieved ready
-   alpha, beta < nothing
-   alpha: synchronizationPointAchieved ready
-   alpha, beta < federationSynchronized ready
+   beta: synchronizationPointAchieved ready => alpha, beta < nothing
+   alpha: synchronizationPointAchieved ready => alpha, beta < federationSynchronized ready
    alpha: synchronizationPointAchieved ready -> SynchronizationPointLabelNotAnnounced
    register-ready
 
@@ -25,8 +23,7 @@ story of an empty set is of all and tells who failed
    alpha <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=now
    beta, gamma < announceSynchronizationPoint ready tag=now
    alpha, gamma: synchronizationPointAchieved ready unsuccessfully
-   beta: synchronizationPointAchieved ready
-   alpha, beta, gamma < federationSynchronized ready alpha gamma
+   beta: synchronizationPointAchieved ready => alpha, beta, gamma < federationSynchronized ready alpha gamma
 
 story is of the given federates alone
    gamma: join
@@ -35,27 +32,20 @@ story is of the given federates alone
    beta, gamma < announceSynchronizationPoint ready tag=now
    late: join
    alpha, late: synchronizationPointAchieved ready -> SynchronizationPointLabelNotAnnounced
-   beta, gamma: synchronizationPointAchieved ready
-   beta, gamma < federationSynchronized ready
+   beta, gamma: synchronizationPointAchieved ready => beta, gamma < federationSynchronized ready
    alpha, late < nothing
 
 story is announced to who joins late
    register-ready
-   late: join
-   late < announceSynchronizationPoint ready tag=now
-   alpha, beta: synchronizationPointAchieved ready
-   alpha < nothing
-   late: synchronizationPointAchieved ready
-   alpha, beta, late < federationSynchronized ready
-   latest: join
-   latest < nothing
+   late: join => late < announceSynchronizationPoint ready tag=now
+   alpha, beta: synchronizationPointAchieved ready => alpha < nothing
+   late: synchronizationPointAchieved ready => alpha, beta, late < federationSynchronized ready
+   latest: join => latest < nothing
 
 story does not wait for who resigned
    register-ready
-   alpha: synchronizationPointAchieved ready
-   alpha < nothing
-   beta: resignFederationExecution NO_ACTION
-   alpha < federationSynchronized ready
+   alpha: synchronizationPointAchieved ready => alpha < nothing
+   beta: resignFederationExecution NO_ACTION => alpha < federationSynchronized ready
 
 story keeps several points apart
    alpha: registerFederationSynchronizationPoint first
@@ -65,10 +55,8 @@ story keeps several points apart
    beta <~ synchronizationPointRegistrationSucceeded second; announceSynchronizationPoint first;
       announceSynchronizationPoint second
    alpha: synchronizationPointAchieved second; synchronizationPointAchieved first
-   beta: synchronizationPointAchieved second
-   alpha, beta < federationSynchronized second
-   beta: synchronizationPointAchieved first
-   alpha, beta < federationSynchronized first
+   beta: synchronizationPointAchieved second => alpha, beta < federationSynchronized second
+   beta: synchronizationPointAchieved first => alpha, beta < federationSynchronized first
 
 story is not registered twice nor for who is not joined
    gone: join; resignFederationExecution NO_ACTION
@@ -93,11 +81,8 @@ story is of one federation
    other: joinFederationExecution alpha test $other; registerFederationSynchronizationPoint ready tag=there
    other <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=there
    register-ready
-   alpha, beta: synchronizationPointAchieved ready
-   alpha, beta < federationSynchronized ready
+   alpha, beta: synchronizationPointAchieved ready => alpha, beta < federationSynchronized ready
    other < nothing
-   alpha: requestFederationSave noon
-   alpha, beta < initiateFederateSave noon
-   other: synchronizationPointAchieved ready
-   other < federationSynchronized ready
+   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
+   other: synchronizationPointAchieved ready => other < federationSynchronized ready
    other: getTimeFactory = HLAinteger64Time

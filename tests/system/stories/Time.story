@@ -8,30 +8,25 @@ every story
    beta: subscribe [Accident|Message]
 
 to regulate $federate $lookahead
-   $federate: enableTimeRegulation $lookahead
-   $federate < timeRegulationEnabled 0
+   $federate: enableTimeRegulation $lookahead => $federate < timeRegulationEnabled 0
 to constrain $federate
-   $federate: enableTimeConstrained
-   $federate < timeConstrainedEnabled 0
+   $federate: enableTimeConstrained => $federate < timeConstrainedEnabled 0
 to coordinate $lookahead
    regulate [alpha|beta] $lookahead
    constrain [alpha|beta]
 # Of a federate that nobody holds back.
 to advance $federate $time
-   $federate: timeAdvanceRequest $time
-   $federate < timeAdvanceGrant $time
+   $federate: timeAdvanceRequest $time => $federate < timeAdvanceGrant $time
 
 story is taken up and given up
    alpha: [disableTimeRegulation|queryLookahead|modifyLookahead 1] -> TimeRegulationIsNotEnabled
-   alpha: disableTimeConstrained -> TimeConstrainedIsNotEnabled
-   alpha: enableTimeRegulation -1 -> InvalidLookahead
+   alpha: disableTimeConstrained -> TimeConstrainedIsNotEnabled; enableTimeRegulation -1 -> InvalidLookahead
    alpha: disableAsynchronousDelivery -> AsynchronousDeliveryAlreadyDisabled
    regulate alpha 3
    constrain alpha
    alpha: enableAsynchronousDelivery; queryLookahead = 3
    alpha: enableTimeRegulation -1 -> TimeRegulationAlreadyEnabled
-   alpha: enableTimeConstrained -> TimeConstrainedAlreadyEnabled
-   alpha: modifyLookahead -1 -> InvalidLookahead
+   alpha: enableTimeConstrained -> TimeConstrainedAlreadyEnabled; modifyLookahead -1 -> InvalidLookahead
    alpha: enableAsynchronousDelivery -> AsynchronousDeliveryAlreadyEnabled
    alpha: disableTimeRegulation; disableTimeConstrained; disableAsynchronousDelivery
    alpha: disableTimeRegulation -> TimeRegulationIsNotEnabled
@@ -47,80 +42,80 @@ story is taken up when the callback says so
    beta: enableTimeConstrained; enableTimeConstrained -> RequestForTimeConstrainedPending
    beta: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
       nextMessageRequestAvailable|flushQueueRequest] 5 -> RequestForTimeConstrainedPending
-   alpha, beta: enableCallbacks
-   alpha < timeRegulationEnabled 0
-   beta < timeConstrainedEnabled 0
+   alpha, beta: enableCallbacks => alpha < timeRegulationEnabled 0 => beta < timeConstrainedEnabled 0
 
-to advance-by $request $time $past
-   alpha: $request $time
-   alpha < timeAdvanceGrant $time
-   alpha: queryLogicalTime = $time
-   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
-      nextMessageRequestAvailable|flushQueueRequest] $past -> LogicalTimeAlreadyPassed
-story advances at will where nothing holds back
-   alpha: queryLogicalTime = 0
-   advance-by timeAdvanceRequest 1 0
-   advance-by timeAdvanceRequestAvailable 2 1
-   advance-by nextMessageRequest 3 2
-   advance-by nextMessageRequestAvailable 4 3
-   advance-by flushQueueRequest 5 4
-   advance alpha 5
-   regulate beta 1 # which does not hold back who is not constrained
-   advance alpha 100
-   advance beta 50
+story takes no heed of what is unwanted
+   regulate alpha 1
+   constrain beta
+   alpha: send Accident at 25; update car Position=e at 26
+   advance alpha 30
+   beta: unsubscribe Accident; queryLITS = 26
+   beta: subscribe Accident; nextMessageRequest 30 # once beta was told so it comes no more
+   beta < reflect car Position=e TSO reliable at 26 TSO retractable by alpha; timeAdvanceGrant 26
 
 story holds constrained federates back
    regulate alpha 1
    constrain beta
-   beta: timeAdvanceRequest 10
-   beta < nothing
+   beta: timeAdvanceRequest 10 => beta < nothing
    beta: queryLogicalTime = 0
    beta: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
       nextMessageRequestAvailable|flushQueueRequest] -1 -> InTimeAdvancingState
    beta: enableTimeRegulation 1 -> InTimeAdvancingState
+   advance alpha 1
+   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
+      nextMessageRequestAvailable|flushQueueRequest] 0 -> LogicalTimeAlreadyPassed
    advance alpha 9 # from 10 on there may be more
    beta < nothing
    advance alpha 10
    beta < timeAdvanceGrant 10
    beta: queryLogicalTime = 10
 
-story lets go with the last regulating federate
+story keeps senders to their lookahead
+   beta: unsubscribe Car
+   regulate alpha 3
+   alpha: update car Position=1 at 2 -> InvalidLogicalTime
+   alpha: update car Position=1 at 3; modifyLookahead 0
+   advance alpha 20
+   alpha: update car Position=1 at 20 -> InvalidLogicalTime # granted up to and with 20
+   alpha: timeAdvanceRequest 20; update car Position=1 at 20 -> InvalidLogicalTime # which no request takes back
+   alpha < timeAdvanceGrant 20
+   alpha: update car Position=1 at 21; timeAdvanceRequestAvailable 30 => alpha < timeAdvanceGrant 30
+   alpha: update car Position=1 at 30
+
+story shortens a lookahead as time goes by
+   regulate alpha 5
+   alpha: modifyLookahead 8; queryLookahead = 8; modifyLookahead 2; queryLookahead = 8
+   beta: queryGALT = 8
+   advance alpha 3
+   alpha: queryLookahead = 5
+   beta: queryGALT = 8
+   advance alpha 10
+   alpha: queryLookahead = 2
+   beta: queryGALT = 12
+
+story counts with what is answered to a message
+   regulate alpha 2
+   regulate beta 30
+   constrain [alpha|beta]
+   alpha: nextMessageRequest 100; queryGALT = 30
+   beta: queryGALT = 32 # beta may yet send for 30 what alpha answers
+   beta: disableTimeRegulation => alpha < timeAdvanceGrant 100
+
+story begins to regulate behind no message that has come
    regulate alpha 1
    constrain beta
+   alpha: update car Position=a at 7
    beta: timeAdvanceRequest 10
-   beta < nothing
-   alpha: disableTimeRegulation
-   beta < timeAdvanceGrant 10
-   alpha: enableTimeRegulation 1
-   alpha < whatever
-   alpha: update car Position=1 at 10 -> InvalidLogicalTime # or beta's past would change
-   beta: timeAdvanceRequest 20
-   beta < nothing
-   alpha: resignFederationExecution DELETE_OBJECTS
-   beta <~ timeAdvanceGrant 20; remove car RO by alpha
-
-story tells how far messages can come
-   alpha: queryGALT = none; queryLITS = none
-   regulate alpha 2
-   alpha: queryGALT = none # nobody sends to himself
-   beta: queryGALT = 2
-   constrain beta
-   advance alpha 5
-   alpha: update car Position=1 at 9; update car Position=2 at 8
-   beta: [queryGALT|queryLITS] = 7
-   advance alpha 20
-   beta: queryGALT = 22; queryLITS = 8
-   regulate beta 30
-   alpha: queryGALT = 30
-   beta: queryGALT = 22
+   advance alpha 7
+   beta < reflect car Position=a TSO reliable at 7 TSO retractable by alpha # though not granted yet
+   gamma: join; enableTimeRegulation 0 => gamma < timeRegulationEnabled 7
 
 story delivers in the order of time
    regulate alpha 1
    constrain beta
    alpha: update car Position=c at 7 = retractable
    alpha: update car Position=a at 5; send Accident Damage=b at 6; update car Position=d at 11
-   beta: timeAdvanceRequest 6
-   beta < nothing
+   beta: timeAdvanceRequest 6 => beta < nothing
    advance alpha 10
    beta < reflect car Position=a TSO reliable at 5 TSO retractable by alpha;
       receive Accident Damage=b TSO reliable at 6 TSO retractable by alpha; timeAdvanceGrant 6
@@ -156,37 +151,6 @@ story orders only what is sent and received in order
       reflect car Fuel=2 TSO reliable at 5 TSO retractable by alpha;
       receive Message TSO reliable at 7 TSO retractable by alpha; timeAdvanceGrant 10
 
-story keeps senders to their lookahead
-   beta: unsubscribe Car; unsubscribe Accident
-   regulate alpha 3
-   constrain alpha
-   alpha: update car Position=1 at 2 -> InvalidLogicalTime
-   alpha: update car Position=1 at 3
-   regulate beta 1
-   alpha: timeAdvanceRequest 10 # as if the time were there already
-   alpha: [update car Position=1|send Accident|delete car] at 12 -> InvalidLogicalTime
-   alpha: update car Position=1 at 13
-   beta: disableTimeRegulation
-   alpha < timeAdvanceGrant 10
-   alpha: update car Position=1 at 12 -> InvalidLogicalTime
-   alpha: modifyLookahead 0
-   advance alpha 20
-   alpha: update car Position=1 at 20 -> InvalidLogicalTime # granted up to and with 20
-   alpha: update car Position=1 at 21; timeAdvanceRequestAvailable 30
-   alpha < timeAdvanceGrant 30
-   alpha: update car Position=1 at 30
-
-story shortens a lookahead as time goes by
-   regulate alpha 5
-   alpha: modifyLookahead 8; queryLookahead = 8; modifyLookahead 2; queryLookahead = 8
-   beta: queryGALT = 8
-   advance alpha 3
-   alpha: queryLookahead = 5
-   beta: queryGALT = 8
-   advance alpha 10
-   alpha: queryLookahead = 2
-   beta: queryGALT = 12
-
 story goes to the next message
    regulate alpha 1
    constrain beta
@@ -199,37 +163,13 @@ story goes to the next message
    beta < nothing # there may be more at 5
    advance alpha 5
    beta < timeAdvanceGrant 5
-   beta: nextMessageRequest 10
-   beta < nothing
+   beta: nextMessageRequest 10 => beta < nothing
    alpha: update car Position=d at 9 # c is still the next
    advance alpha 20
    beta < reflect car Position=c TSO reliable at 6 TSO retractable by alpha; timeAdvanceGrant 6
    beta: nextMessageRequest 10
    beta < reflect car Position=d TSO reliable at 9 TSO retractable by alpha; timeAdvanceGrant 9
-   beta: nextMessageRequest 10
-   beta < timeAdvanceGrant 10
-
-story goes as far as messages are available
-   regulate alpha 1
-   constrain beta
-   advance alpha 4
-   beta: timeAdvanceRequestAvailable 5
-   beta < timeAdvanceGrant 5
-   alpha: update car Position=a at 5
-   beta: timeAdvanceRequestAvailable 6
-   beta < nothing
-   advance alpha 5
-   beta < reflect car Position=a TSO reliable at 5 TSO retractable by alpha; timeAdvanceGrant 6
-   alpha: update car Position=b at 6
-   beta: nextMessageRequestAvailable 10
-   beta < reflect car Position=b TSO reliable at 6 TSO retractable by alpha; timeAdvanceGrant 6
-   alpha: update car Position=c at 6
-   beta: nextMessageRequestAvailable 10
-   beta < reflect car Position=c TSO reliable at 6 TSO retractable by alpha; timeAdvanceGrant 6
-   beta: nextMessageRequest 10
-   beta < nothing
-   advance alpha 20
-   beta < timeAdvanceGrant 10
+   beta: nextMessageRequest 10 => beta < timeAdvanceGrant 10
 
 story flushes the queue
    regulate alpha 1
@@ -247,46 +187,22 @@ story flushes the queue
    beta: flushQueueRequest 100
    beta < reflect car Position=d TSO reliable at 52 TSO retractable by alpha; timeAdvanceGrant 51
 
-story flushes no further than to the first message
-   regulate alpha 1
-   constrain beta
-   alpha: update car Position=a at 8
-   advance alpha 20
-   beta: flushQueueRequest 10
-   beta < reflect car Position=a TSO reliable at 8 TSO retractable by alpha; timeAdvanceGrant 8
-
 to both $request $time
-   alpha, beta: $request $time
-   alpha, beta < timeAdvanceGrant $time
-story never waits for itself
-   coordinate 0
-   both timeAdvanceRequest 10
-   both timeAdvanceRequestAvailable 20
-   both nextMessageRequest 30
-   both nextMessageRequestAvailable 40
-
+   alpha, beta: $request $time => alpha, beta < timeAdvanceGrant $time
 story delivers without order only to who is advancing
    regulate alpha 1
    constrain beta
-   alpha: send Message Words=early
-   beta < nothing
-   beta: timeAdvanceRequest 5
-   beta < receive Message Words=early RO reliable by alpha
-   alpha: send Message Words=meanwhile
-   beta < receive Message Words=meanwhile RO reliable by alpha
+   alpha: send Message Words=early => beta < nothing
+   beta: timeAdvanceRequest 5 => beta < receive Message Words=early RO reliable by alpha
+   alpha: send Message Words=meanwhile => beta < receive Message Words=meanwhile RO reliable by alpha
    advance alpha 10
    beta < timeAdvanceGrant 5
-   alpha: send Message Words=late
-   beta < nothing
-   beta: enableAsynchronousDelivery
-   beta < receive Message Words=late RO reliable by alpha
-   alpha: send Message Words=any-time
-   beta < receive Message Words=any-time RO reliable by alpha
+   alpha: send Message Words=late => beta < nothing
+   beta: enableAsynchronousDelivery => beta < receive Message Words=late RO reliable by alpha
+   alpha: send Message Words=any-time => beta < receive Message Words=any-time RO reliable by alpha
    beta: disableAsynchronousDelivery
-   alpha: send Message Words=later
-   beta < nothing
-   beta: disableTimeConstrained
-   beta < receive Message Words=later RO reliable by alpha
+   alpha: send Message Words=later => beta < nothing
+   beta: disableTimeConstrained => beta < receive Message Words=later RO reliable by alpha
 
 story takes messages back
    gamma: join; subscribe Car Position Speed Fuel # and is not constrained
@@ -300,8 +216,7 @@ story takes messages back
    gamma < reflect car Position=a TSO reliable at 5 RO retractable by alpha;
       reflect car Position=b TSO reliable at 6 RO retractable by alpha;
       reflect car Position=c TSO reliable at 7 RO retractable by alpha
-   alpha: retract second
-   gamma < requestRetraction second
+   alpha: retract second => gamma < requestRetraction second
    alpha: retract second -> MessageCanNoLongerBeRetracted
    advance alpha 5
    alpha: retract first -> MessageCanNoLongerBeRetracted
@@ -314,10 +229,8 @@ story takes messages back
 
 story takes deletions back
    regulate alpha 1
-   alpha: deletion = delete car at 5
-   beta < remove car TSO at 5 RO retractable by alpha
-   alpha: update car Position=1 at 6 -> ObjectInstanceNotKnown
-   alpha: retract deletion
+   alpha: deletion = delete car at 5 => beta < remove car TSO at 5 RO retractable by alpha
+   alpha: update car Position=1 at 6 -> ObjectInstanceNotKnown; retract deletion
    beta < requestRetraction deletion; discover car Car car alpha
    alpha: update car Position=1 at 6 = retractable
    beta < reflect car Position=1 TSO reliable at 6 RO retractable by alpha
@@ -339,8 +252,7 @@ story saves at a time
    beta: timeAdvanceRequest 15
    beta < reflect car Position=before TSO reliable at 9 TSO retractable by alpha; initiateFederateSave noon at 10
    alpha < initiateFederateSave noon at 10
-   alpha, beta: federateSaveBegun; federateSaveComplete
-   alpha < federationSaved
+   alpha, beta: federateSaveBegun; federateSaveComplete => alpha < federationSaved
    beta < federationSaved; reflect car Position=after TSO reliable at 12 TSO retractable by alpha; timeAdvanceGrant 15
    advance beta 20
    alpha < timeAdvanceGrant 20
@@ -351,8 +263,7 @@ story saves before the time is granted
    constrain beta
    alpha: requestFederationSave noon at 10
    advance alpha 20
-   beta: timeAdvanceRequest 10
-   beta < initiateFederateSave noon at 10
+   beta: timeAdvanceRequest 10 => beta < initiateFederateSave noon at 10
    alpha < initiateFederateSave noon at 10
 
 story and objects come back with a restore
@@ -362,13 +273,10 @@ story and objects come back with a restore
    constrain gamma
    both timeAdvanceRequest 10
    alpha: update car Position=kept at 15
-   beta: requestFederationSave noon
-   alpha, beta, gamma < initiateFederateSave noon
-   alpha, beta, gamma: federateSaveBegun; federateSaveComplete
-   alpha, beta, gamma < federationSaved
+   beta: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
+   alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
    alpha: delete car
-   alpha, beta: timeAdvanceRequest 30
-   alpha < timeAdvanceGrant 30
+   alpha, beta: timeAdvanceRequest 30 => alpha < timeAdvanceGrant 30
    beta < remove car RO by alpha; timeAdvanceGrant 30 # and so no more of the car
    alpha: disableTimeRegulation
    beta: requestFederationSave evening at 40
@@ -376,8 +284,7 @@ story and objects come back with a restore
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
    beta < federationRestoreBegun; initiateFederateRestore noon beta beta
    gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
-   alpha, beta, gamma: federateRestoreComplete
-   alpha, beta, gamma < federationRestored
+   alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
    alpha, beta: queryLogicalTime = 10
    alpha: queryLookahead = 1; isAttributeOwnedByFederate car Position = true
    beta: getKnownObjectClassHandle car = Car
@@ -390,68 +297,28 @@ story goes on waiting after a restore
    alpha: where = createRegion Lane; setRangeBounds where Lane 0..2; commitRegionModifications where
    regulate alpha 1
    constrain beta
+   alpha: update car Position=1 at 5; send Accident Damage=2 where at 6
+   beta: here = createRegion Lane; setRangeBounds here Lane 1..3; commitRegionModifications here
+   alpha: associateRegionsForUpdates car Position@where
    beta: timeAdvanceRequest 10
    advance gamma 50
    gamma: enableTimeConstrained
-   alpha: requestFederationSave noon
-   alpha, beta, gamma < initiateFederateSave noon
-   alpha, beta, gamma: federateSaveBegun; federateSaveComplete
-   alpha, beta, gamma < federationSaved
+   alpha: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
+   alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
    let-them-go
-   alpha: deleteRegion where; requestFederationRestore noon
+   alpha: unassociateRegionsForUpdates car Position@where; deleteRegion where; requestFederationRestore noon
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
    beta < federationRestoreBegun; initiateFederateRestore noon beta beta
    gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
-   alpha, beta, gamma: federateRestoreComplete
-   alpha, beta, gamma < federationRestored
+   alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
    let-them-go
-   alpha: getRangeBounds where Lane = 0..2
+   alpha: getRangeBounds where Lane = 0..2; deleteRegion where -> RegionInUseForUpdateOrSubscription
 to let-them-go
+   beta: unsubscribe Accident; subscribe Accident here
    advance alpha 60
-   beta < timeAdvanceGrant 10
+   beta < reflect car Position=1 TSO reliable at 5 TSO retractable by alpha;
+      receive Accident Damage=2 TSO reliable at 6 TSO retractable by alpha from where; timeAdvanceGrant 10
    gamma < timeConstrainedEnabled 50
-
-story counts with what is answered to a message
-   regulate alpha 2
-   regulate beta 30
-   constrain [alpha|beta]
-   alpha: nextMessageRequest 100; queryGALT = 30
-   beta: queryGALT = 32 # beta may yet send for 30 what alpha answers
-   beta: disableTimeRegulation
-   alpha < timeAdvanceGrant 100
-   beta: nextMessageRequestAvailable 200
-   beta < nothing
-   alpha: update car Position=a at 102
-   beta < reflect car Position=a TSO reliable at 102 TSO retractable by alpha; timeAdvanceGrant 102 # no more to wait for
-
-story begins to regulate where nobody is ahead
-   constrain beta
-   beta: timeAdvanceRequestAvailable 10
-   beta < timeAdvanceGrant 10
-   advance alpha 5
-   alpha: enableTimeRegulation 0
-   alpha < timeRegulationEnabled 10
-   alpha: update car Position=1 at 9 -> InvalidLogicalTime
-   alpha: update car Position=1 at 10
-
-story begins to regulate behind no message that has come
-   regulate alpha 1
-   constrain beta
-   alpha: update car Position=a at 7
-   beta: timeAdvanceRequest 10
-   advance alpha 7
-   beta < reflect car Position=a TSO reliable at 7 TSO retractable by alpha # though not granted yet
-   gamma: join; enableTimeRegulation 0
-   gamma < timeRegulationEnabled 7
-
-story constrains who is ahead when the others have caught up
-   regulate alpha 1
-   advance beta 50
-   beta: enableTimeConstrained
-   advance alpha 49 # which may still send for 50, which beta has passed
-   beta < nothing
-   advance alpha 50
-   beta < timeConstrainedEnabled 50
 
 story is only for who takes part
    alpha: requestFederationSave noon at 5 -> FederateUnableToUseTime
@@ -462,3 +329,4 @@ story is only for who takes part
    constrain alpha
    alpha: timeAdvanceRequest 20 # which promises not to send for 5 any more
    alpha: retract sent -> MessageCanNoLongerBeRetracted
+

@@ -1,9 +1,12 @@
+#include "tests/support/ForeignElement.h"
 #include "tests/values/encoding/Octets.h"
 
 #include <RTI/encoding/BasicDataElements.h>
 #include <RTI/encoding/HLAfixedArray.h>
 #include <RTI/encoding/HLAfixedRecord.h>
+#include <RTI/encoding/HLAopaqueData.h>
 #include <RTI/encoding/HLAvariableArray.h>
+#include <RTI/encoding/HLAvariantRecord.h>
 
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -68,20 +71,8 @@ TEST(VariableArray, Encoding)
    mixed.addElement(HLAoctet('a'));
    mixed.addElement(HLAinteger16LE(2));
    expectEncoding(mixed, octets("00000003 00000000 0000000000000001 61 00 0200"), 8);
-}
-
-TEST(VariableArray, OfArraysIsOnTheInnerBoundary)
-{
-   DataElement const& inner = HLAvariableArray{HLAinteger64BE()};
-   HLAvariableArray outer(inner);
-   EXPECT_EQ(outer.getOctetBoundary(), 8U);
-   Octets const encoded = octets("00000002 00000000 00000000 00000000 00000001 00000000 00000000 0000002a");
-   expectDecoding(outer, encoded, tooShort);
-   expectEncoding(outer, encoded, 8);
-   auto const& last = static_cast<HLAvariableArray const&>(outer[1]);
-   EXPECT_EQ(static_cast<HLAinteger64BE const&>(last[0]).get(), 42);
-   // An array given as such is copied.
-   EXPECT_EQ(HLAvariableArray(outer).size(), 2U);
+   mixed.set(0, HLAoctet('b'));
+   expectEncoding(mixed, octets("00000003 62 61 0200"), 4);
 }
 
 TEST(VariableArray, CountStandsAtTheNextMultipleOfFour)
@@ -110,6 +101,7 @@ TEST(VariableArray, HostileCounts)
       {"80000000", 0, tooShort, 2},
       {"00000005 00000000", 0, tooShort, 2},
       {"00000004 00000009", 0, indexOutOfBounds, 4},
+      {"00000003 00000009 00000008", 0, indexOutOfBounds, 3},
       {"00000001 000000", 0, indexOutOfBounds, 1},
    };
    for (auto const& each : cases) {
@@ -117,13 +109,59 @@ TEST(VariableArray, HostileCounts)
       HLAvariableArray array = integers({1, 2});
       EXPECT_EQ(failureOf([&] { array.decodeFrom(octets(each.encoded), each.index); }), each.failure);
       ASSERT_EQ(array.size(), each.sizeAfter);
-      EXPECT_EQ(integerAt(array[0]), each.sizeAfter == 4 ? 9 : 1);
+      EXPECT_EQ(integerAt(array[0]), each.sizeAfter > 2 ? 9 : 1);
    }
    // Elements without octets need none, but are not more than the octets left.
    HLAvariableArray empties{HLAfixedRecord()};
    EXPECT_EQ(failureOf([&] { empties.decodeFrom(octets("00000001"), 0); }), tooShort);
    EXPECT_EQ(empties.decodeFrom(octets("00000001 00"), 0), 4U);
    EXPECT_EQ(empties.size(), 1U);
+}
+
+// What could not be there at the least length of a constructed element is refused before anything is cloned.
+TEST(VariableArray, HostileCountsOfLongElements)
+{
+   ForeignElement const foreign;
+   HLAfixedArray const many(HLAinteger32BE(), 250);
+   HLAopaqueData const opaque("something", 9);
+   HLAvariableArray const list{HLAinteger64BE()};
+   auto const recordOf = [](std::initializer_list<DataElement const*> fields) {
+      HLAfixedRecord record;
+      for (DataElement const* const field : fields) {
+         record.appendElement(*field);
+      }
+      return record;
+   };
+   HLAoctet const octet;
+   HLAvariantRecord variant(octet);
+   variant.addVariant(octet, many);
+   HLAASCIIstring const text("text");
+   HLAfixedRecord const mixed = recordOf({&octet, &text, &variant, &list});
+   HLAfixedRecord const withForeign = recordOf({&octet, &foreign, &many});
+   HLAfixedRecord const foreignAlone = recordOf({&octet, &foreign});
+   struct
+   {
+      DataElement const& prototype;
+      std::size_t least;
+   } const cases[] = {{octet, 1},  {many, 1000}, {opaque, 4},         {list, 4},        {variant, 1},
+                      {mixed, 20}, {text, 4},    {withForeign, 1004}, {foreignAlone, 1}};
+   for (auto const& each : cases) {
+      SCOPED_TRACE(each.least);
+      HLAvariableArray array(each.prototype);
+      int const living = ForeignElement::live;
+      Octets encoded = octets("00000003");
+      encoded.resize(4 + 3 * each.least - 1);
+      EXPECT_EQ(failureOf([&] { array.decodeFrom(encoded, 0); }), tooShort);
+      EXPECT_EQ(array.size(), 0U);
+      EXPECT_EQ(ForeignElement::live, living);
+      encoded.push_back('\0');
+      failureOf([&] { array.decodeFrom(encoded, 0); }); // of an element in it, if at all
+      EXPECT_EQ(array.size(), 3U);
+   }
+   // What is there already is not measured by the prototype.
+   HLAvariableArray array(many);
+   array.addElement(octet);
+   EXPECT_EQ(array.decodeFrom(octets("00000001 07"), 0), 5U);
 }
 
 template <class Array>
@@ -190,23 +228,6 @@ TYPED_TEST(Arrays, OwnClonesAndBorrowTheRest)
    array.set(1, HLAinteger32BE(7));
    EXPECT_EQ(variable, 6) << "replacing does not";
    EXPECT_EQ(integerAt(lent), 6);
-}
-
-TEST(VariableArray, GrowsAndShrinksAroundLentElements)
-{
-   HLAinteger32BE lent(1);
-   HLAvariableArray array = integers({2});
-   array.addElementPointer(&lent);
-   array.addElement(array[0]);
-   expectEncoding(array, octets("00000003 00000002 00000001 00000002"), 4);
-   array.decode(dataOf(octets("00000001 00000003")));
-   array.decode(dataOf(octets("00000003 00000004 00000005 00000006")));
-   EXPECT_EQ(lent.get(), 1);
-   array.decode(dataOf(octets("00000000")));
-   EXPECT_EQ(array.size(), 0U);
-   array.addElement(HLAoctet('a'));
-   expectEncoding(array, octets("00000001 61"), 4);
-   EXPECT_NE(failureOf([&] { array.addElementPointer(nullptr); }), L"none");
 }
 
 TEST(VariableArray, KeepsManyElementsInPlaceAsItGrows)

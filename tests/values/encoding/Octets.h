@@ -1,7 +1,7 @@
 // Encodings that tests write down and compare.
 #pragma once
 
-#include "tests/contract/Bytes.h"
+#include "tests/support/Bytes.h"
 
 #include <RTI/VariableLengthData.h>
 #include <RTI/encoding/DataElement.h>

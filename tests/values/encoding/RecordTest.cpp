@@ -1,10 +1,9 @@
-#include "tests/values/encoding/ForeignElement.h"
+#include "tests/support/ForeignElement.h"
 #include "tests/values/encoding/Octets.h"
 
 #include <RTI/encoding/BasicDataElements.h>
 #include <RTI/encoding/HLAfixedArray.h>
 #include <RTI/encoding/HLAfixedRecord.h>
-#include <RTI/encoding/HLAvariableArray.h>
 #include <RTI/encoding/HLAvariantRecord.h>
 
 #include <gtest/gtest.h>
@@ -17,31 +16,6 @@ std::wstring const nonMatching = L"Non-matching type";
 std::wstring const notMapped = L"Discriminant is not mapped to a value";
 
 int integerOf(DataElement const& element) { return static_cast<HLAinteger32BE const&>(element).get(); }
-
-TEST(FixedRecord, AlignsEachField)
-{
-   HLAfixedRecord record;
-   expectEncoding(record, {}, 1);
-   record.appendElement(HLAoctet('a'));
-   record.appendElement(HLAinteger32BE(0x01020304));
-   expectEncoding(record, octets("61 000000 01020304"), 4);
-   record.appendElement(HLAASCIIstring("b"));
-   HLAvariableArray doubles{HLAfloat64BE()};
-   doubles.addElement(HLAfloat64BE(1.5));
-   record.appendElement(doubles);
-   Octets const encoded = octets("61 000000 01020304 00000001 62 000000 00000001 00000000 3ff8000000000000");
-   expectEncoding(record, encoded, 8);
-   HLAfixedRecord decoded(record);
-   expectDecoding(decoded, encoded, L"HLAvariableArray cannot decode (indata too short)");
-
-   // The record within another is aligned as a whole.
-   HLAfixedRecord outer;
-   outer.appendElement(HLAoctet('o'));
-   outer.appendElement(record);
-   Octets expected = octets("6f 00000000000000");
-   expected.insert(expected.end(), encoded.begin(), encoded.end());
-   expectEncoding(outer, expected, 8);
-}
 
 TEST(FixedRecord, OwnsClonesAndBorrowsTheRest)
 {
@@ -168,43 +142,6 @@ TEST(VariantRecord, ReplacesAlternatives)
    EXPECT_EQ(HLAvariantRecord(record).getEncodedLength(), 16U);
    EXPECT_TRUE(
       HLAvariantRecord(static_cast<DataElement const&>(record)).hasMatchingDiscriminantTypeAs(record));
-}
-
-// A federate's record, which has fields of its own and clones itself.
-struct Position : HLAfixedRecord
-{
-   Position()
-   {
-      appendElementPointer(&x);
-      appendElementPointer(&label);
-   }
-   Position(Position const& other) : HLAfixedRecord(), x(other.x), label(other.label)
-   {
-      appendElementPointer(&x);
-      appendElementPointer(&label);
-   }
-   std::auto_ptr<DataElement> clone() const override
-   {
-      return std::auto_ptr<DataElement>(new Position(*this));
-   }
-
-   HLAfloat64LE x;
-   HLAASCIIstring label;
-};
-
-TEST(ForeignElements, TakePartInRecords)
-{
-   HLAfixedRecord record;
-   record.appendElement(HLAoctet('a'));
-   record.appendElement(ForeignElement());
-   record.appendElement(Position());
-   HLAvariableArray array(static_cast<DataElement const&>(record));
-   Octets encoded = octets("00000002 00000000 61 00 0f0e00 000000 0000000000000000 00000000 00000000"
-                           "61 00 0f0e07 000000 000000000000f03f 00000001 62");
-   array.decode(dataOf(encoded));
-   expectEncoding(array, encoded, 8);
-   encoded.resize(12); // within the foreign element
-   EXPECT_EQ(failureOf([&] { array.decode(dataOf(encoded)); }), L"too short for a foreign element");
 }
 
 // However deep an element lies, it is measured and encoded as often as if it lay on top.

@@ -1,0 +1,553 @@
+#include "tests/support/FakeJava.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <utility>
+
+namespace fake {
+namespace {
+
+struct Object
+{
+   std::string className;
+   std::vector<std::uint8_t> storage; // of arrays
+   std::size_t length = 0;
+   std::u16string text; // of strings, and messages of exceptions
+   bool hasText = true;
+   std::vector<std::string> bases;
+};
+
+struct Method
+{
+   std::string name;
+   std::string signature;
+   char result() const { return signature[signature.find(')') + 1]; }
+};
+
+struct State
+{
+   std::vector<std::unique_ptr<Object>> objects; // live until the next reset, so that a misuse is seen
+   std::map<Object const*, int> locals;
+   int globals = 0;
+   int pins = 0;
+   Object* pending = nullptr;
+   int calls = 0;
+   int failIn = 0;
+   bool failed = false;
+   Core core;
+   Runtime runtime;
+   std::vector<std::string> offences;
+   Method lastMethod;
+   std::vector<std::uint8_t> lastMessage;
+   std::size_t lastPeer = 0;
+   int arraysMade = 0;
+   std::set<std::string> methodsLookedUp;
+   std::set<std::string> nativesRegistered;
+};
+
+State state;
+std::map<std::string, void*> natives;  // registered once per construction
+std::map<std::string, Method> methods; // where they stay in place
+
+Object* objectOf(void* reference) { return static_cast<Object*>(reference); }
+
+Object* newObject(std::string const& className)
+{
+   state.objects.push_back(std::make_unique<Object>());
+   Object* const object = state.objects.back().get();
+   object->className = className;
+   return object;
+}
+
+template <class Reference>
+Reference local(Object* object)
+{
+   ++state.locals[object];
+   return reinterpret_cast<Reference>(object);
+}
+
+void offend(std::string const& what) { state.offences.push_back(what); }
+
+// What JNI allows while something is pinned, and while an exception is pending.
+enum class Allowed
+{
+   Never,
+   WhilePending,
+   Always
+};
+
+// While a function of the VM runs, memory is not refused: only the library's own allocations are to fail.
+int depth = 0;
+
+std::recursive_mutex oneThreadAtATime;
+thread_local bool isAttached = false;
+
+class Entry
+{
+public:
+   explicit Entry(char const* function, Allowed allowed = Allowed::Never);
+   ~Entry() { --depth; }
+   Entry(Entry const&) = delete;
+   Entry& operator=(Entry const&) = delete;
+
+private:
+   std::lock_guard<std::recursive_mutex> const _lock{oneThreadAtATime};
+};
+
+Entry::Entry(char const* function, Allowed allowed)
+{
+   ++depth;
+   ++state.calls;
+   if (state.pins != 0 && allowed != Allowed::Always) {
+      offend(std::string(function) + " while pinned");
+   }
+   if (state.pending != nullptr && allowed == Allowed::Never) {
+      offend(std::string(function) + " while an exception is pending");
+   }
+}
+
+bool failsNow()
+{
+   if (state.failIn == 0 || --state.failIn != 0) {
+      return false;
+   }
+   state.failed = true;
+   return true;
+}
+
+void raise(std::string const& className, std::optional<std::u16string> const& message,
+           std::vector<std::string> const& bases = {})
+{
+   state.pending = newObject(className);
+   state.pending->text = message.value_or(u"");
+   state.pending->hasText = message.has_value();
+   state.pending->bases = bases;
+}
+
+bool failsWith(char const* className)
+{
+   bool const fails = failsNow();
+   if (fails) {
+      raise(className, u"on demand");
+   }
+   return fails;
+}
+
+Object* newArray(std::size_t length, std::size_t elementSize)
+{
+   Object* const array = newObject("array");
+   array->length = length;
+   array->storage.resize(length * elementSize);
+   return array;
+}
+
+template <class Element>
+Object* arrayOf(std::vector<Element> const& elements)
+{
+   Object* const array = newArray(elements.size(), sizeof(Element));
+   if (!elements.empty()) {
+      std::memcpy(array->storage.data(), elements.data(), array->storage.size());
+   }
+   return array;
+}
+
+Object* stringOf(std::u16string const& text)
+{
+   Object* const string = newObject("java/lang/String");
+   string->text = text;
+   return string;
+}
+
+void* pinned(void* storage)
+{
+   if (failsNow()) {
+      return nullptr;
+   }
+   ++state.pins;
+   return storage;
+}
+
+template <class Array, class Element>
+void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Element* to)
+{
+   Entry const entry("Get<Type>ArrayRegion");
+   if (static_cast<std::size_t>(start + length) > objectOf(array)->length) {
+      raise("java/lang/ArrayIndexOutOfBoundsException", u"beyond an array");
+      return;
+   }
+   std::memcpy(to, objectOf(array)->storage.data() + static_cast<std::size_t>(start) * sizeof(Element),
+               static_cast<std::size_t>(length) * sizeof(Element));
+}
+
+void doMeanwhile()
+{
+   if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
+      action();
+   }
+}
+
+// Enters a method of the core, which gives a result of one of these kinds. False if it raises.
+bool call(jobject peer, jmethodID id, jvalue const* arguments, char const* results)
+{
+   Entry const entry("Call<Type>Method");
+   state.lastMethod = *reinterpret_cast<Method const*>(id);
+   if (std::strchr(results, state.lastMethod.result()) == nullptr) {
+      offend(state.lastMethod.name + " called as if it gave something else");
+   }
+   auto const found = std::find_if(state.objects.begin(), state.objects.end(),
+                                   [peer](auto const& object) { return object.get() == objectOf(peer); });
+   state.lastPeer = static_cast<std::size_t>(found - state.objects.begin());
+   if (arguments != nullptr && arguments->l != nullptr) {
+      state.lastMessage = objectOf(arguments->l)->storage;
+   }
+   Core const& core = state.core;
+   auto const raiseNext = std::exchange(state.core.raiseNext, {});
+   doMeanwhile();
+   if (!raiseNext.empty()) {
+      state.core.raises = raiseNext;
+   }
+   if (!core.raises.empty()) {
+      raise(core.raises.front(), core.message, {core.raises.begin() + 1, core.raises.end()});
+      return false;
+   }
+   return !failsWith("java/lang/IllegalStateException");
+}
+
+// The functions, each where the VM has its own.
+JNINativeInterface_ functions()
+{
+   JNINativeInterface_ table{};
+   table.FindClass = [](JNIEnv*, char const* name) -> jclass {
+      Entry const entry("FindClass");
+      std::string const& lacking = state.core.lacksClasses;
+      if (!lacking.empty() && std::strncmp(name, lacking.c_str(), lacking.size()) == 0) {
+         raise("java/lang/NoClassDefFoundError", u"on demand");
+         return nullptr;
+      }
+      return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(name));
+   };
+   table.GetObjectClass = [](JNIEnv*, jobject object) -> jclass {
+      Entry const entry("GetObjectClass");
+      return local<jclass>(newObject(objectOf(object)->className));
+   };
+   // Without the methods that the core's ambassador has for the services no ambassador is made, so that each
+   // of these is taken away by its name.
+   table.GetMethodID = [](JNIEnv*, jclass cls, char const* name, char const* signature) -> jmethodID {
+      Entry const entry("GetMethodID");
+      bool const ofCore = objectOf(cls)->className == "morva/tovu1516e/RTIambassadorC2007";
+      bool const ofService = ofCore && std::strcmp(name, "<init>") != 0;
+      std::string const id = name + std::string(" ") + signature;
+      if (ofCore && name == state.core.lacks) {
+         raise("java/lang/NoSuchMethodError", u"on demand");
+      } else if (ofCore) {
+         state.methodsLookedUp.insert(id);
+      }
+      if (state.pending != nullptr || (!ofService && failsWith("java/lang/NoSuchMethodError"))) {
+         return nullptr;
+      }
+      return reinterpret_cast<jmethodID>(&methods.emplace(id, Method{name, signature}).first->second);
+   };
+   table.IsInstanceOf = [](JNIEnv*, jobject object, jclass cls) -> jboolean {
+      Entry const entry("IsInstanceOf");
+      Object const& instance = *objectOf(object);
+      std::string const& name = objectOf(cls)->className;
+      bool const ofBase = std::count(instance.bases.begin(), instance.bases.end(), name) != 0;
+      return instance.className == name || ofBase ? JNI_TRUE : JNI_FALSE;
+   };
+   table.ExceptionOccurred = [](JNIEnv*) -> jthrowable {
+      Entry const entry("ExceptionOccurred", Allowed::WhilePending);
+      return state.pending == nullptr ? nullptr : local<jthrowable>(state.pending);
+   };
+   table.ExceptionCheck = [](JNIEnv*) -> jboolean {
+      Entry const entry("ExceptionCheck", Allowed::WhilePending);
+      return state.pending != nullptr ? JNI_TRUE : JNI_FALSE;
+   };
+   table.ExceptionDescribe = [](JNIEnv*) -> void {
+      Entry const entry("ExceptionDescribe", Allowed::WhilePending);
+   };
+   table.ExceptionClear = [](JNIEnv*) -> void {
+      Entry const entry("ExceptionClear", Allowed::WhilePending);
+      state.pending = nullptr;
+   };
+   table.ThrowNew = [](JNIEnv*, jclass cls, char const* message) -> jint {
+      Entry const entry("ThrowNew");
+      if (failsWith("java/lang/OutOfMemoryError")) {
+         return JNI_ERR;
+      }
+      std::u16string text;
+      for (; *message != '\0'; ++message) {
+         text.push_back(static_cast<unsigned char>(*message));
+      }
+      raise(objectOf(cls)->className, text);
+      return JNI_OK;
+   };
+   table.DeleteLocalRef = [](JNIEnv*, jobject reference) -> void {
+      Entry const entry("DeleteLocalRef", Allowed::WhilePending);
+      Object* const object = objectOf(reference);
+      auto const found = state.locals.find(object);
+      if (object != nullptr && (found == state.locals.end() || found->second == 0)) {
+         offend("DeleteLocalRef of what is not referenced");
+      } else if (object != nullptr) {
+         --found->second;
+      }
+   };
+   table.NewGlobalRef = [](JNIEnv*, jobject reference) -> jobject {
+      Entry const entry("NewGlobalRef");
+      if (failsNow()) {
+         return nullptr;
+      }
+      ++state.globals;
+      return reference;
+   };
+   table.DeleteGlobalRef = [](JNIEnv*, jobject) -> void {
+      Entry const entry("DeleteGlobalRef", Allowed::WhilePending);
+      --state.globals;
+   };
+   table.NewByteArray = [](JNIEnv*, jsize length) -> jbyteArray {
+      Entry const entry("NewByteArray");
+      ++state.arraysMade;
+      if (failsWith("java/lang/OutOfMemoryError")) {
+         return nullptr;
+      }
+      return local<jbyteArray>(newArray(static_cast<std::size_t>(length), 1));
+   };
+   table.GetArrayLength = [](JNIEnv*, jarray array) -> jsize {
+      Entry const entry("GetArrayLength");
+      return static_cast<jsize>(objectOf(array)->length);
+   };
+   table.GetPrimitiveArrayCritical = [](JNIEnv*, jarray array, jboolean*) -> void* {
+      Entry const entry("GetPrimitiveArrayCritical");
+      auto& storage = objectOf(array)->storage;
+      storage.reserve(1); // the storage of an empty array has an address too
+      return pinned(storage.data());
+   };
+   table.ReleasePrimitiveArrayCritical = [](JNIEnv*, jarray, void*, jint) -> void {
+      Entry const entry("ReleasePrimitiveArrayCritical", Allowed::Always);
+      --state.pins;
+   };
+   table.GetStringLength = [](JNIEnv*, jstring string) -> jsize {
+      Entry const entry("GetStringLength");
+      return static_cast<jsize>(objectOf(string)->text.size());
+   };
+   table.GetStringCritical = [](JNIEnv*, jstring string, jboolean*) -> jchar const* {
+      Entry const entry("GetStringCritical");
+      return static_cast<jchar const*>(pinned(objectOf(string)->text.data()));
+   };
+   table.ReleaseStringCritical = [](JNIEnv*, jstring, jchar const*) -> void {
+      Entry const entry("ReleaseStringCritical", Allowed::Always);
+      --state.pins;
+   };
+   table.CallVoidMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> void {
+      call(peer, id, arguments, "V");
+   };
+   table.CallIntMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jint {
+      return call(peer, id, arguments, "I") ? static_cast<jint>(state.core.number) : 0;
+   };
+   table.CallBooleanMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jboolean {
+      return call(peer, id, arguments, "Z") && state.core.number != 0 ? JNI_TRUE : JNI_FALSE;
+   };
+   table.CallLongMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jlong {
+      return call(peer, id, arguments, "J") ? state.core.number : 0;
+   };
+   table.CallDoubleMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jdouble {
+      return call(peer, id, arguments, "D") ? state.core.real : 0;
+   };
+   table.CallObjectMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jobject {
+      if (!call(peer, id, arguments, "[L") || state.core.returnsNull) {
+         return nullptr;
+      }
+      std::string const& signature = reinterpret_cast<Method const*>(id)->signature;
+      switch (signature.back()) {
+      case 'B':
+         return local<jobject>(arrayOf(state.core.bytes));
+      case 'I':
+         return local<jobject>(arrayOf(state.core.ints));
+      case 'J':
+         return local<jobject>(arrayOf(state.core.longs));
+      default:
+         return local<jobject>(stringOf(state.core.text));
+      }
+   };
+   // Methods of exceptions.
+   table.CallObjectMethodV = [](JNIEnv*, jobject object, jmethodID method, std::va_list) -> jobject {
+      Entry const entry("CallObjectMethod");
+      if (failsWith("java/lang/StackOverflowError")) {
+         return nullptr;
+      }
+      Object const& exception = *objectOf(object);
+      if (reinterpret_cast<Method const*>(method)->name == "getMessage") {
+         return exception.hasText ? local<jobject>(stringOf(exception.text)) : nullptr;
+      }
+      std::u16string description(exception.className.begin(), exception.className.end());
+      std::replace(description.begin(), description.end(), u'/', u'.');
+      return local<jobject>(stringOf(exception.hasText ? description + u": " + exception.text : description));
+   };
+   table.CallVoidMethodV = [](JNIEnv*, jobject object, jmethodID, std::va_list) -> void {
+      Entry const entry("CallVoidMethod");
+      std::fprintf(stderr, "stack trace of %s\n", objectOf(object)->className.c_str());
+      failsWith("java/lang/StackOverflowError");
+   };
+   table.NewObjectV = [](JNIEnv*, jclass cls, jmethodID, std::va_list arguments) -> jobject {
+      Entry const entry("NewObject");
+      state.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
+      doMeanwhile();
+      if (state.core.makesNothing) {
+         return nullptr;
+      }
+      jobject const object = local<jobject>(newObject(objectOf(cls)->className));
+      if (state.core.constructorRaises) {
+         raise("java/lang/IllegalStateException", state.core.message);
+      }
+      failsWith("java/lang/IllegalStateException"); // some VMs give a reference all the same
+      return object;
+   };
+   table.RegisterNatives = [](JNIEnv*, jclass, JNINativeMethod const* entries, jint count) -> jint {
+      Entry const entry("RegisterNatives");
+      for (jint i = 0; i < count; ++i) {
+         natives[entries[i].name] = entries[i].fnPtr;
+         state.nativesRegistered.insert(entries[i].name + std::string(" ") + entries[i].signature);
+      }
+      return failsWith("java/lang/NoSuchMethodError") ? JNI_ERR : JNI_OK;
+   };
+   table.GetByteArrayRegion = getArrayRegion<jbyteArray, jbyte>;
+   table.GetLongArrayRegion = getArrayRegion<jlongArray, jlong>;
+   return table;
+}
+
+JNINativeInterface_ const functionTable = functions();
+JNIEnv env{&functionTable};
+
+JNIInvokeInterface_ invocationFunctions()
+{
+   JNIInvokeInterface_ table{};
+   table.GetEnv = [](JavaVM*, void** environment, jint) -> jint {
+      Entry const entry("GetEnv", Allowed::WhilePending);
+      bool const known = isAttached && state.runtime.attachStatus == JNI_OK;
+      *environment = known ? &env : nullptr;
+      return known ? JNI_OK : JNI_EDETACHED;
+   };
+   table.AttachCurrentThread = [](JavaVM*, void** environment, void*) -> jint {
+      Entry const entry("AttachCurrentThread", Allowed::WhilePending);
+      ++state.runtime.attachments;
+      if (state.runtime.attachStatus != JNI_OK) {
+         return state.runtime.attachStatus;
+      }
+      isAttached = true;
+      *environment = &env;
+      return failsNow() ? JNI_ENOMEM : JNI_OK;
+   };
+   table.DetachCurrentThread = [](JavaVM*) -> jint {
+      Entry const entry("DetachCurrentThread");
+      ++state.runtime.detachments;
+      isAttached = false;
+      return JNI_OK;
+   };
+   return table;
+}
+
+JNIInvokeInterface_ const invocationTable = invocationFunctions();
+JavaVM vm{&invocationTable};
+
+} // namespace
+
+void reset() { state = State(); }
+Core& core() { return state.core; }
+Runtime& runtime() { return state.runtime; }
+
+void failCall(int n)
+{
+   state.failIn = n;
+   state.failed = false;
+}
+
+bool isInside() { return depth != 0; }
+bool hasFailed() { return state.failed; }
+
+Holdings holdings()
+{
+   int locals = 0;
+   for (auto const& entry : state.locals) {
+      locals += entry.second;
+   }
+   return {locals, state.globals, state.pins, state.pending != nullptr};
+}
+
+void forgetGlobalReference() { --state.globals; }
+int calls() { return state.calls; }
+
+std::vector<std::string> const& offences() { return state.offences; }
+std::vector<std::uint8_t> const& lastMessage() { return state.lastMessage; }
+std::size_t lastPeer() { return state.lastPeer; }
+int arraysMade() { return state.arraysMade; }
+std::set<std::string> const& methodsLookedUp() { return state.methodsLookedUp; }
+std::set<std::string> const& nativesRegistered() { return state.nativesRegistered; }
+
+std::string const& lastMethod()
+{
+   static std::string method;
+   method = state.lastMethod.name + " " + state.lastMethod.signature;
+   return method;
+}
+
+std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message)
+{
+   using Native = void(JNICALL*)(JNIEnv*, jobject, jbyteArray);
+   ++depth;
+   auto const native = reinterpret_cast<Native>(natives.at(name));
+   auto* const array = reinterpret_cast<jbyteArray>(arrayOf(message));
+   --depth;
+   native(&env, nullptr, array);
+   ++depth;
+   std::string described = "none";
+   if (state.pending != nullptr) {
+      described = state.pending->className + ": ";
+      described.append(state.pending->text.begin(), state.pending->text.end());
+      state.pending = nullptr;
+   }
+   --depth;
+   return described;
+}
+
+} // namespace fake
+
+// The library imports these; the program's own come first.
+extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize size, jsize* count)
+{
+   auto& runtime = fake::runtime();
+   ++runtime.queries;
+   *count = runtime.alreadyRunning ? 1 : 0;
+   if (runtime.alreadyRunning && size > 0) {
+      *vms = &fake::vm;
+   }
+   return runtime.queryStatus;
+}
+
+extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void* arguments)
+{
+   auto& runtime = fake::runtime();
+   ++runtime.creations;
+   if (runtime.onCreation) {
+      runtime.onCreation();
+   }
+   auto const& given = *static_cast<JavaVMInitArgs const*>(arguments);
+   runtime.version = given.version;
+   runtime.ignoreUnrecognized = given.ignoreUnrecognized;
+   runtime.options.clear();
+   for (jint i = 0; i < given.nOptions; ++i) {
+      runtime.options.emplace_back(given.options[i].optionString);
+      if (given.options[i].extraInfo != nullptr) {
+         fake::offend("JNI_CreateJavaVM with extra information");
+      }
+   }
+   if (runtime.createStatus == JNI_OK) {
+      *vm = &fake::vm;
+      *env = &fake::env;
+      fake::isAttached = true;
+   }
+   return runtime.createStatus;
+}

@@ -1,0 +1,103 @@
+// A Java VM that is none: the functions of JNI that the library uses, over plain objects. It keeps account of
+// what is referenced, pinned and pending, objects to what JNI forbids, and fails on demand.
+#pragma once
+
+#include <jni.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fake {
+
+// What the core has and what its methods do when they are called.
+struct Core
+{
+   std::vector<std::string> raises;    // the JNI paths of an exception's class and of its bases, or nothing
+   std::vector<std::string> raiseNext; // the same, from the method after the next on
+   std::optional<std::u16string> message = u"raised"; // of that exception
+   std::vector<std::uint8_t> bytes;                   // returned as byte[]
+   std::vector<std::int32_t> ints;                    // returned as int[]
+   std::vector<std::int64_t> longs;                   // returned as long[]
+   std::u16string text;                               // returned as String
+   std::int64_t number = 0;                           // returned as a whole number of any kind
+   double real = 0;                                   // returned as double
+   bool returnsNull = false;                          // instead of an object
+   bool constructorRaises = false;                    // that of its ambassadors
+   bool makesNothing = false;       // its ambassadors' constructor, as if it could return null
+   std::string lacks;               // the method of its ambassador that is not there
+   std::string lacksClasses;        // those whose names begin so are not there, if it is not empty
+   std::function<void()> meanwhile; // done once, in the next method or constructor
+};
+
+// What the library asks of the Java runtime to have the VM, and what comes of it.
+struct Runtime
+{
+   jint queryStatus = JNI_OK;
+   jint createStatus = JNI_OK;
+   jint attachStatus = JNI_OK; // any other: threads that were attached are so no more
+   bool alreadyRunning = true; // false once there is a VM: as if it were gone
+
+   int queries = 0;
+   int creations = 0;
+   int attachments = 0;
+   int detachments = 0;
+   jint version = 0;
+   jboolean ignoreUnrecognized = JNI_FALSE;
+   std::vector<std::string> options;
+   std::function<void()> onCreation;
+};
+
+// Starts over: no references, no failures, a core that returns zeros. The VM is there from the beginning.
+void reset();
+
+Core& core();
+Runtime& runtime();
+
+// Lets the n-th call from now on of those that can fail fail, n counting from 1; 0: none.
+void failCall(int n);
+
+// Whether such a call has failed since.
+bool hasFailed();
+
+// Whether a function of the VM is running.
+bool isInside();
+
+// References and pins that are held now, and whether an exception is pending.
+struct Holdings
+{
+   int localReferences;
+   int globalReferences;
+   int pins;
+   bool pending;
+};
+Holdings holdings();
+
+// Takes it that one global reference can never be deleted, for want of a VM to do it.
+void forgetGlobalReference();
+
+// How often any function of the VM has been called.
+int calls();
+
+// What JNI forbids and was done all the same, in plain words; empty if nothing was.
+std::vector<std::string> const& offences();
+
+// The method that was called last, as its name, a blank and its signature; the bytes that it was given, and
+// the number of the object that it was called on. And the number of arrays made.
+std::string const& lastMethod();
+std::vector<std::uint8_t> const& lastMessage();
+std::size_t lastPeer();
+int arraysMade();
+
+// The methods of the core's ambassador that have been looked up, as above, and the natives registered.
+std::set<std::string> const& methodsLookedUp();
+std::set<std::string> const& nativesRegistered();
+
+// Calls a callback's native with a message, as the core would. Returns the message of the exception that it
+// left pending, or "none".
+std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message);
+
+} // namespace fake

@@ -1,0 +1,141 @@
+// A logical time implementation of the tests' own, "TestTime", and the time library that gives it: this
+// process defines LogicalTimeFactoryFactory::makeLogicalTimeFactory in front of the default time library's.
+#pragma once
+
+#include "tests/support/Bytes.h"
+
+#include <RTI/Exception.h>
+#include <RTI/time/HLAinteger64TimeFactory.h>
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+
+namespace contract {
+
+// What an operation of the implementation does before its work, such as to throw.
+class Faults
+{
+public:
+   static void set(std::string const& operation, std::function<void()> fault) { all()[operation] = fault; }
+   static void clear() { all().clear(); }
+   static void at(std::string const& operation)
+   {
+      auto const fault = all().find(operation);
+      if (fault != all().end()) {
+         fault->second();
+      }
+   }
+
+private:
+   static std::map<std::string, std::function<void()>>& all()
+   {
+      static std::map<std::string, std::function<void()>> faults;
+      return faults;
+   }
+};
+
+// Counts the objects of a class that are alive.
+template <class Counted>
+class Living
+{
+public:
+   Living() { ++count; }
+   Living(Living const&) { ++count; }
+   Living& operator=(Living const&) = default;
+   ~Living() { --count; }
+
+   static inline std::atomic<int> count = 0;
+};
+
+// What times and intervals have in common: the numbers are those of a standard one, but encoded as a mark and
+// the number in what is left of an encoded length. Only exactly that many bytes are decoded.
+template <class Base, unsigned int length>
+class TestValue : public Base, public Living<TestValue<Base, length>>
+{
+public:
+   using Base::operator=;
+   explicit TestValue(rti1516e::Integer64 number) : Base(number) {}
+   ~TestValue() override { Faults::at("destroy"); }
+
+   static Bytes encoded(std::uint64_t number)
+   {
+      Bytes bytes("7A");
+      for (unsigned int i = length - 1; i > 0; --i) {
+         bytes.byte(i > 8 ? 0U : static_cast<unsigned int>(number >> 8 * (i - 1) & 0xFFU));
+      }
+      return bytes;
+   }
+
+   std::uint64_t get() const { return static_cast<std::uint64_t>(static_cast<rti1516e::Integer64>(*this)); }
+
+   rti1516e::VariableLengthData encode() const override
+   {
+      Faults::at("encode");
+      return rti1516e::VariableLengthData(encoded(get()).data(), length);
+   }
+   size_t encodedLength() const override
+   {
+      Faults::at("encodedLength");
+      return length;
+   }
+   void decode(void* buffer, size_t bufferSize) override
+   {
+      Faults::at("decode");
+      auto const* const bytes = static_cast<unsigned char const*>(buffer);
+      if (bufferSize != length || bytes[0] != 0x7A) {
+         throw rti1516e::CouldNotDecode(L"not the bytes of a TestTime");
+      }
+      rti1516e::Integer64 number = 0;
+      for (unsigned int i = 1; i < length; ++i) {
+         number = number << 8 | bytes[i];
+      }
+      *this = TestValue(number);
+   }
+   std::wstring toString() const override { return L"Test<" + std::to_wstring(get()) + L">"; }
+   std::wstring implementationName() const override { return L"TestTime"; }
+};
+
+using TestTime = TestValue<rti1516e::HLAinteger64Time, 11>;
+using TestInterval = TestValue<rti1516e::HLAinteger64Interval, 3>;
+
+class TestTimeFactory : public rti1516e::HLAinteger64TimeFactory, public Living<TestTimeFactory>
+{
+public:
+   using Time = std::auto_ptr<rti1516e::LogicalTime>;
+   using Interval = std::auto_ptr<rti1516e::LogicalTimeInterval>;
+
+   // Makes the next time that is decoded, or made as the final one, an empty pointer.
+   static inline std::atomic<bool> decodesNothing = false;
+   static inline std::atomic<bool> hasNoFinal = false;
+   // What the time library gives instead of a new one.
+   static inline TestTimeFactory* toBeGiven = nullptr;
+
+   Time makeFinal() override
+   {
+      Faults::at("makeFinal");
+      return hasNoFinal ? Time() : Time(new TestTime(INT64_MAX));
+   }
+   Time decodeLogicalTime(void* buffer, size_t bufferSize) override
+   {
+      return decodesNothing ? Time() : decoded<Time, TestTime>(buffer, bufferSize);
+   }
+   Interval decodeLogicalTimeInterval(void* buffer, size_t bufferSize) override
+   {
+      return decoded<Interval, TestInterval>(buffer, bufferSize);
+   }
+   std::wstring getName() const override { return L"TestTime"; }
+
+private:
+   template <class Pointer, class Value>
+   static Pointer decoded(void* buffer, size_t bufferSize)
+   {
+      Pointer value(new Value(0));
+      value->decode(buffer, bufferSize);
+      return value;
+   }
+};
+
+} // namespace contract

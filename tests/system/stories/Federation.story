@@ -1,0 +1,107 @@
+# Connections and federations, from their creation to their end.
+story is connected to once at a time
+   federation Road.xml
+   alpha: connect; connect -> AlreadyConnected
+   alpha: disconnect; connect; join; disconnect -> FederateIsExecutionMember
+   alpha: resignFederationExecution NO_ACTION; disconnect
+
+story is in the list of those that there are
+   alpha: connect; listFederationExecutions => alpha < reportFederationExecutions
+   federation Road.xml integer
+   alpha: createFederationExecution $other $fom/Road.xml; listFederationExecutions
+   alpha < reportFederationExecutions $federation=HLAinteger64Time $other=HLAfloat64Time
+   alpha: destroyFederationExecution $other; listFederationExecutions
+   alpha < reportFederationExecutions $federation=HLAinteger64Time
+
+story is created and destroyed once
+   alpha: connect; destroyFederationExecution $federation -> FederationExecutionDoesNotExist
+   federation Road.xml
+   alpha: createFederationExecution $federation [|$fom/Weather.xml] $fom/Road.xml -> FederationExecutionAlreadyExists
+   alpha: createFederationExecutionWithMIM $federation $mim $fom/Road.xml -> FederationExecutionAlreadyExists
+   alpha: joinWithoutName test $other -> FederationExecutionDoesNotExist
+   beta: join
+   alpha: destroyFederationExecution $federation -> FederatesCurrentlyJoined
+   beta: resignFederationExecution NO_ACTION
+   alpha: destroyFederationExecution $federation
+   alpha: destroyFederationExecution $federation -> FederationExecutionDoesNotExist
+   beta: join -> FederationExecutionDoesNotExist
+
+to live-in $time $asked
+   alpha: createFederationExecution $federation $fom/Road.xml $asked; join; getTimeFactory = $time
+   alpha: resignFederationExecution NO_ACTION; destroyFederationExecution $federation
+story lives in one kind of time
+   alpha: connect
+   alpha: createFederationExecution $federation [|$fom/Weather.xml] $fom/Road.xml HLAlunarTime -> CouldNotCreateLogicalTimeFactory
+   alpha: createFederationExecutionWithMIM $federation $mim $fom/Road.xml HLAlunarTime -> CouldNotCreateLogicalTimeFactory
+   live-in HLAfloat64Time ""
+   live-in [HLAfloat64Time HLAfloat64Time|HLAinteger64Time HLAinteger64Time]
+
+story is joined once by each name and ambassador
+   federation Road.xml
+   alpha: join; joinFederationExecution gamma test $federation -> FederateAlreadyExecutionMember
+   beta: connect; joinFederationExecution alpha test $federation -> FederateNameAlreadyInUse
+   alpha: resignFederationExecution NO_ACTION
+   beta: second = joinFederationExecution alpha test $federation; getFederateHandle alpha = second
+
+story knows its federates by name and handle
+   federation Road.xml
+   alpha: join
+   beta, gamma: connect
+   beta: unnamed = joinWithoutName test $federation
+   gamma: other = joinWithoutName test $federation
+   beta: getFederateHandle alpha = alpha; getFederateName alpha = alpha; decodeFederateHandle alpha = alpha
+   alpha: getFederateHandle nobody -> NameNotFound; getFederateName noFederate -> InvalidFederateHandle
+   alpha: getFederateName other
+   beta: resignFederationExecution NO_ACTION
+   alpha: getFederateName unnamed -> FederateHandleNotKnown
+
+story keeps an automatic resign directive for each federate
+   federation Road.xml
+   alpha, beta: join
+   alpha: getAutomaticResignDirective = NO_ACTION
+   direct [UNCONDITIONALLY_DIVEST_ATTRIBUTES|DELETE_OBJECTS|CANCEL_PENDING_OWNERSHIP_ACQUISITIONS|
+      DELETE_OBJECTS_THEN_DIVEST|CANCEL_THEN_DELETE_THEN_DIVEST|NO_ACTION]
+to direct $action
+   alpha: setAutomaticResignDirective $action; getAutomaticResignDirective = $action
+   beta: getAutomaticResignDirective = NO_ACTION
+
+to refuse $modules $exception $named
+   beta: createFederationExecution $other $modules -> $exception $named
+   beta: createFederationExecutionWithMIM $other $mim $modules -> $exception $named
+   beta: join $modules -> $exception $named; joinWithoutName test $federation $modules -> $exception $named
+story is not made of broken modules nor joined with them
+   federation Road.xml float
+   alpha: join
+   beta: connect
+   refuse $fom/Missing.xml CouldNotOpenFDD Missing.xml
+   refuse $fom/ CouldNotOpenFDD fom
+   refuse [$fom/Letter.xml ErrorReadingFDD Letter.xml|$fom/Empty.xml ErrorReadingFDD Empty.xml]
+   refuse [$fom/CutOff.xml ErrorReadingFDD CutOff.xml|$fom/Recipe.xml ErrorReadingFDD Recipe.xml]
+   refuse "$fom/Road.xml $fom/Disagreeing.xml" InconsistentFDD Disagreeing.xml
+   refuse "$fom/Road.xml $fom/Missing.xml" CouldNotOpenFDD Missing.xml
+   beta: createFederationExecution $other $fom/Rootless.xml -> InconsistentFDD Rootless.xml
+   beta: createFederationExecution $other $fom/Road.xml $fom/Letter.xml -> ErrorReadingFDD Letter.xml
+   beta: listFederationExecutions => beta < reportFederationExecutions $federation=HLAfloat64Time
+   alpha: getFederateHandle beta -> NameNotFound
+   beta: join $fom/Road.xml $fom/Weather.xml
+
+story takes modules by path or by url
+   alpha: connect
+   make-of ["$copies/Weather (50% rain).xml"|file://$copies/Weather%20(50%25%20rain).xml|file:$fom/Weather.xml]
+to make-of $module
+   alpha: createFederationExecution $federation "$module"; destroyFederationExecution $federation
+
+story may replace the standard management object model
+   alpha: connect
+   with-mim $fom/Missing.xml CouldNotOpenMIM Missing.xml
+   with-mim [$fom/Letter.xml ErrorReadingMIM Letter.xml|$fom/Recipe.xml ErrorReadingMIM Recipe.xml]
+   with-mim HLAstandardMIM DesignatorIsHLAstandardMIM HLAstandardMIM
+   alpha: createFederationExecutionWithMIM $federation $mim $fom/Road.xml HLAinteger64Time
+   alpha: join; getTimeFactory = HLAinteger64Time
+to with-mim $module $exception $named
+   alpha: createFederationExecutionWithMIM $federation $module $fom/Road.xml -> $exception $named
+
+story answers who has asked although he has left since
+   federation Road.xml float
+   beta: join; disableCallbacks; listFederationExecutions; resignFederationExecution NO_ACTION; join
+   beta: enableCallbacks => beta < reportFederationExecutions $federation=HLAfloat64Time

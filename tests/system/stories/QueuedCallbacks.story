@@ -1,0 +1,206 @@
+# Callbacks that wait, because their federate has disabled them, while things change: what a federate is told is so
+# when it is told.
+include Road.include
+
+every story
+   take-the-road
+   share-a-car
+   alpha: subscribe Car Position Speed Fuel
+
+to regulate-alpha
+   alpha: enableTimeRegulation 1 => alpha < timeRegulationEnabled 0
+to constrain-beta
+   beta: enableTimeConstrained => beta < timeConstrainedEnabled 0
+
+story tell of a retraction only where the message was delivered
+   regulate-alpha
+   beta: disableCallbacks
+   alpha: m = update car Position=1 at 5; retract m
+   beta: enableCallbacks => beta < nothing
+   beta: disableCallbacks
+   alpha: m = update car Position=1 at 5
+   beta: unsubscribe Car
+   alpha: retract m
+   beta: enableCallbacks => beta < nothing
+   beta: subscribe Car Position Speed Fuel; disableCallbacks
+   alpha: m = delete car at 5; retract m
+   beta: enableCallbacks => beta < nothing
+   beta: getKnownObjectClassHandle car = Car; disableCallbacks
+   # And so by one that is retracted in the very callback that tells of it.
+   alpha: m = delete car at 5
+   beta on remove: getKnownObjectClassHandle car = Car
+   beta: enableCallbacks => beta < remove car TSO at 5 RO retractable by alpha
+   alpha: retract m => beta < requestRetraction m; discover car Car car alpha
+
+story tell nothing of an object that the federate gave up
+   regulate-alpha
+   constrain-beta
+   beta: enableAsynchronousDelivery; disableCallbacks
+   alpha: update car Position=1; update car Position=2 at 5; requestAttributeValueUpdate car Position
+   beta: queryAttributeOwnership car Position; localDeleteObjectInstance car; enableCallbacks
+   alpha, beta < nothing
+   beta: unsubscribe Car; subscribe Car Position Speed Fuel => beta < discover car Car car alpha
+   alpha: unconditionalAttributeOwnershipDivestiture car Privilege
+   beta < requestAttributeOwnershipAssumption car Privilege
+   beta: attributeOwnershipAcquisitionIfAvailable car Privilege
+   beta < attributeOwnershipAcquisitionNotification car Privilege
+   beta: disableCallbacks
+   alpha: update car Position=1; update car Position=2 at 5
+   beta: delete car; enableCallbacks => beta < nothing => alpha < remove car RO by beta
+   # An object that it does not even know of yet.
+   beta: disableCallbacks
+   alpha: other = register Car
+   beta: localDeleteObjectInstance other; enableCallbacks => beta < nothing
+   alpha: timeAdvanceRequest 50 => alpha < timeAdvanceGrant 50
+   beta: timeAdvanceRequest 20 => beta < timeAdvanceGrant 20
+
+story come in the order of time only to who knows that it is constrained
+   regulate-alpha
+   beta: disableCallbacks
+   alpha: update car Position=before at 9
+   beta: enableTimeConstrained; enableCallbacks
+   alpha: update car Position=after at 8; update car Position=after at 7
+   beta < reflect car Position=before TSO reliable at 9 RO retractable by alpha; timeConstrainedEnabled 0
+   beta: flushQueueRequest 0
+   beta < reflect car Position=after TSO reliable at 7 TSO retractable by alpha;
+      reflect car Position=after TSO reliable at 8 TSO retractable by alpha; timeAdvanceGrant 0
+   beta: disableCallbacks
+   alpha: update car Position=b at 6; update car Position=a at 5
+   beta: flushQueueRequest 0
+   alpha: update car Position=c at 4
+   beta: disableTimeConstrained; enableCallbacks
+   beta < reflect car Position=a TSO reliable at 5 RO retractable by alpha;
+      reflect car Position=b TSO reliable at 6 RO retractable by alpha; timeAdvanceGrant 0;
+      reflect car Position=c TSO reliable at 4 RO retractable by alpha
+
+# What waits is looked at by the subscriptions of the moment it is delivered: in receive order, then in that of time.
+to begin $before
+   alpha: setRangeBounds there Lane 1..2; commitRegionModifications there
+   beta: setRangeBounds here Lane 0..2; commitRegionModifications here; unsubscribe [Message|Urgent|Accident|Car]
+   $before
+to received-as $how $expected $send $before $change $time
+   begin "$before"
+   $how-sent "$send" "$change" $time
+   $how-told "$expected" $time
+to received-not $how $send $before $change $time $greatest
+   begin "$before"
+   $how-sent "$send" "$change" $time
+   $how-not-told $time $greatest
+to waiting-sent $send $change $time
+   beta: disableCallbacks
+   alpha: $send at $time
+   $change
+   alpha: timeAdvanceRequest $time => alpha < timeAdvanceGrant $time
+   beta: enableCallbacks
+to waiting-told $expected $time
+   beta < $expected RO retractable by alpha
+to waiting-not-told $time $greatest
+   beta < nothing
+to stamped-sent $send $change $time
+   alpha: $send at $time
+   $change
+   alpha: timeAdvanceRequest $time => alpha < timeAdvanceGrant $time
+   beta: timeAdvanceRequest +9 => beta < whatever
+to stamped-told $expected $time
+   beta: queryLITS = $time; nextMessageRequest $time
+   beta < $expected TSO retractable by alpha; timeAdvanceGrant $time
+to stamped-not-told $time $greatest
+   beta: queryLITS = $greatest; nextMessageRequest $time => beta < timeAdvanceGrant $time
+to change-subscriptions $how
+   regulate-alpha
+   alpha: publish Urgent; publish Accident; there = createRegion Lane
+   alpha: changeInteractionOrderType Urgent TSO; changeAttributeOrderType car Fuel TSO
+   beta: here = createRegion Lane; beside = createRegion Lane; setRangeBounds beside Lane 1..3
+   beta: commitRegionModifications beside
+   received-as $how "receive Urgent Level=9 Words=fire TSO best-effort at 10" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: subscribe Urgent; unsubscribe Message" 10
+   received-as $how "receive Message Words=fire TSO best-effort at 20" "send Urgent Words=fire Level=9" "beta: subscribe Urgent" "beta: subscribe Message; unsubscribe Urgent" 20
+   received-as $how "receive Urgent Level=9 Words=fire TSO best-effort at 30" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: subscribe Urgent" 30
+   received-as $how "receive Message Words=fire TSO best-effort at 40" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: unsubscribe Message; subscribe Message" 40
+   received-not $how "send Urgent" "beta: subscribe Urgent" "beta: unsubscribe Urgent" 50 51
+   received-in $how "beta: subscribe Accident beside; unsubscribe Accident here" 60
+   received-in $how "beta: subscribe Accident; unsubscribe Accident here" 70
+   received-in $how "move alpha there 6..7" 80
+   received-not $how "send Accident there" "beta: subscribe Accident here" "move beta here 4..5" 90 91
+   received-as $how "reflect car Fuel=2 Position=1 TSO reliable at 100" "update car Position=1 Fuel=2" "beta: subscribe Car Position" "beta: subscribe Car Fuel" 100
+   received-as $how "reflect car Position=1 TSO reliable at 110" "update car Position=1 Fuel=2" "beta: subscribe Car Position Fuel" "beta: unsubscribe Car Fuel" 110
+   received-as $how "reflect car Position=1 TSO reliable at 120" "update car Position=1 Fuel=2" "beta: subscribe Car Position; subscribe Vehicle Position" "beta: unsubscribe Vehicle" 120
+   received-as $how "reflect car Fuel=2 TSO reliable at 130" "update car Position=1 Fuel=2" "beta: subscribe Car Position" "beta: unsubscribe Car; subscribe Car Fuel" 130
+   received-not $how "update car Position=1 Fuel=2" "beta: subscribe Car Position" "beta: unsubscribe Car" 140 141
+to received-in $how $change $time
+   begin "beta: subscribe Accident here"
+   $how-sent "send Accident there" "$change" $time
+   $how-told-in there $time
+to waiting-told-in $region $time
+   beta < receive Accident TSO reliable at $time RO retractable by alpha from $region
+to stamped-told-in $region $time
+   beta: queryLITS = $time; nextMessageRequest $time
+   beta < receive Accident TSO reliable at $time TSO retractable by alpha from $region; timeAdvanceGrant $time
+to move $federate $region $range
+   $federate: setRangeBounds $region Lane $range; commitRegionModifications $region
+
+story come as what is subscribed when they are delivered
+   change-subscriptions waiting
+story come in the order of time as what is subscribed when they are delivered
+   constrain-beta
+   change-subscriptions stamped
+
+story tell of ownership only as it is
+   # Offered, taken and given up again before it heard of any of it.
+   beta: disableCallbacks
+   alpha: unconditionalAttributeOwnershipDivestiture car Position Speed
+   beta: attributeOwnershipAcquisition car Position Speed tag=mine; unpublish Car Position; enableCallbacks
+   beta < attributeOwnershipAcquisitionNotification car Speed
+   beta: isAttributeOwnedByFederate car Position = false; isAttributeOwnedByFederate car Speed = true
+   alpha < requestAttributeOwnershipAssumption car Position
+   alpha: attributeOwnershipAcquisition car Position Speed
+   alpha < attributeOwnershipAcquisitionNotification car Position
+   beta < requestAttributeOwnershipRelease car Speed
+   beta: unconditionalAttributeOwnershipDivestiture car Speed; publish Car Position
+   alpha < attributeOwnershipAcquisitionNotification car Speed
+   # Asked for the release twice, where only the second time is meant.
+   alpha: disableCallbacks
+   beta: attributeOwnershipAcquisition car Position; cancelAttributeOwnershipAcquisition car Position
+   beta: attributeOwnershipAcquisition car Position
+   alpha: enableCallbacks => alpha < requestAttributeOwnershipRelease car Position
+   beta: cancelAttributeOwnershipAcquisition car Position
+   beta < confirmAttributeOwnershipAcquisitionCancellation car Position;
+      confirmAttributeOwnershipAcquisitionCancellation car Position
+   # Asked for the release, or to confirm one, and neither is wanted any more.
+   alpha: disableCallbacks
+   beta: attributeOwnershipAcquisition car Position Speed tag=mine; cancelAttributeOwnershipAcquisition car Position
+   alpha: unconditionalAttributeOwnershipDivestiture car Speed; enableCallbacks => alpha < nothing
+   beta < confirmAttributeOwnershipAcquisitionCancellation car Position; attributeOwnershipAcquisitionNotification car Speed
+   alpha: negotiatedAttributeOwnershipDivestiture car Position Fuel
+   beta < requestAttributeOwnershipAssumption car Fuel Position
+   alpha: disableCallbacks
+   beta: attributeOwnershipAcquisition car Position Fuel; cancelAttributeOwnershipAcquisition car Fuel
+   alpha: cancelNegotiatedAttributeOwnershipDivestiture car Position; enableCallbacks
+   alpha < requestAttributeOwnershipRelease car Position
+   beta < confirmAttributeOwnershipAcquisitionCancellation car Fuel
+   # Asked for values of what it owns no more; its transportation type changes no more either.
+   alpha: disableCallbacks
+   beta: requestAttributeValueUpdate car Position Fuel
+   alpha: requestAttributeTransportationTypeChange car Position Fuel best-effort
+   alpha: unconditionalAttributeOwnershipDivestiture car Position; enableCallbacks
+   alpha < provideAttributeValueUpdate car Fuel; confirmAttributeTransportationTypeChange car Fuel best-effort
+   beta < attributeOwnershipAcquisitionNotification car Position
+   beta: queryAttributeTransportationType car Position
+   beta < reportAttributeTransportationType car Position reliable
+
+story are none after a resignation
+   beta: disableCallbacks
+   alpha: update car Position=1 at 5; unconditionalAttributeOwnershipDivestiture car Position
+   beta: attributeOwnershipAcquisition car Position; enableTimeConstrained
+   beta: resignFederationExecution UNCONDITIONALLY_DIVEST_ATTRIBUTES; join; enableCallbacks => beta < nothing
+   alpha < requestAttributeOwnershipAssumption car Position
+   alpha: queryAttributeOwnership car Position => alpha < attributeIsNotOwned car Position
+   beta: disableTimeConstrained -> TimeConstrainedIsNotEnabled
+
+story are none of what a restore replaces
+   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
+   alpha, beta: federateSaveBegun; federateSaveComplete => alpha, beta < federationSaved
+   beta: disableCallbacks
+   alpha: update car Position=1; requestFederationRestore noon
+   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
+   alpha, beta: federateRestoreComplete => alpha < federationRestored
+   beta: enableCallbacks => beta < federationRestored
