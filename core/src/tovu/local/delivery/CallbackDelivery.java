@@ -67,7 +67,8 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
      */
     public static CallbackDelivery toContext(int context, Supplier<Federate> member) {
         CallbackEncoder encoder = new CallbackEncoder(context);
-        return new CallbackDelivery(Trace.ON ? CallbackTrace.around(encoder, member, Trace.CALLBACKS) : encoder, member);
+        return new CallbackDelivery(Trace.ON ? CallbackTrace.around(encoder, member, Trace.CALLBACKS) : encoder,
+                member);
     }
 
     @Override

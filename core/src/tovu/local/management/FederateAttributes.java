@@ -20,7 +20,8 @@ final class FederateAttributes {
             ManagementAttribute.of("HLAfederateType", (to, of) -> to.text(of.type())),
             ManagementAttribute.of("HLAfederateHost", (to, of) -> to.text(Product.HOST)),
             ManagementAttribute.of("HLARTIversion", (to, of) -> to.text(Product.VERSION)),
-            ManagementAttribute.of("HLAFOMmoduleDesignatorList", (to, of) -> to.list(of.oversight().modules, (list, each) -> list.text(each.designator()))),
+            ManagementAttribute.of("HLAFOMmoduleDesignatorList", (to, of) ->
+                    to.list(of.oversight().modules, (list, each) -> list.text(each.designator()))),
             conditional("HLAtimeConstrained", Condition.CONSTRAINED),
             conditional("HLAtimeRegulating", Condition.REGULATING),
             conditional("HLAasynchronousDelivery", Condition.ASYNCHRONOUS),
@@ -54,7 +55,8 @@ final class FederateAttributes {
     }
 
     private static ManagementAttribute<Federate> conditional(String name, int condition) {
-        return new ManagementAttribute<>(name, false, condition, (to, of) -> to.flag((of.condition() & condition) != 0));
+        return new ManagementAttribute<>(name, false, condition, (to, of) ->
+                to.flag((of.condition() & condition) != 0));
     }
 
     private static ManagementAttribute<Federate> periodic(String name, BiConsumer<ValueWriter, Federate> writing) {
@@ -66,6 +68,7 @@ final class FederateAttributes {
     }
 
     private static int state(int condition) {
-        return (condition & Condition.SAVING) != 0 ? SAVING : (condition & Condition.RESTORING) != 0 ? RESTORING : ACTIVE;
+        return (condition & Condition.SAVING) != 0 ? SAVING
+                : (condition & Condition.RESTORING) != 0 ? RESTORING : ACTIVE;
     }
 }

@@ -14,12 +14,15 @@ final class FederationAttributes {
 
     static final List<ManagementAttribute<Federation>> ALL = List.of(
             ManagementAttribute.of("HLAfederationName", (to, of) -> to.text(of.name())),
-            ManagementAttribute.of(FEDERATES, (to, of) -> to.handles(of.members().stream().map(Federate::handle).toList())),
+            ManagementAttribute.of(FEDERATES, (to, of) ->
+                    to.handles(of.members().stream().map(Federate::handle).toList())),
             ManagementAttribute.of("HLARTIversion", (to, of) -> to.text(Product.VERSION)),
             ManagementAttribute.of("HLAMIMdesignator", (to, of) -> to.text(of.objectModel().mim().designator())),
-            ManagementAttribute.of(MODULES, (to, of) -> to.list(of.objectModel().modules(), (list, each) -> list.text(each.designator()))),
+            ManagementAttribute.of(MODULES, (to, of) ->
+                    to.list(of.objectModel().modules(), (list, each) -> list.text(each.designator()))),
             ManagementAttribute.of(FDD, (to, of) -> to.text(of.objectModel().text())),
-            ManagementAttribute.of("HLAtimeImplementationName", (to, of) -> to.text(of.timeFamily().implementationName())),
+            ManagementAttribute.of("HLAtimeImplementationName", (to, of) ->
+                    to.text(of.timeFamily().implementationName())),
             ManagementAttribute.of(SAVES[0], (to, of) -> to.text(of.save().lastName())),
             ManagementAttribute.of(SAVES[1], (to, of) -> to.time(of.save().lastTime())),
             ManagementAttribute.of(SAVES[2], (to, of) -> to.text(of.save().nextName())),

@@ -118,8 +118,9 @@ public final class Manager implements Management, CallbackSink {
     @Override
     public void joined(Federate federate, boolean extendsObjectModel) {
         ObjectClass theClass = model().objectClass(FEDERATE);
-        int[] placed = theClass.members().stream().filter(each -> each.dimensions().stream()
-                .anyMatch(dimension -> dimension.name().equals(Reports.FEDERATE))).mapToInt(Attribute::handle).toArray();
+        int[] placed = theClass.members().stream()
+                .filter(each -> each.dimensions().stream().anyMatch(its -> its.name().equals(Reports.FEDERATE)))
+                .mapToInt(Attribute::handle).toArray();
         String name = "HLAfederate-" + federate.handle();
         act(self -> federate.oversight().object = placed.length == 0
                 ? federation.objectManagement().register(self, theClass.handle(), name)

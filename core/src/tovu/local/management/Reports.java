@@ -44,7 +44,8 @@ final class Reports {
 
     /** Reports on the federation. */
     void send(String name, Consumer<Parameters> filling) {
-        InteractionClass report = federation.objectModel().interactionClass("HLAmanager.HLAfederation.HLAreport." + name);
+        InteractionClass report =
+                federation.objectModel().interactionClass("HLAmanager.HLAfederation.HLAreport." + name);
         send(report, filling, new int[0]);
     }
 

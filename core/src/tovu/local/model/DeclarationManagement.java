@@ -138,7 +138,8 @@ public final class DeclarationManagement implements Saved {
             throws FederateServiceInvocationsAreBeingReportedViaMOM {
         if (federate.oversight.reportsServices && theClass == federation.serviceReport()) {
             throw new FederateServiceInvocationsAreBeingReportedViaMOM("The services of " + federate
-                    + " are reported to whoever subscribes to this class; switch that off first, with HLAsetServiceReporting");
+                    + " are reported to whoever subscribes to this class; switch that off first, with"
+                    + " HLAsetServiceReporting");
         }
         federate.subscriptions.add(theClass, where, active);
         federate.invalidateMessages();

@@ -1,5 +1,6 @@
 package tovu.local.model;
 
+import hla.rti1516e.exceptions.ObjectInstanceNotKnown;
 import java.util.ArrayList;
 import java.util.Collection;
 import java.util.LinkedHashMap;
@@ -49,7 +50,8 @@ public final class FederateStatus {
 
     /** Null when it does not regulate. */
     public LogicalTime lookahead() {
-        return federate.time.regulation() == Switch.ON ? new LogicalTime(federation.timeFamily(), federate.time.actualLookahead()) : null;
+        return federate.time.regulation() == Switch.ON
+                ? new LogicalTime(federation.timeFamily(), federate.time.actualLookahead()) : null;
     }
 
     public LogicalTime galt() {
@@ -117,8 +119,7 @@ public final class FederateStatus {
         return counts;
     }
 
-    /** @throws hla.rti1516e.exceptions.ObjectInstanceNotKnown when it knows no such object */
-    public Acquaintance acquaintance(int object) throws hla.rti1516e.exceptions.ObjectInstanceNotKnown {
+    public Acquaintance acquaintance(int object) throws ObjectInstanceNotKnown {
         Knowledge knowledge = federation.objects().known(federate, object);
         return new Acquaintance(
                 knowledge.object.attributes(each -> each.owner() == federate).stream().map(InstanceAttribute::handle)
