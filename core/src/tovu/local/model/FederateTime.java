@@ -51,9 +51,11 @@ final class FederateTime implements Saved {
 
     /** Whether something that others are told of has changed since this was last asked. */
     boolean takeChanged() {
-        boolean was = changed;
+        if (!changed) {
+            return false;
+        }
         changed = false;
-        return was;
+        return true;
     }
 
     int condition() {

@@ -24,8 +24,10 @@ public final class Oversight implements Saved {
     public final int[] regions = new int[8];
     /** Seconds from one periodic update to the next; 0 for none. */
     public int reportPeriod;
-    private final int[] posted = new int[2]; // in receive order and in time-stamp order
-    private final int[] delivered = new int[2]; // written where callbacks are made
+    private int posted; // in receive order
+    private int timestampedPosted;
+    private int delivered; // written where callbacks are made, as is the next one
+    private int timestampedDelivered;
     // The switches are read without a lock, at each service and callback.
     public volatile boolean conveysRegions;
     public volatile boolean conveysProducer;
@@ -56,18 +58,25 @@ public final class Oversight implements Saved {
 
     /** A message is left with the delivery. */
     void posted(boolean timestamped) {
-        ++posted[timestamped ? 1 : 0];
+        if (timestamped) {
+            ++timestampedPosted;
+        } else {
+            ++posted;
+        }
     }
 
     /** It is delivered, or turns out not to be wanted any more. */
     void delivered(boolean timestamped) {
-        ++delivered[timestamped ? 1 : 0];
+        if (timestamped) {
+            ++timestampedDelivered;
+        } else {
+            ++delivered;
+        }
     }
 
     /** How many messages are with the delivery. */
     int underWay(boolean timestamped) {
-        int order = timestamped ? 1 : 0;
-        return posted[order] - delivered[order];
+        return timestamped ? timestampedPosted - timestampedDelivered : posted - delivered;
     }
 
     int condition() {
