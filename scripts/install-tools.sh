@@ -11,6 +11,7 @@ needs=(
   "make make"
   "git git"
   "javac openjdk-17-jdk-headless"
+  "/usr/share/java/netty-transport.jar libnetty-java"
   "/usr/include/gtest/gtest.h libgtest-dev"
   "pkg-config pkg-config"
   "dpkg-shlibdeps dpkg-dev"

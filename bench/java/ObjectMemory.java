@@ -3,6 +3,7 @@ import java.nio.file.Path;
 import java.util.List;
 import java.util.stream.Collectors;
 import java.util.stream.IntStream;
+import tovu.local.fom.ModuleSource;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
 import tovu.local.model.FederationPlan;
@@ -43,7 +44,7 @@ final class ObjectMemory {
                         + "<objectClass><name>Track</name>", "</objectClass></objectClass></objects></objectModel>")));
         Session owner = new Session(Federations.ofProcess());
         owner.connect(new Silence());
-        owner.createFederationExecution(new FederationPlan("tracks", List.of(fom.toString()), null, ""));
+        owner.createFederationExecution(new FederationPlan("tracks", List.of(ModuleSource.file(fom.toString())), null, ""));
         Files.delete(fom);
         owner.join("owner", "test", "tracks", List.of());
         Session reader = new Session(Federations.ofProcess());

@@ -47,12 +47,20 @@ public:
    }
    std::string evoke()
    {
-      ambassador->evokeMultipleCallbacks(0.0, 1.0);
+      _askedForAll = true; // whose answer comes behind all that is under way
+      ambassador->listFederationExecutions();
+      while (_askedForAll) {
+         ambassador->evokeCallback(1.0);
+      }
       return std::exchange(_told, "");
    }
    std::unique_ptr<RTIambassador> const ambassador;
 
 private:
+   void reportFederationExecutions(FederationExecutionInformationVector const&) override
+   {
+      _askedForAll = false;
+   }
    void timeRegulationEnabled(LogicalTime const& time) override { tell("regulates at ", time); }
    void timeConstrainedEnabled(LogicalTime const& time) override { tell("constrained at ", time); }
    void timeAdvanceGrant(LogicalTime const& time) override { tell("granted ", time); }
@@ -74,6 +82,7 @@ private:
 
    std::map<MessageRetractionHandle, std::size_t>& _messages;
    std::string _told;
+   bool _askedForAll = false;
 };
 
 constexpr void (RTIambassador::*ways[])(LogicalTime const&) = {

@@ -12,7 +12,7 @@ import tovu.local.delivery.CallbackDelivery;
 final class DeliveryTest {
     private static final ByteArrayOutputStream PRINTED = new ByteArrayOutputStream();
 
-    private final CallbackDelivery delivery = CallbackDelivery.toContext(1, () -> null);
+    private final CallbackDelivery delivery = CallbackDelivery.toContext(1, (method, message) -> { }, () -> null);
     private final List<String> delivered = new ArrayList<>();
 
     public static void main(String[] arguments) {
@@ -58,7 +58,7 @@ final class DeliveryTest {
         CountDownLatch returned = new CountDownLatch(size);
         for (int i = 0; i < size; ++i) {
             int next = (i + 1) % size;
-            CallbackDelivery delivery = CallbackDelivery.toContext(1, () -> null);
+            CallbackDelivery delivery = CallbackDelivery.toContext(1, (method, message) -> { }, () -> null);
             deliveries.add(delivery);
             delivery.post(to -> {
                 try {

@@ -11,6 +11,7 @@ import java.util.regex.Pattern;
 import java.util.stream.IntStream;
 import tovu.local.fom.ClassNode;
 import tovu.local.fom.FomReader;
+import tovu.local.fom.ModuleSource;
 import tovu.local.fom.ObjectModel;
 
 /**
@@ -109,7 +110,7 @@ public final class FomMutationTest {
             Harness.equal(describe(one, other), created);
         }
         try {
-            describe(ObjectModel.of(FomReader.ofMim().readMim(one.get(0)), List.of()));
+            describe(ObjectModel.of(FomReader.ofMim().readMim(ModuleSource.file(one.get(0))), List.of()));
         } catch (RTIexception e) {
             Harness.that(e.getMessage().contains(one.get(0)), "the file is not named: " + e);
         }
@@ -120,9 +121,9 @@ public final class FomMutationTest {
         ObjectModel model = null;
         String before = null;
         try {
-            model = ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(modules));
+            model = ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(TestFom.sources(modules)));
             before = describe(model);
-            model.extend(FomReader.ofModules().readAll(joining));
+            model.extend(FomReader.ofModules().readAll(TestFom.sources(joining)));
             return describe(model);
         } catch (RTIexception e) {
             Harness.that(modules.stream().anyMatch(e.getMessage()::contains), "no file is named: " + e);

@@ -4,6 +4,7 @@ import java.util.List;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
 import tovu.local.fom.FomReader;
+import tovu.local.fom.ModuleSource;
 import tovu.local.fom.ObjectModel;
 
 /** Reading FOM modules and merging them; what is wrong with one must be told, with its name and line. */
@@ -26,7 +27,7 @@ final class FomTest {
     }
 
     private static ObjectModel model(String... modules) throws Exception {
-        return ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(List.of(modules)));
+        return ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(TestFom.sources(List.of(modules))));
     }
 
     private static void designators() throws Exception {
@@ -149,7 +150,7 @@ final class FomTest {
         for (String[] row : rows) {
             String more = TestFom.module(row[0]);
             ObjectModel joined = model(air);
-            joined.extend(FomReader.ofModules().readAll(List.of(more)));
+            joined.extend(FomReader.ofModules().readAll(TestFom.sources(List.of(more))));
             for (ObjectModel model : List.of(model(air, more), model(more, air), joined)) {
                 var position = model.objectClass("Vehicle").member("position");
                 var report = model.interactionClass("Report");
@@ -175,9 +176,9 @@ final class FomTest {
         for (String[] row : rows) {
             String changed = TestFom.file(standard.replace(row[0], row[1]));
             if (row[2].isEmpty()) {
-                FomReader.ofMim().readMim(changed);
+                FomReader.ofMim().readMim(ModuleSource.file(changed));
             } else {
-                Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(changed), "MIM '" + changed, row[2]);
+                Harness.refuses("ErrorReadingMIM", () -> FomReader.ofMim().readMim(ModuleSource.file(changed)), "MIM '" + changed, row[2]);
             }
         }
         Matcher used = Pattern.compile("<(?:dataType|representation)>(\\w+)<").matcher(standard);

@@ -1,6 +1,7 @@
 import java.lang.ref.WeakReference;
 import java.util.ArrayList;
 import java.util.List;
+import tovu.local.fom.ModuleSource;
 import tovu.local.management.Manager;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
@@ -58,7 +59,7 @@ final class SessionTest {
             session.connect(new Idle());
             if (members.isEmpty()) {
                 session.createFederationExecution(new FederationPlan(federation,
-                        List.of(System.getProperty("fom.modules") + "/Road.xml"), null, "HLAinteger64Time"));
+                        List.of(ModuleSource.file(System.getProperty("fom.modules") + "/Road.xml")), null, "HLAinteger64Time"));
             }
             session.join(name, "test", federation, List.of());
             members.add(session);

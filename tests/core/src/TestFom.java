@@ -1,5 +1,7 @@
+import java.util.List;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import tovu.local.fom.ModuleSource;
 
 /** The object model that the tests use, and files of object models made on the spot. */
 final class TestFom {
@@ -53,5 +55,9 @@ final class TestFom {
     /** The path of a module with just those tables. */
     static String module(String tables) throws Exception {
         return file("<objectModel>\n" + tables + "\n</objectModel>");
+    }
+
+    static List<ModuleSource> sources(List<String> designators) {
+        return designators.stream().map(ModuleSource::file).toList();
     }
 }

@@ -6,6 +6,7 @@ import tovu.local.model.Federate;
 import tovu.local.model.Federation;
 import tovu.local.model.ServiceCall;
 import tovu.local.model.Session;
+import tovu.local.remote.HubLink;
 import tovu.local.trace.Trace;
 
 /**
@@ -15,7 +16,11 @@ import tovu.local.trace.Trace;
 abstract class AmbassadorServices {
     static final byte[] NO_ARGUMENTS = {};
 
-    final Connection connection = new Connection();
+    final Connection connection;
+
+    AmbassadorServices(Connection connection) {
+        this.connection = connection;
+    }
 
     /** A service that gives something back. */
     @FunctionalInterface
@@ -37,8 +42,29 @@ abstract class AmbassadorServices {
 
     /** Serves whether joined or not. */
     final <R> R serve(Service service, byte[] message, Call<R> call) throws RTIexception {
-        MessageReader in = new MessageReader(message);
+        return serveHere(service, message, in -> hereOrAtHub(service, message, in, call));
+    }
+
+    /** Serves what concerns this process first. */
+    final <R> R serveHere(Service service, byte[] message, Call<R> call) throws RTIexception {
+        MessageReader in = reader(message);
         return Trace.ON || connection.session.isReported() ? tell(service, message, in, call) : call.serve(in);
+    }
+
+    @SuppressWarnings("unchecked") // at the hub it is the result of the same service
+    final <R> R hereOrAtHub(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
+        HubLink hub = connection.hub();
+        return hub == null ? call.serve(in) : (R) hub.request(service.ordinal(), message);
+    }
+
+    /** Serves what names FOM modules, which are read in this process, wherever the federation is. */
+    final <R> R hereOrWithModulesAtHub(Service service, MessageReader in, Call<R> call) throws RTIexception {
+        return connection.hub() == null ? call.serve(in)
+                : hereOrAtHub(service, HubMessages.withModules(service, in), in, call);
+    }
+
+    MessageReader reader(byte[] message) {
+        return new MessageReader(message);
     }
 
     /** Serves, and tells whoever wants to know of it. */

@@ -6,6 +6,10 @@ import hla.rti1516e.exceptions.RTIexception;
 
 /** Declaration management. */
 abstract class DeclarationServices extends SupportServices {
+    DeclarationServices(Connection connection) {
+        super(connection);
+    }
+
     public final void publishObjectClassAttributes_OCH_AHS(byte[] message) throws RTIexception {
         act(publishObjectClassAttributes_OCH_AHS, message, (federation, me, in) ->
                 federation.declarations().publishObjectClass(me, in.handle(), in.handles()));

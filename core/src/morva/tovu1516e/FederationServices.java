@@ -15,9 +15,12 @@ abstract class FederationServices extends AmbassadorServices {
     private static final int EVOKED = 1;
     private static final int IMMEDIATE = 2;
 
-    /** The local settings designator settles nothing here: a federate may keep what it gives another core. */
+    FederationServices(Connection connection) {
+        super(connection);
+    }
+
     public final void connect_FA_CM_S(byte[] message) throws RTIexception {
-        serve(connect_FA_CM_S, message, in -> {
+        serveHere(connect_FA_CM_S, message, in -> {
             int context = in.integer();
             int callbackModel = in.integer();
             connection.requireOutsideCallback("connect");
@@ -25,13 +28,13 @@ abstract class FederationServices extends AmbassadorServices {
                 throw new UnsupportedCallbackModel("Callback model " + callbackModel
                         + " is unknown; use HLA_EVOKED or HLA_IMMEDIATE");
             }
-            connection.connect(context, callbackModel == IMMEDIATE);
+            connection.connect(context, callbackModel == IMMEDIATE, in.text(), message);
             return null;
         });
     }
 
     public final void disconnect() throws RTIexception {
-        serve(disconnect, NO_ARGUMENTS, in -> {
+        serveHere(disconnect, NO_ARGUMENTS, in -> {
             connection.requireOutsideCallback("disconnect");
             connection.disconnect();
             return null;
@@ -40,24 +43,24 @@ abstract class FederationServices extends AmbassadorServices {
 
     public final void createFederationExecution_S_URL_S(byte[] message) throws RTIexception {
         create(createFederationExecution_S_URL_S, message, in ->
-                new FederationPlan(in.text(), List.of(in.text()), null, in.text()));
+                new FederationPlan(in.text(), List.of(in.module()), null, in.text()));
     }
 
     public final void createFederationExecution_S_URLX_S(byte[] message) throws RTIexception {
         create(createFederationExecution_S_URLX_S, message, in ->
-                new FederationPlan(in.text(), in.textList(), null, in.text()));
+                new FederationPlan(in.text(), in.modules(), null, in.text()));
     }
 
     public final void createFederationExecution_S_URLX_URL_S(byte[] message) throws RTIexception {
         create(createFederationExecution_S_URLX_URL_S, message, in ->
-                new FederationPlan(in.text(), in.textList(), in.text(), in.text()));
+                new FederationPlan(in.text(), in.modules(), in.module(), in.text()));
     }
 
     private void create(Service service, byte[] message, Call<FederationPlan> plan) throws RTIexception {
-        serve(service, message, in -> {
-            connection.session.createFederationExecution(plan.serve(in));
+        serveHere(service, message, in -> hereOrWithModulesAtHub(service, in, here -> {
+            connection.session.createFederationExecution(plan.serve(here));
             return null;
-        });
+        }));
     }
 
     public final void destroyFederationExecution_S(byte[] message) throws RTIexception {
@@ -75,23 +78,28 @@ abstract class FederationServices extends AmbassadorServices {
     }
 
     public final int joinFederationExecution_S_S_S_URLX(byte[] message) throws RTIexception {
-        return serve(joinFederationExecution_S_S_S_URLX, message, in -> join(in.text(), in));
+        return join(joinFederationExecution_S_S_S_URLX, message, MessageReader::text);
     }
 
     public final int joinFederationExecution_S_S_URLX(byte[] message) throws RTIexception {
-        return serve(joinFederationExecution_S_S_URLX, message, in -> join(null, in));
+        return join(joinFederationExecution_S_S_URLX, message, in -> null);
     }
 
-    private int join(String federateName, MessageReader in) throws RTIexception {
-        connection.requireOutsideCallback("joinFederationExecution");
-        return connection.session.join(federateName, in.text(), in.text(), in.textList()).handle();
+    private int join(Service service, byte[] message, Call<String> federateName) throws RTIexception {
+        return serveHere(service, message, in -> {
+            connection.requireOutsideCallback("joinFederationExecution");
+            return hereOrWithModulesAtHub(service, in, here -> connection.session
+                    .join(federateName.serve(here), here.text(), here.text(), here.modules()).handle());
+        });
     }
 
     public final void resignFederationExecution_RA(byte[] message) throws RTIexception {
-        serve(resignFederationExecution_RA, message, in -> {
+        serveHere(resignFederationExecution_RA, message, in -> {
             connection.requireOutsideCallback("resignFederationExecution");
-            connection.session.resign(connection.session.call((federation, me) -> resignAction(in.integer())));
-            return null;
+            return hereOrAtHub(resignFederationExecution_RA, message, in, here -> {
+                connection.session.resign(connection.session.call((federation, me) -> resignAction(here.integer())));
+                return null;
+            });
         });
     }
 

@@ -9,6 +9,10 @@ import tovu.local.fom.OrderType;
 
 /** Support services: names for handles, handles for names, and advisory switches. */
 abstract class LookupServices extends FederationServices {
+    LookupServices(Connection connection) {
+        super(connection);
+    }
+
     public final int getObjectClassHandle_S(byte[] message) throws RTIexception {
         return askAnytime(getObjectClassHandle_S, message, (federation, me, in) ->
                 federation.lookups().objectClassHandle(in.text()));

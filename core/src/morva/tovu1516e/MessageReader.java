@@ -11,12 +11,13 @@ import java.util.Collection;
 import java.util.List;
 import java.util.Set;
 import java.util.TreeSet;
+import tovu.local.fom.ModuleSource;
 import tovu.local.model.HandleValues;
 import tovu.local.model.RegionManagement;
 import tovu.local.model.Timing;
 
 /** Reads the arguments of one service message in their order. A message shorter than its arguments is a fault. */
-final class MessageReader {
+class MessageReader {
     private static final VarHandle INTEGER = MethodHandles.byteArrayViewVarHandle(int[].class, ByteOrder.BIG_ENDIAN);
     private static final VarHandle LONG = MethodHandles.byteArrayViewVarHandle(long[].class, ByteOrder.BIG_ENDIAN);
     private static final byte[] NO_BYTES = {};
@@ -31,12 +32,19 @@ final class MessageReader {
 
     private int advance(int size) {
         int start = position;
-        position = Math.addExact(start, size);
+        if (size > message.length - start) {
+            throw new MalformedMessage();
+        }
+        position = start + size;
         return start;
     }
 
     int integer() {
         return (int) INTEGER.get(message, advance(Integer.BYTES));
+    }
+
+    int octet() {
+        return message[advance(1)] & 0xFF;
     }
 
     int handle() {
@@ -55,13 +63,18 @@ final class MessageReader {
         return Double.longBitsToDouble(longInteger());
     }
 
-    private int count() {
-        return Math.max(0, integer());
+    /** A number of things of which each takes some bytes. */
+    private int count(int bytesEach) {
+        int count = Math.max(0, integer());
+        if (count > (message.length - position) / bytesEach) {
+            throw new MalformedMessage();
+        }
+        return count;
     }
 
     String text() {
-        int length = count();
-        int start = advance(Math.multiplyExact(length, 2));
+        int length = count(Character.BYTES);
+        int start = advance(length * Character.BYTES);
         char[] characters = new char[length];
         for (int i = 0; i < length; ++i) {
             characters[i] = (char) (message[start + 2 * i] << 8 | message[start + 2 * i + 1] & 0xFF);
@@ -70,7 +83,7 @@ final class MessageReader {
     }
 
     private <T extends Collection<String>> T texts(T texts) {
-        for (int left = count(); left > 0; --left) {
+        for (int left = count(Integer.BYTES); left > 0; --left) {
             texts.add(text());
         }
         return texts;
@@ -80,18 +93,31 @@ final class MessageReader {
         return texts(new ArrayList<>());
     }
 
+    /** A FOM module or MIM that is read in this process. */
+    ModuleSource module() {
+        return ModuleSource.file(text());
+    }
+
+    final List<ModuleSource> modules() {
+        List<ModuleSource> modules = new ArrayList<>();
+        for (int left = count(Integer.BYTES); left > 0; --left) {
+            modules.add(module());
+        }
+        return modules;
+    }
+
     Set<String> textSet() {
         return texts(new TreeSet<>());
     }
 
     byte[] bytes() {
-        int length = count();
+        int length = count(1);
         int start = advance(length);
         return length == 0 ? NO_BYTES : Arrays.copyOfRange(message, start, start + length);
     }
 
     int[] handles() {
-        int count = count();
+        int count = count(Integer.BYTES);
         if (count == 0) {
             return NO_HANDLES;
         }
@@ -112,11 +138,11 @@ final class MessageReader {
 
     /** Values stay where they are: the message is theirs from now on. */
     HandleValues values() {
-        int count = count();
+        int count = count(2 * Integer.BYTES);
         int[] rows = new int[Math.multiplyExact(count, 3)];
         for (int i = 0; i < count; ++i) {
             rows[3 * i] = integer();
-            int length = count();
+            int length = count(1);
             rows[3 * i + 1] = advance(length);
             rows[3 * i + 2] = length;
         }
@@ -125,7 +151,7 @@ final class MessageReader {
 
     List<RegionManagement.Pair> regionPairs() {
         List<RegionManagement.Pair> pairs = new ArrayList<>();
-        for (int left = count(); left > 0; --left) {
+        for (int left = count(2 * Integer.BYTES); left > 0; --left) {
             pairs.add(new RegionManagement.Pair(handles(), handles()));
         }
         return pairs;

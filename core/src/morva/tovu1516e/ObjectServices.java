@@ -10,6 +10,10 @@ import tovu.local.model.Timing;
 
 /** Object management. */
 abstract class ObjectServices extends DeclarationServices {
+    ObjectServices(Connection connection) {
+        super(connection);
+    }
+
     public final void reserveObjectInstanceName_S(byte[] message) throws RTIexception {
         act(reserveObjectInstanceName_S, message, (federation, me, in) -> federation.names().reserve(me, in.text()));
     }

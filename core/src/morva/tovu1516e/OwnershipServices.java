@@ -6,6 +6,10 @@ import hla.rti1516e.exceptions.RTIexception;
 
 /** Ownership management. */
 abstract class OwnershipServices extends ObjectServices {
+    OwnershipServices(Connection connection) {
+        super(connection);
+    }
+
     public final void unconditionalAttributeOwnershipDivestiture_OIH_AHS(byte[] message) throws RTIexception {
         act(unconditionalAttributeOwnershipDivestiture_OIH_AHS, message, (federation, me, in) ->
                 federation.ownership().divestUnconditionally(me, in.handle(), in.handles()));

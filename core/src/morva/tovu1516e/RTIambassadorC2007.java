@@ -11,6 +11,11 @@ public final class RTIambassadorC2007 extends RegionServices {
 
     /** @param message one integer without a meaning here */
     public RTIambassadorC2007(byte[] message) {
+        this(new FederateConnection());
+    }
+
+    private RTIambassadorC2007(FederateConnection connection) {
+        super(connection);
         CLEANER.register(this, connection::abandon);
     }
 }

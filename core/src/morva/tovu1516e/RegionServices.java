@@ -7,6 +7,10 @@ import tovu.local.model.Timing;
 
 /** Data distribution management. */
 abstract class RegionServices extends TimeServices {
+    RegionServices(Connection connection) {
+        super(connection);
+    }
+
     public final int createRegion_DHS(byte[] message) throws RTIexception {
         return ask(createRegion_DHS, message, (federation, me, in) -> federation.regions().create(me, in.handles()));
     }

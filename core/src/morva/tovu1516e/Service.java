@@ -179,6 +179,11 @@ enum Service {
         return parts[0];
     }
 
+    /** Whether it takes a message: one without parameters takes none. */
+    boolean hasMessage() {
+        return parts.length > 1;
+    }
+
     /** Of its parameters, in order. */
     List<String> codes() {
         return List.of(parts).subList(1, parts.length);

@@ -7,6 +7,10 @@ import tovu.local.delivery.CallbackDelivery;
 
 /** Support services: what concerns a federate itself, and the control of its callbacks. */
 abstract class SupportServices extends LookupServices {
+    SupportServices(Connection connection) {
+        super(connection);
+    }
+
     public final int getAutomaticResignDirective() throws RTIexception {
         return askAnytime(getAutomaticResignDirective, (federation, me, in) -> me.automaticResignDirective().ordinal());
     }
@@ -30,11 +34,11 @@ abstract class SupportServices extends LookupServices {
     }
 
     public final boolean evokeCallback_D(byte[] message) throws RTIexception {
-        return serve(evokeCallback_D, message, in -> evoker("evokeCallback").evoke(in.real()));
+        return serveHere(evokeCallback_D, message, in -> evoker("evokeCallback").evoke(in.real()));
     }
 
     public final boolean evokeMultipleCallbacks_D_D(byte[] message) throws RTIexception {
-        return serve(evokeMultipleCallbacks_D_D, message, in ->
+        return serveHere(evokeMultipleCallbacks_D_D, message, in ->
                 evoker("evokeMultipleCallbacks").evokeMultiple(in.real(), in.real()));
     }
 
@@ -52,9 +56,8 @@ abstract class SupportServices extends LookupServices {
     }
 
     private void setCallbacksEnabled(Service service, boolean on) throws RTIexception {
-        serve(service, NO_ARGUMENTS, in -> {
-            connection.session.requireNoSaveOrRestore();
-            connection.delivery().setEnabled(on);
+        serveHere(service, NO_ARGUMENTS, in -> {
+            connection.setCallbacksEnabled(on);
             return null;
         });
     }

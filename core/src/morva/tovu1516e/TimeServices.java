@@ -9,6 +9,10 @@ import tovu.local.model.LogicalTime;
 
 /** Time management. */
 abstract class TimeServices extends OwnershipServices {
+    TimeServices(Connection connection) {
+        super(connection);
+    }
+
     public final void enableTimeRegulation_LTI(byte[] message) throws RTIexception {
         act(enableTimeRegulation_LTI, message, (federation, me, in) ->
                 federation.time().enableRegulation(me, in.interval()));

@@ -33,7 +33,7 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     private final DeliveryLock delivering = new DeliveryLock();
     private final FederateCallbacks federate;
     private final FederateCallbacks reported;
-    private final Supplier<Federate> member;
+    private final Supplier<?> member;
     private final EvokeReminder reminder = new EvokeReminder(this);
     private boolean enabled = true;
     private volatile boolean closed; // written under the monitor only
@@ -54,21 +54,42 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
         }
     }
 
-    private CallbackDelivery(FederateCallbacks federate, Supplier<Federate> member) {
+    private CallbackDelivery(FederateCallbacks federate, FederateCallbacks reported, Supplier<?> member) {
         this.federate = federate;
         this.member = member;
-        reported = CallbackTrace.around(federate, member, new CallbackReports());
+        this.reported = reported;
     }
 
     /**
      * Delivery to the ambassador with that callback context.
      *
+     * @param port   what calls it
      * @param member who that is at the moment, or null; asked for to name it in what is printed
      */
-    public static CallbackDelivery toContext(int context, Supplier<Federate> member) {
-        CallbackEncoder encoder = new CallbackEncoder(context);
-        return new CallbackDelivery(Trace.ON ? CallbackTrace.around(encoder, member, Trace.CALLBACKS) : encoder,
-                member);
+    public static CallbackDelivery toContext(int context, CallbackPort port, Supplier<Federate> member) {
+        CallbackEncoder encoder = new CallbackEncoder(context, port);
+        FederateCallbacks federate =
+                Trace.ON ? CallbackTrace.around(encoder, member, Trace.CALLBACKS) : encoder;
+        return new CallbackDelivery(federate, reporting(federate, member), member);
+    }
+
+    /** The same callbacks, each of which management is to report. */
+    public static FederateCallbacks reporting(FederateCallbacks federate, Supplier<Federate> member) {
+        return CallbackTrace.around(federate, member, new CallbackReports());
+    }
+
+    /** What makes messages of callbacks, and hands them on. */
+    public static FederateCallbacks encoder(int context, CallbackPort port) {
+        return new CallbackEncoder(context, port);
+    }
+
+    /**
+     * Delivery of callbacks that know by themselves whom they call.
+     *
+     * @param member who that is, to name it in what is printed
+     */
+    public static CallbackDelivery ofSelfDelivering(Supplier<String> member) {
+        return new CallbackDelivery(null, null, member);
     }
 
     @Override
@@ -244,8 +265,8 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     }
 
     private boolean isReported(Callback callback) {
-        Federate current = member.get();
-        return current != null && current.oversight().reportsServices && !callback.isByManagement();
+        return member.get() instanceof Federate current && current.oversight().reportsServices
+                && !callback.isByManagement();
     }
 
     /** A callback that fails is told and is over; the ones behind it are delivered all the same. */
@@ -269,7 +290,7 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
 
     @Override
     public String member() {
-        Federate current = member.get();
+        Object current = member.get();
         return current == null ? "A federate that is not joined" : current.toString();
     }
 }

@@ -82,16 +82,40 @@ public final class FomReader {
         }
     }
 
-    public List<FomModule> readAll(List<String> designators) throws RTIexception {
+    public List<FomModule> readAll(List<ModuleSource> sources) throws RTIexception {
         List<FomModule> modules = new ArrayList<>();
-        for (String designator : designators) {
-            modules.add(read(designator));
+        for (ModuleSource source : sources) {
+            modules.add(read(source));
         }
         return modules;
     }
 
-    /** Reads the module that a path or a file: URL designates. */
-    public FomModule read(String designator) throws RTIexception {
+    public FomModule read(ModuleSource source) throws RTIexception {
+        try (InputStream in = new ByteArrayInputStream(load(source))) {
+            return parse(source.designator(), in);
+        } catch (IOException e) {
+            throw new IllegalStateException(e); // from memory there is no such failure
+        }
+    }
+
+    /** The same with its text, or with why there is none: for who reads it elsewhere. */
+    public ModuleSource fetch(ModuleSource source) {
+        try {
+            return ModuleSource.received(source.designator(), load(source));
+        } catch (RTIexception e) {
+            return ModuleSource.unreadable(source.designator(), e.getMessage());
+        }
+    }
+
+    /** The text of the module: as it came, or of the file that a path or a file: URL designates. */
+    private byte[] load(ModuleSource source) throws RTIexception {
+        String designator = source.designator();
+        if (source.failure() != null) {
+            throw couldNotOpen.apply(source.failure());
+        }
+        if (source.text() != null) {
+            return source.text();
+        }
         Path path = locate(designator);
         if (!Files.exists(path)) {
             throw couldNotOpen.apply(kind + " '" + designator + "' does not exist (looked for "
@@ -100,8 +124,8 @@ public final class FomReader {
         if (Files.isDirectory(path)) {
             throw couldNotOpen.apply(kind + " '" + designator + "' is a folder; name the XML file in it");
         }
-        try (InputStream in = Files.newInputStream(path)) {
-            return parse(designator, in);
+        try {
+            return Files.readAllBytes(path);
         } catch (IOException e) {
             throw couldNotOpen.apply(kind + " '" + designator + "' cannot be read (" + e
                     + "); check the file's permissions");
@@ -109,8 +133,8 @@ public final class FomReader {
     }
 
     /** Reads a MIM, which may add to the standard one but has to have all of that. */
-    public FomModule readMim(String designator) throws RTIexception {
-        FomModule mim = read(designator);
+    public FomModule readMim(ModuleSource source) throws RTIexception {
+        FomModule mim = read(source);
         try {
             Set<String> missing = ObjectModel.of(standardMim(), List.of()).names();
             missing.removeAll(ObjectModel.of(mim, List.of()).names());

@@ -1,5 +1,6 @@
 package tovu.local.model;
 
+import hla.rti1516e.exceptions.FederateInternalError;
 import java.util.HashMap;
 import java.util.LinkedHashSet;
 import java.util.List;
@@ -128,14 +129,22 @@ public final class Federate implements Saved {
      * @param making null for no callback
      */
     void postLate(Supplier<Callback> making) {
-        post(to -> {
-            Callback callback;
-            synchronized (federation) {
-                callback = federation.isMember(this) ? making.get() : null;
-                federation.settle(this);
+        post(new Callback() {
+            @Override
+            public void deliver(FederateCallbacks to) throws FederateInternalError {
+                Callback callback;
+                synchronized (federation) {
+                    callback = federation.isMember(Federate.this) ? making.get() : null;
+                    federation.settle(Federate.this);
+                }
+                if (callback != null) {
+                    callback.deliver(to);
+                }
             }
-            if (callback != null) {
-                callback.deliver(to);
+
+            @Override
+            public Foresight foresight() {
+                return Foresight.NONE;
             }
         });
     }
@@ -156,6 +165,11 @@ public final class Federate implements Saved {
             change.run();
             return callback;
         });
+    }
+
+    /** Takes back messages that may have been left for it. */
+    void retract(List<Message> messages, Callback instead) {
+        sink.retract(messages, instead);
     }
 
     /** The origin of messages that it sends with those regions. */
@@ -189,6 +203,7 @@ public final class Federate implements Saved {
     /** After a change of what it wants. Written under the federation's lock only. */
     void invalidateMessages() {
         ++messageValidity;
+        sink.review();
         federation.time().messagesChanged(this);
     }
 

@@ -2,9 +2,9 @@ package tovu.local.model;
 
 import hla.rti1516e.exceptions.FederateHandleNotKnown;
 import hla.rti1516e.exceptions.FederateNameAlreadyInUse;
+import hla.rti1516e.exceptions.FederateOwnsAttributes;
 import hla.rti1516e.exceptions.FederatesCurrentlyJoined;
 import hla.rti1516e.exceptions.FederationExecutionDoesNotExist;
-import hla.rti1516e.exceptions.FederateOwnsAttributes;
 import hla.rti1516e.exceptions.InvalidFederateHandle;
 import hla.rti1516e.exceptions.NameNotFound;
 import hla.rti1516e.exceptions.OwnershipAcquisitionPending;
@@ -18,6 +18,7 @@ import java.util.function.Function;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.InteractionClass;
+import tovu.local.fom.ModuleSource;
 import tovu.local.fom.ObjectModel;
 import tovu.local.fom.Switches;
 
@@ -253,7 +254,7 @@ public final class Federation {
     }
 
     Federate join(Session session, CallbackSink sink, String federateName, String federateType,
-            List<String> fomModules) throws RTIexception {
+            List<ModuleSource> fomModules) throws RTIexception {
         synchronized (this) {
             requireNoSaveOrRestore();
         }

@@ -27,7 +27,7 @@ public final class Federations {
         if (byName.containsKey(plan.name())) {
             throw alreadyExists(plan);
         }
-        if (STANDARD_MIM.equals(plan.mim())) {
+        if (plan.mim() != null && STANDARD_MIM.equals(plan.mim().designator())) {
             throw new DesignatorIsHLAstandardMIM("'" + STANDARD_MIM
                     + "' designates the built-in MIM; name another one, or create the federation without a MIM");
         }

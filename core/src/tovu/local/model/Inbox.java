@@ -27,12 +27,13 @@ final class Inbox implements Saved {
         }
     }
 
-    /** Takes back a message that was sent in time-stamp order; false when it is too late for that. */
-    boolean retract(Message message) {
-        if (timestamped.remove(message)) {
+    /** Takes out a message that was sent in time-stamp order; false when it is not here any more. */
+    boolean remove(Message message) {
+        boolean here = timestamped.remove(message);
+        if (here) {
             owner.federation().time().reconsider();
         }
-        return message.retract();
+        return here;
     }
 
     /** Drops everything, as befits a federate that leaves. */

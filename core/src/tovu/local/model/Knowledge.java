@@ -1,5 +1,6 @@
 package tovu.local.model;
 
+import hla.rti1516e.exceptions.FederateInternalError;
 import java.util.List;
 import java.util.Set;
 import tovu.local.fom.Attribute;
@@ -15,6 +16,8 @@ final class Knowledge implements Saved {
     /** What holds updates to the rates at which they are wanted; null while none is. */
     Pacing pacing;
     private volatile boolean over;
+    /** Its end was left with the delivery: what is left behind that may not be told any more. */
+    boolean ending;
     /** Whether the federate has ever updated the object. */
     boolean updated;
     /** Whether it was ever told of an update. Written where callbacks are made. */
@@ -36,11 +39,26 @@ final class Knowledge implements Saved {
         return over;
     }
 
+    Callback.Foresight foresightOfMessages() {
+        return ending ? Callback.Foresight.NONE : Callback.Foresight.REVOCABLE;
+    }
+
     /** Leaves a callback about the object. */
     void post(Callback callback) {
-        federate.post(to -> {
-            if (!over) {
+        federate.post(new RevocableCallback() {
+            @Override
+            public Foresight foresight() {
+                return foresightOfMessages();
+            }
+
+            @Override
+            public void foretell(FederateCallbacks to) throws FederateInternalError {
                 callback.deliver(to);
+            }
+
+            @Override
+            public boolean begin() {
+                return !over;
             }
         });
     }

@@ -5,7 +5,7 @@ import tovu.local.fom.OrderType;
 
 /** One reflection, interaction or removal on its way to one federate. */
 @SuppressWarnings("serial") // kept in memory only
-abstract class Message implements Callback, Comparable<Message>, Saved {
+public abstract class Message implements RevocableCallback, Comparable<Message>, Saved {
     /**
      * What is common to all that one service call sends.
      *
@@ -46,19 +46,24 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
     }
 
     /** Leaves it with the delivery. */
-    final void post() {
+    void post() {
         receiver.oversight.posted(isTimestamped());
         receiver.post(this);
     }
 
-    /** Takes it back wherever it is; false when the receiver is told already. */
-    final synchronized boolean retract() {
+    /** Whether it ever may be taken back by who sent it. */
+    public final boolean isRetractable() {
+        return sending.retraction() != 0;
+    }
+
+    /** Takes it back from the delivery; false when the receiver is told already. */
+    public final synchronized boolean retract() {
         retracted = !told;
         return retracted;
     }
 
     /** From here on it cannot be taken back any more; false when it was. */
-    final synchronized boolean commit() {
+    private synchronized boolean commit() {
         told = !retracted;
         return told;
     }
@@ -78,8 +83,25 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
     }
 
     @Override
-    public final void deliver(FederateCallbacks to) throws FederateInternalError {
+    public final boolean begin() {
         receiver.oversight.delivered(isTimestamped());
+        update();
+        boolean due = wanted && (!isRetractable() || commit());
+        if (due) {
+            count();
+        }
+        return due;
+    }
+
+    @Override
+    public final void foretell(FederateCallbacks to) throws FederateInternalError {
+        update();
+        if (wanted) {
+            tell(to);
+        }
+    }
+
+    private void update() {
         if (validity != receiver.messageValidity()) {
             synchronized (receiver.federation()) {
                 if (receiver.time.constraint() != FederateTime.Switch.ON) {
@@ -87,9 +109,6 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
                 }
                 review();
             }
-        }
-        if (wanted && (sending.retraction() == 0 || commit())) {
-            tell(to);
         }
     }
 
@@ -106,6 +125,9 @@ abstract class Message implements Callback, Comparable<Message>, Saved {
         }
         return wanted;
     }
+
+    /** For what management tells of the receiver. */
+    abstract void count();
 
     abstract void tell(FederateCallbacks to) throws FederateInternalError;
 

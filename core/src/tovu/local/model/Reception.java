@@ -26,9 +26,13 @@ final class Reception extends Message {
 
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
-        receiver.oversight.interactionsReceived.count(receivedClass.handle(), content.transportation);
         to.receiveInteraction(receivedClass.handle(), values, tag(), sentOrder(), content.transportation, stamp(),
                 receiver.conveyed(content.supplement));
+    }
+
+    @Override
+    void count() {
+        receiver.oversight.interactionsReceived.count(receivedClass.handle(), content.transportation);
     }
 
     @Override

@@ -19,12 +19,12 @@ final class Reflection extends Message {
 
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
-        count();
         to.reflectAttributeValues(knowledge.object.handle, values, tag(), sentOrder(), content.transportation, stamp(),
                 receiver.conveyed(content.supplement));
     }
 
-    private void count() {
+    @Override
+    void count() {
         int theClass = knowledge.object.objectClass.handle();
         receiver.oversight.reflectionsReceived.count(theClass, content.transportation);
         if (!knowledge.reflected) {
@@ -36,6 +36,11 @@ final class Reflection extends Message {
     @Override
     public boolean isByManagement() {
         return content.isByManagement();
+    }
+
+    @Override
+    public Foresight foresight() {
+        return knowledge.foresightOfMessages();
     }
 
     @Override

@@ -19,13 +19,23 @@ final class Removal extends Message {
 
     @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
+        to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(), receiver.conveyed(deleter));
+    }
+
+    @Override
+    void count() {
         receiver.oversight.objectsRemoved.count(knowledge.object.objectClass.handle());
-        try {
-            to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(),
-                    receiver.conveyed(deleter));
-        } finally {
-            receiver.change(() -> receiver.federation().objects().removed(knowledge));
-        }
+    }
+
+    @Override
+    public void end() {
+        receiver.change(() -> receiver.federation().objects().removed(knowledge));
+    }
+
+    @Override
+    void post() {
+        super.post();
+        knowledge.ending = true;
     }
 
     @Override

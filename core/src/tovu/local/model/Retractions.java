@@ -5,10 +5,9 @@ import hla.rti1516e.exceptions.MessageCanNoLongerBeRetracted;
 import hla.rti1516e.exceptions.TimeRegulationIsNotEnabled;
 import java.util.ArrayList;
 import java.util.HashMap;
-import java.util.LinkedHashSet;
+import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
-import java.util.Set;
 import java.util.SortedSet;
 import java.util.TreeSet;
 
@@ -92,13 +91,13 @@ public final class Retractions implements Saved {
         }
         retractable.remove(handle);
         bySender.get(federate).remove(sent);
-        Set<Federate> reached = new LinkedHashSet<>();
+        Map<Federate, List<Message>> delivered = new LinkedHashMap<>();
         for (Message message : sent.messages) {
-            if (!message.receiver.inbox.retract(message) && federation.isMember(message.receiver)) {
-                reached.add(message.receiver);
+            if (!message.receiver.inbox.remove(message) && federation.isMember(message.receiver)) {
+                delivered.computeIfAbsent(message.receiver, key -> new ArrayList<>(1)).add(message);
             }
         }
-        reached.forEach(each -> each.post(to -> to.requestRetraction(handle)));
+        delivered.forEach((receiver, messages) -> receiver.retract(messages, to -> to.requestRetraction(handle)));
         if (sent.deletion != null) {
             federation.objects().undo(sent.deletion);
         }

@@ -7,6 +7,7 @@ import hla.rti1516e.exceptions.FederateNotExecutionMember;
 import hla.rti1516e.exceptions.NotConnected;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.List;
+import tovu.local.fom.ModuleSource;
 
 /**
  * One ambassador's way into the model: whether it is connected, and as which federate it is joined. Every service of a
@@ -31,11 +32,15 @@ public final class Session {
         this.federations = federations;
     }
 
-    /** @param theSink takes the federate's callbacks until it disconnects */
-    public synchronized void connect(CallbackSink theSink) throws AlreadyConnected {
+    public synchronized void requireNotConnected() throws AlreadyConnected {
         if (sink != null) {
             throw new AlreadyConnected("This ambassador is connected already; disconnect it first");
         }
+    }
+
+    /** @param theSink takes the federate's callbacks until it disconnects */
+    public synchronized void connect(CallbackSink theSink) throws AlreadyConnected {
+        requireNotConnected();
         sink = theSink;
     }
 
@@ -94,7 +99,7 @@ public final class Session {
      * @return the new member
      */
     public synchronized Federate join(String federateName, String federateType, String federationName,
-            List<String> fomModules) throws RTIexception {
+            List<ModuleSource> fomModules) throws RTIexception {
         requireConnected();
         if (federate != null) {
             throw new FederateAlreadyExecutionMember(federate + " is joined to federation '"

@@ -1,0 +1,167 @@
+package morva.tovu1516e;
+
+import hla.rti1516e.exceptions.AlreadyConnected;
+import hla.rti1516e.exceptions.FederateIsExecutionMember;
+import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.RTIinternalError;
+import java.util.concurrent.CompletableFuture;
+import java.util.concurrent.TimeUnit;
+import tovu.local.delivery.CallbackDelivery;
+import tovu.local.delivery.CallbackPort;
+import tovu.local.model.FederateCallbacks;
+import tovu.local.remote.HubAddress;
+import tovu.local.remote.HubLink;
+
+/** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
+final class FederateConnection extends Connection {
+    private static final String DESTROYED = "Its ambassador was destroyed while it was joined";
+
+    private final CallbackPort natives = new NativePort();
+    private volatile CallbackDelivery delivery;
+    private volatile HubLink hub;
+
+    @Override
+    void connect(int context, boolean immediate, String designator, byte[] message) throws RTIexception {
+        HubAddress address = HubAddress.of(designator);
+        CallbackDelivery created;
+        if (address == null) {
+            created = CallbackDelivery.toContext(context, natives, session::federate);
+            connectHere(created);
+        } else {
+            created = CallbackDelivery.ofSelfDelivering(() -> "The federate at the hub " + address);
+            connectToHub(address, created, context, message);
+        }
+        delivery = created;
+        if (immediate) {
+            created.deliverImmediately();
+        }
+    }
+
+    private synchronized void connectHere(CallbackDelivery created) throws RTIexception {
+        requireNotConnectedToHub();
+        session.connect(created);
+        hub = null;
+    }
+
+    private synchronized void connectToHub(HubAddress address, CallbackDelivery created, int context, byte[] message)
+            throws RTIexception {
+        requireNotConnectedToHub();
+        session.requireNotConnected();
+        HubLink[] link = new HubLink[1];
+        link[0] = HubLink.open(address, created, natives, () -> lost(created, context, link[0]));
+        try {
+            link[0].request(Service.connect_FA_CM_S.ordinal(), message);
+        } catch (RTIexception e) {
+            link[0].close(e.getMessage());
+            throw e;
+        }
+        hub = link[0];
+    }
+
+    private void requireNotConnectedToHub() throws AlreadyConnected {
+        HubLink current = hub;
+        if (current != null && !current.isLost()) {
+            throw new AlreadyConnected("This ambassador is connected already; disconnect it first");
+        }
+    }
+
+    /** What came of a federation that the federate is no member of any more is not true any more, either. */
+    private void lost(CallbackDelivery of, int context, HubLink link) {
+        of.dropMembership();
+        FederateCallbacks federate = CallbackDelivery.encoder(context, natives);
+        of.postToConnection(nobody -> federate.connectionLost(link.fault()));
+    }
+
+    @Override
+    void disconnect() throws RTIexception {
+        HubLink current = hub;
+        try {
+            if (current == null) {
+                session.disconnect();
+            } else if (!current.isLost()) {
+                current.request(Service.disconnect.ordinal(), AmbassadorServices.NO_ARGUMENTS);
+            }
+        } catch (FederateIsExecutionMember e) {
+            suspectDestruction();
+            throw e;
+        }
+        CallbackDelivery ended = endDelivery("It has disconnected");
+        if (ended != null) {
+            ended.awaitEnd();
+        }
+    }
+
+    /**
+     * An ambassador that is destroyed while it is joined disconnects in vain and is dropped by the library right after.
+     * Only the garbage collector sees that, and the federation should not have to wait for it to come round. How soon
+     * "right after" is depends on how busy the machine is, so it looks again, after longer and longer.
+     */
+    private void suspectDestruction() {
+        for (long delay = 100; delay <= 10_000; delay *= 10) {
+            CompletableFuture.delayedExecutor(delay, TimeUnit.MILLISECONDS).execute(() -> {
+                if (session.federate() != null || hub != null) {
+                    System.gc();
+                }
+            });
+        }
+    }
+
+    /** @return what delivered until now, or null */
+    private CallbackDelivery endDelivery(String reason) {
+        CallbackDelivery ended = delivery;
+        delivery = null;
+        if (ended != null) {
+            ended.close();
+        }
+        HubLink link = hub;
+        hub = null;
+        if (link != null) {
+            link.close(reason);
+        }
+        return ended;
+    }
+
+    /** Lets go of everything on behalf of an ambassador that no longer exists. */
+    void abandon() {
+        if (session.federate() != null) {
+            System.err.println(session.federate()
+                    + " is gone without resigning; it leaves as its automatic resign directive says");
+        }
+        session.abandon(DESTROYED);
+        endDelivery(DESTROYED);
+    }
+
+    @Override
+    void setCallbacksEnabled(boolean on) throws RTIexception {
+        HubLink current = hub;
+        if (current == null) {
+            session.requireNoSaveOrRestore();
+        } else {
+            Service service = on ? Service.enableCallbacks : Service.disableCallbacks;
+            current.request(service.ordinal(), AmbassadorServices.NO_ARGUMENTS);
+        }
+        delivery().setEnabled(on);
+    }
+
+    @Override
+    HubLink hub() {
+        return hub;
+    }
+
+    @Override
+    CallbackDelivery delivery() throws RTIexception {
+        CallbackDelivery current = delivery;
+        if (current == null) {
+            throw new RTIinternalError("This ambassador is not connected; call connect first");
+        }
+        return current;
+    }
+
+    @Override
+    void requireOutsideCallback(String service) throws RTIexception {
+        CallbackDelivery current = delivery;
+        if (current != null) {
+            current.requireOutsideCallback(service);
+        }
+    }
+}

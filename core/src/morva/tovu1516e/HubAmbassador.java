@@ -1,0 +1,79 @@
+package morva.tovu1516e;
+
+import hla.rti1516e.exceptions.RTIexception;
+import java.lang.invoke.MethodHandle;
+import java.lang.invoke.MethodHandles;
+import java.lang.reflect.Method;
+import java.util.Map;
+import java.util.function.Function;
+import java.util.function.IntFunction;
+import java.util.stream.Collectors;
+import java.util.stream.Stream;
+import tovu.local.model.CallbackSink;
+import tovu.local.model.Session;
+
+/** An ambassador at a hub, whose federate is elsewhere: its services come as numbers and messages. */
+public final class HubAmbassador extends RegionServices {
+    private static final MethodHandle[] SERVICES = services();
+
+    /** @param sink makes what takes the callbacks of a federate with that callback context */
+    public HubAmbassador(IntFunction<CallbackSink> sink) {
+        super(new HubConnection(sink));
+    }
+
+    private static MethodHandle[] services() {
+        Map<String, Method> methods = Stream.of(HubAmbassador.class.getMethods())
+                .filter(method -> method.getDeclaringClass() != Object.class && method.getName().matches("[a-zA-Z]+(_[A-Z_]+)?"))
+                .collect(Collectors.toMap(Method::getName, Function.identity(), (one, other) -> one));
+        Service[] all = Service.values();
+        MethodHandle[] handles = new MethodHandle[all.length];
+        for (Service each : all) {
+            try {
+                MethodHandle handle = MethodHandles.lookup().unreflect(methods.get(each.name()));
+                handles[each.ordinal()] = each.hasMessage() ? handle
+                        : MethodHandles.dropArguments(handle, 1, byte[].class);
+            } catch (IllegalAccessException e) {
+                throw new IllegalStateException(each.name(), e);
+            }
+        }
+        return handles;
+    }
+
+    /**
+     * @return what the service returns, or null
+     * @throws MalformedMessage when there is no such service, or the message is shorter than what it holds
+     */
+    public Object serve(int service, byte[] message) throws RTIexception {
+        if (service < 0 || service >= SERVICES.length) {
+            throw new MalformedMessage();
+        }
+        try {
+            return SERVICES[service].invoke(this, message);
+        } catch (RTIexception | RuntimeException | Error e) {
+            throw e;
+        } catch (Throwable e) {
+            throw new IllegalStateException(e);
+        }
+    }
+
+    /** Whether a service may take its time: it reads object models, or writes states. */
+    public static boolean isLong(int service) {
+        Service[] all = Service.values();
+        return service >= 0 && service < all.length && switch (all[service]) {
+            case createFederationExecution_S_URL_S, createFederationExecution_S_URLX_S,
+                    createFederationExecution_S_URLX_URL_S, joinFederationExecution_S_S_S_URLX,
+                    joinFederationExecution_S_S_URLX, federateSaveComplete, federateRestoreComplete,
+                    requestFederationRestore_S -> true;
+            default -> false;
+        };
+    }
+
+    public Session session() {
+        return connection.session;
+    }
+
+    @Override
+    MessageReader reader(byte[] message) {
+        return new HubMessages.Reader(message);
+    }
+}

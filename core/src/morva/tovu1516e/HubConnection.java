@@ -1,0 +1,30 @@
+package morva.tovu1516e;
+
+import hla.rti1516e.exceptions.RTIexception;
+import java.util.function.IntFunction;
+import tovu.local.model.CallbackSink;
+
+/** The connection, at a hub, of an ambassador whose federate is elsewhere. */
+final class HubConnection extends Connection {
+    private final IntFunction<CallbackSink> sinkOf;
+
+    HubConnection(IntFunction<CallbackSink> sinkOf) {
+        this.sinkOf = sinkOf;
+    }
+
+    @Override
+    void connect(int context, boolean immediate, String designator, byte[] message) throws RTIexception {
+        session.connect(sinkOf.apply(context));
+    }
+
+    @Override
+    void disconnect() throws RTIexception {
+        session.disconnect();
+    }
+
+    /** What waits, waits where the federate is. */
+    @Override
+    void setCallbacksEnabled(boolean on) throws RTIexception {
+        session.requireNoSaveOrRestore();
+    }
+}

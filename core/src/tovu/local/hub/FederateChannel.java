@@ -1,0 +1,262 @@
+package tovu.local.hub;
+
+import hla.rti1516e.exceptions.RTIexception;
+import io.netty.buffer.ByteBuf;
+import io.netty.buffer.ByteBufUtil;
+import io.netty.buffer.Unpooled;
+import io.netty.channel.Channel;
+import io.netty.channel.ChannelFutureListener;
+import io.netty.channel.ChannelHandlerContext;
+import io.netty.channel.ChannelInboundHandlerAdapter;
+import io.netty.util.ReferenceCountUtil;
+import java.util.Queue;
+import java.util.concurrent.ConcurrentLinkedQueue;
+import java.util.concurrent.TimeUnit;
+import java.util.concurrent.atomic.AtomicBoolean;
+import morva.tovu1516e.HubAmbassador;
+import morva.tovu1516e.MalformedMessage;
+import tovu.local.model.Federate;
+import tovu.local.wire.FrameReader;
+import tovu.local.wire.FrameType;
+import tovu.local.wire.FrameWriter;
+import tovu.local.wire.MalformedFrame;
+import tovu.local.wire.Protocol;
+import tovu.local.wire.Result;
+
+/**
+ * One connection: an ambassador at the hub, and the stream to its federate. Requests are served one after the other in
+ * the thread of the connection, but for those that take long; what goes out is left in a queue by whoever has it, and
+ * written by that thread.
+ */
+final class FederateChannel extends ChannelInboundHandlerAdapter {
+    private final Hub hub;
+    private final Channel channel;
+    private final HubAmbassador ambassador = new HubAmbassador(this::connect);
+    private final Queue<byte[]> outgoing = new ConcurrentLinkedQueue<>();
+    private final AtomicBoolean writing = new AtomicBoolean();
+    private RemoteSink sink; // once it has connected
+    private boolean greeted;
+    private boolean ended;
+    private long heard = System.nanoTime();
+    private volatile boolean said;
+
+    FederateChannel(Hub hub, Channel channel) {
+        this.hub = hub;
+        this.channel = channel;
+    }
+
+    private RemoteSink connect(int context) {
+        sink = new RemoteSink(context, ambassador.session()::federate, this::send);
+        return sink;
+    }
+
+    /** Leaves a frame for the federate. From any thread. */
+    private void send(byte[] frame) {
+        outgoing.add(frame);
+        if (!writing.get() && writing.compareAndSet(false, true)) {
+            channel.eventLoop().execute(this::write);
+        }
+    }
+
+    private void write() {
+        writing.set(false);
+        boolean any = false;
+        for (byte[] next = outgoing.poll(); next != null; next = outgoing.poll()) {
+            channel.write(Unpooled.wrappedBuffer(next), channel.voidPromise());
+            any = true;
+        }
+        if (any) {
+            said = true;
+            channel.flush();
+            if (channel.unsafe().outboundBuffer() != null
+                    && channel.unsafe().outboundBuffer().totalPendingWriteBytes() > hub.settings().queueLimit()) {
+                lose("its process does not read: " + (hub.settings().queueLimit() >> 20) + " MB wait for it");
+            }
+        }
+    }
+
+    void requireGreeting() {
+        if (!greeted && !ended) {
+            refuse("it has not said what it is");
+        }
+    }
+
+    @Override
+    public void channelRead(ChannelHandlerContext context, Object read) {
+        try {
+            heard = System.nanoTime();
+            if (!ended) {
+                take(new FrameReader(ByteBufUtil.getBytes((ByteBuf) read)));
+            }
+        } catch (MalformedFrame | MalformedMessage e) {
+            lose("it sent " + e.getMessage());
+        } finally {
+            ReferenceCountUtil.release(read);
+        }
+    }
+
+    private void take(FrameReader frame) {
+        if (!greeted) {
+            greet(frame);
+            return;
+        }
+        switch (frame.type()) {
+            case REQUEST -> request(frame.integer(), frame.longInteger(), frame.longInteger(), frame.integer(),
+                    frame.rest());
+            case RESOLVE -> {
+                int request = frame.integer();
+                long number = frame.longInteger();
+                if (sink != null) {
+                    send(sink.resolve(request, number));
+                }
+            }
+            case RETRACTED -> {
+                for (int left = frame.count(Long.BYTES + 1); left > 0; --left) {
+                    retracted(frame.longInteger(), frame.flag());
+                }
+            }
+            case PROGRESS -> progress(frame.longInteger(), frame.longInteger());
+            case HEARTBEAT -> {
+                // that it came is what it says
+            }
+            case GOODBYE -> leave(frame.text());
+            default -> throw new MalformedFrame("a frame of type " + frame.type() + ", which only hubs send");
+        }
+    }
+
+    private void greet(FrameReader frame) {
+        if (frame.type() != FrameType.HELLO || frame.integer() != Protocol.MAGIC) {
+            refuse("it is no federate");
+            return;
+        }
+        int version = frame.integer();
+        if (version != Protocol.VERSION) {
+            refuse("it speaks version " + version + " of the protocol, and this hub version " + Protocol.VERSION
+                    + "; install the same release on both sides");
+            return;
+        }
+        greeted = true;
+        hub.entered(this);
+        send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
+                .integer(hub.settings().greatestFrame()).end());
+        if (hub.settings().lostAfter() > 0) {
+            long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / 4;
+            channel.eventLoop().scheduleAtFixedRate(this::pulse, period, period, TimeUnit.MILLISECONDS);
+        }
+    }
+
+    private void pulse() {
+        long limit = TimeUnit.SECONDS.toNanos(hub.settings().lostAfter());
+        if (!ended && System.nanoTime() - heard > limit) {
+            lose("it has been silent for " + hub.settings().lostAfter() + " s");
+        } else if (!ended && !said) {
+            send(new FrameWriter(FrameType.HEARTBEAT).end());
+        }
+        said = false;
+    }
+
+    private void progress(long begun, long endedUpTo) {
+        if (sink != null) {
+            sink.progress(begun, endedUpTo);
+        }
+    }
+
+    private void retracted(long number, boolean begun) {
+        if (sink != null) {
+            sink.retracted(number, begun);
+        }
+    }
+
+    private void request(int number, long begun, long endedUpTo, int service, byte[] message) {
+        progress(begun, endedUpTo);
+        if (!HubAmbassador.isLong(service)) {
+            send(serve(number, service, message));
+            return;
+        }
+        channel.config().setAutoRead(false); // what comes behind it waits
+        hub.serveLong(() -> {
+            byte[] answer;
+            try {
+                answer = serve(number, service, message);
+            } catch (MalformedMessage e) {
+                channel.eventLoop().execute(() -> lose("it sent " + e.getMessage()));
+                return;
+            }
+            send(answer);
+            channel.config().setAutoRead(true);
+        });
+    }
+
+    private byte[] serve(int number, int service, byte[] message) {
+        try {
+            FrameWriter reply = new FrameWriter(FrameType.REPLY).integer(number);
+            Result.write(reply, ambassador.serve(service, message));
+            return reply.end();
+        } catch (RTIexception e) {
+            return failure(number, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
+        } catch (MalformedMessage e) {
+            throw e;
+        } catch (RuntimeException | Error e) {
+            HubLog.fault(e);
+            return failure(number, "RTIinternalError", e.toString());
+        }
+    }
+
+    private static byte[] failure(int number, String exception, String text) {
+        return new FrameWriter(FrameType.FAILURE).integer(number).text(exception).text(text).end();
+    }
+
+    /** The federate ends the connection. One that is still joined is lost. */
+    private void leave(String reason) {
+        if (ambassador.session().federate() == null) {
+            close(reason);
+        } else {
+            lose(reason);
+        }
+    }
+
+    private void refuse(String reason) {
+        HubLog.refused(channel, reason);
+        close(reason);
+    }
+
+    private void lose(String reason) {
+        if (!ended) {
+            Federate member = ambassador.session().federate();
+            HubLog.lost(member == null ? "a federate that is not joined" : member, channel, reason);
+            close(reason);
+        }
+    }
+
+    /** Ends the connection, telling the federate why. From any thread. */
+    void end(String reason) {
+        channel.eventLoop().execute(() -> close(reason));
+    }
+
+    private void close(String reason) {
+        if (ended) {
+            return;
+        }
+        ended = true;
+        hub.left(this);
+        ambassador.session().abandon(reason);
+        outgoing.clear();
+        channel.writeAndFlush(Unpooled.wrappedBuffer(new FrameWriter(FrameType.CLOSING).text(reason).end()))
+                .addListener(ChannelFutureListener.CLOSE);
+        channel.eventLoop().schedule(() -> channel.close(), 1, TimeUnit.SECONDS); // it may not read any more
+    }
+
+    @Override
+    public void channelInactive(ChannelHandlerContext context) {
+        lose("its connection is closed");
+    }
+
+    @Override
+    public void exceptionCaught(ChannelHandlerContext context, Throwable cause) {
+        if (greeted) {
+            lose(cause.getMessage() == null ? cause.toString() : cause.getMessage());
+        } else if (!ended) {
+            refuse(cause.getMessage() == null ? cause.toString() : cause.getMessage());
+        }
+    }
+}

@@ -1,0 +1,129 @@
+package tovu.local.hub;
+
+import io.netty.bootstrap.ServerBootstrap;
+import io.netty.channel.Channel;
+import io.netty.channel.ChannelInitializer;
+import io.netty.channel.ChannelOption;
+import io.netty.channel.ChannelPipeline;
+import io.netty.channel.EventLoopGroup;
+import io.netty.channel.nio.NioEventLoopGroup;
+import io.netty.channel.socket.SocketChannel;
+import io.netty.channel.socket.nio.NioServerSocketChannel;
+import io.netty.handler.codec.LengthFieldBasedFrameDecoder;
+import io.netty.handler.ssl.ClientAuth;
+import io.netty.handler.ssl.SslContext;
+import io.netty.handler.ssl.SslContextBuilder;
+import io.netty.handler.ssl.SslHandler;
+import io.netty.handler.ssl.SslProvider;
+import java.io.File;
+import java.io.IOException;
+import java.net.InetSocketAddress;
+import java.util.List;
+import java.util.Set;
+import java.util.concurrent.ConcurrentHashMap;
+import java.util.concurrent.ExecutorService;
+import java.util.concurrent.Executors;
+import java.util.concurrent.TimeUnit;
+import java.util.concurrent.atomic.AtomicInteger;
+import tovu.local.wire.Protocol;
+
+/** The process that federates of other processes meet in: it listens, and hosts their federations. */
+final class Hub {
+    private static final int GREETING_SECONDS = 10;
+    private static final int BACKLOG = 1024;
+
+    private final HubSettings settings;
+    private final SslContext tls;
+    private final EventLoopGroup listening = new NioEventLoopGroup(1);
+    private final EventLoopGroup serving = new NioEventLoopGroup();
+    private final ExecutorService longServices = Executors.newCachedThreadPool();
+    private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
+    private final AtomicInteger connections = new AtomicInteger();
+    private Channel server;
+
+    Hub(HubSettings settings) throws IOException {
+        this.settings = settings;
+        tls = settings.certificate() == null ? null : tls();
+    }
+
+    private SslContext tls() throws IOException {
+        try {
+            SslContextBuilder builder = SslContextBuilder
+                    .forServer(settings.certificate().toFile(), settings.key().toFile())
+                    .sslProvider(SslProvider.JDK).protocols("TLSv1.3", "TLSv1.2");
+            File clientCa = settings.clientCa() == null ? null : settings.clientCa().toFile();
+            return (clientCa == null ? builder : builder.trustManager(clientCa).clientAuth(ClientAuth.REQUIRE)).build();
+        } catch (IllegalArgumentException e) {
+            throw new IOException(e.getMessage(), e);
+        }
+    }
+
+    HubSettings settings() {
+        return settings;
+    }
+
+    /** @return where it listens */
+    InetSocketAddress start() throws IOException {
+        try {
+            server = new ServerBootstrap().group(listening, serving).channel(NioServerSocketChannel.class)
+                    .option(ChannelOption.SO_BACKLOG, BACKLOG).option(ChannelOption.SO_REUSEADDR, true)
+                    .childOption(ChannelOption.TCP_NODELAY, true)
+                    .childHandler(new ChannelInitializer<SocketChannel>() {
+                        @Override
+                        protected void initChannel(SocketChannel channel) {
+                            begin(channel);
+                        }
+                    }).bind(settings.host(), settings.port()).sync().channel();
+            return (InetSocketAddress) server.localAddress();
+        } catch (InterruptedException e) {
+            Thread.currentThread().interrupt();
+            throw new IOException(e);
+        } catch (Exception e) { // the library throws what the system call has failed with, undeclared
+            throw new IOException(e.getMessage(), e);
+        }
+    }
+
+    private void begin(SocketChannel channel) {
+        if (connections.incrementAndGet() > settings.connections()) {
+            refuse(channel, "there are " + settings.connections() + " connections already");
+        }
+        channel.closeFuture().addListener(closed -> connections.decrementAndGet());
+        ChannelPipeline pipeline = channel.pipeline();
+        if (tls != null) {
+            SslHandler handler = tls.newHandler(channel.alloc());
+            handler.setHandshakeTimeout(GREETING_SECONDS, TimeUnit.SECONDS);
+            pipeline.addLast(handler);
+        }
+        pipeline.addLast(new LengthFieldBasedFrameDecoder(settings.greatestFrame(), 0, Protocol.LENGTH_BYTES, 0,
+                Protocol.LENGTH_BYTES));
+        FederateChannel federate = new FederateChannel(this, channel);
+        pipeline.addLast(federate);
+        channel.eventLoop().schedule(federate::requireGreeting, GREETING_SECONDS, TimeUnit.SECONDS);
+    }
+
+    private static void refuse(Channel channel, String reason) {
+        HubLog.refused(channel, reason);
+        channel.close();
+    }
+
+    void serveLong(Runnable service) {
+        longServices.execute(service);
+    }
+
+    void entered(FederateChannel federate) {
+        federates.add(federate);
+    }
+
+    void left(FederateChannel federate) {
+        federates.remove(federate);
+    }
+
+    /** Tells the federates that it ends, and ends. */
+    void stop() {
+        server.close().syncUninterruptibly();
+        List.copyOf(federates).forEach(each -> each.end("the hub was shut down"));
+        serving.shutdownGracefully(0, 2, TimeUnit.SECONDS).syncUninterruptibly();
+        listening.shutdownGracefully(0, 1, TimeUnit.SECONDS).syncUninterruptibly();
+        longServices.shutdownNow();
+    }
+}

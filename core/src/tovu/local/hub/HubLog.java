@@ -1,0 +1,26 @@
+package tovu.local.hub;
+
+import io.netty.channel.Channel;
+
+/** What a hub says on its standard error stream: one line for each thing that whoever runs it may want to know. */
+final class HubLog {
+    private HubLog() {
+    }
+
+    static void refused(Channel channel, String reason) {
+        say("refused " + channel.remoteAddress() + ": " + reason);
+    }
+
+    static void lost(Object who, Channel channel, String reason) {
+        say("lost " + who + " at " + channel.remoteAddress() + ": " + reason);
+    }
+
+    /** A fault of the hub's own. */
+    static void fault(Throwable fault) {
+        fault.printStackTrace();
+    }
+
+    static void say(String line) {
+        System.err.println(line);
+    }
+}

@@ -1,0 +1,141 @@
+package tovu.local.hub;
+
+import java.io.IOException;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.util.ArrayDeque;
+import java.util.Deque;
+import java.util.HashMap;
+import java.util.List;
+import java.util.Map;
+import java.util.Set;
+import tovu.local.wire.Protocol;
+
+/** What the command line of a hub says, and its file of settings, which has the same names. */
+final class HubOptions {
+    static final String HELP = """
+            usage: rti1516e-hub [OPTION]...
+            Hosts HLA federations for federates of other processes and machines.
+
+              --listen HOST:PORT      where federates connect (127.0.0.1:15160; port 0 takes a free one)
+              --certificate FILE      the hub's certificate, in PEM: connections use TLS
+              --key FILE              the private key of that, in PEM
+              --client-ca FILE        lets in only federates with a certificate of this authority
+              --insecure              lets other machines connect without TLS
+              --lost-after SECONDS    a federate that is silent for so long is lost (20; 0 for never)
+              --queue-limit MB        a federate whose process leaves so much unread is lost (256)
+              --connections NUMBER    how many there may be at once (1000)
+              --greatest-message MB   a message that is greater ends its connection (64)
+              --config FILE           a file of such settings: a line each, such as lost-after = 5
+              --help, --version       says so and ends
+            """;
+
+    private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "lost-after",
+            "queue-limit", "connections", "greatest-message", "config");
+    private static final Set<String> FLAGS = Set.of("insecure", "help", "version");
+    private static final int MEGABYTE_BITS = 20;
+
+    /** A command line that means nothing. */
+    static final class WrongOption extends Exception {
+        private static final long serialVersionUID = 1;
+
+        WrongOption(String message) {
+            super(message + " (rti1516e-hub --help lists the options)");
+        }
+    }
+
+    private final Map<String, String> values = new HashMap<>();
+
+    private HubOptions() {
+    }
+
+    static HubOptions parse(String[] arguments) throws WrongOption, IOException {
+        HubOptions options = new HubOptions();
+        Deque<String> left = new ArrayDeque<>(List.of(arguments));
+        while (!left.isEmpty()) {
+            String argument = left.poll();
+            String name = argument.replaceFirst("^--", "").replaceFirst("=.*", "");
+            if (!argument.startsWith("--") || !VALUES.contains(name) && !FLAGS.contains(name)) {
+                throw new WrongOption("unknown option '" + argument + "'");
+            }
+            int equals = argument.indexOf('=');
+            String value = equals >= 0 ? argument.substring(equals + 1) : FLAGS.contains(name) ? "" : left.poll();
+            if (value == null || FLAGS.contains(name) && equals >= 0) {
+                throw new WrongOption("option '--" + name + (value == null ? "' needs a value" : "' takes no value"));
+            }
+            options.values.put(name, value);
+        }
+        if (options.values.containsKey("config")) {
+            options.addFile(Path.of(options.values.get("config")));
+        }
+        return options;
+    }
+
+    /** The command line counts before the file. */
+    private void addFile(Path file) throws WrongOption, IOException {
+        List<String> lines;
+        try {
+            lines = Files.readAllLines(file);
+        } catch (IOException e) {
+            throw new IOException("the settings '" + file + "' cannot be read (" + e + ")", e);
+        }
+        for (String line : lines) {
+            String setting = line.replaceFirst("#.*", "").strip();
+            if (setting.isEmpty()) {
+                continue;
+            }
+            String[] parts = setting.split("\\s*=\\s*", 2);
+            boolean known = parts.length == 2 ? VALUES.contains(parts[0]) : FLAGS.contains(parts[0]);
+            if (!known || parts[0].equals("config")) {
+                throw new WrongOption("'" + setting + "' in '" + file + "' is no setting");
+            }
+            values.putIfAbsent(parts[0], parts.length == 2 ? parts[1] : "");
+        }
+    }
+
+    boolean wantsHelp() {
+        return values.containsKey("help");
+    }
+
+    boolean wantsVersion() {
+        return values.containsKey("version");
+    }
+
+    HubSettings settings() throws WrongOption {
+        String listen = values.getOrDefault("listen", "127.0.0.1:" + Protocol.DEFAULT_PORT);
+        int colon = listen.lastIndexOf(':');
+        if (colon < 1) {
+            throw new WrongOption("'" + listen + "' is not HOST:PORT");
+        }
+        if (values.containsKey("certificate") != values.containsKey("key")) {
+            throw new WrongOption("a certificate needs its key: give --certificate and --key");
+        }
+        if (values.containsKey("client-ca") && !values.containsKey("certificate")) {
+            throw new WrongOption("--client-ca needs --certificate and --key");
+        }
+        String host = listen.substring(0, colon).replaceAll("^\\[(.*)]$", "$1");
+        return new HubSettings(host, number("port of --listen", listen.substring(colon + 1), 0, 65_535),
+                file("certificate"), file("key"), file("client-ca"), values.containsKey("insecure"),
+                number("lost-after", "20", 0, 86_400),
+                (long) number("queue-limit", "256", 1, 1 << MEGABYTE_BITS) << MEGABYTE_BITS,
+                number("connections", "1000", 1, 1_000_000),
+                Math.min(number("greatest-message", "64", 1, 2_047), 2_047) << MEGABYTE_BITS);
+    }
+
+    private Path file(String name) {
+        return values.containsKey(name) ? Path.of(values.get(name)) : null;
+    }
+
+    private int number(String name, String standard, int least, int greatest) throws WrongOption {
+        String text = values.getOrDefault(name, standard);
+        try {
+            int number = Integer.parseInt(text);
+            if (number >= least && number <= greatest) {
+                return number;
+            }
+        } catch (NumberFormatException e) {
+            // the same as a number out of range
+        }
+        throw new WrongOption("'" + text + "' for " + name + " is not a number from " + least + " to " + greatest);
+    }
+}

@@ -1,0 +1,21 @@
+package tovu.local.hub;
+
+import java.nio.file.Path;
+
+/**
+ * How a hub is to be run.
+ *
+ * @param host            the address it listens on
+ * @param port            the port, 0 for one that is free
+ * @param certificate     the hub's certificate, or null for no TLS
+ * @param key             the private key of that
+ * @param clientCa        the authority whose certificates let federates in, or null for no such condition
+ * @param insecure        whether others than this machine may connect without TLS
+ * @param lostAfter       seconds of silence after which a federate is lost; 0 for never
+ * @param queueLimit      bytes that may wait for a federate's process to read them
+ * @param connections     how many there may be at once
+ * @param greatestFrame   bytes
+ */
+record HubSettings(String host, int port, Path certificate, Path key, Path clientCa, boolean insecure,
+        int lostAfter, long queueLimit, int connections, int greatestFrame) {
+}

@@ -1,0 +1,103 @@
+package tovu.local.remote;
+
+import hla.rti1516e.exceptions.InvalidLocalSettingsDesignator;
+import java.nio.file.Path;
+import java.util.ArrayList;
+import java.util.List;
+
+/**
+ * Where the hub is that an ambassador connects to, and how.
+ *
+ * @param host        its name or address
+ * @param port        its port
+ * @param ca          the file of certificates, one of which the hub's is signed by; null for a connection without TLS
+ * @param certificate the file of the federate's own certificate; null for none
+ * @param key         the file of the private key of that; null for none
+ */
+public record HubAddress(String host, int port, Path ca, Path certificate, Path key) {
+    private static final String NONE = "none";
+    private static final String HUB = "hub=";
+    private static final String USAGE =
+            "; write hub=HOST:PORT[;ca=FILE][;certificate=FILE;key=FILE], or hub=none for no hub";
+
+    /**
+     * What a local settings designator says. One that begins with something else than {@code hub=} is meant for another
+     * infrastructure, and leaves the choice to the system properties.
+     *
+     * @return null for none
+     */
+    public static HubAddress of(String designator) throws InvalidLocalSettingsDesignator {
+        if (designator.strip().startsWith(HUB)) {
+            return parse(designator.strip());
+        }
+        String hub = System.getProperty("tovu.hub", NONE);
+        List<String> settings = new ArrayList<>(List.of(HUB + hub));
+        for (String name : List.of("ca", "certificate", "key")) {
+            String value = System.getProperty("tovu.hub." + name);
+            if (value != null && !hub.equals(NONE)) {
+                settings.add(name + "=" + value);
+            }
+        }
+        return parse(String.join(";", settings));
+    }
+
+    private static HubAddress parse(String designator) throws InvalidLocalSettingsDesignator {
+        String where = null;
+        Path ca = null;
+        Path certificate = null;
+        Path key = null;
+        for (String setting : designator.split(";")) {
+            int equals = setting.indexOf('=');
+            String name = setting.substring(0, Math.max(0, equals)).strip();
+            String value = setting.substring(equals + 1).strip();
+            if (value.isEmpty()) {
+                throw refused(designator, "'" + setting.strip() + "' gives no value");
+            }
+            switch (name) {
+                case "hub" -> where = value;
+                case "ca" -> ca = Path.of(value);
+                case "certificate" -> certificate = Path.of(value);
+                case "key" -> key = Path.of(value);
+                default -> throw refused(designator, "'" + setting.strip() + "' is no setting");
+            }
+        }
+        if (NONE.equals(where)) {
+            return null;
+        }
+        if ((certificate == null) != (key == null) || certificate != null && ca == null) {
+            throw refused(designator, "a certificate needs its key, and the ca that the hub is known by");
+        }
+        int colon = where.lastIndexOf(':');
+        String host = where.substring(0, Math.max(0, colon)).replaceAll("^\\[(.*)]$", "$1");
+        if (host.isEmpty()) {
+            throw refused(designator, "'" + where + "' is not HOST:PORT");
+        }
+        return new HubAddress(host, port(designator, where.substring(colon + 1)), ca, certificate, key);
+    }
+
+    private static int port(String designator, String text) throws InvalidLocalSettingsDesignator {
+        try {
+            int port = Integer.parseInt(text);
+            if (port >= 1 && port <= 65_535) {
+                return port;
+            }
+        } catch (NumberFormatException e) {
+            // the same as a number that is no port
+        }
+        throw refused(designator, "'" + text + "' is no port");
+    }
+
+    private static InvalidLocalSettingsDesignator refused(String designator, String reason) {
+        return new InvalidLocalSettingsDesignator("The local settings designator '" + designator
+                + "' cannot be read: " + reason + USAGE);
+    }
+
+    boolean isSecured() {
+        return ca != null;
+    }
+
+    @Override
+    public String toString() {
+        return (host.contains(":") ? "[" + host + "]" : host) + ":" + port;
+    }
+}

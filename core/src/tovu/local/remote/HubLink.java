@@ -1,0 +1,390 @@
+package tovu.local.remote;
+
+import hla.rti1516e.exceptions.ConnectionFailed;
+import hla.rti1516e.exceptions.FederateInternalError;
+import hla.rti1516e.exceptions.NotConnected;
+import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.RTIinternalError;
+import java.io.BufferedInputStream;
+import java.io.DataInputStream;
+import java.io.EOFException;
+import java.io.IOException;
+import java.io.OutputStream;
+import java.util.HashSet;
+import java.util.Map;
+import java.util.Set;
+import java.util.concurrent.ConcurrentHashMap;
+import java.util.concurrent.ScheduledFuture;
+import java.util.concurrent.TimeUnit;
+import java.util.concurrent.atomic.AtomicBoolean;
+import java.util.concurrent.atomic.AtomicInteger;
+import tovu.local.delivery.CallbackMethod;
+import tovu.local.delivery.CallbackPort;
+import tovu.local.model.Callback;
+import tovu.local.model.CallbackSink;
+import tovu.local.model.FederateCallbacks;
+import tovu.local.wire.CallbackFlags;
+import tovu.local.wire.FrameReader;
+import tovu.local.wire.FrameType;
+import tovu.local.wire.FrameWriter;
+import tovu.local.wire.MalformedFrame;
+
+/**
+ * An ambassador's connection to a hub. Requests of several threads run side by side; callbacks come numbered, in one
+ * stream with the answers, and wait in the federate's own queue. With every request the hub is told which callbacks
+ * have begun and ended, so that a service sees what the federate's code has been told, no more and no less.
+ */
+public final class HubLink {
+    private static final int STREAM_BUFFER = 1 << 16;
+    private static final long TELL_IDLE_MILLIS = 5;
+
+    private final HubAddress hub;
+    private final HubSocket socket;
+    private final DataInputStream in;
+    private final OutputStream out;
+    private final int greatestFrame;
+    private final long silenceNanos; // after which the other side is lost; 0 for never
+    private final CallbackSink queue;
+    private final CallbackPort federate;
+    private final Runnable onLoss;
+    private final Map<Integer, Answer> awaited = new ConcurrentHashMap<>();
+    private final AtomicInteger lastRequest = new AtomicInteger();
+    private final Set<Long> retracted = new HashSet<>(); // guarded by the monitor, like the three below
+    private long begun; // the last callback that was
+    private long ended; // the last callback that has returned
+    private long reviewed;
+    private final AtomicBoolean tellingProgress = new AtomicBoolean();
+    private final ScheduledFuture<?> pulse;
+    private volatile long heard = System.nanoTime();
+    private volatile boolean said;
+    private volatile String lost; // why, or null
+
+    /**
+     * Returns when the hub has let it in.
+     *
+     * @param queue    takes the callbacks that come
+     * @param federate is called with them when it is their turn
+     * @param onLoss   runs once if the connection ends before it is closed
+     */
+    public static HubLink open(HubAddress hub, CallbackSink queue, CallbackPort federate, Runnable onLoss)
+            throws ConnectionFailed {
+        HubSocket socket = HubSocket.connect(hub);
+        try {
+            HubLink link = new HubLink(hub, socket, queue, federate, onLoss);
+            Thread reader = new Thread(link::read, "hub " + hub);
+            reader.setDaemon(true);
+            reader.start();
+            return link;
+        } catch (IOException | MalformedFrame e) {
+            throw socket.failed(e);
+        }
+    }
+
+    private HubLink(HubAddress hub, HubSocket socket, CallbackSink queue, CallbackPort federate, Runnable onLoss)
+            throws IOException, ConnectionFailed {
+        this.hub = hub;
+        this.socket = socket;
+        this.queue = queue;
+        this.federate = federate;
+        this.onLoss = onLoss;
+        in = new DataInputStream(new BufferedInputStream(socket.input(), STREAM_BUFFER));
+        out = socket.output();
+        HubSocket.Welcome welcome = socket.greet(in);
+        greatestFrame = welcome.greatestFrame();
+        silenceNanos = TimeUnit.SECONDS.toNanos(welcome.lostAfterSeconds());
+        long period = Math.max(1, silenceNanos / 4);
+        pulse = silenceNanos == 0 ? null
+                : HubClock.INSTANCE.scheduleAtFixedRate(this::pulse, period, period, TimeUnit.NANOSECONDS);
+    }
+
+    /**
+     * A service.
+     *
+     * @return what the hub's core returned
+     */
+    public Object request(int service, byte[] message) throws RTIexception {
+        FrameReader answer = ask(number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24)
+                .integer(number)).integer(service).rest(message).end());
+        return HubAnswers.result(answer);
+    }
+
+    private interface Request {
+        byte[] frame(int number);
+    }
+
+    private FrameReader ask(Request request) throws NotConnected, RTIinternalError {
+        int number = lastRequest.incrementAndGet();
+        Answer answer = new Answer();
+        awaited.put(number, answer);
+        if (lost == null) { // whoever loses it from here on finds the answer awaited
+            write(request.frame(number));
+        } else {
+            answer.give(null);
+        }
+        FrameReader frame = answer.await();
+        awaited.remove(number);
+        if (frame == null) {
+            throw notConnected();
+        }
+        return frame;
+    }
+
+    public NotConnected notConnected() {
+        return new NotConnected("The connection to the hub at " + hub + " is lost (" + lost
+                + "); connect again");
+    }
+
+    private void write(byte[] frame) throws RTIinternalError {
+        if (frame.length > greatestFrame) {
+            throw new RTIinternalError("A message of " + frame.length + " bytes is more than the hub at " + hub
+                    + " takes, which is " + greatestFrame + "; send less at once, or start the hub with a greater limit");
+        }
+        try {
+            synchronized (out) {
+                out.write(frame);
+                out.flush();
+            }
+            said = true;
+        } catch (IOException e) {
+            lose("sending failed: " + HubSocket.reason(e));
+        }
+    }
+
+    private void tell(byte[] frame) {
+        try {
+            write(frame);
+        } catch (RTIinternalError e) {
+            throw new IllegalStateException(e);
+        }
+    }
+
+    private void read() {
+        try {
+            for (;;) {
+                int length = in.readInt();
+                if (length < 1 || length > greatestFrame) {
+                    throw new MalformedFrame("a frame of " + length + " bytes");
+                }
+                byte[] frame = in.readNBytes(length);
+                if (frame.length < length) {
+                    throw new EOFException();
+                }
+                heard = System.nanoTime();
+                take(new FrameReader(frame));
+            }
+        } catch (EOFException e) {
+            lose("the hub has closed it");
+        } catch (IOException e) {
+            lose(HubSocket.reason(e));
+        } catch (MalformedFrame e) {
+            lose("the hub sent " + e.getMessage());
+        }
+    }
+
+    private void take(FrameReader frame) {
+        switch (frame.type()) {
+            case REPLY, FAILURE, RESOLVED -> {
+                Answer answer = awaited.get(frame.integer());
+                if (answer != null) {
+                    answer.give(frame);
+                }
+            }
+            case CALLBACK -> {
+                long number = frame.longInteger();
+                int flags = frame.octet();
+                post(flags, new Numbered(number, (flags & CallbackFlags.CERTAIN) != 0, method(frame), frame.rest()));
+            }
+            case LATE_CALLBACK -> {
+                long number = frame.longInteger();
+                post(frame.octet(), new Numbered(number, false, null, null));
+            }
+            case REVIEW -> review(frame.longInteger());
+            case RETRACT -> {
+                boolean any = false;
+                int count = frame.count(Long.BYTES);
+                FrameWriter answer = new FrameWriter(FrameType.RETRACTED).integer(count);
+                for (int i = 0; i < count; ++i) {
+                    long number = frame.longInteger();
+                    boolean told = !retract(number);
+                    answer.longInteger(number).flag(told);
+                    any |= told;
+                }
+                tell(answer.end());
+                if (any) {
+                    queue.post(new Numbered(frame.longInteger(), true, method(frame), frame.rest()));
+                }
+            }
+            case DROP -> drop();
+            case HEARTBEAT -> {
+                // that it came is what it says
+            }
+            case CLOSING -> lose(frame.text());
+            default -> throw new MalformedFrame("a frame of type " + frame.type() + ", which only federates send");
+        }
+    }
+
+    private synchronized void drop() {
+        retracted.clear();
+        queue.dropMembership();
+    }
+
+    private void post(int flags, Numbered callback) {
+        if ((flags & CallbackFlags.OUTLIVES_MEMBERSHIP) != 0) {
+            queue.postToConnection(callback);
+        } else {
+            queue.post(callback);
+        }
+    }
+
+    private static CallbackMethod method(FrameReader frame) {
+        CallbackMethod method = CallbackMethod.of(frame.integer());
+        if (method == null) {
+            throw new MalformedFrame("a callback that is none");
+        }
+        return method;
+    }
+
+    /** A callback as it came; without a method it has to be asked for when it is its turn. */
+    private final class Numbered implements Callback {
+        private final long number;
+        private final boolean certain;
+        private final CallbackMethod method;
+        private final byte[] message;
+
+        Numbered(long number, boolean certain, CallbackMethod method, byte[] message) {
+            this.number = number;
+            this.certain = certain;
+            this.method = method;
+            this.message = message;
+        }
+
+        @Override
+        public void deliver(FederateCallbacks nobody) throws FederateInternalError {
+            Beginning beginning = beginCallback(number, certain, method == null);
+            if (beginning == Beginning.DROPPED) {
+                return; // retracted before anybody saw it
+            }
+            try {
+                if (beginning == Beginning.TO_BE_ASKED) {
+                    resolve();
+                } else {
+                    federate.call(method, message);
+                }
+            } finally {
+                endCallback(number);
+                tellProgressSoon();
+            }
+        }
+
+        private void resolve() throws FederateInternalError {
+            FrameReader answer;
+            try {
+                answer = ask(request ->
+                        new FrameWriter(FrameType.RESOLVE).integer(request).longInteger(number).end());
+            } catch (RTIexception e) {
+                return; // whoever is told nothing more is told of the loss
+            }
+            answered(number);
+            if (answer.hasMore()) {
+                federate.call(method(answer), answer.rest());
+            }
+        }
+    }
+
+    private enum Beginning {
+        DROPPED, KNOWN, TO_BE_ASKED
+    }
+
+    private synchronized Beginning beginCallback(long number, boolean certain, boolean late) {
+        if (retracted.remove(number)) {
+            return Beginning.DROPPED;
+        }
+        if (late || !certain && number <= reviewed) {
+            return Beginning.TO_BE_ASKED; // it begins when the hub has answered
+        }
+        begun = number;
+        return Beginning.KNOWN;
+    }
+
+    private synchronized void answered(long number) {
+        begun = number;
+        retracted.remove(number);
+    }
+
+    private synchronized void endCallback(long number) {
+        ended = number;
+    }
+
+    private synchronized FrameWriter progress(FrameWriter frame) {
+        return frame.longInteger(begun).longInteger(ended);
+    }
+
+    private synchronized void review(long number) {
+        reviewed = number;
+    }
+
+    private synchronized boolean retract(long number) {
+        return number > begun && retracted.add(number);
+    }
+
+    /** So that others need not wait until this federate has a request. */
+    private void tellProgressSoon() {
+        if (!tellingProgress.get() && tellingProgress.compareAndSet(false, true)) {
+            HubClock.INSTANCE.schedule(() -> {
+                tellingProgress.set(false);
+                tell(progress(new FrameWriter(FrameType.PROGRESS)).end());
+            }, TELL_IDLE_MILLIS, TimeUnit.MILLISECONDS);
+        }
+    }
+
+    private void pulse() {
+        if (System.nanoTime() - heard > silenceNanos) {
+            lose("the hub has been silent for " + TimeUnit.NANOSECONDS.toSeconds(silenceNanos) + " s");
+        } else if (!said) {
+            tell(new FrameWriter(FrameType.HEARTBEAT).end());
+        }
+        said = false;
+    }
+
+    private void lose(String reason) {
+        if (end(reason)) {
+            onLoss.run();
+        }
+    }
+
+    /**
+     * Ends the connection from this side; the hub is told if that is possible.
+     *
+     * @param reason what the others are told if the federate is still joined
+     */
+    public void close(String reason) {
+        if (lost == null) {
+            tell(new FrameWriter(FrameType.GOODBYE).text(reason).end());
+        }
+        end(reason);
+    }
+
+    private boolean end(String reason) {
+        synchronized (this) {
+            if (lost != null) {
+                return false;
+            }
+            lost = reason;
+        }
+        if (pulse != null) {
+            pulse.cancel(false);
+        }
+        socket.close();
+        awaited.values().forEach(each -> each.give(null));
+        return true;
+    }
+
+    public boolean isLost() {
+        return lost != null;
+    }
+
+    /** Why the connection has ended. */
+    public String fault() {
+        return "The connection to the hub at " + hub + " is lost: " + lost;
+    }
+}

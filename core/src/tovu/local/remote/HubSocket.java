@@ -1,0 +1,164 @@
+package tovu.local.remote;
+
+import hla.rti1516e.exceptions.ConnectionFailed;
+import java.io.DataInputStream;
+import java.io.EOFException;
+import java.io.IOException;
+import java.io.InputStream;
+import java.io.OutputStream;
+import java.net.ConnectException;
+import java.net.InetSocketAddress;
+import java.net.Socket;
+import java.net.SocketTimeoutException;
+import java.net.StandardSocketOptions;
+import java.net.UnknownHostException;
+import java.security.GeneralSecurityException;
+import java.util.concurrent.Future;
+import java.util.concurrent.TimeUnit;
+import javax.net.ssl.SSLException;
+import javax.net.ssl.SSLParameters;
+import javax.net.ssl.SSLSocket;
+import tovu.local.wire.FrameReader;
+import tovu.local.wire.FrameType;
+import tovu.local.wire.FrameWriter;
+import tovu.local.wire.MalformedFrame;
+import tovu.local.wire.Protocol;
+
+/** The socket of a connection to a hub, with TLS layered over it if the address says so, and the first words on it. */
+final class HubSocket {
+    /** What the hub says when it lets a federate in. */
+    record Welcome(int lostAfterSeconds, int greatestFrame) {
+    }
+
+    private static final long PATIENCE_MILLIS = 5_000; // for all until the welcome
+
+    private final HubAddress hub;
+    private final Socket plain;
+    private final long deadline = System.nanoTime() + TimeUnit.MILLISECONDS.toNanos(PATIENCE_MILLIS);
+    private Socket socket;
+    private volatile boolean late;
+
+    private HubSocket(HubAddress hub) {
+        this.hub = hub;
+        plain = new Socket();
+        socket = plain;
+    }
+
+    static HubSocket connect(HubAddress hub) throws ConnectionFailed {
+        HubSocket made = new HubSocket(hub);
+        Future<?> watchdog = HubClock.INSTANCE.schedule(made::expire, PATIENCE_MILLIS, TimeUnit.MILLISECONDS);
+        try {
+            made.connect();
+            return made;
+        } catch (IOException | GeneralSecurityException | IllegalArgumentException e) {
+            throw made.failed(e);
+        } finally {
+            watchdog.cancel(false);
+        }
+    }
+
+    private void connect() throws IOException, GeneralSecurityException {
+        InetSocketAddress address = new InetSocketAddress(hub.host(), hub.port());
+        if (address.isUnresolved()) {
+            throw new UnknownHostException(hub.host());
+        }
+        plain.setOption(StandardSocketOptions.TCP_NODELAY, true);
+        plain.connect(address, left());
+        if (hub.isSecured()) {
+            SSLSocket secured = (SSLSocket) Tls.context(hub).getSocketFactory()
+                    .createSocket(plain, hub.host(), hub.port(), true);
+            SSLParameters parameters = secured.getSSLParameters();
+            parameters.setEndpointIdentificationAlgorithm("HTTPS");
+            parameters.setProtocols(new String[] {"TLSv1.3", "TLSv1.2"});
+            secured.setSSLParameters(parameters);
+            socket = secured;
+            secured.startHandshake();
+        }
+    }
+
+    private int left() {
+        return (int) Math.max(1, TimeUnit.NANOSECONDS.toMillis(deadline - System.nanoTime()));
+    }
+
+    /** What is blocked in a socket under TLS wakes for nothing but its end. */
+    private void expire() {
+        late = true;
+        close();
+    }
+
+    InputStream input() throws IOException {
+        return socket.getInputStream();
+    }
+
+    OutputStream output() throws IOException {
+        return socket.getOutputStream();
+    }
+
+    /** Only the hub's welcome means that the federate is in: under TLS its certificate may still be refused. */
+    Welcome greet(DataInputStream in) throws IOException, ConnectionFailed {
+        Future<?> watchdog = HubClock.INSTANCE.schedule(this::expire, left(), TimeUnit.MILLISECONDS);
+        try {
+            output().write(new FrameWriter(FrameType.HELLO).integer(Protocol.MAGIC).integer(Protocol.VERSION).end());
+            output().flush();
+            int length = in.readInt();
+            if (length < 1 || length > Protocol.GREATEST_FRAME) {
+                throw new MalformedFrame("a frame of " + length + " bytes");
+            }
+            FrameReader answer = new FrameReader(in.readNBytes(length));
+            if (answer.type() == FrameType.CLOSING) {
+                throw refused(answer.text());
+            }
+            if (answer.type() != FrameType.WELCOME) {
+                throw new MalformedFrame("a frame of type " + answer.type() + " instead of a welcome");
+            }
+            int version = answer.integer();
+            if (version != Protocol.VERSION) {
+                throw refused("it speaks version " + version + " of the protocol and this library version "
+                        + Protocol.VERSION + "; install the same release on both sides");
+            }
+            return new Welcome(answer.integer(), answer.integer());
+        } finally {
+            watchdog.cancel(false);
+        }
+    }
+
+    ConnectionFailed failed(Exception failure) {
+        close();
+        return refused(late ? "it did not answer within " + TimeUnit.MILLISECONDS.toSeconds(PATIENCE_MILLIS) + " s"
+                : failure instanceof MalformedFrame ? "what listens there is no hub: it sent " + failure.getMessage()
+                : reason(failure));
+    }
+
+    private ConnectionFailed refused(String reason) {
+        return new ConnectionFailed("The hub at " + hub + " cannot be used: " + reason);
+    }
+
+    static String reason(Exception failure) {
+        if (failure instanceof UnknownHostException) {
+            return "the host is unknown";
+        }
+        if (failure instanceof ConnectException) {
+            return "nobody listens there (" + failure.getMessage() + "); start rti1516e-hub, or correct the address";
+        }
+        if (failure instanceof SocketTimeoutException) {
+            return "it did not answer in time";
+        }
+        if (failure instanceof EOFException) {
+            return "it closed the connection";
+        }
+        if (failure instanceof SSLException && failure.getMessage() != null
+                && failure.getMessage().contains("plaintext")) {
+            return "it does not speak TLS; leave out the ca, or start the hub with a certificate";
+        }
+        return failure.getMessage() == null ? failure.toString() : failure.getMessage();
+    }
+
+    /** Closes what lies below TLS: to say goodbye in TLS could wait for a hub that does not read. */
+    void close() {
+        try {
+            plain.close();
+        } catch (IOException e) {
+            // it is as good as closed
+        }
+    }
+}

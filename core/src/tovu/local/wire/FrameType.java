@@ -1,0 +1,52 @@
+package tovu.local.wire;
+
+/** What a frame says. Its code on the wire is its ordinal: new ones go to the end. */
+public enum FrameType {
+    /** Federate: the first frame. Magic number, version of the protocol, name of the program. */
+    HELLO,
+    /** Hub: the federate is in. Version, seconds of silence after which either side is lost, greatest frame. */
+    WELCOME,
+    /** Hub: the connection ends, and why. */
+    CLOSING,
+    /** Federate: a service. Number of the request; last callback begun and last one ended; service, message. */
+    REQUEST,
+    /** Hub: what the service returns. Number of the request, result. */
+    REPLY,
+    /** Hub: the service has failed. Number of the request, name of the exception, text. */
+    FAILURE,
+    /** Hub: a callback. Its number, whether it outlives a membership, native, message. */
+    CALLBACK,
+    /** Hub: a callback whose content is known only when it is its turn. Its number, whether it outlives a membership. */
+    LATE_CALLBACK,
+    /** Federate: it is the turn of a callback that has to be asked for. Number of the request, number of the callback. */
+    RESOLVE,
+    /** Hub: the answer. Number of the request; native and message, or nothing when there is nothing to tell. */
+    RESOLVED,
+    /** Hub: callbacks up to this number that have not begun yet have to be asked for, like late ones. */
+    REVIEW,
+    /**
+     * Hub: messages that callbacks carry are retracted. The numbers of those callbacks; the number, native and message of
+     * the callback to make instead if one of them has begun.
+     */
+    RETRACT,
+    /** Federate: whether callbacks that were retracted had begun. Their numbers, each with a flag. */
+    RETRACTED,
+    /** Hub: the federate is no longer the member it was: callbacks that have not begun are dropped. */
+    DROP,
+    /** Federate: the last callback begun and the last one ended. */
+    PROGRESS,
+    /** Either side, when it has had nothing else to say. */
+    HEARTBEAT,
+    /** Federate: it leaves, and why. */
+    GOODBYE;
+
+    private static final FrameType[] ALL = values();
+
+    /** @throws MalformedFrame for a code that stands for nothing */
+    public static FrameType of(int code) {
+        if (code < 0 || code >= ALL.length) {
+            throw new MalformedFrame("a frame of the unknown type " + code);
+        }
+        return ALL[code];
+    }
+}
