@@ -392,7 +392,8 @@ void Player::act(Dice dice)
          (always + allowed + (ledger.concurrent ? raced : " ")).find(" " + seen + " ") != std::string::npos;
       // It regulates already when the callback that says so is still on its way to it.
       bool const isEarly = ledger.concurrent && life.enabling > 0 && seen == "InvalidLogicalTime";
-      demand(isAllowed || isEarly || seen == "ObjectInstanceNotKnown", (what + " is refused: " + seen).c_str());
+      demand(isAllowed || isEarly || seen == "ObjectInstanceNotKnown",
+             (what + " is refused: " + seen).c_str());
       return seen;
    };
    if (!life.isJoined) {
