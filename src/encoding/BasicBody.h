@@ -1,7 +1,7 @@
 // What a basic element points to.
 #pragma once
 
-#include "src/encoding/BasicRows.h"
+#include "src/encoding/BasicTraits.h"
 #include "src/encoding/Extent.h"
 #include "src/encoding/Input.h"
 #include "src/encoding/Output.h"
@@ -15,8 +15,8 @@ template <class Element>
 class BasicBody
 {
 public:
-   using Row = RowOf<Element>;
-   using Value = typename Row::Value;
+   using Traits = TraitsOf<Element>;
+   using Value = typename Traits::Value;
 
    explicit BasicBody(Value const& value) : _external(nullptr), _own(value) {}
    explicit BasicBody(Value* external) : _external(external), _own() {}
@@ -31,35 +31,35 @@ public:
    }
    void use(Value* external) noexcept { _external = external; }
 
-   Integer64 hash() const noexcept { return Row::hash(value()); }
+   Integer64 hash() const noexcept { return Traits::hash(value()); }
 
    Extent measure(Wanted wanted) const
    {
       switch (wanted) {
       case Wanted::boundary:
-         return {0, Row::boundary, false};
+         return {0, Traits::boundary, false};
       case Wanted::room:
-         return {Row::room(value()), Row::boundary, false};
+         return {Traits::room(value()), Traits::boundary, false};
       case Wanted::leastLength: // the number, or the count of a text
-         return {Row::boundary, Row::boundary, false};
+         return {Traits::boundary, Traits::boundary, false};
       default:
-         return {Row::length(value()), Row::boundary, false};
+         return {Traits::length(value()), Traits::boundary, false};
       }
    }
 
    void write(Output& out) const
    {
-      if constexpr (Row::fixedLength != 0) {
-         Row::write(value(), out.take(Row::fixedLength));
+      if constexpr (Traits::fixedLength != 0) {
+         Traits::write(value(), out.take(Traits::fixedLength));
       } else {
-         Row::write(value(), out);
+         Traits::write(value(), out);
       }
    }
 
    std::size_t read(Input const& in, std::size_t index)
    {
-      char const* const from = in.at(index, Row::boundary, failure::indexOutOfBounds);
-      return index + Row::read(target(), from, in.left(index));
+      char const* const from = in.at(index, Traits::boundary, failure::indexOutOfBounds);
+      return index + Traits::read(target(), from, in.left(index));
    }
 
 private:

@@ -19,7 +19,7 @@ void encodeAtEnd(BasicBody<HLAASCIIstring> const& body, std::vector<char>& buffe
 {
    std::string const& text = body.value();
    std::uint32_t const count = checkedCount(text.size());
-   std::size_t const index = alignUp(buffer.size(), RowOf<HLAASCIIstring>::boundary);
+   std::size_t const index = alignUp(buffer.size(), TraitsOf<HLAASCIIstring>::boundary);
    std::size_t const size = index + 4 + text.size();
    if (size > buffer.capacity()) {
       buffer.reserve(std::max(size, 2 * buffer.size()));
@@ -32,7 +32,7 @@ void encodeAtEnd(BasicBody<HLAASCIIstring> const& body, std::vector<char>& buffe
 } // namespace
 
 #define RTI_DEFINE_BASIC_ELEMENT(Name, Type)                                                               \
-   static_assert(std::is_same_v<RowOf<Name>::Value, Type>, #Name " and its row disagree");                 \
+   static_assert(std::is_same_v<TraitsOf<Name>::Value, Type>, #Name " and its traits disagree");           \
                                                                                                            \
    Name::Name() : _body(new BasicBody<Name>(Type())) {}                                                    \
    Name::Name(Type const& value) : _body(new BasicBody<Name>(value)) {}                                    \

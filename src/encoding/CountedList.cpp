@@ -53,7 +53,7 @@ std::size_t CountedList::read(Input const& in, std::size_t index)
 std::size_t CountedList::leastLengthOfClones() const
 {
    std::size_t const length = _prototype->measure(Wanted::leastLength).length;
-   return rowOf(_prototype->kind()).fixedLength != 0 ? 1 : std::max<std::size_t>(length, 1);
+   return operationsOf(_prototype->kind()).fixedLength != 0 ? 1 : std::max<std::size_t>(length, 1);
 }
 
 } // namespace rti1516e

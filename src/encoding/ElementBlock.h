@@ -16,7 +16,7 @@ namespace rti1516e {
 
 // A large array of basic elements made one by one would be two small pieces of memory for each, and an
 // encoding would wait for each of them. A block is one piece of memory for the values, side by side, and the
-// elements, side by side, and its encoding goes over the values alone. It belongs to a row of blocks.
+// elements, side by side, and its encoding goes over the values alone. It belongs to a chain of blocks.
 class ElementBlock
 {
 public:
@@ -42,7 +42,7 @@ public:
 
    std::unique_ptr<ElementBlock> next;
    ElementBlock* previous = nullptr;
-   std::size_t first = 0; // the index of its first element in the row
+   std::size_t first = 0; // the index of its first element in the chain
 
 protected:
    explicit ElementBlock(std::size_t capacity) noexcept : _capacity(capacity) {}
@@ -58,7 +58,7 @@ class BasicBlock final : public ElementBlock
 {
 public:
    using Body = BasicBody<Element>;
-   using Row = typename Body::Row;
+   using Traits = typename Body::Traits;
 
    static std::unique_ptr<ElementBlock> make(std::size_t capacity)
    {
@@ -107,16 +107,16 @@ public:
 
    void write(Output& out) const override
    {
-      if constexpr (Row::fixedLength != 0) {
-         out.align(Row::boundary);
-         char* room = out.take(_size * Row::fixedLength);
+      if constexpr (Traits::fixedLength != 0) {
+         out.align(Traits::boundary);
+         char* room = out.take(_size * Traits::fixedLength);
          std::for_each_n(bodies(), _size, [&room](Body const& body) {
-            Row::write(body.value(), room);
-            room += Row::fixedLength;
+            Traits::write(body.value(), room);
+            room += Traits::fixedLength;
          });
       } else {
          std::for_each_n(bodies(), _size, [&out](Body const& body) {
-            out.align(Row::boundary);
+            out.align(Traits::boundary);
             body.write(out);
          });
       }
@@ -124,21 +124,22 @@ public:
 
    std::size_t read(Input const& in, std::size_t index) override
    {
-      if constexpr (Row::fixedLength != 0) {
-         index = alignUp(index, Row::boundary);
-         std::size_t const there = std::min(_size, in.left(index) / Row::fixedLength);
+      if constexpr (Traits::fixedLength != 0) {
+         index = alignUp(index, Traits::boundary);
+         std::size_t const there = std::min(_size, in.left(index) / Traits::fixedLength);
          char const* from = in.at(index, 0, failure::indexOutOfBounds);
          std::for_each_n(bodies(), there, [&from](Body& body) {
-            body.target() = Row::load(from);
-            from += Row::fixedLength;
+            body.target() = Traits::load(from);
+            from += Traits::fixedLength;
          });
          if (there < _size) {
             failure::raise(failure::indexOutOfBounds);
          }
-         return index + _size * Row::fixedLength;
+         return index + _size * Traits::fixedLength;
       } else {
-         std::for_each_n(bodies(), _size,
-                         [&in, &index](Body& body) { index = body.read(in, alignUp(index, Row::boundary)); });
+         std::for_each_n(bodies(), _size, [&in, &index](Body& body) {
+            index = body.read(in, alignUp(index, Traits::boundary));
+         });
          return index;
       }
    }
@@ -161,7 +162,7 @@ private:
 
    explicit BasicBlock(std::size_t capacity) noexcept : ElementBlock(capacity) {}
 
-   void append(typename Row::Value const& value)
+   void append(typename Traits::Value const& value)
    {
       Body* const body = new (bodies() + _size) Body(value);
       ElementAccess::place<Element>(elements() + _size, *body);

@@ -50,7 +50,7 @@ void ElementBlocks::append(DataElement const& original, Kind kind, std::size_t n
 
 void ElementBlocks::addBlock(std::size_t capacity)
 {
-   std::unique_ptr<ElementBlock> block = rowOf(_kind).makeBlock(capacity);
+   std::unique_ptr<ElementBlock> block = operationsOf(_kind).makeBlock(capacity);
    block->first = size();
    block->previous = _last;
    ElementBlock* const added = block.get();

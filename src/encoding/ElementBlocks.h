@@ -9,7 +9,7 @@
 
 namespace rti1516e {
 
-// A row of blocks, each about as large as all before it, so that there are few of them. An element stays
+// A chain of blocks, each about as large as all before it, so that there are few of them. An element stays
 // where it is as long as it lives.
 class ElementBlocks
 {

@@ -82,7 +82,7 @@ void ElementList::replace(std::size_t index, DataElement const& element)
 {
    Kind const kind = kindOf(element, inBlocks() ? _blocks.kind() : _entries[index].kind());
    if (inBlocks() && kind == _blocks.kind()) {
-      rowOf(kind).assign(_blocks.at(index), element);
+      operationsOf(kind).assign(_blocks.at(index), element);
    } else {
       replace(index, Entry::clone(element));
    }
@@ -116,7 +116,7 @@ void ElementList::truncate(std::size_t size) noexcept
 
 bool ElementList::mayKeepInBlocks(Kind kind) const noexcept
 {
-   return _use == For::array && rowOf(kind).makeBlock != nullptr &&
+   return _use == For::array && operationsOf(kind).makeBlock != nullptr &&
           (empty() || (inBlocks() && kind == _blocks.kind()));
 }
 
@@ -136,12 +136,12 @@ void ElementList::leaveBlocks()
 
 void ElementList::account(Kind kind, std::size_t number) noexcept
 {
-   KindRow const& row = rowOf(kind);
-   _allOfOneLength = _allOfOneLength && row.fixedLength != 0;
-   _allOfOneBoundary = _allOfOneBoundary && row.boundary != 0;
-   _boundary = std::max(_boundary, row.boundary);
+   KindOperations const& operations = operationsOf(kind);
+   _allOfOneLength = _allOfOneLength && operations.fixedLength != 0;
+   _allOfOneBoundary = _allOfOneBoundary && operations.boundary != 0;
+   _boundary = std::max(_boundary, operations.boundary);
    // Elements of one length are as long as their boundary, so that there is no padding between them.
-   _length = alignUp(_length, std::max(row.boundary, 1U)) + number * row.fixedLength;
+   _length = alignUp(_length, std::max(operations.boundary, 1U)) + number * operations.fixedLength;
 }
 
 void ElementList::accountAll() noexcept

@@ -8,7 +8,7 @@
 namespace rti1516e {
 
 Entry::Entry(DataElement* element, Kind kind, bool owned, unsigned int boundary) noexcept
-   : _owned(owned), _kind(kind), _boundary(std::max(boundary, rowOf(kind).boundary)), _element(element)
+   : _owned(owned), _kind(kind), _boundary(std::max(boundary, operationsOf(kind).boundary)), _element(element)
 {}
 
 Entry Entry::clone(DataElement const& element)
@@ -58,7 +58,7 @@ Entry::~Entry()
 
 Extent Entry::measureAnew(Wanted wanted) const
 {
-   Extent const extent = rowOf(_kind).measure(*_element, wanted);
+   Extent const extent = operationsOf(_kind).measure(*_element, wanted);
    if (extent.boundary != boundary()) {
       _boundary.store(extent.boundary, std::memory_order_relaxed);
    }

@@ -41,16 +41,17 @@ public:
    // Remembers the boundary.
    Extent measure(Wanted wanted) const
    {
-      KindRow const& row = rowOf(_kind);
-      return row.fixedLength != 0 ? Extent{row.fixedLength, row.boundary, false} : measureAnew(wanted);
+      KindOperations const& operations = operationsOf(_kind);
+      return operations.fixedLength != 0 ? Extent{operations.fixedLength, operations.boundary, false}
+                                         : measureAnew(wanted);
    }
    unsigned int boundary() const noexcept { return _boundary.load(std::memory_order_relaxed); }
 
-   void write(Output& out) const { rowOf(_kind).write(*_element, boundary(), out); }
+   void write(Output& out) const { operationsOf(_kind).write(*_element, boundary(), out); }
    // Skips the padding in front of the element.
    std::size_t read(Input const& in, std::size_t index)
    {
-      return rowOf(_kind).read(*_element, boundary(), in, index);
+      return operationsOf(_kind).read(*_element, boundary(), in, index);
    }
 
 private:

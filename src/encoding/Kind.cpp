@@ -26,8 +26,8 @@ namespace {
 template <class Element, class = void>
 constexpr unsigned int commonBoundary = 0;
 template <class Element>
-constexpr unsigned int commonBoundary<Element, std::void_t<decltype(RowOf<Element>::boundary)>> =
-   RowOf<Element>::boundary;
+constexpr unsigned int commonBoundary<Element, std::void_t<decltype(TraitsOf<Element>::boundary)>> =
+   TraitsOf<Element>::boundary;
 template <>
 constexpr unsigned int commonBoundary<HLAopaqueData> = OpaqueBytes::boundary;
 
@@ -77,22 +77,22 @@ struct Foreign
 };
 
 template <class Operations>
-constexpr KindRow row(std::type_info const& type, unsigned int boundary)
+constexpr KindOperations operations(std::type_info const& type, unsigned int boundary)
 {
    return {&type, boundary, 0, Operations::measure, Operations::write, Operations::read, nullptr, nullptr};
 }
 
 template <class Element>
-constexpr KindRow rowOfElement()
+constexpr KindOperations operationsOfElement()
 {
-   return row<Known<Element>>(typeid(Element), commonBoundary<Element>);
+   return operations<Known<Element>>(typeid(Element), commonBoundary<Element>);
 }
 
 template <class Element>
-constexpr KindRow rowOfBasicElement()
+constexpr KindOperations operationsOfBasicElement()
 {
-   KindRow basic = rowOfElement<Element>();
-   basic.fixedLength = RowOf<Element>::fixedLength;
+   KindOperations basic = operationsOfElement<Element>();
+   basic.fixedLength = TraitsOf<Element>::fixedLength;
    basic.makeBlock = BasicBlock<Element>::make;
    basic.assign = Known<Element>::assign;
    return basic;
@@ -100,24 +100,25 @@ constexpr KindRow rowOfBasicElement()
 
 } // namespace
 
-constexpr KindRow kindRows[] = {row<Foreign>(typeid(DataElement), 0),
-#define RTI_BASIC_ROW(Name, Value) rowOfBasicElement<Name>(),
-#define RTI_CONSTRUCTED_ROW(Name) rowOfElement<Name>(),
-                                RTI_FOR_EACH_BASIC_ELEMENT(RTI_BASIC_ROW)
-                                   RTI_FOR_EACH_CONSTRUCTED_ELEMENT(RTI_CONSTRUCTED_ROW)
-#undef RTI_CONSTRUCTED_ROW
-#undef RTI_BASIC_ROW
+constexpr KindOperations kindOperations[] = {operations<Foreign>(typeid(DataElement), 0),
+#define RTI_BASIC(Name, Value) operationsOfBasicElement<Name>(),
+#define RTI_CONSTRUCTED(Name) operationsOfElement<Name>(),
+                                             RTI_FOR_EACH_BASIC_ELEMENT(RTI_BASIC)
+                                                RTI_FOR_EACH_CONSTRUCTED_ELEMENT(RTI_CONSTRUCTED)
+#undef RTI_CONSTRUCTED
+#undef RTI_BASIC
 };
 
 Kind kindOf(DataElement const& element, Kind likely) noexcept
 {
    std::type_info const* const type = &typeid(element);
-   if (type == rowOf(likely).type) {
+   if (type == operationsOf(likely).type) {
       return likely;
    }
-   auto const* const found = std::find_if(std::begin(kindRows), std::end(kindRows),
-                                          [type](KindRow const& row) { return row.type == type; });
-   return found == std::end(kindRows) ? Kind::foreign : static_cast<Kind>(found - std::begin(kindRows));
+   auto const* const found = std::find_if(std::begin(kindOperations), std::end(kindOperations),
+                                          [type](KindOperations const& each) { return each.type == type; });
+   return found == std::end(kindOperations) ? Kind::foreign
+                                            : static_cast<Kind>(found - std::begin(kindOperations));
 }
 
 } // namespace rti1516e

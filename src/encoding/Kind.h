@@ -39,7 +39,7 @@ enum class Kind : std::uint8_t
 };
 
 // What is done with the elements of a kind.
-struct KindRow
+struct KindOperations
 {
    std::type_info const* type;
    // Of every element of the kind; 0 if they differ.
@@ -58,9 +58,12 @@ struct KindRow
    void (*assign)(DataElement&, DataElement const&);
 };
 
-extern KindRow const kindRows[];
+extern KindOperations const kindOperations[];
 
-inline KindRow const& rowOf(Kind kind) noexcept { return kindRows[static_cast<std::size_t>(kind)]; }
+inline KindOperations const& operationsOf(Kind kind) noexcept
+{
+   return kindOperations[static_cast<std::size_t>(kind)];
+}
 
 // Looks at `likely` first.
 Kind kindOf(DataElement const& element, Kind likely = Kind::foreign) noexcept;

@@ -80,13 +80,13 @@ using namespace rti1516e;
 
 // Exceptions that rows have in common.
 using NONE = Raises<>;
-using SR = Raises<SaveInProgress, RestoreInProgress>;
-using TAIL = Raises<FederateNotExecutionMember, NotConnected, RTIinternalError>;
-using OBJ = Raises<AttributeNotDefined, ObjectInstanceNotKnown>;
-using ADV = Raises<LogicalTimeAlreadyPassed, InvalidLogicalTime, InTimeAdvancingState,
-                   RequestForTimeRegulationPending, RequestForTimeConstrainedPending>;
-using REG2 = Raises<RegionNotCreatedByThisFederate, InvalidRegion>;
-using REG = Flattened<InvalidRegionContext, REG2>::List;
+using SAVE_OR_RESTORE = Raises<SaveInProgress, RestoreInProgress>;
+using NO_MEMBER = Raises<FederateNotExecutionMember, NotConnected, RTIinternalError>;
+using UNKNOWN_OBJECT = Raises<AttributeNotDefined, ObjectInstanceNotKnown>;
+using ADVANCE = Raises<LogicalTimeAlreadyPassed, InvalidLogicalTime, InTimeAdvancingState,
+                       RequestForTimeRegulationPending, RequestForTimeConstrainedPending>;
+using NOT_ITS_REGION = Raises<RegionNotCreatedByThisFederate, InvalidRegion>;
+using WRONG_REGION = Flattened<InvalidRegionContext, NOT_ITS_REGION>::List;
 
 enum Index : std::size_t
 {

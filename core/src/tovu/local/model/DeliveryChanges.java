@@ -50,7 +50,7 @@ public final class DeliveryChanges {
 
     public void queryTransportation(Federate federate, int object, int attribute) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
-        Transportation type = Objects.attribute(knowledge, attribute).transportation();
+        Transportation type = ObjectRegistry.attribute(knowledge, attribute).transportation();
         knowledge.post(to -> to.reportAttributeTransportationType(object, attribute, type));
     }
 

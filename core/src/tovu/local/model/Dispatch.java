@@ -38,12 +38,12 @@ final class Dispatch {
     }
 
     /** What is common to the messages that go out in an order. */
-    Message.Sending sending(OrderType preferred) {
+    Message.Origin sending(OrderType preferred) {
         OrderType order = sentOrder(preferred);
         if (order == OrderType.TIMESTAMP && sent == null) {
             sent = federation.retractions().register(sender, time);
         }
-        return new Message.Sending(time, timed, order, order == OrderType.TIMESTAMP ? sent.handle : 0,
+        return new Message.Origin(time, timed, order, order == OrderType.TIMESTAMP ? sent.handle : 0,
                 federation.nextSequence(), tag);
     }
 

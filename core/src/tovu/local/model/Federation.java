@@ -100,7 +100,7 @@ public final class Federation {
         return state.names;
     }
 
-    public Objects objects() {
+    public ObjectRegistry objects() {
         return state.objects;
     }
 

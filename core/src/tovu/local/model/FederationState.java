@@ -13,7 +13,7 @@ final class FederationState implements Saved {
     final SynchronizationPoints synchronizationPoints;
     final DeclarationManagement declarations;
     final ObjectNames names = new ObjectNames();
-    final Objects objects;
+    final ObjectRegistry objects;
     final RegionManagement regions;
     final Retractions retractions;
     final TimeManagement time;
@@ -23,7 +23,7 @@ final class FederationState implements Saved {
     FederationState(Federation federation, CallbackSink sink) {
         synchronizationPoints = new SynchronizationPoints(federation);
         declarations = new DeclarationManagement(federation);
-        objects = new Objects(federation);
+        objects = new ObjectRegistry(federation);
         regions = new RegionManagement(federation);
         retractions = new Retractions(federation);
         time = new TimeManagement(federation);

@@ -25,7 +25,7 @@ public final class InteractionManagement {
         Lookup.requireParameters(theClass, values);
         Sending how = requirePublished(federate, theClass);
         Dispatch dispatch = new Dispatch(federation, federate, tag, timing);
-        Message.Sending sending = dispatch.sending(how.order);
+        Message.Origin sending = dispatch.sending(how.order);
         Content content = new Content(values, regions, how.transportation, federate.supplement(regions));
         federate.oversight.interactionsSent.count(theClass.handle(), how.transportation);
         for (InteractionClass received = theClass; received != null; received = received.parent()) {

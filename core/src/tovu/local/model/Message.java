@@ -16,19 +16,19 @@ public abstract class Message implements RevocableCallback, Comparable<Message>,
      * @param sequence   greater for what is sent later
      * @param tag        the user-supplied tag
      */
-    record Sending(long time, boolean timed, OrderType sentOrder, int retraction, long sequence, byte[] tag)
+    record Origin(long time, boolean timed, OrderType sentOrder, int retraction, long sequence, byte[] tag)
             implements Saved {
     }
 
     final Federate receiver;
-    final Sending sending;
+    final Origin sending;
     private int validity; // of the receiver's wants, when they were looked at last
     private boolean wanted = true;
     private OrderType receivedOrder;
     private boolean told;
     private boolean retracted;
 
-    Message(Federate receiver, Sending sending) {
+    Message(Federate receiver, Origin sending) {
         this.receiver = receiver;
         this.sending = sending;
         validity = receiver.messageValidity();

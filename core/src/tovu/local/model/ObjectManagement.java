@@ -81,7 +81,7 @@ public final class ObjectManagement {
         Knowledge own = federation.objects().known(federate, objectHandle);
         InstanceAttribute foreign = null;
         for (int i = 0; i < values.size(); ++i) {
-            InstanceAttribute attribute = Objects.attribute(own, values.handle(i));
+            InstanceAttribute attribute = ObjectRegistry.attribute(own, values.handle(i));
             foreign = attribute.owner() == federate ? foreign : attribute;
         }
         if (foreign != null) {
@@ -117,7 +117,7 @@ public final class ObjectManagement {
 
     /** Sends a passel to all who want some of it, to each what it wants. */
     private void send(Knowledge own, Passel passel, HandleValues values, Dispatch dispatch, Federate only) {
-        Message.Sending sending = dispatch.sending(passel.order);
+        Message.Origin sending = dispatch.sending(passel.order);
         Content content = new Content(values, passel.regions, passel.transportation,
                 own.federate.supplement(passel.regions));
         count(own, passel.transportation);
@@ -143,7 +143,7 @@ public final class ObjectManagement {
         }
     }
 
-    private void sendPaced(Knowledge to, Message.Sending sending, Content content, HandleValues wanted,
+    private void sendPaced(Knowledge to, Message.Origin sending, Content content, HandleValues wanted,
             Dispatch dispatch) {
         HandleValues admitted = federation.updateRates().admit(to, sending, content, wanted);
         if (admitted.size() > 0) {
@@ -164,7 +164,7 @@ public final class ObjectManagement {
         return dispatch.retraction();
     }
 
-    private void delete(Knowledge own, Dispatch dispatch, Message.Sending sending) {
+    private void delete(Knowledge own, Dispatch dispatch, Message.Origin sending) {
         ObjectInstance object = own.object;
         Federate federate = own.federate;
         if (dispatch.retraction() != 0) {
@@ -210,7 +210,7 @@ public final class ObjectManagement {
     public void requestUpdate(Federate federate, int objectHandle, int[] attributes, byte[] tag)
             throws RTIexception {
         Knowledge own = federation.objects().known(federate, objectHandle);
-        requestUpdate(federate, own.object, Objects.attributes(own, attributes), tag);
+        requestUpdate(federate, own.object, ObjectRegistry.attributes(own, attributes), tag);
     }
 
     public void requestClassUpdate(Federate federate, int classHandle, int[] attributes, byte[] tag)

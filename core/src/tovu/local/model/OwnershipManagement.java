@@ -35,7 +35,7 @@ public final class OwnershipManagement {
 
     /** The attributes with those handles, all of which the federate must own. */
     static List<InstanceAttribute> owned(Knowledge knowledge, int[] handles) throws RTIexception {
-        List<InstanceAttribute> attributes = Objects.attributes(knowledge, handles);
+        List<InstanceAttribute> attributes = ObjectRegistry.attributes(knowledge, handles);
         for (InstanceAttribute each : attributes) {
             if (each.owner() != knowledge.federate) {
                 throw new AttributeNotOwned(describe(each, knowledge) + " is owned by "
@@ -203,7 +203,7 @@ public final class OwnershipManagement {
     }
 
     private static List<InstanceAttribute> acquirable(Knowledge knowledge, int[] attributes) throws RTIexception {
-        List<InstanceAttribute> wanted = Objects.attributes(knowledge, attributes);
+        List<InstanceAttribute> wanted = ObjectRegistry.attributes(knowledge, attributes);
         for (InstanceAttribute each : wanted) {
             if (each.owner() == knowledge.federate) {
                 throw new FederateOwnsAttributes(describe(each, knowledge) + " is owned by " + knowledge.federate
@@ -265,7 +265,7 @@ public final class OwnershipManagement {
 
     public void cancelAcquisition(Federate federate, int object, int[] attributes) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
-        List<InstanceAttribute> unwanted = Objects.attributes(knowledge, attributes);
+        List<InstanceAttribute> unwanted = ObjectRegistry.attributes(knowledge, attributes);
         for (InstanceAttribute each : unwanted) {
             if (each.owner() == federate) {
                 throw new AttributeAlreadyOwned(describe(each, knowledge) + " is owned by " + federate
@@ -294,7 +294,7 @@ public final class OwnershipManagement {
 
     public void query(Federate federate, int object, int attributeHandle) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
-        Federate owner = Objects.attribute(knowledge, attributeHandle).owner();
+        Federate owner = ObjectRegistry.attribute(knowledge, attributeHandle).owner();
         if (owner == null) {
             knowledge.post(to -> to.attributeIsNotOwned(object, attributeHandle));
         } else if (owner.isInfrastructure()) {
@@ -305,13 +305,13 @@ public final class OwnershipManagement {
     }
 
     public boolean isOwned(Federate federate, int object, int attributeHandle) throws RTIexception {
-        return Objects.attribute(federation.objects().known(federate, object), attributeHandle).owner() == federate;
+        return ObjectRegistry.attribute(federation.objects().known(federate, object), attributeHandle).owner() == federate;
     }
 
     /** Gives an attribute to a federate, or takes it away, without asking or telling its owner. */
     public void assign(Federate federate, int object, int attributeHandle, boolean owned) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
-        InstanceAttribute attribute = Objects.attribute(knowledge, attributeHandle);
+        InstanceAttribute attribute = ObjectRegistry.attribute(knowledge, attributeHandle);
         if (attribute.owner() != null && attribute.owner().isInfrastructure()) {
             throw new AttributeNotOwned(describe(attribute, knowledge)
                     + " belongs to the federation itself, for good");

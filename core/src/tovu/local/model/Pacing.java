@@ -12,7 +12,7 @@ import java.util.TreeMap;
 @SuppressWarnings("serial") // kept in memory only
 final class Pacing implements Saved {
     /** An attribute's part of an update. */
-    record Update(int attribute, Message.Sending sending, Content content) implements Saved {
+    record Update(int attribute, Message.Origin sending, Content content) implements Saved {
     }
 
     private record Interval(long end, long length) implements Saved {
@@ -43,7 +43,7 @@ final class Pacing implements Saved {
     }
 
     /** @return when it is due, a {@code System.nanoTime} */
-    long hold(int attribute, Message.Sending sending, Content content) {
+    long hold(int attribute, Message.Origin sending, Content content) {
         held.put(attribute, new Update(attribute, sending, content));
         return intervals.get(attribute).end;
     }

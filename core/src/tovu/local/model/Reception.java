@@ -15,7 +15,7 @@ final class Reception extends Message {
      * @param receivedClass the most specific class that the receiver subscribes to
      * @param values        what of the content that class has
      */
-    Reception(Federate receiver, Sending sending, InteractionClass sentClass, Content content,
+    Reception(Federate receiver, Origin sending, InteractionClass sentClass, Content content,
             InteractionClass receivedClass, HandleValues values) {
         super(receiver, sending);
         this.sentClass = sentClass;

@@ -10,7 +10,7 @@ final class Reflection extends Message {
     private HandleValues values;
 
     /** @param values what of the content the federate wants */
-    Reflection(Knowledge knowledge, Sending sending, Content content, HandleValues values) {
+    Reflection(Knowledge knowledge, Origin sending, Content content, HandleValues values) {
         super(knowledge.federate, sending);
         this.knowledge = knowledge;
         this.content = content;

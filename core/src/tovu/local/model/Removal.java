@@ -11,7 +11,7 @@ final class Removal extends Message {
     private final Knowledge knowledge;
     private final int deleter;
 
-    Removal(Knowledge knowledge, Sending sending, int deleter) {
+    Removal(Knowledge knowledge, Origin sending, int deleter) {
         super(knowledge.federate, sending);
         this.knowledge = knowledge;
         this.deleter = deleter;

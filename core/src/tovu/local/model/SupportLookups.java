@@ -163,7 +163,7 @@ public final class SupportLookups {
     /** The rate at which the federate gets updates of an attribute; 0 when there is no limit. */
     public double updateRate(Federate federate, int object, int attributeHandle) throws RTIexception {
         Knowledge knowledge = federation.objects().known(federate, object);
-        InstanceAttribute attribute = Objects.attribute(knowledge, attributeHandle);
+        InstanceAttribute attribute = ObjectRegistry.attribute(knowledge, attributeHandle);
         return federation.lookup().rate(knowledge.terms(attribute));
     }
 

@@ -25,7 +25,7 @@ final class UpdateRates implements Saved {
     }
 
     /** What of an update in receive order a federate gets at once; the rest waits. */
-    HandleValues admit(Knowledge to, Message.Sending sending, Content content, HandleValues wanted) {
+    HandleValues admit(Knowledge to, Message.Origin sending, Content content, HandleValues wanted) {
         long now = System.nanoTime();
         to.pacing = to.pacing == null ? new Pacing() : to.pacing;
         List<Integer> admitted = new ArrayList<>();

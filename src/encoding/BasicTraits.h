@@ -1,5 +1,5 @@
-// What the basic elements differ in: a row each, which tells how the value stands in octets and what it
-// hashes to. A row has
+// What the basic elements differ in: the traits of each, which tell how the value stands in octets and what
+// it hashes to. Traits have
 //   boundary, fixedLength    the octet boundary, and the encoded length or 0 if it depends on the value
 //   length(value)            the encoded length
 //   room(value)              the same for nearly every value, told at once; never more
@@ -37,8 +37,8 @@ constexpr std::uint32_t low32(Integer value) noexcept
 constexpr std::uint32_t low32(char octet) noexcept { return low32(static_cast<signed char>(octet)); }
 
 // Values of one length, which is their boundary too.
-template <class Row, class Type, unsigned int octets>
-struct FixedRow
+template <class Traits, class Type, unsigned int octets>
+struct FixedTraits
 {
    using Value = Type;
    static constexpr unsigned int boundary = octets;
@@ -49,13 +49,13 @@ struct FixedRow
 
    static std::size_t read(Value& value, char const* from, std::size_t) noexcept
    {
-      value = Row::load(from);
+      value = Traits::load(from);
       return fixedLength;
    }
 };
 
 template <class Number, ByteOrder order>
-struct NumberRow : FixedRow<NumberRow<Number, order>, Number, sizeof(Number)>
+struct NumberTraits : FixedTraits<NumberTraits<Number, order>, Number, sizeof(Number)>
 {
    using Bits = std::conditional_t<sizeof(Number) == 2, std::uint16_t,
                                    std::conditional_t<sizeof(Number) == 4, std::uint32_t, std::uint64_t>>;
@@ -88,7 +88,7 @@ struct NumberRow : FixedRow<NumberRow<Number, order>, Number, sizeof(Number)>
    }
 };
 
-struct OctetRow : FixedRow<OctetRow, char, 1>
+struct OctetTraits : FixedTraits<OctetTraits, char, 1>
 {
    static void write(char value, char* room) noexcept { *room = value; }
    static char load(char const* from) noexcept { return *from; }
@@ -96,7 +96,7 @@ struct OctetRow : FixedRow<OctetRow, char, 1>
 };
 
 template <ByteOrder order>
-struct OctetPairRow : FixedRow<OctetPairRow<order>, OctetPair, 2>
+struct OctetPairTraits : FixedTraits<OctetPairTraits<order>, OctetPair, 2>
 {
    static constexpr std::size_t placeOfFirst = order == ByteOrder::big ? 0 : 1;
 
@@ -112,7 +112,7 @@ struct OctetPairRow : FixedRow<OctetPairRow<order>, OctetPair, 2>
    }
 };
 
-struct BooleanRow : FixedRow<BooleanRow, bool, 4>
+struct BooleanTraits : FixedTraits<BooleanTraits, bool, 4>
 {
    static void write(bool value, char* room) noexcept
    {
@@ -122,7 +122,7 @@ struct BooleanRow : FixedRow<BooleanRow, bool, 4>
    static std::uint32_t hash(bool value) noexcept { return mixed(static_cast<std::uint32_t>(value)); }
 };
 
-struct UnicodeCharRow : FixedRow<UnicodeCharRow, wchar_t, 2>
+struct UnicodeCharTraits : FixedTraits<UnicodeCharTraits, wchar_t, 2>
 {
    static void write(wchar_t value, char* room)
    {
@@ -139,14 +139,14 @@ struct UnicodeCharRow : FixedRow<UnicodeCharRow, wchar_t, 2>
 };
 
 // Texts: a count of units and the units.
-template <class Row, class Text, std::size_t unitLength>
-struct TextRow
+template <class Traits, class Text, std::size_t unitLength>
+struct TextTraits
 {
    using Value = Text;
    static constexpr unsigned int boundary = 4;
    static constexpr unsigned int fixedLength = 0;
 
-   static std::size_t length(Text const& text) noexcept { return 4 + Row::units(text) * unitLength; }
+   static std::size_t length(Text const& text) noexcept { return 4 + Traits::units(text) * unitLength; }
    static std::size_t room(Text const& text) noexcept { return 4 + text.size() * unitLength; }
 
    // The count is compared with the octets from the count on, and only then is what it counts looked for.
@@ -159,7 +159,7 @@ struct TextRow
       if (units > (left - 4) / unitLength) {
          failure::raise(failure::indexOutOfBounds);
       }
-      Row::load(text, from + 4, units);
+      Traits::load(text, from + 4, units);
       return 4 + units * unitLength;
    }
 
@@ -167,12 +167,12 @@ struct TextRow
    static std::uint32_t hash(Text const& text) noexcept
    {
       std::uint32_t hash = 0x811C9DC5;
-      Row::forEachUnit(text, [&hash](std::uint32_t unit) { hash = hash * 16777619 ^ unit; });
+      Traits::forEachUnit(text, [&hash](std::uint32_t unit) { hash = hash * 16777619 ^ unit; });
       return hash;
    }
 };
 
-struct AsciiStringRow : TextRow<AsciiStringRow, std::string, 1>
+struct AsciiStringTraits : TextTraits<AsciiStringTraits, std::string, 1>
 {
    static std::size_t units(std::string const& text) noexcept { return text.size(); }
    static void write(std::string const& text, Output& out)
@@ -190,7 +190,7 @@ struct AsciiStringRow : TextRow<AsciiStringRow, std::string, 1>
    }
 };
 
-struct UnicodeStringRow : TextRow<UnicodeStringRow, std::wstring, 2>
+struct UnicodeStringTraits : TextTraits<UnicodeStringTraits, std::wstring, 2>
 {
    static std::size_t units(std::wstring const& text) noexcept { return utf16::length(text); }
    static void write(std::wstring const& text, Output& out)
@@ -216,29 +216,29 @@ struct UnicodeStringRow : TextRow<UnicodeStringRow, std::wstring, 2>
    }
 };
 
-// The rows.
+// The traits of each.
 template <class Element>
-struct RowOf;
+struct TraitsOf;
 // clang-format off
-template <> struct RowOf<HLAASCIIchar>     : OctetRow {};
-template <> struct RowOf<HLAASCIIstring>   : AsciiStringRow {};
-template <> struct RowOf<HLAboolean>       : BooleanRow {};
-template <> struct RowOf<HLAbyte>          : OctetRow {};
-template <> struct RowOf<HLAfloat32BE>     : NumberRow<float, ByteOrder::big> {};
-template <> struct RowOf<HLAfloat32LE>     : NumberRow<float, ByteOrder::little> {};
-template <> struct RowOf<HLAfloat64BE>     : NumberRow<double, ByteOrder::big> {};
-template <> struct RowOf<HLAfloat64LE>     : NumberRow<double, ByteOrder::little> {};
-template <> struct RowOf<HLAinteger16BE>   : NumberRow<Integer16, ByteOrder::big> {};
-template <> struct RowOf<HLAinteger16LE>   : NumberRow<Integer16, ByteOrder::little> {};
-template <> struct RowOf<HLAinteger32BE>   : NumberRow<Integer32, ByteOrder::big> {};
-template <> struct RowOf<HLAinteger32LE>   : NumberRow<Integer32, ByteOrder::little> {};
-template <> struct RowOf<HLAinteger64BE>   : NumberRow<Integer64, ByteOrder::big> {};
-template <> struct RowOf<HLAinteger64LE>   : NumberRow<Integer64, ByteOrder::little> {};
-template <> struct RowOf<HLAoctet>         : OctetRow {};
-template <> struct RowOf<HLAoctetPairBE>   : OctetPairRow<ByteOrder::big> {};
-template <> struct RowOf<HLAoctetPairLE>   : OctetPairRow<ByteOrder::little> {};
-template <> struct RowOf<HLAunicodeChar>   : UnicodeCharRow {};
-template <> struct RowOf<HLAunicodeString> : UnicodeStringRow {};
+template <> struct TraitsOf<HLAASCIIchar>     : OctetTraits {};
+template <> struct TraitsOf<HLAASCIIstring>   : AsciiStringTraits {};
+template <> struct TraitsOf<HLAboolean>       : BooleanTraits {};
+template <> struct TraitsOf<HLAbyte>          : OctetTraits {};
+template <> struct TraitsOf<HLAfloat32BE>     : NumberTraits<float, ByteOrder::big> {};
+template <> struct TraitsOf<HLAfloat32LE>     : NumberTraits<float, ByteOrder::little> {};
+template <> struct TraitsOf<HLAfloat64BE>     : NumberTraits<double, ByteOrder::big> {};
+template <> struct TraitsOf<HLAfloat64LE>     : NumberTraits<double, ByteOrder::little> {};
+template <> struct TraitsOf<HLAinteger16BE>   : NumberTraits<Integer16, ByteOrder::big> {};
+template <> struct TraitsOf<HLAinteger16LE>   : NumberTraits<Integer16, ByteOrder::little> {};
+template <> struct TraitsOf<HLAinteger32BE>   : NumberTraits<Integer32, ByteOrder::big> {};
+template <> struct TraitsOf<HLAinteger32LE>   : NumberTraits<Integer32, ByteOrder::little> {};
+template <> struct TraitsOf<HLAinteger64BE>   : NumberTraits<Integer64, ByteOrder::big> {};
+template <> struct TraitsOf<HLAinteger64LE>   : NumberTraits<Integer64, ByteOrder::little> {};
+template <> struct TraitsOf<HLAoctet>         : OctetTraits {};
+template <> struct TraitsOf<HLAoctetPairBE>   : OctetPairTraits<ByteOrder::big> {};
+template <> struct TraitsOf<HLAoctetPairLE>   : OctetPairTraits<ByteOrder::little> {};
+template <> struct TraitsOf<HLAunicodeChar>   : UnicodeCharTraits {};
+template <> struct TraitsOf<HLAunicodeString> : UnicodeStringTraits {};
 // clang-format on
 
 } // namespace rti1516e

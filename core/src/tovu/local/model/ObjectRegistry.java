@@ -13,13 +13,13 @@ import tovu.local.fom.ObjectClass;
 
 /** The object instances of a federation, by handle and by class. */
 @SuppressWarnings("serial") // kept in memory only
-public final class Objects implements Saved {
+public final class ObjectRegistry implements Saved {
     private final Federation federation;
     private final HandleMap<ObjectInstance> byHandle = new HandleMap<>();
     private final Map<ObjectClass, Set<ObjectInstance>> byClass = new HashMap<>();
     private final Map<ObjectClass, AttributeLayout> layouts = new HashMap<>();
 
-    Objects(Federation federation) {
+    ObjectRegistry(Federation federation) {
         this.federation = federation;
     }
 
