@@ -1,3 +1,4 @@
+import hla.rti1516e.exceptions.RTIexception;
 import java.lang.ref.WeakReference;
 import java.util.ArrayList;
 import java.util.List;
@@ -6,6 +7,7 @@ import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
 import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
+import tovu.local.model.Federation;
 import tovu.local.model.FederationPlan;
 import tovu.local.model.Federations;
 import tovu.local.model.ResignAction;
@@ -17,10 +19,19 @@ final class SessionTest {
     }
 
     public static void main(String[] arguments) {
-        Harness harness = new Harness();
-        harness.run("loss while a restore completes", SessionTest::lossWhileARestoreCompletes);
-        harness.run("orphans", SessionTest::orphansKeepNobody);
-        harness.finish();
+        Harness.run(SessionTest::lossWhileARestoreCompletes, SessionTest::orphansKeepNobody);
+    }
+
+    /** What a member does, under its federation's lock. */
+    private interface Action {
+        void by(Federation federation, Federate federate) throws RTIexception;
+    }
+
+    private static void act(Session member, Action action) throws RTIexception {
+        member.call((federation, federate) -> {
+            action.by(federation, federate);
+            return null;
+        });
     }
 
     /** A member that nobody plays: its callbacks are made at once, and do nothing but change what they change. */
@@ -69,15 +80,14 @@ final class SessionTest {
     /** The owner of an object that is left behind goes, and nothing keeps it. */
     private static void orphansKeepNobody() throws Exception {
         List<Session> members = members("orphans");
-        int[] object = {0};
+        int[] objects = new int[2];
         for (Session each : members) {
-            each.call((federation, federate) -> {
+            act(each, (federation, federate) -> {
                 int car = federation.lookups().objectClassHandle("Vehicle.Car");
                 int[] attributes = {federation.lookups().attributeHandle(car, "Fuel")};
                 federation.declarations().subscribeObjectClass(federate, car, attributes, true, "");
                 federation.declarations().publishObjectClass(federate, car, attributes);
-                object[0] = object[0] == 0 ? federation.objectManagement().register(federate, car, null) : object[0];
-                return null;
+                objects[members.indexOf(each)] = federation.objectManagement().register(federate, car, null);
             });
         }
         WeakReference<Federate> owner = new WeakReference<>(members.get(0).federate());
@@ -87,44 +97,28 @@ final class SessionTest {
             Thread.sleep(10);
         }
         Harness.equal(owner.get(), null);
-        members.get(0).call((federation, federate) -> federation.objects().name(federate, object[0]));
+        act(members.get(0), (federation, federate) -> federation.objects().name(federate, objects[0]));
     }
 
     private static void lossWhileARestoreCompletes() throws Exception {
         List<Session> members = members("restored");
         Session alpha = members.get(0);
         Session beta = members.get(1);
-        beta.call((federation, federate) -> {
-            federation.time().enableRegulation(federate, 1);
-            return null;
-        });
-        alpha.call((federation, federate) -> {
-            federation.save().request("noon");
-            return null;
-        });
+        act(beta, (federation, federate) -> federation.time().enableRegulation(federate, 1));
+        act(alpha, (federation, federate) -> federation.save().request("noon"));
         for (Session each : members) {
-            each.call((federation, federate) -> {
-                federation.save().begun(federate);
-                federation.save().complete(federate, true);
-                return null;
-            });
+            act(each, (federation, federate) -> federation.save().begun(federate));
+            act(each, (federation, federate) -> federation.save().complete(federate, true));
         }
-        alpha.call((federation, federate) -> {
-            federation.restore().request(federate, "noon");
-            return null;
-        });
-        beta.call((federation, federate) -> {
-            federation.restore().complete(federate, true);
-            return null;
-        });
+        act(alpha, (federation, federate) -> federation.restore().request(federate, "noon"));
+        act(beta, (federation, federate) -> federation.restore().complete(federate, true));
         Thread loss = new Thread(() -> beta.abandon("lost"));
-        alpha.call((federation, federate) -> {
+        act(alpha, (federation, federate) -> {
             loss.start();
             while (loss.getState() != Thread.State.BLOCKED) {
                 Thread.onSpinWait();
             }
             federation.restore().complete(federate, true);
-            return null;
         });
         loss.join();
         Harness.equal(alpha.call((federation, federate) -> federation.time().galt(federate)), null);

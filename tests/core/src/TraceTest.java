@@ -11,9 +11,7 @@ final class TraceTest {
     public static void main(String[] arguments) {
         System.setProperty("tovu.local.trace", "true"); // before any class of the core looks
         System.setErr(new PrintStream(PRINTED, true, StandardCharsets.UTF_8));
-        Harness harness = new Harness();
-        harness.run("services and callbacks", TraceTest::federate);
-        harness.finish();
+        Harness.run(TraceTest::federate);
     }
 
     /** A service message with those fields; a text comes with its length, bytes as they are. */
@@ -45,10 +43,9 @@ final class TraceTest {
     private static void federate() throws Exception {
         RTIambassadorC2007 rti = new RTIambassadorC2007(new byte[4]);
         rti.connect_FA_CM_S(message(7, 1, ""));
-        String module = TestFom.file(TestFom.AIR);
         PRINTED.reset();
-        rti.createFederationExecution_S_URLX_S(message("sky", 1, module, "HLAinteger64Time"));
-        printed("[not joined] -> createFederationExecution(\"sky\", [" + module + "], \"HLAinteger64Time\")");
+        rti.createFederationExecution_S_URLX_S(message("sky", 1, Harness.AIR, "HLAinteger64Time"));
+        printed("[not joined] -> createFederationExecution(\"sky\", [" + Harness.AIR + "], \"HLAinteger64Time\")");
         rti.joinFederationExecution_S_S_S_URLX(message("radar", "t", "sky", 0));
         PRINTED.reset();
 
