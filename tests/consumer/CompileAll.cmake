@@ -29,12 +29,12 @@ else()
 endif()
 
 set(federates ${CMAKE_CURRENT_LIST_DIR})
-compile("PublishedSpellings.cpp" ${federates}/PublishedSpellings.cpp)
-compile("Callbacks.cpp" ${federates}/Callbacks.cpp)
+compile("federate.cpp" ${federates}/federate.cpp)
+compile("Implementations.cpp" ${federates}/Implementations.cpp)
 if(DIALECT LESS 17)
   # Later dialects have no exception specifications but noexcept; these compilers warn of them before.
-  compile("Callbacks.cpp with exception specifications"
-    -D EXCEPTION_SPECIFICATIONS -Wno-deprecated ${federates}/Callbacks.cpp)
+  compile("Implementations.cpp with exception specifications"
+    -D EXCEPTION_SPECIFICATIONS -Wno-deprecated ${federates}/Implementations.cpp)
 endif()
 
 if(failures)
