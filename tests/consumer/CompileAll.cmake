@@ -30,11 +30,11 @@ endif()
 
 set(federates ${CMAKE_CURRENT_LIST_DIR})
 compile("federate.cpp" ${federates}/federate.cpp)
-compile("Implementations.cpp" ${federates}/Implementations.cpp)
+compile("Callbacks.cpp" ${federates}/Callbacks.cpp)
 if(DIALECT LESS 17)
   # Later dialects have no exception specifications but noexcept; these compilers warn of them before.
-  compile("Implementations.cpp with exception specifications"
-    -D EXCEPTION_SPECIFICATIONS -Wno-deprecated ${federates}/Implementations.cpp)
+  compile("Callbacks.cpp with exception specifications"
+    -D EXCEPTION_SPECIFICATIONS -Wno-deprecated ${federates}/Callbacks.cpp)
 endif()
 
 if(failures)
