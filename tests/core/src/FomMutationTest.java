@@ -130,23 +130,23 @@ public final class FomMutationTest {
     }
 
     private static String describe(ObjectModel model) {
-        StringBuilder text = new StringBuilder().append(model.switches());
-        all(model::objectClass).forEach(each -> describe(each, text).append(model.privilegeToDelete()));
-        all(model::attribute).forEach(each -> text.append('\n').append(each.handle()).append(each).append(each.dataType())
-                .append(each.order()).append(each.transportation()).append(each.dimensions()));
-        all(model::interactionClass).forEach(each -> describe(each, text).append(each.order())
-                .append(each.transportation()).append(each.dimensions()));
-        all(model::dimension).forEach(each -> text.append(each).append(each.upperBound()).append(each.unspecified()));
-        return text.toString();
+        List<Object> parts = new ArrayList<>(List.of(model.switches()));
+        all(model::objectClass).forEach(each -> parts.addAll(List.of(members(each), model.privilegeToDelete())));
+        all(model::attribute).forEach(each -> parts.addAll(List.of(each.handle(), each, "" + each.dataType(),
+                each.order(), each.transportation(), each.dimensions())));
+        all(model::interactionClass).forEach(each -> parts.addAll(List.of(members(each), each.order(),
+                each.transportation(), each.dimensions())));
+        all(model::dimension).forEach(each -> parts.addAll(List.of(each, each.upperBound(), "" + each.unspecified())));
+        return parts.toString();
     }
 
-    private static StringBuilder describe(ClassNode<?, ?> theClass, StringBuilder text) {
+    private static String members(ClassNode<?, ?> theClass) {
         Set<String> names = new TreeSet<>();
         theClass.members().forEach(each -> {
             Harness.that(names.add(each.name()), theClass + " has " + each + " twice");
             Harness.that(theClass.member(each.handle()) == each, theClass + " hides " + each);
         });
-        return text.append('\n').append(theClass.handle()).append(theClass).append(names);
+        return theClass.handle() + " " + theClass + names;
     }
 
     private static <T> List<T> all(IntFunction<T> at) {
