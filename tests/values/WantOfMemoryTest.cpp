@@ -72,24 +72,25 @@ struct Values
 
 using Operations = std::vector<std::function<void(Values&)>>;
 
-void expectNothingLost(Operations const& operations)
+template <class Factory>
+void addOperationsOfTimes(Operations& operations)
 {
-   for (std::size_t i = 0; i < operations.size(); ++i) {
-      bool done = false;
-      for (int n = 1; !done; ++n) {
-         SCOPED_TRACE(testing::Message() << "operation " << i << " without allocation " << n);
-         long const before = live;
-         {
-            Values values;
-            auto const was = values.encoded();
-            done = succeedsWithout(n, [&] { operations[i](values); });
-            EXPECT_TRUE(!done || n > 1) << "nothing was allocated at all";
-            EXPECT_TRUE(done || values.encoded() == was);
-            EXPECT_EQ(HLAvariableArray(values.none).size(), values.none.size());
-         }
-         EXPECT_EQ(live, before);
-      }
-   }
+   static Factory factory;
+   static auto const time = factory.makeLogicalTime(1);
+   static auto const interval = factory.makeLogicalTimeInterval(1);
+   static auto const data = time->encode();
+   using Time = std::remove_reference_t<decltype(*time)>;
+   using Interval = std::remove_reference_t<decltype(*interval)>;
+   operations.insert(
+      operations.end(),
+      {[](Values&) { Time(); }, [](Values&) { Time{*time}; },
+       [](Values&) { Time(static_cast<LogicalTime const&>(*time)); },
+       [](Values&) { Interval(static_cast<LogicalTimeInterval const&>(*interval)); },
+       [](Values&) { time->encode(); }, [](Values&) { time->toString(); },
+       [](Values&) { factory.makeFinal(); }, [](Values&) { factory.makeEpsilon(); },
+       [](Values&) { factory.decodeLogicalTime(data); },
+       [](Values&) { factory.decodeLogicalTimeInterval(data); },
+       [](Values&) { HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(factory.getName()); }});
 }
 
 TEST(WantOfMemory, LosesNothingAndLeavesWhatWasThere)
@@ -120,37 +121,24 @@ TEST(WantOfMemory, LosesNothingAndLeavesWhatWasThere)
       [](Values& to) { to.variant.addVariant(HLAoctet('n'), to.record); },
       [](Values& to) { to.variant.setVariant(HLAoctet('n'), to.variant.getVariant()); },
    };
-   expectNothingLost(operations);
-}
-
-template <class Factory>
-void losesNothingOfTimes()
-{
-   Factory factory;
-   auto const time = factory.makeLogicalTime(1);
-   auto const interval = factory.makeLogicalTimeInterval(1);
-   auto const data = time->encode();
-   using Time = std::remove_reference_t<decltype(*time)>;
-   using Interval = std::remove_reference_t<decltype(*interval)>;
-   expectNothingLost({
-      [&](Values&) { Time(); },
-      [&](Values&) { Time{*time}; },
-      [&](Values&) { Time(static_cast<LogicalTime const&>(*time)); },
-      [&](Values&) { Interval(static_cast<LogicalTimeInterval const&>(*interval)); },
-      [&](Values&) { time->encode(); },
-      [&](Values&) { time->toString(); },
-      [&](Values&) { factory.makeFinal(); },
-      [&](Values&) { factory.makeEpsilon(); },
-      [&](Values&) { factory.decodeLogicalTime(data); },
-      [&](Values&) { factory.decodeLogicalTimeInterval(data); },
-      [&](Values&) { HLAlogicalTimeFactoryFactory::makeLogicalTimeFactory(factory.getName()); },
-   });
-}
-
-TEST(WantOfMemory, LosesNothingOfTimes)
-{
-   losesNothingOfTimes<HLAinteger64TimeFactory>();
-   losesNothingOfTimes<HLAfloat64TimeFactory>();
+   addOperationsOfTimes<HLAinteger64TimeFactory>(operations);
+   addOperationsOfTimes<HLAfloat64TimeFactory>(operations);
+   for (std::size_t i = 0; i < operations.size(); ++i) {
+      bool done = false;
+      for (int n = 1; !done; ++n) {
+         SCOPED_TRACE(testing::Message() << "operation " << i << " without allocation " << n);
+         long const before = live;
+         {
+            Values values;
+            auto const was = values.encoded();
+            done = succeedsWithout(n, [&] { operations[i](values); });
+            EXPECT_TRUE(!done || n > 1) << "nothing was allocated at all";
+            EXPECT_TRUE(done || values.encoded() == was);
+            EXPECT_EQ(HLAvariableArray(values.none).size(), values.none.size());
+         }
+         EXPECT_EQ(live, before);
+      }
+   }
 }
 
 TEST(WantOfMemory, ReleasesTakenBytesOnce)
