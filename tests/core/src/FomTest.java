@@ -1,6 +1,7 @@
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.List;
+import java.util.regex.MatchResult;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
 import tovu.local.fom.FomReader;
@@ -49,8 +50,9 @@ final class FomTest {
     private static void nothingOutsideIsLoaded() throws Exception {
         String secret = Harness.file("secret");
         String external = "<!DOCTYPE objectModel [<!ENTITY x SYSTEM \"file://" + secret + "\">]>"
-                + "<objectModel>" + vehicle("<objectClass><name>A&x;</name></objectClass>") + "</objectModel>";
-        Harness.that(model(Harness.file(external)).objectClass("Vehicle.Asecret") == null, "an external entity was loaded");
+                + "<objectModel><objects><objectClass><name>HLAobjectRoot</name><objectClass><name>A&x;</name>"
+                + "</objectClass></objectClass></objects></objectModel>";
+        Harness.that(model(Harness.file(external)).objectClass("Asecret") == null, "an external entity was loaded");
         model(Harness.file("<!DOCTYPE objectModel SYSTEM \"http://localhost:1/x.dtd\"><objectModel/>"));
         StringBuilder laughs = new StringBuilder("<!DOCTYPE objectModel [<!ENTITY l0 \"ha\">");
         for (int i = 1; i < 30; ++i) {
@@ -59,53 +61,32 @@ final class FomTest {
         Harness.refuses("ErrorReadingFDD", () -> model(Harness.file(laughs + "]><objectModel>&l29;</objectModel>")));
     }
 
+    /** The modules of that kind: what is said of each, what it contradicts if anything, and its tables. */
+    private static List<MatchResult> cases(String kind) throws Exception {
+        String all = Files.readString(Path.of(System.getProperty("fom.cases")));
+        List<MatchResult> cases = Pattern.compile("(?s)<case " + kind + "=\"(.*?)\"(?: against=\"(.*?)\")?>(.*?)</case>")
+                .matcher(all).results().toList();
+        Harness.that(!cases.isEmpty(), "no such case");
+        return cases;
+    }
+
     private static void contradictions() throws Exception {
-        String cases = Files.readString(Path.of(System.getProperty("fom.contradictions")));
-        Matcher each = Pattern.compile("(?s)<case told=\"(.*?)\"(?: against=\"(.*?)\")?>(.*?)</case>").matcher(cases);
-        int tried = 0;
-        for (; each.find(); ++tried) {
+        for (MatchResult each : cases("told")) {
             String module = Harness.module(each.group(3));
             String other = each.group(2) == null ? module : each.group(2);
             Harness.refuses("InconsistentFDD", () -> model(Harness.AIR, module), module + "', line",
                     other + "', line", each.group(1));
         }
-        Harness.that(tried > 30, "there are cases");
-        String car = Harness.module(vehicle("<objectClass><name>Car</name><attribute><name>colour</name></attribute>"
-                + "</objectClass>"));
-        Harness.refuses("InconsistentFDD", () -> model(car, Harness.AIR), Harness.AIR + "', line", "below", "colour");
-        model(Harness.AIR, Harness.AIR, Harness.module(report("<order>NA</order>")
-                + "<dimensions><dimension><name>NA</name></dimension></dimensions>"));
-    }
-
-    private static String vehicle(String inside) {
-        return "<objects><objectClass><name>HLAobjectRoot</name><objectClass><name>Vehicle</name>" + inside
-                + "</objectClass></objectClass></objects>";
-    }
-
-    private static String position(String inside) {
-        return vehicle("<attribute><name>position</name>" + inside + "</attribute>");
-    }
-
-    private static String report(String inside) {
-        return "<interactions><interactionClass><name>HLAinteractionRoot</name><interactionClass><name>Report</name>"
-                + inside + "</interactionClass></interactionClass></interactions>";
+        String below = Harness.module(cases("below").get(0).group(3));
+        Harness.refuses("InconsistentFDD", () -> model(below, Harness.AIR), Harness.AIR + "', line", "below", "colour");
+        model(Harness.AIR, Harness.AIR, Harness.module(cases("fits").get(0).group(3)));
     }
 
     /** What one module leaves open another one says, be it there at the creation or with a federate that joins. */
     private static void completion() throws Exception {
-        String open = Harness.module(position("") + report(""));
-        String[][] rows = {
-                {position("<order>TimeStamp</order><dataType>Place</dataType>"),
-                        "TimeStamp HLAreliable [] Place, Receive [] []"},
-                {position("<transportation>Radio</transportation>") + "<transportations><transportation><name>Radio</name>"
-                        + "<reliable>No</reliable></transportation></transportations>", "Receive Radio [] , Receive [] []"},
-                {report("<order>TimeStamp</order>"), "Receive HLAreliable [] , TimeStamp [] []"},
-                {report("<dimensions><dimension>X</dimension></dimensions><parameter><name>text</name></parameter>")
-                        + "<dimensions><dimension><name>X</name></dimension></dimensions>",
-                        "Receive HLAreliable [] , Receive [X] [text]"},
-        };
-        for (String[] row : rows) {
-            String more = Harness.module(row[0]);
+        String open = Harness.module(cases("open").get(0).group(3));
+        for (MatchResult each : cases("gives")) {
+            String more = Harness.module(each.group(3));
             ObjectModel joined = model(open);
             joined.extend(FomReader.ofModules().readAll(List.of(more)));
             for (ObjectModel model : List.of(model(open, more), model(more, open), joined)) {
@@ -113,7 +94,7 @@ final class FomTest {
                 var report = model.interactionClass("Report");
                 Harness.equal(position.order() + " " + position.transportation().hlaName() + " " + position.dimensions()
                         + " " + position.dataType() + ", " + report.order() + " " + report.dimensions() + " "
-                        + report.members(), row[1]);
+                        + report.members(), each.group(1));
             }
         }
     }
