@@ -7,7 +7,6 @@
 #include <RTI/encoding/HLAfixedRecord.h>
 #include <RTI/encoding/HLAopaqueData.h>
 #include <RTI/encoding/HLAvariableArray.h>
-#include <RTI/encoding/HLAvariantRecord.h>
 
 #include <cmath>
 #include <cstdint>
@@ -109,16 +108,6 @@ List listOf(List list, Elements const&... elements)
       (list.addElement(elements), ...);
    }
    return list;
-}
-
-// Alternatives of 8 octets under 1 and of one octet under 2.
-HLAvariantRecord wideOrNarrow(int discriminant)
-{
-   HLAvariantRecord record{HLAinteger32BE()};
-   record.addVariant(HLAinteger32BE(1), HLAinteger64BE(5));
-   record.addVariant(HLAinteger32BE(2), HLAoctet('o'));
-   record.setDiscriminant(HLAinteger32BE(discriminant));
-   return record;
 }
 
 TEST(ConstructedElements, AlignWhatTheyConsistOf)

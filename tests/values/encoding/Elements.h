@@ -3,7 +3,8 @@
 
 #include "tests/values/Octets.h"
 
-#include <RTI/encoding/DataElement.h>
+#include <RTI/encoding/BasicDataElements.h>
+#include <RTI/encoding/HLAvariantRecord.h>
 
 #include <memory>
 
@@ -60,4 +61,15 @@ inline void expectBothWays(rti1516e::DataElement const& element, Octets const& e
       EXPECT_EQ(failure, failureOf([&] { decoded->decode(dataOf(less)); }));
    }
    EXPECT_TRUE(encoded.empty() || failureOf([&] { decoded->decodeFrom(encoded, encoded.size()); }) != L"");
+}
+
+// Alternatives of 8 octets under 1 and of one octet under 2.
+inline rti1516e::HLAvariantRecord wideOrNarrow(int discriminant)
+{
+   using namespace rti1516e;
+   HLAvariantRecord record{HLAinteger32BE()};
+   record.addVariant(HLAinteger32BE(1), HLAinteger64BE(5));
+   record.addVariant(HLAinteger32BE(2), HLAoctet('o'));
+   record.setDiscriminant(HLAinteger32BE(discriminant));
+   return record;
 }

@@ -6,7 +6,6 @@
 #include <RTI/encoding/HLAfixedRecord.h>
 #include <RTI/encoding/HLAopaqueData.h>
 #include <RTI/encoding/HLAvariableArray.h>
-#include <RTI/encoding/HLAvariantRecord.h>
 
 #include <type_traits>
 
@@ -157,18 +156,9 @@ TEST(OpaqueDatas, UseTheBufferOfTheCaller)
    EXPECT_EQ(std::string(buffer, 8), "hijklmno");
 }
 
-// Alternatives of 8 octets under 1, which is selected, and of one octet under 2.
-HLAvariantRecord wideOrNarrow()
-{
-   HLAvariantRecord record{HLAinteger32BE(1)};
-   record.addVariant(HLAinteger32BE(1), HLAinteger64BE(5));
-   record.addVariant(HLAinteger32BE(2), HLAoctet('o'));
-   return record;
-}
-
 TEST(VariantRecords, SelectByTheHashOfTheDiscriminant)
 {
-   HLAvariantRecord record = wideOrNarrow();
+   HLAvariantRecord record = wideOrNarrow(1);
    EXPECT_TRUE(record.getVariant().isSameTypeAs(HLAinteger64BE()));
    record.setDiscriminant(HLAinteger32BE(3));
    EXPECT_EQ(failureOf([&] { record.getVariant(); }), L"Discriminant is not mapped to a value");
@@ -182,14 +172,14 @@ TEST(VariantRecords, SelectByTheHashOfTheDiscriminant)
    record.setDiscriminant(HLAfixedArray(HLAoctet('z'), 3));
    expectEncoding(record, octets("7a7a7a 0000000000 00000001"), 8);
 
-   EXPECT_TRUE(record.isSameTypeAs(HLAinteger32BE(2), HLAoctet()) && record.isSameTypeAs(wideOrNarrow()));
+   EXPECT_TRUE(record.isSameTypeAs(HLAinteger32BE(2), HLAoctet()) && record.isSameTypeAs(wideOrNarrow(1)));
    EXPECT_FALSE(record.isSameTypeAs(HLAinteger32BE(1), HLAoctet()) || record.isSameTypeAs(HLAoctet()));
    EXPECT_FALSE(record.isSameTypeAs(HLAinteger32BE(9), HLAoctet()));
 }
 
 TEST(VariantRecords, ReplaceAlternatives)
 {
-   HLAvariantRecord record = wideOrNarrow();
+   HLAvariantRecord record = wideOrNarrow(1);
    HLAinteger32BE const one(1);
    HLAfloat64BE unlike;
    HLAinteger64BE lent(7);
