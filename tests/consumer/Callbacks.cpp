@@ -4,11 +4,6 @@
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
 
-#include <set>
-#include <string>
-
-using namespace rti1516e;
-
 #ifdef EXCEPTION_SPECIFICATIONS
 #define SPECIFIED throw(rti1516e::FederateInternalError)
 #define NOTHROW throw()
@@ -17,13 +12,16 @@ using namespace rti1516e;
 #define NOTHROW override
 #endif
 
+using namespace rti1516e;
+
 namespace {
 
 template <class... Arguments>
 void ignore(Arguments const&...)
 {}
 
-class Everything : public FederateAmbassador
+template <class Base>
+class Everything : public Base
 {
 public:
    Everything() {}
@@ -34,29 +32,14 @@ public:
 #include "../support/Callbacks.def"
 };
 
-class Little : public NullFederateAmbassador
-{
-public:
-   Little() : _reached(false) {}
-   virtual ~Little() NOTHROW {}
-
-   virtual void timeAdvanceGrant(LogicalTime const& theTime) SPECIFIED { _reached = !theTime.isInitial(); }
-   virtual void connectionLost(std::wstring const& faultDescription) SPECIFIED
-   {
-      throw FederateInternalError(faultDescription);
-   }
-
-   bool _reached;
-};
-
 } // namespace
 
 // Neither is abstract.
 void connectBoth(RTIambassador& ambassador, RTIambassador& another);
 void connectBoth(RTIambassador& ambassador, RTIambassador& another)
 {
-   static Everything everything;
-   static Little little;
+   static Everything<FederateAmbassador> everything;
+   static Everything<NullFederateAmbassador> everythingAnew;
    ambassador.connect(everything, HLA_EVOKED);
-   another.connect(little, HLA_IMMEDIATE, L"settings");
+   another.connect(everythingAnew, HLA_IMMEDIATE, L"settings");
 }

@@ -1,4 +1,4 @@
-# Compiles the federates beside this script in one dialect, and the public headers: in the oldest dialect, whose
+# Compiles the federate with all callbacks in one dialect, and the public headers: in the oldest dialect, whose
 # standard headers include the least, every one alone; in the others all of them together.
 #   cmake -D COMPILER=g++ -D DIALECT=11 -D INCLUDE=include -P CompileAll.cmake
 set(flags -std=c++${DIALECT} -fsyntax-only -I ${INCLUDE}
@@ -28,16 +28,15 @@ else()
   compile("the headers together" ${all} -x c++ /dev/null)
 endif()
 
-set(federates ${CMAKE_CURRENT_LIST_DIR})
-compile("PublishedSpellings.cpp" ${federates}/PublishedSpellings.cpp)
-compile("Callbacks.cpp" ${federates}/Callbacks.cpp)
+set(callbacks ${CMAKE_CURRENT_LIST_DIR}/Callbacks.cpp)
+compile("Callbacks.cpp" ${callbacks})
 if(DIALECT LESS 17)
   # Later dialects have no exception specifications but noexcept; these compilers warn of them before.
   compile("Callbacks.cpp with exception specifications"
-    -D EXCEPTION_SPECIFICATIONS -Wno-deprecated ${federates}/Callbacks.cpp)
+    -D EXCEPTION_SPECIFICATIONS -Wno-deprecated ${callbacks})
 endif()
 
 if(failures)
   message(FATAL_ERROR "${failures} of the above do not compile as C++${DIALECT}")
 endif()
-message(STATUS "${count} headers and the federates compile as C++${DIALECT}")
+message(STATUS "${count} headers and all callbacks compile as C++${DIALECT}")

@@ -12,6 +12,9 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 using namespace rti1516e;
 
@@ -20,29 +23,38 @@ namespace {
 class Federate : public NullFederateAmbassador
 {
 public:
-   explicit Federate(std::wstring const& name)
-      : heardAt(-1), regulating(false), _ambassador(RTIambassadorFactory().createRTIambassador().release())
+   Federate(std::wstring const& name, std::wstring const& fomModule)
+      : heardAt(-1), _regulating(false), _ambassador(RTIambassadorFactory().createRTIambassador().release())
    {
       _ambassador->connect(*this, HLA_EVOKED);
+      std::vector<std::wstring> const modules(1, fomModule);
       try {
-         _ambassador->createFederationExecution(L"Consumers", fomModule, HLAinteger64TimeName);
-      } catch (FederationExecutionAlreadyExists const&) {
+         _ambassador->createFederationExecution(L"Consumers", modules, HLAinteger64TimeName);
+      } catch (FederationExecutionAlreadyExists const& exception) {
+         std::wcout << exception << std::endl;
       }
-      _ambassador->joinFederationExecution(name, L"consumer", L"Consumers");
+      FederateHandle const self =
+         _ambassador->joinFederationExecution(name, L"consumer", L"Consumers", modules);
+      std::wcout << self << L" is " << _ambassador->getFederateName(self) << std::endl;
       _greeting = _ambassador->getInteractionClassHandle(L"HLAinteractionRoot.Greeting");
-      _words = _ambassador->getParameterHandle(_greeting, L"Words");
+      _names[_ambassador->getParameterHandle(_greeting, L"Words")] = L"Words";
    }
 
    void send(std::wstring const& words)
    {
       _ambassador->publishInteractionClass(_greeting);
-      _ambassador->enableTimeRegulation(HLAinteger64Interval(5));
-      while (!regulating) {
+      HLAinteger64Interval lookahead(5);
+      _ambassador->enableTimeRegulation(lookahead);
+      while (!_regulating) {
          _ambassador->evokeMultipleCallbacks(0.1, 1.0);
       }
+      _ambassador->queryLookahead(lookahead);
+      HLAinteger64Time time = 2;
+      time += lookahead;
       ParameterHandleValueMap values;
-      values[_words] = HLAunicodeString(words).encode();
-      _ambassador->sendInteraction(_greeting, values, VariableLengthData(), HLAinteger64Time(7));
+      values[_names.begin()->first] = HLAunicodeString(words).encode();
+      std::unordered_set<MessageRetractionHandle> retractable;
+      retractable.insert(_ambassador->sendInteraction(_greeting, values, VariableLengthData("tag", 3), time));
    }
 
    void listen() { _ambassador->subscribeInteractionClass(_greeting); }
@@ -57,30 +69,32 @@ public:
    void leave() { _ambassador->resignFederationExecution(NO_ACTION); }
    void clear() { _ambassador->destroyFederationExecution(L"Consumers"); }
 
-   static std::wstring fomModule;
    std::wstring heard;
-   Integer64 heardAt;
-   bool regulating;
+   HLAinteger64Time heardAt;
 
 private:
-   virtual void timeRegulationEnabled(LogicalTime const&) { regulating = true; }
+   void timeRegulationEnabled(LogicalTime const&) override { _regulating = true; }
 
-   virtual void receiveInteraction(InteractionClassHandle, ParameterHandleValueMap const& values,
-                                   VariableLengthData const&, OrderType, TransportationType,
-                                   LogicalTime const& time, OrderType, SupplementalReceiveInfo)
+   // The one callback that takes a set by value.
+   void confirmAttributeTransportationTypeChange(ObjectInstanceHandle, AttributeHandleSet,
+                                                 TransportationType) override
+   {}
+
+   void receiveInteraction(InteractionClassHandle, ParameterHandleValueMap const& values,
+                           VariableLengthData const&, OrderType, TransportationType, LogicalTime const& time,
+                           OrderType, SupplementalReceiveInfo) override
    {
       HLAunicodeString words;
       words.decode(values.begin()->second);
       heard = words.get();
-      heardAt = HLAinteger64Time(time).getTime();
+      heardAt = time;
    }
 
+   bool _regulating;
    std::unique_ptr<RTIambassador> _ambassador;
    InteractionClassHandle _greeting;
-   ParameterHandle _words;
+   std::unordered_map<ParameterHandle, std::wstring> _names;
 };
-
-std::wstring Federate::fomModule;
 
 } // namespace
 
@@ -90,11 +104,11 @@ int main(int argc, char* argv[])
       std::wcerr << L"usage: federate FOM-MODULE" << std::endl;
       return 2;
    }
-   std::string const fomModule(argv[1]);
-   Federate::fomModule.assign(fomModule.begin(), fomModule.end());
    try {
-      Federate sender(L"sender");
-      Federate receiver(L"receiver");
+      std::string const path(argv[1]);
+      std::wstring const fomModule(path.begin(), path.end());
+      Federate sender(L"sender", fomModule);
+      Federate receiver(L"receiver", fomModule);
       receiver.listen();
       sender.send(L"Good morning");
       receiver.await();
@@ -102,7 +116,7 @@ int main(int argc, char* argv[])
       sender.leave();
       receiver.leave();
       sender.clear();
-      return receiver.heard == L"Good morning" && receiver.heardAt == 7 ? 0 : 1;
+      return receiver.heard == L"Good morning" && receiver.heardAt == 7 && 7 == receiver.heardAt ? 0 : 1;
    } catch (Exception const& exception) {
       std::wcerr << exception.what() << std::endl;
       return 1;

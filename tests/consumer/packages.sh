@@ -30,7 +30,4 @@ export PATH=$PATH:/usr/sbin:/sbin
 dpkg --root="$root" --log=/dev/null --force-depends,not-root --unpack ./*.deb >"$scratch/log" 2>&1 ||
   { cat "$scratch/log"; exit 1; }
 dpkg-query --root="$root" --show
-"$here/build.sh" plain "$root/usr" c++ 17 "$fom_module"
-if command -v pkg-config >/dev/null; then
-  "$here/build.sh" pkg-config "$root/usr" c++ 17 "$fom_module"
-fi
+"$here/build.sh" "$root/usr" c++ 17 "$fom_module"

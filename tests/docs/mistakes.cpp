@@ -1,4 +1,5 @@
-// Makes the mistake that its argument names, as a federate's author might: mistakes MISTAKE FOM-MODULE.
+// Does what its arguments say, one after the other, as an erring author of a federate might have it:
+// mistakes FOM-MODULE STEP[:NAME]...
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
 #include <RTI/time/HLAinteger64Time.h>
@@ -10,136 +11,65 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace {
 
 using namespace rti1516e;
 
-std::wstring fomModule;
-
-class Thrower : public NullFederateAmbassador
+struct Federate : NullFederateAmbassador
 {
    void synchronizationPointRegistrationSucceeded(std::wstring const&) override
    {
       throw FederateInternalError(L"no idea what to do with it");
    }
-};
 
-// A federate that has done all that comes before its mistake.
-struct Federate
-{
-   explicit Federate(std::wstring const& federation = L"Room")
-   {
-      rti->connect(callbacks, HLA_EVOKED);
-      rti->createFederationExecution(federation, fomModule);
-      rti->joinFederationExecution(L"display", L"type", federation);
-   }
-
-   ObjectInstanceHandle registerPerson()
-   {
-      person = rti->getObjectClassHandle(L"Person");
-      AttributeHandleSet attributes;
-      attributes.insert(rti->getAttributeHandle(person, L"Place"));
-      rti->publishObjectClassAttributes(person, attributes);
-      return rti->registerObjectInstance(person);
-   }
-
-   Thrower callbacks;
    std::unique_ptr<RTIambassador> rti{RTIambassadorFactory().createRTIambassador().release()};
-   ObjectClassHandle person;
 };
 
-std::map<std::string, std::function<void()>> const mistakes = {
-   {"none", [] { Federate federate; }},
-   {"not connected",
-    [] {
-       std::unique_ptr<RTIambassador> rti(RTIambassadorFactory().createRTIambassador().release());
-       rti->createFederationExecution(L"Room", fomModule);
-    }},
-   {"wrong FOM",
-    [] {
-       fomModule = L"rom.xml";
-       Federate federate;
-    }},
-   {"FOM is a folder",
-    [] {
-       fomModule = L"fom";
-       Federate federate;
-    }},
-   {"FOM is no XML",
-    [] {
-       fomModule = L"notes.txt";
-       Federate federate;
-    }},
-   {"FOM is another XML",
-    [] {
-       fomModule = L"page.xml";
-       Federate federate;
-    }},
-   {"wrong name", [] { Federate().rti->getObjectClassHandle(L"Thermometr"); }},
-   {"name not in full", [] { Federate().rti->getObjectClassHandle(L"person"); }},
-   {"no such federation",
-    [] {
-       Federate federate;
-       federate.rti->resignFederationExecution(NO_ACTION);
-       federate.rti->joinFederationExecution(L"display", L"type", L"Rome");
-    }},
-   {"not joined",
-    [] {
-       Federate federate;
-       federate.rti->resignFederationExecution(NO_ACTION);
-       federate.rti->getObjectClassHandle(L"Person");
-    }},
-   {"not published",
-    [] {
-       Federate federate;
-       federate.rti->registerObjectInstance(federate.rti->getObjectClassHandle(L"Person"));
-    }},
-   {"another federation's handle",
-    [] {
-       Federate one;
-       Federate other(L"Hall");
-       one.registerPerson();
-       one.rti->deleteObjectInstance(other.registerPerson(), VariableLengthData());
-    }},
-   {"time of another class", [] { Federate().rti->timeAdvanceRequest(HLAinteger64Time(4)); }},
-   {"asks for a time of another class",
-    [] {
-       HLAinteger64Time time;
-       Federate().rti->queryLogicalTime(time);
-    }},
-   {"never evokes",
-    [] {
-       Federate federate;
-       federate.rti->registerFederationSynchronizationPoint(L"ready", VariableLengthData());
-       std::this_thread::sleep_for(std::chrono::seconds(3));
-    }},
-   {"throws in a callback",
-    [] {
-       Federate federate;
-       federate.rti->registerFederationSynchronizationPoint(L"ready", VariableLengthData());
-       federate.rti->evokeMultipleCallbacks(0.1, 1.0);
-    }},
-   {"resigns as owner",
-    [] {
-       Federate federate;
-       federate.registerPerson();
-       federate.rti->resignFederationExecution(NO_ACTION);
-    }},
-};
+void run(std::wstring const& fomModule, std::vector<std::wstring> const& given)
+{
+   std::vector<std::unique_ptr<Federate>> federates;
+   RTIambassador* rti = nullptr; // of the federate that came last
+   HLAinteger64Time time(4);
+   ObjectInstanceHandle person;
+   auto const personClass = [&] { return rti->getObjectClassHandle(L"Person"); };
+   auto const publish = [&] {
+      rti->publishObjectClassAttributes(personClass(), {rti->getAttributeHandle(personClass(), L"Place")});
+   };
+   using Name = std::wstring const&;
+   std::map<std::wstring, std::function<void(Name)>> const steps = {
+      {L"start", [&](Name) { rti = federates.emplace_back(std::make_unique<Federate>())->rti.get(); }},
+      {L"connect", [&](Name) { rti->connect(*federates.back(), HLA_EVOKED); }},
+      {L"create", [&](Name name) { rti->createFederationExecution(name, fomModule); }},
+      {L"join", [&](Name name) { rti->joinFederationExecution(L"display", L"type", name); }},
+      {L"class", [&](Name name) { rti->getObjectClassHandle(name); }},
+      {L"publish", [&](Name) { publish(); }},
+      {L"register", [&](Name) { person = rti->registerObjectInstance(personClass()); }},
+      {L"delete", [&](Name) { federates[0]->rti->deleteObjectInstance(person, VariableLengthData()); }},
+      {L"advance", [&](Name) { rti->timeAdvanceRequest(time); }},
+      {L"query", [&](Name) { rti->queryLogicalTime(time); }},
+      {L"point", [&](Name name) { rti->registerFederationSynchronizationPoint(name, VariableLengthData()); }},
+      {L"wait", [&](Name) { std::this_thread::sleep_for(std::chrono::seconds(3)); }},
+      {L"evoke", [&](Name) { rti->evokeMultipleCallbacks(0.1, 1.0); }},
+      {L"resign", [&](Name) { rti->resignFederationExecution(NO_ACTION); }},
+   };
+   for (std::wstring const& step : given) {
+      std::size_t const colon = step.find(L':');
+      steps.at(step.substr(0, colon))(colon == std::wstring::npos ? L"" : step.substr(colon + 1));
+   }
+}
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-   if (argc != 3 || mistakes.count(argv[1]) == 0) {
-      std::cerr << "usage: mistakes MISTAKE FOM-MODULE" << std::endl;
-      return 2;
+   std::vector<std::wstring> arguments;
+   for (std::string const argument : std::vector<char*>(argv + 1, argv + argc)) {
+      arguments.emplace_back(argument.begin(), argument.end());
    }
-   std::string const module(argv[2]);
-   fomModule.assign(module.begin(), module.end());
    try {
-      mistakes.at(argv[1])();
+      run(arguments.at(0), {arguments.begin() + 1, arguments.end()});
    } catch (Exception const& exception) {
       std::wcerr << exception.what() << std::endl;
       return 1;

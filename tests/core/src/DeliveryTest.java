@@ -17,12 +17,7 @@ final class DeliveryTest {
 
     public static void main(String[] arguments) {
         System.setErr(new PrintStream(PRINTED, true));
-        Harness harness = new Harness();
-        harness.run("reminder", DeliveryTest::reminder);
-        harness.run("failure", () -> new DeliveryTest().failure());
-        harness.run("two callbacks that end each other's delivery", () -> circle(2));
-        harness.run("a circle of such callbacks", () -> circle(4));
-        harness.finish();
+        Harness.run(DeliveryTest::reminder, DeliveryTest::failure, () -> circle(2), () -> circle(4));
     }
 
     private void post(String name) {
@@ -76,15 +71,16 @@ final class DeliveryTest {
     }
 
     /** A fault of the core's own is told, and costs no callback but the one that it struck. */
-    private void failure() {
+    private static void failure() {
         PRINTED.reset();
-        delivery.post(to -> {
+        DeliveryTest test = new DeliveryTest();
+        test.delivery.post(to -> {
             throw new IllegalStateException("on purpose");
         });
-        post("next");
-        delivery.evokeMultiple(0, 1);
+        test.post("next");
+        test.delivery.evokeMultiple(0, 1);
         Harness.equal(PRINTED.toString().strip(), "A federate that is not joined cannot be told something: "
                 + "java.lang.IllegalStateException: on purpose");
-        Harness.equal(delivered, List.of("next"));
+        Harness.equal(test.delivered, List.of("next"));
     }
 }

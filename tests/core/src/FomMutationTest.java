@@ -26,7 +26,7 @@ public final class FomMutationTest {
         "\u00e9", "&#x1F600;", "&undefined;", "]]>", "<!-- -->", "<![CDATA[x]]>", "<?x y?>", "<", "/>", "\0"};
 
     private final Random random;
-    private final List<String> originals = new ArrayList<>(List.of(TestFom.AIR, FomReader.standardMim().text()));
+    private final List<String> originals = new ArrayList<>(List.of(FomReader.standardMim().text()));
     private int consistent;
     private int refused;
 
@@ -37,18 +37,16 @@ public final class FomMutationTest {
         }
     }
 
-    public static void main(String[] arguments) throws Exception {
+    public static void main(String[] arguments) {
         int rounds = arguments.length > 0 ? Integer.parseInt(arguments[0]) : 300;
         long seed = arguments.length > 1 ? Long.parseLong(arguments[1]) : 20240229;
-        FomMutationTest test = new FomMutationTest(seed);
-        Harness harness = new Harness();
-        harness.run("mutations, seed " + seed, () -> test.run(rounds));
-        harness.finish();
+        System.out.println("Seed " + seed);
+        Harness.run(() -> new FomMutationTest(seed).run(rounds));
     }
 
     private void run(int rounds) throws Exception {
         for (int round = 0; round < rounds; ++round) {
-            List<String> both = List.of(TestFom.file(mutant()), TestFom.file(mutant()));
+            List<String> both = List.of(Harness.file(mutant()), Harness.file(mutant()));
             try {
                 for (int first = 0; first < 2; ++first) {
                     tryModules(both.subList(first, first + 1), both.subList(1 - first, 2 - first));
@@ -121,9 +119,9 @@ public final class FomMutationTest {
         ObjectModel model = null;
         String before = null;
         try {
-            model = ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(TestFom.sources(modules)));
+            model = ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(Harness.sources(modules)));
             before = describe(model);
-            model.extend(FomReader.ofModules().readAll(TestFom.sources(joining)));
+            model.extend(FomReader.ofModules().readAll(Harness.sources(joining)));
             return describe(model);
         } catch (RTIexception e) {
             Harness.that(modules.stream().anyMatch(e.getMessage()::contains), "no file is named: " + e);
@@ -133,23 +131,23 @@ public final class FomMutationTest {
     }
 
     private static String describe(ObjectModel model) {
-        StringBuilder text = new StringBuilder().append(model.switches());
-        all(model::objectClass).forEach(each -> describe(each, text).append(model.privilegeToDelete()));
-        all(model::attribute).forEach(each -> text.append('\n').append(each.handle()).append(each).append(each.dataType())
-                .append(each.order()).append(each.transportation()).append(each.dimensions()));
-        all(model::interactionClass).forEach(each -> describe(each, text).append(each.order())
-                .append(each.transportation()).append(each.dimensions()));
-        all(model::dimension).forEach(each -> text.append(each).append(each.upperBound()).append(each.unspecified()));
-        return text.toString();
+        List<Object> parts = new ArrayList<>(List.of(model.switches()));
+        all(model::objectClass).forEach(each -> parts.addAll(List.of(members(each), model.privilegeToDelete())));
+        all(model::attribute).forEach(each -> parts.addAll(List.of(each.handle(), each, "" + each.dataType(),
+                each.order(), each.transportation(), each.dimensions())));
+        all(model::interactionClass).forEach(each -> parts.addAll(List.of(members(each), each.order(),
+                each.transportation(), each.dimensions())));
+        all(model::dimension).forEach(each -> parts.addAll(List.of(each, each.upperBound(), "" + each.unspecified())));
+        return parts.toString();
     }
 
-    private static StringBuilder describe(ClassNode<?, ?> theClass, StringBuilder text) {
+    private static String members(ClassNode<?, ?> theClass) {
         Set<String> names = new TreeSet<>();
         theClass.members().forEach(each -> {
             Harness.that(names.add(each.name()), theClass + " has " + each + " twice");
             Harness.that(theClass.member(each.handle()) == each, theClass + " hides " + each);
         });
-        return text.append('\n').append(theClass.handle()).append(theClass).append(names);
+        return theClass.handle() + " " + theClass + names;
     }
 
     private static <T> List<T> all(IntFunction<T> at) {

@@ -1,40 +1,33 @@
-import java.util.ArrayList;
-import java.util.Arrays;
+import java.nio.file.Files;
+import java.nio.file.Path;
 import java.util.List;
 import java.util.Objects;
+import tovu.local.fom.ModuleSource;
 
-/** Runs named cases and counts them; the first failure of a case ends that case and no other. */
+/** What tests expect. A test is a program, which fails at the first thing that is not as expected. */
 final class Harness {
     interface Case {
         void run() throws Exception;
     }
 
-    private final List<String> failures = new ArrayList<>();
-    private int passed;
+    static final String AIR = System.getProperty("fom.modules") + "/Air.xml";
 
-    void run(String name, Case body) {
-        try {
-            body.run();
-            ++passed;
-        } catch (Exception | AssertionError e) {
-            failures.add(name);
-            System.out.println("FAILED " + name);
-            e.printStackTrace(System.out);
-        }
+    private Harness() {
     }
 
-    /** Prints the counts and ends the process with 1 when a case failed or none ran. */
-    void finish() {
-        System.out.println(passed + " passed, " + failures.size() + " failed");
-        if (!failures.isEmpty() || passed == 0) {
+    static void run(Case... cases) {
+        try {
+            for (Case each : cases) {
+                each.run();
+            }
+        } catch (Exception | AssertionError e) {
+            e.printStackTrace(System.out);
             System.exit(1);
         }
     }
 
     static void equal(Object actual, Object expected) {
-        if (!Objects.equals(actual, expected)) {
-            throw new AssertionError("expected " + expected + "\n but was " + actual);
-        }
+        that(Objects.equals(actual, expected), "expected " + expected + "\n but was " + actual);
     }
 
     static void that(boolean condition, String message) {
@@ -44,7 +37,7 @@ final class Harness {
     }
 
     /** Expects an exception of that simple name, with all those words in its text. */
-    static void refuses(String exception, Case body, String... words) throws Exception {
+    static void refuses(String exception, Case body, String... words) {
         try {
             body.run();
         } catch (Exception e) {
@@ -54,6 +47,23 @@ final class Harness {
             }
             return;
         }
-        throw new AssertionError("expected " + exception + Arrays.toString(words));
+        throw new AssertionError("expected " + exception + String.join(", ", words));
+    }
+
+    /** The path of a new file with that text. */
+    static String file(String text) throws Exception {
+        Path path = Files.createTempFile("fom", ".xml");
+        path.toFile().deleteOnExit();
+        return Files.writeString(path, text).toString();
+    }
+
+    /** Modules that are read from files. */
+    static List<ModuleSource> sources(List<String> designators) {
+        return designators.stream().map(ModuleSource::file).toList();
+    }
+
+    /** The path of an object model with just those tables. */
+    static String module(String tables) throws Exception {
+        return file("<objectModel>\n" + tables + "\n</objectModel>");
     }
 }

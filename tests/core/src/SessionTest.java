@@ -1,27 +1,35 @@
-import java.lang.ref.WeakReference;
+import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
 import java.util.List;
-import tovu.local.fom.ModuleSource;
 import tovu.local.management.Manager;
 import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
 import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
+import tovu.local.model.Federation;
 import tovu.local.model.FederationPlan;
 import tovu.local.model.Federations;
-import tovu.local.model.ResignAction;
 import tovu.local.model.Session;
 
-/** What sessions leave behind, and what happens to one while the federation's lock is somebody else's. */
+/** What happens to a session while the federation's lock is somebody else's. */
 final class SessionTest {
     private SessionTest() {
     }
 
     public static void main(String[] arguments) {
-        Harness harness = new Harness();
-        harness.run("loss while a restore completes", SessionTest::lossWhileARestoreCompletes);
-        harness.run("orphans", SessionTest::orphansKeepNobody);
-        harness.finish();
+        Harness.run(SessionTest::lossWhileARestoreCompletes);
+    }
+
+    /** What a member does, under its federation's lock. */
+    private interface Action {
+        void by(Federation federation, Federate federate) throws RTIexception;
+    }
+
+    private static void act(Session member, Action action) throws RTIexception {
+        member.call((federation, federate) -> {
+            action.by(federation, federate);
+            return null;
+        });
     }
 
     /** A member that nobody plays: its callbacks are made at once, and do nothing but change what they change. */
@@ -49,83 +57,35 @@ final class SessionTest {
         }
     }
 
-    private static final Federations FEDERATIONS = new Federations(Manager::new);
-
-    /** Alpha and beta, members of a federation of their own. */
-    private static List<Session> members(String federation) throws Exception {
+    private static void lossWhileARestoreCompletes() throws Exception {
+        Federations federations = new Federations(Manager::new);
         List<Session> members = new ArrayList<>();
         for (String name : List.of("alpha", "beta")) {
-            Session session = new Session(FEDERATIONS);
+            Session session = new Session(federations);
             session.connect(new Idle());
             if (members.isEmpty()) {
-                session.createFederationExecution(new FederationPlan(federation,
-                        List.of(ModuleSource.file(System.getProperty("fom.modules") + "/Road.xml")), null, "HLAinteger64Time"));
+                session.createFederationExecution(new FederationPlan("restored", Harness.sources(List.of(Harness.AIR)), null, "HLAinteger64Time"));
             }
-            session.join(name, "test", federation, List.of());
+            session.join(name, "test", "restored", List.of());
             members.add(session);
         }
-        return members;
-    }
-
-    /** The owner of an object that is left behind goes, and nothing keeps it. */
-    private static void orphansKeepNobody() throws Exception {
-        List<Session> members = members("orphans");
-        int[] object = {0};
-        for (Session each : members) {
-            each.call((federation, federate) -> {
-                int car = federation.lookups().objectClassHandle("Vehicle.Car");
-                int[] attributes = {federation.lookups().attributeHandle(car, "Fuel")};
-                federation.declarations().subscribeObjectClass(federate, car, attributes, true, "");
-                federation.declarations().publishObjectClass(federate, car, attributes);
-                object[0] = object[0] == 0 ? federation.objectManagement().register(federate, car, null) : object[0];
-                return null;
-            });
-        }
-        WeakReference<Federate> owner = new WeakReference<>(members.get(0).federate());
-        members.remove(0).resign(ResignAction.UNCONDITIONALLY_DIVEST_ATTRIBUTES);
-        for (int i = 0; i < 100 && owner.get() != null; ++i) {
-            System.gc();
-            Thread.sleep(10);
-        }
-        Harness.equal(owner.get(), null);
-        members.get(0).call((federation, federate) -> federation.objects().name(federate, object[0]));
-    }
-
-    private static void lossWhileARestoreCompletes() throws Exception {
-        List<Session> members = members("restored");
         Session alpha = members.get(0);
         Session beta = members.get(1);
-        beta.call((federation, federate) -> {
-            federation.time().enableRegulation(federate, 1);
-            return null;
-        });
-        alpha.call((federation, federate) -> {
-            federation.save().request("noon");
-            return null;
-        });
+        act(beta, (federation, federate) -> federation.time().enableRegulation(federate, 1));
+        act(alpha, (federation, federate) -> federation.save().request("noon"));
         for (Session each : members) {
-            each.call((federation, federate) -> {
-                federation.save().begun(federate);
-                federation.save().complete(federate, true);
-                return null;
-            });
+            act(each, (federation, federate) -> federation.save().begun(federate));
+            act(each, (federation, federate) -> federation.save().complete(federate, true));
         }
-        alpha.call((federation, federate) -> {
-            federation.restore().request(federate, "noon");
-            return null;
-        });
-        beta.call((federation, federate) -> {
-            federation.restore().complete(federate, true);
-            return null;
-        });
+        act(alpha, (federation, federate) -> federation.restore().request(federate, "noon"));
+        act(beta, (federation, federate) -> federation.restore().complete(federate, true));
         Thread loss = new Thread(() -> beta.abandon("lost"));
-        alpha.call((federation, federate) -> {
+        act(alpha, (federation, federate) -> {
             loss.start();
             while (loss.getState() != Thread.State.BLOCKED) {
                 Thread.onSpinWait();
             }
             federation.restore().complete(federate, true);
-            return null;
         });
         loss.join();
         Harness.equal(alpha.call((federation, federate) -> federation.time().galt(federate)), null);
