@@ -25,7 +25,7 @@ TEST_F(ControlWordTest, OfACallbackIsThatOfConnect)
 {
    unsigned int found = 0;
    federate.inCallback = [&] { found = controlWord(); };
-   deliver("federationSaved_Native");
+   deliver(saved);
    EXPECT_EQ(found, doublePrecision);
    EXPECT_EQ(controlWord(), extendedPrecision);
 }
@@ -36,7 +36,7 @@ TEST_F(ControlWordTest, OfACallbackThatThrowsIsLeft)
       setControlWord(roundingUp);
       throw FederateInternalError(L"x");
    };
-   deliver("federationSaved_Native");
+   deliver(saved);
    EXPECT_EQ(controlWord(), roundingUp);
 }
 
@@ -44,7 +44,7 @@ TEST_F(ControlWordTest, OfACallbackThatFoundTheRightOneIsLeft)
 {
    setControlWord(doublePrecision);
    federate.inCallback = [] { setControlWord(roundingUp); };
-   deliver("federationSaved_Native");
+   deliver(saved);
    EXPECT_EQ(controlWord(), roundingUp);
 }
 
@@ -71,7 +71,7 @@ TEST_F(ControlWordTest, IsMendedAfterAServiceThatSucceeds)
    EXPECT_EQ(pendingExceptions(), 0U);
 
    fake::core().meanwhile = [] { setControlWord(doublePrecision); };
-   fake::core().raises = {"hla/rti1516e/exceptions/RTIinternalError"};
+   fake::core().raises = {exceptionPath + "RTIinternalError"};
    EXPECT_THROW(ambassador->enableCallbacks(), RTIinternalError);
    EXPECT_EQ(controlWord(), doublePrecision);
 }

@@ -23,9 +23,11 @@ protected:
 TEST_F(LifetimeTest, OfAnAmbassadorMayEndInItsOwnCallback)
 {
    federate.inCallback = [this] { ambassador.reset(); };
-   Faults::set("destroy", [] { EXPECT_EQ(TestTimeFactory::count, 1); });
-   EXPECT_EQ(deliver("timeAdvanceGrant_LT_Native", TestTime::encoded(7)), "none");
-   Faults::clear();
+   inTime = [](std::string const& operation) {
+      EXPECT_TRUE(operation != "destroy" || TestTimeFactory::count == 1);
+   };
+   EXPECT_EQ(deliver(granted, someTime), "none");
+   inTime = nullptr;
    EXPECT_EQ(ambassador, nullptr);
    EXPECT_EQ(TestTimeFactory::count, 0);
 }
@@ -33,15 +35,14 @@ TEST_F(LifetimeTest, OfAnAmbassadorMayEndInItsOwnCallback)
 // The service that evokes the callback comes back to an ambassador that is no more.
 TEST_F(LifetimeTest, OfAnAmbassadorMayEndInACallbackThatItEvoked)
 {
-   Bytes const seven = TestTime::encoded(7);
    auto const evoking = [&](auto service) {
-      fake::core().meanwhile = [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); };
-      fake::core().bytes = octetsOf(seven);
+      fake::core().meanwhile = [this] { EXPECT_EQ(deliver(saved), "none"); };
+      fake::core().bytes = someTime;
       fake::core().number = 1;
       federate.inCallback = [this] { ambassador.reset(); };
       service(*ambassador);
       EXPECT_EQ(ambassador, nullptr);
-      EXPECT_EQ(deliver("federationSaved_Native"), gone);
+      EXPECT_EQ(deliver(saved), gone);
       expectClean(0);
       federate.inCallback = nullptr;
       SetUp();
@@ -56,11 +57,11 @@ TEST_F(LifetimeTest, OfTokensEndsWithTheirAmbassador)
 {
    auto const stale = envelope(Bytes());
    ambassador.reset();
-   EXPECT_EQ(fake::callNative("federationSaved_Native", stale), gone);
+   EXPECT_EQ(fake::callNative(saved, stale), gone);
    SetUp();
-   EXPECT_EQ(fake::callNative("federationSaved_Native", stale), gone);
+   EXPECT_EQ(fake::callNative(saved, stale), gone);
    token = 0;
-   EXPECT_EQ(deliver("federationSaved_Native"), gone);
+   EXPECT_EQ(deliver(saved), gone);
    EXPECT_EQ(federate.takeCalled().size(), 0U);
 }
 
@@ -105,8 +106,7 @@ private:
 TEST_F(LifetimeTest, OfOthersGoesOnAndEndsWhileACallbackRuns)
 {
    auto other = newAmbassador();
-   CallbackUnderWay const callback(federate,
-                                   [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
+   CallbackUnderWay const callback(federate, [this] { EXPECT_EQ(deliver(saved), "none"); });
    other->enableCallbacks();
    other.reset();
    newAmbassador()->enableCallbacks();
@@ -114,13 +114,12 @@ TEST_F(LifetimeTest, OfOthersGoesOnAndEndsWhileACallbackRuns)
 
 TEST_F(LifetimeTest, OfTheVMMayEndWhileACallbackNeverDoes)
 {
-   CallbackUnderWay const callback(federate,
-                                   [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
+   CallbackUnderWay const callback(federate, [this] { EXPECT_EQ(deliver(saved), "none"); });
    fake::runtime().alreadyRunning = false;
    fake::runtime().attachStatus = JNI_ERR;
    ambassador.reset();
    fake::runtime().attachStatus = JNI_OK;
-   fake::forgetGlobalReference();
+   --fake::account().globalReferences;
 }
 
 // Which does not mean that the VM is gone, with nobody left to wait for.
@@ -129,8 +128,7 @@ TEST_F(LifetimeTest, OfAThreadMayEndUpWithoutMemoryToAttach)
    std::atomic<bool> isGone{false};
    std::thread destroyer;
    {
-      CallbackUnderWay const callback(federate,
-                                      [this] { EXPECT_EQ(deliver("federationSaved_Native"), "none"); });
+      CallbackUnderWay const callback(federate, [this] { EXPECT_EQ(deliver(saved), "none"); });
       fake::runtime().attachStatus = JNI_ENOMEM;
       destroyer = std::thread([&] {
          ambassador.reset();
@@ -141,7 +139,7 @@ TEST_F(LifetimeTest, OfAThreadMayEndUpWithoutMemoryToAttach)
    }
    destroyer.join();
    fake::runtime().attachStatus = JNI_OK;
-   fake::forgetGlobalReference();
+   --fake::account().globalReferences;
 }
 
 TEST_F(LifetimeTest, OfAThreadEndsAttachedOnlyIfSomebodyElseAttachedIt)
@@ -208,21 +206,21 @@ TEST_F(LifetimeTest, OfTheVMDoesNotReachIntoAFork)
       }
    };
    auto const child = [&] {
-      int const calls = fake::calls();
+      int const calls = fake::account().calls;
       expectNoVM([&] { ambassador->enableCallbacks(); });
       expectNoVM([&] { ambassador->getObjectInstanceName(ObjectInstanceHandle()); });
       expectNoVM([] { newAmbassador(); });
       ambassador.reset();
-      EXPECT_EQ(fake::calls(), calls);
+      EXPECT_EQ(fake::account().calls, calls);
    };
    EXPECT_EQ(statusOfChild(child), 0);
    {
       // In the child there is no thread that could end this callback.
-      CallbackUnderWay const callback(federate, [this] { deliver("federationSaved_Native"); });
+      CallbackUnderWay const callback(federate, [this] { deliver(saved); });
       EXPECT_EQ(statusOfChild(child), 0);
    }
    federate.inCallback = [&] { EXPECT_EQ(statusOfChild(child), 0); };
-   EXPECT_EQ(deliver("federationSaved_Native"), "none");
+   EXPECT_EQ(deliver(saved), "none");
    ambassador->enableCallbacks();
    expectClean(1);
 }
@@ -246,15 +244,15 @@ TEST_F(LifetimeTest, OfAThreadMayEndInACallbackWhereNoJavaIsBelowIt)
 {
    int value = 0;
    federate.inCallback = [&value] { pthread_exit(&value); };
-   EXPECT_EQ(resultOfThread([this] { deliver("federationSaved_Native"); }), &value);
+   EXPECT_EQ(resultOfThread([this] { deliver(saved); }), &value);
    federate.inCallback = [] {
       pthread_cancel(pthread_self());
       pthread_testcancel();
    };
-   EXPECT_EQ(resultOfThread([this] { deliver("federationSaved_Native"); }), PTHREAD_CANCELED);
+   EXPECT_EQ(resultOfThread([this] { deliver(saved); }), PTHREAD_CANCELED);
    expectClean(1);
    federate.inCallback = nullptr;
-   EXPECT_EQ(deliver("federationSaved_Native"), "none");
+   EXPECT_EQ(deliver(saved), "none");
    ambassador.reset(); // and waits for none of them
 }
 
@@ -271,13 +269,13 @@ TEST_F(LifetimeTest, OfAnExceptionIsTheFederatesWhereItIsNotToBeCaught)
       }
       newAmbassador(); // the setting is read for each, and holds for all
       if (caught) {
-         EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "Unknown C++ exception");
+         EXPECT_EQ(deliver(saved), federateInternalError + "Unknown C++ exception");
       } else {
-         EXPECT_THROW(deliver("federationSaved_Native"), Own);
+         EXPECT_THROW(deliver(saved), Own);
          federate.inCallback = [] { throw std::string("known"); };
-         EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "known");
+         EXPECT_EQ(deliver(saved), federateInternalError + "known");
          federate.inCallback = [] { throw InvalidRegion(L"known"); };
-         EXPECT_EQ(deliver("federationSaved_Native"), federateInternalError + "known");
+         EXPECT_EQ(deliver(saved), federateInternalError + "known");
          federate.inCallback = [] { throw Own(); };
       }
       expectClean(1);

@@ -67,7 +67,7 @@ protected:
       testing::internal::CaptureStderr();
       tryToCreate();
       printed = testing::internal::GetCapturedStderr();
-      EXPECT_EQ(fake::offences(), std::vector<std::string>());
+      EXPECT_EQ(fake::account().offences, std::vector<std::string>());
    }
 
    // What the VM is asked for in an environment with these settings, and beside a file with these options.
@@ -331,9 +331,9 @@ TEST_F(VMHostTest, ToleratesOrTellsWhatACoreLacks)
       create();
       EXPECT_EQ(caught, (text.empty() ? Caught{} : Caught{"RTIinternalError", text}));
       EXPECT_EQ(printed.find(expected), 0U) << printed;
-      auto const held = fake::holdings();
+      auto const& held = fake::account();
       EXPECT_EQ(held.localReferences + held.globalReferences + held.pins, 0);
-      EXPECT_FALSE(held.pending);
+      EXPECT_FALSE(fake::isExceptionPending());
    }
 }
 
@@ -346,7 +346,7 @@ TEST_F(VMHostTest, AnExceptionWhoseClassIsNotThereIsNotThatOne)
    fake::core().raises = {"hla/rti1516e/exceptions/RTIinternalError"};
    EXPECT_EQ(caughtFrom([&] { ambassador->listFederationExecutions(); }),
              (Caught{"RTIinternalError", L"raised"}));
-   EXPECT_EQ(fake::offences(), std::vector<std::string>());
+   EXPECT_EQ(fake::account().offences, std::vector<std::string>());
 }
 
 #if defined(__x86_64__) || defined(__i386__)
