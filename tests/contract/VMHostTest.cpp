@@ -42,10 +42,15 @@ protected:
    ~VMHostTest() override { std::filesystem::remove_all(_directory); }
 
    // Asks for an ambassador, which a core without classes can never be, and keeps what is said about it.
+   void tryToCreate()
+   {
+      caught = caughtFrom([] { rti1516e::RTIambassadorFactory().createRTIambassador(); });
+   }
+
    void create()
    {
       testing::internal::CaptureStderr();
-      caught = caughtFrom([] { rti1516e::RTIambassadorFactory().createRTIambassador(); });
+      tryToCreate();
       printed = testing::internal::GetCapturedStderr();
       EXPECT_EQ(fake::account().offences, Options());
    }
@@ -164,7 +169,7 @@ TEST_P(VMHostFailureTest, IsPrintedAndThrown)
    // The next try is a new one, from the options on, and no fork has lost a VM that never was.
    runtime.*failure.status = JNI_OK;
    runtime.alreadyRunning = false;
-   EXPECT_EXIT((create(), _exit(runtime.creations)), testing::ExitedWithCode(runtime.creations + 1), "");
+   EXPECT_EXIT((tryToCreate(), _exit(runtime.creations)), testing::ExitedWithCode(runtime.creations + 1), "");
    expectOptions({"set meanwhile", "written meanwhile", "-Xss1024k"}, "written meanwhile",
                  {{"OPTION5", "set meanwhile"}});
    EXPECT_EQ(caught.text.find(L"Cannot locate Tovu core Java classes"), 0U);
@@ -189,17 +194,18 @@ TEST_F(VMHostTest, FailsWithATextWhenTheThreadCannotBeAttached)
 
 TEST_F(VMHostTest, AsksOnceForTheVMAndAttachesEveryTime)
 {
-   for (bool const isThere : {true, false}) {
-      runtime.alreadyRunning = isThere;
-      create();
-   }
+   runtime.alreadyRunning = true;
+   create();
+   int const attachments = runtime.attachments;
+   create();
    EXPECT_EQ(runtime.queries, 1);
    EXPECT_EQ(runtime.creations, 0);
-   EXPECT_EQ(runtime.attachments, 2);
+   EXPECT_EQ(runtime.attachments, attachments + 1);
 }
 
 TEST_F(VMHostTest, StartsOneVMForThreadsThatComeAtOnce)
 {
+   fake::core() = fake::Core(); // whose exceptions would be those of both threads
    std::thread other;
    runtime.onCreation = [&] {
       if (runtime.creations == 1) {
