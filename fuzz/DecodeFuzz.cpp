@@ -7,53 +7,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <malloc.h>
 #include <memory>
-#include <new>
 #include <vector>
-
-namespace {
-
-// What an input may cost beside itself. Decoding costs about what the octets hold, whatever they claim.
-constexpr std::size_t mostMemory = std::size_t{64} << 20;
-
-std::size_t memoryInUse = 0;
-std::size_t memoryLimit = 0; // none while it is 0
-
-} // namespace
-
-void* operator new(std::size_t size, std::nothrow_t const&) noexcept
-{
-   void* const memory = std::malloc(std::max<std::size_t>(size, 1));
-   if (memory == nullptr) {
-      return nullptr;
-   }
-   memoryInUse += malloc_usable_size(memory);
-   if (memoryLimit != 0 && memoryInUse > memoryLimit) {
-      std::fputs("More memory in use than an input of this size may cost\n", stderr);
-      std::abort();
-   }
-   return memory;
-}
-
-void* operator new(std::size_t size)
-{
-   void* const memory = operator new(size, std::nothrow);
-   if (memory == nullptr) {
-      throw std::bad_alloc();
-   }
-   return memory;
-}
-
-void operator delete(void* memory) noexcept
-{
-   memoryInUse -= memory == nullptr ? 0 : malloc_usable_size(memory);
-   std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
 
 namespace {
 
@@ -85,7 +42,6 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
    if (size == 0) {
       return 0;
    }
-   memoryLimit = memoryInUse + size + mostMemory;
    std::size_t const shapeLength = std::min<std::size_t>(data[0] & 31, size - 1);
    contract::Octets shapeOctets(data + 1, shapeLength);
    contract::Shape const shape = contract::ShapeReader(shapeOctets).read();
@@ -109,6 +65,5 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
       }
       requireConsistent(*before);
    }
-   memoryLimit = 0;
    return 0;
 }

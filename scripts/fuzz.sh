@@ -21,7 +21,7 @@ for target in decode callback; do
   work=build/fuzz/$target
   mkdir -p "$work/learnt"
   echo "== $target, $seconds s"
-  (cd "$work" && "$fuzzer" -max_total_time="$seconds" -max_len=512 -rss_limit_mb=2048 -print_final_stats=1 \
+  (cd "$work" && "$fuzzer" -max_total_time="$seconds" -max_len=512 -rss_limit_mb=2048 -malloc_limit_mb=64 -print_final_stats=1 \
     learnt "../../../fuzz/corpus/$target" 2>&1 | grep -Ev '^(#|INFO|")')
   if [ -n "$keep" ]; then
     "$fuzzer" -use_counters=0 -set_cover_merge=1 "fuzz/corpus/$target" "$work/learnt" >/dev/null 2>&1

@@ -24,14 +24,14 @@ protected:
    void deliverBare(char const* before, char const* after) const
    {
       Bytes const message = Bytes(before).int32(token).append(Bytes(after));
-      fake::callNative("federationSaved_Native", octetsOf(message));
+      fake::callNative(saved, message);
    }
 
    void grantBeforeAnyJoin()
    {
       auto const newcomer = newAmbassador();
       connect(*newcomer);
-      deliver("timeAdvanceGrant_LT_Native", Bytes("0000000000000001"));
+      deliver(granted, Bytes("0000000000000001"));
    }
 };
 
@@ -85,12 +85,11 @@ TEST_F(AssertionTest, NamesExpressionUnitAndLine)
 
 TEST_F(AssertionTest, NamesTheMethodThatACoreHasNot)
 {
-   auto const& methods = javaMethods();
-   for (auto const& method : {methods.front(), methods[methods.size() / 2], methods.back()}) {
-      fake::core().lacks = method.name;
+   for (auto const& service : {services().front(), services()[services().size() / 2], services().back()}) {
+      fake::core().lacks = service.method;
       EXPECT_DEATH(newAmbassador(), "^The core on the CLASSPATH is of another version than this library.*\n?"
                                     "Cannot locate " +
-                                       method.name +
+                                       service.method +
                                        "\\.\n.*id != 0, file gen/cpp/RTIambassadorC, line [0-9]+\n");
    }
    fake::core().lacks.clear();

@@ -10,12 +10,12 @@
 #include <atomic>
 #include <chrono>
 #include <deque>
+#include <future>
 #include <gtest/gtest.h>
 #include <memory>
 #include <pthread.h>
 #include <set>
 #include <thread>
-#include <vector>
 
 namespace {
 
@@ -41,10 +41,7 @@ TEST(CallbackContexts, DoNotRepeatATokenSoonAndTellWhenTheyAreTooMany)
    for (int i = 0; i < 10000; ++i) {
       EXPECT_TRUE(tokens.insert(CallbackContext().token().value).second);
    }
-   std::deque<CallbackContext> many;
-   for (int i = 0; i < 4096; ++i) {
-      many.emplace_back();
-   }
+   std::deque<CallbackContext> many(4096);
    EXPECT_THROW(CallbackContext(), rti1516e::RTIinternalError);
    many.pop_back();
    EXPECT_NE(CallbackContext().token().value, 0U);
@@ -66,103 +63,42 @@ TEST(CallbackContexts, KeepAReplacedTimeFactoryWhileItIsUsed)
    EXPECT_EQ(livingFactories, 0);
 }
 
-TEST(CallbackContexts, MayBeGivenTimeFactoriesByTwoThreads)
+// It goes only when no other thread is in a callback, and before a thread that is cancelled meanwhile: a
+// destructor that a cancellation left half-way would end the process.
+TEST(CallbackContexts, WaitForCallbacksAsTheyGo)
 {
-   {
-      CallbackContext context;
-      auto const join = [&context] {
-         for (int i = 0; i < 20000; ++i) {
-            context.setTimeFactory(std::make_unique<CountedFactory>());
-         }
-      };
-      std::thread other(join);
-      join();
-      other.join();
-   }
-   EXPECT_EQ(livingFactories, 0);
-}
-
-TEST(CallbackContexts, GoOnlyWhenNoOtherThreadIsInACallback)
-{
-   auto context = std::make_unique<CallbackContext>();
-   std::atomic<bool> inside{false};
+   std::unique_ptr<CallbackContext> context = std::make_unique<CallbackContext>();
+   CallbackToken const token = context->token();
+   std::promise<void> inside;
    std::atomic<bool> left{false};
-   std::thread callback([&inside, &left, token = context->token()] {
+   std::thread callback([&] {
       CallbackContextReference const reference(token);
-      inside = true;
-      while (CallbackContextReference(token)) { // until the ambassador begins to go
+      inside.set_value();
+      while (CallbackContextReference(token)) { // until it begins to go
       }
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
       left = true;
    });
-   while (!inside) {
-      std::this_thread::yield();
-   }
-   CallbackContextReference const own(context->token());
-   context.reset();
+   inside.get_future().wait();
+   pthread_t destroyer{};
+   auto const destroy = [](void* own) -> void* {
+      auto& going = *static_cast<std::unique_ptr<CallbackContext>*>(own);
+      CallbackContextReference const ownCallback(going->token());
+      pthread_cancel(pthread_self());
+      going.reset();
+      pthread_testcancel();
+      return nullptr;
+   };
+   pthread_create(&destroyer, nullptr, destroy, &context);
+   void* result = nullptr;
+   pthread_join(destroyer, &result);
    EXPECT_TRUE(left);
+   EXPECT_EQ(context, nullptr);
+   EXPECT_EQ(result, PTHREAD_CANCELED);
    callback.join();
 }
 
-// The next ambassador in the slot would have what is left behind.
-TEST(CallbackContexts, ThatAreAbandonedAsCallbacksEndLeaveNothing)
-{
-   std::atomic<std::uint32_t> token{0};
-   std::atomic<bool> stop{false};
-   std::vector<std::thread> callbacks;
-   for (int i = 0; i < 4; ++i) {
-      callbacks.emplace_back([&] {
-         while (!stop) {
-            CallbackContextReference const callback({token.load()});
-         }
-      });
-   }
-   for (int round = 0; round < 200000 && livingFactories < 9; ++round) {
-      CallbackContext context;
-      context.setTimeFactory(std::make_unique<CountedFactory>());
-      context.abandonCallbacks();
-      token = context.token().value;
-   }
-   stop = true;
-   for (auto& callback : callbacks) {
-      callback.join();
-   }
-   EXPECT_EQ(livingFactories, 0);
-}
-
-// A destructor that a cancellation left half-way would end the process.
-TEST(CallbackContexts, GoBeforeTheThreadThatIsCancelledMeanwhile)
-{
-   struct Shared
-   {
-      CallbackContext* context = new CallbackContext;
-      std::atomic<bool> gone{false};
-   } shared;
-   auto callback = std::make_unique<CallbackContextReference>(shared.context->token());
-   CallbackToken const token = shared.context->token();
-   pthread_t destroyer{};
-   pthread_create(
-      &destroyer, nullptr,
-      [](void* argument) -> void* {
-         auto* const with = static_cast<Shared*>(argument);
-         delete with->context;
-         with->gone = true;
-         pthread_testcancel();
-         return nullptr;
-      },
-      &shared);
-   while (CallbackContextReference(token)) { // until it begins to go
-      std::this_thread::yield();
-   }
-   pthread_cancel(destroyer);
-   std::this_thread::sleep_for(std::chrono::milliseconds(5));
-   EXPECT_FALSE(shared.gone);
-   callback.reset();
-   void* result = nullptr;
-   pthread_join(destroyer, &result);
-   EXPECT_TRUE(shared.gone);
-   EXPECT_EQ(result, PTHREAD_CANCELED);
-}
-
+// Those that are abandoned leave nothing to the next ones in their slots.
 TEST(CallbackContexts, StandManyThreads)
 {
    constexpr int ambassadors = 4;
@@ -173,7 +109,7 @@ TEST(CallbackContexts, StandManyThreads)
    std::atomic<long> delivered{0};
    rti1516e::NullFederateAmbassador federate;
 
-   std::vector<std::thread> callbacks;
+   std::deque<std::thread> callbacks;
    for (int i = 0; i < 4; ++i) {
       callbacks.emplace_back([&, i] {
          for (unsigned turn = static_cast<unsigned>(i); !stop; ++turn) {
@@ -189,15 +125,23 @@ TEST(CallbackContexts, StandManyThreads)
          }
       });
    }
-   std::vector<std::thread> owners;
+   std::deque<std::thread> owners;
    for (auto& token : tokens) {
       owners.emplace_back([&] {
          for (int round = 0; round < rounds || delivered < enough; ++round) {
             CallbackContext context;
             token = context.token().value;
             context.setFederateAmbassador(federate);
-            for (int join = 0; join < 20; ++join) {
-               context.setTimeFactory(std::make_unique<CountedFactory>());
+            auto const join = [&context] {
+               for (int n = 0; n < 20; ++n) {
+                  context.setTimeFactory(std::make_unique<CountedFactory>());
+               }
+            };
+            std::thread other(join);
+            join();
+            other.join();
+            if (round % 2 == 0) {
+               context.abandonCallbacks();
             }
          }
       });

@@ -29,7 +29,4 @@ inline unsigned int pendingExceptions()
    return word & 0x3FU;
 }
 
-// Divides zero by zero.
-inline void raiseInvalid() { asm volatile("fldz\n\tfldz\n\tfdivp\n\tfstp %st(0)"); }
-
 } // namespace contract

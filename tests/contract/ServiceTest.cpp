@@ -1,157 +1,182 @@
 // What each of the services sends, returns and throws.
 #include "tests/support/ContractTest.h"
-#include "tests/support/Shown.h"
 
 #include <algorithm>
-#include <cmath>
+#include <fstream>
 #include <functional>
-#include <limits>
 #include <map>
 #include <optional>
-#include <variant>
+#include <set>
+#include <sstream>
 
 namespace contract {
-
 namespace {
 
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-using Answer = std::variant<std::nullptr_t, std::int64_t, double, Bytes, std::vector<std::int32_t>,
-                            std::vector<std::int64_t>, std::u16string>;
-
-void answer(Answer const& answer)
+struct Method
 {
-   fake::Core& core = fake::core();
-   core.returnsNull = std::holds_alternative<std::nullptr_t>(answer);
-   if (auto const* number = std::get_if<std::int64_t>(&answer)) {
-      core.number = *number;
-   } else if (auto const* real = std::get_if<double>(&answer)) {
-      core.real = *real;
-   } else if (auto const* bytes = std::get_if<Bytes>(&answer)) {
-      core.bytes = octetsOf(*bytes);
-   } else if (auto const* ints = std::get_if<std::vector<std::int32_t>>(&answer)) {
-      core.ints = *ints;
-   } else if (auto const* longs = std::get_if<std::vector<std::int64_t>>(&answer)) {
-      core.longs = *longs;
-   } else if (auto const* text = std::get_if<std::u16string>(&answer)) {
-      core.text = *text;
-   }
-}
-
-struct ResultCase
-{
-   Answer answer;
-   std::wstring result;
+   std::string signature;
+   std::vector<std::string> exceptions; // in the order in which they are tested
 };
 
-// What every kind of Java result becomes, by the service where it is one service's alone, else by its type.
-std::vector<ResultCase> resultsOf(JavaMethod const& method)
+// What the page for authors of cores lists: the methods in a table, the natives as items.
+struct Page
 {
-   using Int = std::int64_t;
-   using Ints = std::vector<std::int32_t>;
-   using Longs = std::vector<std::int64_t>;
-   static std::map<std::string, std::vector<ResultCase>> const results = {
-      {"queryLogicalTime", {{TestTime::encoded(5), L"Test<5>"}, {nullptr, L"none"}}},
-      {"queryLookahead", {{TestInterval::encoded(6), L"Test<6>"}, {nullptr, L"none"}}},
-      {"queryGALT", {{TestTime::encoded(7), L"valid Test<7>"}, {nullptr, L"invalid none"}}},
-      {"queryLITS", {{TestTime::encoded(8), L"valid Test<8>"}, {nullptr, L"invalid none"}}},
-      {"getOrderType_S", {{Int{0}, shown(RECEIVE)}, {Int{1}, shown(TIMESTAMP)}}},
-      {"getTransportationTypeHandle_S", {{Int{1}, shown(RELIABLE)}, {Int{2}, shown(BEST_EFFORT)}}},
-      {"getAutomaticResignDirective",
-       {{Int{0}, shown(UNCONDITIONALLY_DIVEST_ATTRIBUTES)}, {Int{5}, shown(NO_ACTION)}}},
-      {"getTimeFactory",
-       {{u"TestTime", L"TestTime"},
-        {u"HLAinteger64Time", L"HLAinteger64Time"},
-        {u"", L"HLAfloat64Time"},
-        {nullptr, L"HLAfloat64Time"},
-        {u"unheard of", L"none"}}},
-      {"V", {{nullptr, L""}}},
-      {"I",
-       {{Int{0}, L"#00000000"},
-        {Int{0x01020304}, L"#01020304"},
-        {Int{std::numeric_limits<std::int32_t>::min()}, L"#80000000"},
-        {Int{-1}, L"#ffffffff"}}},
-      {"Z", {{Int{0}, L"false"}, {Int{1}, L"true"}}},
-      {"J", {{Int{4294967296}, L"4294967296"}, {Int{-1}, L"18446744073709551615"}}},
-      {"D", {{1.0, L"3ff0000000000000"}, {-0.0, L"8000000000000000"}, {INFINITY, L"7ff0000000000000"}}},
-      {"[I", {{Ints{3, -2, 1, 3}, L"{#00000001, #00000003, #fffffffe}"}, {Ints{}, L"{}"}, {nullptr, L"{}"}}},
-      {"[J",
-       {{Longs{5, 10}, L"5..10"},
-        {Longs{0, 4294967296}, L"0..0"},
-        {Longs{-1, 0x1FFFFFFFF, 7}, L"4294967295..4294967295"},
-        {Longs{7}, L"7..0"},
-        {Longs{}, L"0..0"},
-        {nullptr, L"0..0"}}},
-      {"[B",
-       {{Bytes("80000001 00000003 AABBCC"), L"#8000000100000003aabbcc"},
-        {Bytes("00000007 00000003 AA"), L"#0000000700000000"},
-        {Bytes("00000007 FFFFFFFF AA"), L"#0000000700000000"},
-        {Bytes(), L"#0000000000000000"},
-        {nullptr, L"#0000000000000000"}}},
-      {"Ljava/lang/String;",
-       {{u"Z\u00fcrich", L"\"Z\u00fcrich\""},
-        {u"", L"\"\""},
-        {nullptr, L"\"\""},
-        {std::u16string(u"a\0b", 3), std::wstring(L"\"a\0b\"", 5)},
-        {u"\xD83D\xDE80\xDBFF\xDFFF\xFFFF", L"\"\U0001F680\U0010FFFF\uFFFF\""},
-        // Halves of pairs stay as they are: alone, the wrong way round, at either end.
-        {u"\xD83D\xD83D\xDE80x\xDE80\xD83D", std::wstring(L"\"") + wchar_t(0xD83D) + L"\U0001F680x" +
-                                                wchar_t(0xDE80) + wchar_t(0xD83D) + L"\""}}},
-   };
-   auto const byName = results.find(method.name);
-   return byName != results.end() ? byName->second : results.at(method.result());
-}
+   Page()
+   {
+      std::ifstream page(CONTRACT_METHODS);
+      for (std::string line; std::getline(page, line);) {
+         bool const isItem = line.rfind("- `", 0) == 0;
+         bool const isRow = line.rfind("| `", 0) == 0;
+         std::replace_if(
+            line.begin(), line.end(), [](char c) { return std::strchr("-`|,", c) != nullptr; }, ' ');
+         std::istringstream words(line);
+         std::string name;
+         if ((isItem || isRow) && words >> name) {
+            Method method;
+            words >> method.signature;
+            for (std::string exception; words >> exception;) {
+               method.exceptions.push_back(exception);
+            }
+            isRow ? void(methods[name] = method) : void(natives.insert(name + " ([B)V"));
+         }
+      }
+   }
+   std::map<std::string, Method> methods;
+   std::set<std::string> natives;
+};
+Page const page;
 
 class ServiceTest : public ContractTest, public testing::WithParamInterface<Service>
 {
 protected:
+   Bytes call()
+   {
+      Octets octets(nullptr, 0);
+      return GetParam().make(octets).call(*ambassador);
+   }
+
    // What the service throws if the core raises an exception of a class with these bases, each by its path.
    Caught caught(std::vector<std::string> const& classes, std::optional<std::u16string> const& message)
    {
       fake::core().raises = classes;
       fake::core().message = message;
-      return caughtFrom([this] { GetParam().call(*ambassador); });
+      return caughtFrom([this] { call(); });
    }
 
-   JavaMethod const& method = GetParam().method;
+   Method const& method = page.methods.at(GetParam().method);
 };
 
 INSTANTIATE_TEST_SUITE_P(Each, ServiceTest, testing::ValuesIn(services()),
-                         [](auto const& each) { return each.param.method.name; });
+                         [](auto const& each) { return each.param.method; });
 
-TEST_P(ServiceTest, SendsItsMessageAndReturnsWhatTheCoreAnswers)
+TEST_P(ServiceTest, SendsItsMessage)
 {
-   for (auto const& expected : resultsOf(method)) {
-      answer(expected.answer);
+   fake::core().returnsNull = true;
+   fake::core().number = 1; // an enumerator of each kind
+   withRandomOctets(30, [&](Octets& octets) {
+      auto const made = GetParam().make(octets);
       std::string called;
-      fake::core().meanwhile = [&called] { called = fake::lastMethod(); };
-      EXPECT_EQ(GetParam().call(*ambassador), expected.result);
-      EXPECT_EQ(called, method.name + " " + method.signature);
-      if (method.takesMessage()) {
-         Bytes message(fake::lastMessage().data(), fake::lastMessage().size());
-         if (method.name == "connect_FA_CM_S") {
-            EXPECT_EQ(message.leadingInt(), token);
-            message = message.from(4);
-         }
-         EXPECT_EQ(message, argumentBytes(codesOf(method.name)));
-      }
+      fake::core().meanwhile = [&called] { called = fake::account().lastMethod; };
+      fake::account().lastMessage.clear();
+      made.call(*ambassador);
+      EXPECT_EQ(called, GetParam().method + " " + method.signature);
+      Bytes const sent = fake::account().lastMessage;
+      bool const isConnect = called.rfind("connect", 0) == 0;
+      EXPECT_EQ(isConnect ? sent.from(4) : sent, made.message);
+      EXPECT_TRUE(!isConnect || sent.leadingInt() == token);
+   });
+}
+
+// What the core answers, and the encoding of what becomes of it.
+struct Answer
+{
+   std::function<void(fake::Core&)> give;
+   Bytes result;
+};
+template <class Field, class Value>
+Answer answer(Field fake::Core::*field, Value const& value, Bytes const& result)
+{
+   return {[=](fake::Core& core) { core.*field = value; }, result};
+}
+Answer null(Bytes const& result) { return answer(&fake::Core::returnsNull, true, result); }
+Answer text(std::u16string const& units) { return answer(&fake::Core::text, units, Bytes().text(units)); }
+Answer bytes(Bytes const& given, Bytes const& result) { return answer(&fake::Core::bytes, given, result); }
+Answer bounds(std::vector<std::int64_t> const& longs, std::uint64_t lower, std::uint64_t upper)
+{
+   return answer(&fake::Core::longs, longs, Bytes().int64(lower).int64(upper));
+}
+std::vector<Answer> numbers(std::vector<std::int64_t> const& each)
+{
+   std::vector<Answer> answers;
+   for (auto const number : each) {
+      answers.push_back(
+         answer(&fake::Core::number, number, Bytes().int32(static_cast<std::uint32_t>(number))));
+   }
+   return answers;
+}
+
+// By the service where it is one service's alone, else by the type of the result.
+std::map<std::string, std::vector<Answer>> const answers = {
+   {"queryLogicalTime", {bytes(someTime, someTime), null({})}},
+   {"queryLookahead", {bytes(TestInterval::encoded(6), TestInterval::encoded(6)), null({})}},
+   {"queryGALT", {bytes(someTime, Bytes("00000001").append(someTime)), null(Bytes("00000000"))}},
+   {"queryLITS", {bytes(someTime, Bytes("00000001").append(someTime)), null(Bytes("00000000"))}},
+   {"getOrderType_S", numbers({0, 1})},
+   {"getTransportationTypeHandle_S", numbers({1, 2})},
+   {"getAutomaticResignDirective", numbers({0, 5})},
+   {"getTimeFactory",
+    {text(u"TestTime"), text(u"HLAinteger64Time"), null(Bytes().text(u"HLAfloat64Time")),
+     answer(&fake::Core::text, u"", Bytes().text(u"HLAfloat64Time")),
+     answer(&fake::Core::text, u"unheard of", {})}},
+   {"V", {null({})}},
+   {"I", numbers({0, 0x01020304, INT32_MIN, -1})},
+   {"Z", numbers({0, 1})},
+   {"J", {answer(&fake::Core::number, -2, Bytes("FFFFFFFFFFFFFFFE"))}},
+   {"D", {answer(&fake::Core::real, -2.5, Bytes("C004000000000000"))}},
+   {"[I",
+    {answer(&fake::Core::ints, std::vector<std::int32_t>{3, -2, 1, 3},
+            Bytes("00000003 00000001 00000003 FFFFFFFE")),
+     null(Bytes("00000000"))}},
+   {"[J",
+    {bounds({5, 10}, 5, 10), bounds({-1, 0x1FFFFFFFF, 7}, 0xFFFFFFFF, 0xFFFFFFFF), bounds({7}, 7, 0),
+     bounds({}, 0, 0), null(Bytes(16))}},
+   {"[B",
+    {bytes(Bytes("80000001 00000003 AABBCC"), Bytes("80000001 00000003 AABBCC")),
+     bytes(Bytes("00000007 00000003 AA"), Bytes("00000007 00000000")),
+     bytes(Bytes("00000007 FFFFFFFF AA"), Bytes("00000007 00000000")), bytes({}, Bytes(8)), null(Bytes(8))}},
+   // Halves of pairs stay as they are: alone, the wrong way round, at either end.
+   {"Ljava/lang/String;",
+    {text(u"Z\u00fcrich"), text({u'a', 0, u'b'}), text(u"\xD83D\xDE80\xDBFF\xDFFF\xFFFF"),
+     text(u"\xD83D\xD83D\xDE80x\xDE80\xD83D"), null(Bytes(4))}},
+};
+
+TEST_P(ServiceTest, ReturnsWhatTheCoreAnswers)
+{
+   auto const type = method.signature.substr(method.signature.find(')') + 1);
+   auto const byName = answers.find(GetParam().method);
+   for (auto const& answer : byName != answers.end() ? byName->second : answers.at(type)) {
+      fake::core() = fake::Core();
+      answer.give(fake::core());
+      EXPECT_EQ(call(), answer.result);
    }
 }
 
 // Of the classes that a service lists, and that the exception is an instance of, the first is thrown.
 TEST_P(ServiceTest, ThrowsTheFirstOfItsExceptionsThatFits)
 {
-   CaptureStderr();
    std::vector<std::string> classes;
    for (auto const& name : method.exceptions) {
-      classes.push_back("hla/rti1516e/exceptions/" + name);
+      classes.push_back(exceptionPath + name);
    }
+   CaptureStderr();
    for (auto const& name : method.exceptions) {
-      std::vector<std::string> fitting(classes.rbegin(), classes.rend());
+      std::vector<std::string> const fitting(classes.rbegin(), classes.rend());
       EXPECT_EQ(caught(fitting, u"why \xD83D\xDE80"), (Caught{name, L"why \U0001F680"}));
       EXPECT_EQ(caught({classes.front()}, std::nullopt),
-                (Caught{name, L"hla.rti1516e.exceptions." + widened(name)}));
+                (Caught{name, L"hla.rti1516e.exceptions." + std::wstring(name.begin(), name.end())}));
       expectClean(1);
       classes.erase(classes.begin());
    }
@@ -163,15 +188,15 @@ TEST_P(ServiceTest, ThrowsInternalErrorForAnyOtherException)
    std::vector<std::string> unlisted = {"java/lang/NullPointerException"};
 #define ADD_IF_UNLISTED(Name)                                                        \
    if (std::count(method.exceptions.begin(), method.exceptions.end(), #Name) == 0) { \
-      unlisted.push_back("hla/rti1516e/exceptions/" #Name);                          \
+      unlisted.push_back(exceptionPath + #Name);                                     \
    }
    RTI_FOR_EACH_EXCEPTION(ADD_IF_UNLISTED)
 #undef ADD_IF_UNLISTED
    for (auto const& className : unlisted) {
-      std::string dotted = className;
-      std::replace(dotted.begin(), dotted.end(), '/', '.');
+      std::wstring dotted(className.begin(), className.end());
+      std::replace(dotted.begin(), dotted.end(), L'/', L'.');
       CaptureStderr();
-      EXPECT_EQ(caught({className}, u"why"), (Caught{"RTIinternalError", widened(dotted) + L": why"}));
+      EXPECT_EQ(caught({className}, u"why"), (Caught{"RTIinternalError", dotted + L": why"}));
       EXPECT_EQ(GetCapturedStderr(), "Unhandled exception\nstack trace of " + className + "\n");
    }
 }
@@ -181,127 +206,80 @@ using ServicesTest = ContractTest;
 TEST_F(ServicesTest, AreJustTheMethodsOfTheCore)
 {
    std::set<std::string> methods = {"<init> ([B)V"};
-   for (auto const& method : javaMethods()) {
-      methods.insert(method.name + " " + method.signature);
+   for (auto const& [name, method] : page.methods) {
+      methods.insert(name + " " + method.signature);
    }
-   EXPECT_EQ(methods.size(), 143U);
-   EXPECT_EQ(fake::methodsLookedUp(), methods);
-   std::set<std::string> natives;
-   for (auto const& native : nativeNames()) {
-      natives.insert(native + " ([B)V");
-   }
-   EXPECT_EQ(natives.size(), 60U);
-   EXPECT_EQ(fake::nativesRegistered(), natives);
+   EXPECT_EQ(fake::account().methods, methods);
+   EXPECT_EQ(fake::account().natives, page.natives);
 }
 
 TEST_F(ServicesTest, SendAwkwardValues)
 {
-   struct Case
-   {
-      std::function<void()> call;
-      Bytes message;
-   };
    RTIambassador& rti = *ambassador;
-   auto const save = [&](std::wstring const& label) {
-      return [&, label] { rti.requestFederationSave(label); };
-   };
    auto const character = [](unsigned int number) { return static_cast<wchar_t>(number); };
-   auto const region = handle<RegionHandle>(2);
-   auto const dimension = handle<DimensionHandle>(3);
-   std::vector<Case> cases = {
-      {save(std::wstring(L"a\0b", 3)), Bytes("00000003 0061 0000 0062")},
-      {save(L"\uFFFF\U00010000\U0010FFFF"), Bytes("00000005 FFFF D800 DC00 DBFF DFFF")},
-      // Half a pair travels as it is; what is no character becomes the replacement character.
-      {save({character(0xD83D), L'x', character(0xDE80)}), Bytes("00000003 D83D 0078 DE80")},
-      {save({character(0x110000), character(0x80000000), character(0xFFFFFFFF)}),
-       Bytes("00000003 FFFD FFFD FFFD")},
-      {[&] { rti.registerFederationSynchronizationPoint(L"", {}, {}); }, Bytes("00000000 00000000 00000000")},
-      {[&] { rti.createFederationExecution(L"", std::vector<std::wstring>()); },
-       Bytes("00000000 00000000 00000000")},
-      {[&] { rti.registerObjectInstanceWithRegions({}, {}); }, Bytes("00000000 00000000")},
-      {[&] { rti.retract(MessageRetractionHandle()); }, Bytes("00000000 00000000")},
-      // Only the low 32 bits of a bound cross.
-      {[&] { rti.setRangeBounds(region, dimension, RangeBounds(0x1FFFFFFFF, 0x100000000)); },
-       Bytes("00000002 00000003 00000000FFFFFFFF 0000000000000000")},
-      {[&] { rti.subscribeInteractionClassWithRegions({}, {region}, false); },
-       Bytes("00000000 00000000 00000001 00000002")},
-      {[&] { rti.subscribeInteractionClass({}); }, Bytes("00000000 00000001")},
-      {[&] { rti.subscribeObjectClassAttributes({}, {}); }, Bytes("00000000 00000000 00000001 00000000")},
-      {[&] { rti.synchronizationPointAchieved(L"p", false); }, Bytes("00000001 0070 00000000")},
-      {[&] { rti.changeInteractionOrderType({}, RECEIVE); }, Bytes("00000000 00000000")},
-      {[&] { rti.requestInteractionTransportationTypeChange({}, RELIABLE); }, Bytes("00000000 00000001")},
-      {[&] { rti.connect(federate, HLA_IMMEDIATE); }, Bytes().int32(token).int32(2).int32(0)},
-   };
-   for (std::uint32_t value = 0; value <= 5; ++value) {
-      cases.push_back({[&, value] { rti.resignFederationExecution(static_cast<ResignAction>(value)); },
-                       Bytes().int32(value)});
-   }
-   for (std::uint32_t value = 0; value <= 6; ++value) {
-      cases.push_back({[&, value] { rti.normalizeServiceGroup(static_cast<ServiceGroup>(value)); },
-                       Bytes().int32(value + 1)});
-   }
-   // Each number of bytes is copied in a way of its own.
-   for (std::size_t size = 0; size < 40; ++size) {
-      Bytes const bytes(std::string("0123456789abcdefghijklmnopqrstuvwxyz....").data(), size);
-      cases.push_back({[&, bytes] { rti.registerFederationSynchronizationPoint(L"", data(bytes)); },
-                       Bytes("00000000").counted(bytes)});
-   }
-   for (auto const& each : cases) {
-      each.call();
-      EXPECT_EQ(Bytes(fake::lastMessage().data(), fake::lastMessage().size()), each.message)
-         << fake::lastMethod();
-   }
+   auto const expectSent = [](char const* bytes) { EXPECT_EQ(fake::account().lastMessage, Bytes(bytes)); };
+   // What is no character becomes the replacement character.
+   rti.requestFederationSave({character(0x110000), character(0x80000000), character(0xFFFFFFFF)});
+   expectSent("00000003 FFFD FFFD FFFD");
+   // Only the low 32 bits of a bound cross.
+   rti.setRangeBounds({}, {}, RangeBounds(0x1FFFFFFFF, 0x100000000));
+   expectSent("00000000 00000000 00000000FFFFFFFF 0000000000000000");
+   rti.subscribeInteractionClass({});
+   expectSent("00000000 00000001");
+   rti.subscribeObjectClassAttributes({}, {});
+   expectSent("00000000 00000000 00000001 00000000");
 }
 
 TEST_F(ServicesTest, LeaveTheDivestedAttributesUntouchedWhenTheyFail)
 {
-   AttributeHandleSet divested = samples::attributes;
-   fake::core().raises = {"hla/rti1516e/exceptions/AttributeNotOwned"};
-   EXPECT_THROW(ambassador->attributeOwnershipDivestitureIfWanted(samples::object, {}, divested),
-                AttributeNotOwned);
-   EXPECT_EQ(divested, samples::attributes);
+   AttributeHandleSet const before = {handle<AttributeHandle>(1)};
+   AttributeHandleSet divested = before;
+   fake::core().raises = {exceptionPath + "AttributeNotOwned"};
+   EXPECT_THROW(ambassador->attributeOwnershipDivestitureIfWanted({}, {}, divested), AttributeNotOwned);
+   EXPECT_EQ(divested, before);
 }
 
 TEST_F(ServicesTest, DecodeHandles)
 {
    RTIambassador& rti = *ambassador;
-   auto const encoded = data(Bytes("FEDCBA98"));
-   int const calls = fake::calls();
-   for (auto const& decoded :
-        {shown(rti.decodeFederateHandle(encoded)), shown(rti.decodeObjectClassHandle(encoded)),
-         shown(rti.decodeInteractionClassHandle(encoded)), shown(rti.decodeObjectInstanceHandle(encoded)),
-         shown(rti.decodeAttributeHandle(encoded)), shown(rti.decodeParameterHandle(encoded)),
-         shown(rti.decodeDimensionHandle(encoded)), shown(rti.decodeRegionHandle(encoded))}) {
-      EXPECT_EQ(decoded, L"#fedcba98");
+   Bytes const one("FEDCBA98");
+   auto const from = data(one);
+   int const calls = fake::account().calls;
+   for (auto const& again :
+        {encoded(rti.decodeFederateHandle(from)), encoded(rti.decodeObjectClassHandle(from)),
+         encoded(rti.decodeInteractionClassHandle(from)), encoded(rti.decodeObjectInstanceHandle(from)),
+         encoded(rti.decodeAttributeHandle(from)), encoded(rti.decodeParameterHandle(from)),
+         encoded(rti.decodeDimensionHandle(from)), encoded(rti.decodeRegionHandle(from))}) {
+      EXPECT_EQ(again, one);
    }
-   EXPECT_EQ(shown(rti.decodeMessageRetractionHandle(data(Bytes("FEDCBA98 00000002 FACE")))),
-             L"#fedcba9800000002face");
-   EXPECT_EQ(fake::calls(), calls);
+   Bytes const retraction("FEDCBA98 00000002 FACE");
+   EXPECT_EQ(encoded(rti.decodeMessageRetractionHandle(data(retraction))), retraction);
+   EXPECT_EQ(fake::account().calls, calls);
 }
 
 TEST_F(ServicesTest, HaveTheirOtherSpellings)
 {
    RTIambassador& rti = *ambassador;
    TestTime time(1);
-   answer(nullptr);
+   fake::core().returnsNull = true;
    EXPECT_FALSE(rti.queryGALT(time) || rti.queryLITS(time));
-   EXPECT_EQ(time.get(), 1U);
-   answer(TestTime::encoded(2));
-   EXPECT_TRUE(rti.queryGALT(time));
-   EXPECT_EQ(time.get(), 2U);
-   answer(TestTime::encoded(3));
-   EXPECT_TRUE(rti.queryLITS(time));
-   EXPECT_EQ(time.get(), 3U);
-   answer(TestTime::encoded(4));
-   rti.queryLogicalTime(time);
-   EXPECT_EQ(time.get(), 4U);
+   EXPECT_EQ(encoded(time), TestTime::encoded(1));
+   fake::core() = fake::Core();
+   for (auto const& query : std::vector<std::function<void()>>{[&] { EXPECT_TRUE(rti.queryGALT(time)); },
+                                                               [&] { EXPECT_TRUE(rti.queryLITS(time)); },
+                                                               [&] { rti.queryLogicalTime(time); }}) {
+      time = TestTime(1);
+      fake::core().bytes = someTime;
+      query();
+      EXPECT_EQ(encoded(time), someTime);
+   }
    TestInterval interval(1);
-   answer(TestInterval::encoded(5));
+   fake::core().bytes = TestInterval::encoded(5);
    rti.queryLookahead(interval);
-   EXPECT_EQ(interval.get(), 5U);
-   answer(std::int64_t{2});
+   EXPECT_EQ(encoded(interval), TestInterval::encoded(5));
+   fake::core().number = 2;
    EXPECT_EQ(rti.getTransportationType(L"HLAbestEffort"), BEST_EFFORT);
-   answer(u"HLAreliable");
+   fake::core().text = u"HLAreliable";
    EXPECT_EQ(rti.getTransportationName(RELIABLE), L"HLAreliable");
    EXPECT_EQ(rtiName(), L"Tovu Evolved");
    EXPECT_EQ(rtiVersion(), L"5.3.2.0");

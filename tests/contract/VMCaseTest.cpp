@@ -22,9 +22,6 @@ namespace contract {
 namespace {
 
 using namespace rti1516e;
-using testing::ExitedWithCode;
-
-void tell(Caught const& caught) { std::cerr << caught << std::endl; }
 
 // Has asked for a callback that it gets when it evokes.
 struct Member : NullFederateAmbassador
@@ -37,29 +34,24 @@ struct Member : NullFederateAmbassador
       ambassador->joinFederationExecution(L"type", L"one");
       ambassador->registerFederationSynchronizationPoint(L"point", VariableLengthData());
    }
-   void synchronizationPointRegistrationSucceeded(std::wstring const&) override
-   {
-      if (inCallback) {
-         inCallback();
-      }
-   }
+   void synchronizationPointRegistrationSucceeded(std::wstring const&) override { inCallback(); }
 
    // What one finds who uses the ambassador, makes another and destroys the first.
    void useAndDestroy()
    {
-      tell(caughtFrom([&] { ambassador->listFederationExecutions(); }));
-      tell(caughtFrom([] { RTIambassadorFactory().createRTIambassador(); }));
+      std::cerr << caughtFrom([&] { ambassador->listFederationExecutions(); }) << std::endl;
+      std::cerr << caughtFrom([] { RTIambassadorFactory().createRTIambassador(); }) << std::endl;
       ambassador.reset();
       std::cerr << "destroyed" << std::endl;
    }
 
    void evoke() const { ambassador->evokeMultipleCallbacks(0, 1); }
 
-   std::function<void()> inCallback;
+   std::function<void()> inCallback = [] {};
    std::unique_ptr<RTIambassador> ambassador{RTIambassadorFactory().createRTIambassador().release()};
 };
 
-// Goes with the static objects of the process.
+// Goes with the static objects of the process, and the last of them.
 struct LateMember
 {
    ~LateMember()
@@ -90,9 +82,30 @@ void callSystem(char const* method, char const* signature)
    env->ExceptionClear();
 }
 
-// A thread that never leaves its callback. It is never joined.
-void enterCallbackForGood(Member& member)
+void startVMAndUseIt()
 {
+   setenv("CLASSPATH", "/nowhere", 1);
+   std::string classPath = "-Djava.class.path=" VM_CASE_CORE;
+   JavaVMOption option{classPath.data(), nullptr};
+   JavaVMInitArgs arguments{JNI_VERSION_1_8, 1, &option, JNI_FALSE};
+   JavaVM* vm = nullptr;
+   void* env = nullptr;
+   std::cerr << JNI_CreateJavaVM(&vm, &env, &arguments) << std::endl;
+   Member().useAndDestroy();
+}
+
+void destroyVMAndUseIt()
+{
+   Member member;
+   std::thread([&] { member.ambassador->listFederationExecutions(); }).join(); // and is no more attached
+   std::cerr << createdVM().DestroyJavaVM() << std::endl;
+   member.useAndDestroy();
+}
+
+void exitWithinACallback()
+{
+   late.member = std::make_unique<Member>();
+   Member& member = *late.member;
    auto const entered = std::make_shared<std::promise<void>>();
    member.inCallback = [entered] {
       entered->set_value();
@@ -100,97 +113,56 @@ void enterCallbackForGood(Member& member)
    };
    std::thread([&member] { member.evoke(); }).detach();
    entered->get_future().wait();
+   callSystem("exit", "(I)V");
 }
 
-[[noreturn]] void doAndExit(std::function<void()> const& work)
+void cancelAThreadThatEvokes()
 {
-   work();
-   std::exit(0);
+   Member member;
+   member.inCallback = [] {
+      pthread_cancel(pthread_self());
+      pthread_testcancel();
+      std::cerr << "left the callback" << std::endl;
+   };
+   auto const evoke = [](void* evoking) -> void* {
+      static_cast<Member*>(evoking)->ambassador->evokeCallback(1);
+      pthread_testcancel();
+      return nullptr;
+   };
+   pthread_t thread{};
+   pthread_create(&thread, nullptr, evoke, &member);
+   void* result = nullptr;
+   pthread_join(thread, &result);
+   std::cerr << (result == PTHREAD_CANCELED ? "cancelled" : "not cancelled") << std::endl;
+   callSystem("gc", "()V"); // visits the frames of every thread that is in Java
+   member.useAndDestroy();
 }
 
-#define EXPECT_TOLD(text, ...) EXPECT_EXIT(doAndExit([] __VA_ARGS__), ExitedWithCode(0), text)
-
-class VMCaseTest : public testing::Test
+TEST(VMCases, TellWhatTheyShould)
 {
-protected:
-   VMCaseTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
-};
-
-std::string const working = "nothing: \nnothing: \ndestroyed\n";
-std::string const gone =
-   "RTIinternalError: Cannot attach the thread to the Java VM: Unknown error \\(-1\\).*\n";
-
-TEST_F(VMCaseTest, VMOfTheApplication)
-{
-   EXPECT_TOLD("created: 0\n" + working, {
-      setenv("CLASSPATH", "/nowhere", 1);
-      std::string classPath = "-Djava.class.path=" VM_CASE_CORE;
-      JavaVMOption option{classPath.data(), nullptr};
-      JavaVMInitArgs arguments{JNI_VERSION_1_8, 1, &option, JNI_FALSE};
-      JavaVM* vm = nullptr;
-      void* env = nullptr;
-      std::cerr << "created: " << JNI_CreateJavaVM(&vm, &env, &arguments) << std::endl;
-      Member().useAndDestroy();
-   });
-}
-
-TEST_F(VMCaseTest, VMThatIsGone)
-{
+   GTEST_FLAG_SET(death_test_style, "threadsafe");
+   std::string const working = "nothing: \nnothing: \ndestroyed\n";
+   std::string const gone =
+      "RTIinternalError: Cannot attach the thread to the Java VM: Unknown error \\(-1\\).*\n";
    std::string const destroyed = gone + gone + ".*destroyed\n";
-   EXPECT_TOLD("destroyed VM: 0\n" + destroyed, {
-      Member member;
-      std::thread([&] { member.ambassador->listFederationExecutions(); }).join(); // and is no more attached
-      std::cerr << "destroyed VM: " << createdVM().DestroyJavaVM() << std::endl;
-      member.useAndDestroy();
-   });
-   EXPECT_TOLD(destroyed, {
-      late.member = std::make_unique<Member>();
-      callSystem("exit", "(I)V");
-   });
-   EXPECT_TOLD(destroyed, {
-      late.member = std::make_unique<Member>();
-      enterCallbackForGood(*late.member);
-      callSystem("exit", "(I)V");
-   });
-   EXPECT_TOLD(working, { late.member = std::make_unique<Member>(); });
-}
+   for (auto const& [work, told] : std::vector<std::pair<std::function<void()>, std::string>>{
+           {startVMAndUseIt, "0\n" + working},
+           {destroyVMAndUseIt, "0\n" + destroyed},
+           {[] { late.member = std::make_unique<Member>(); }, working},
+           {exitWithinACallback, destroyed},
+           {cancelAThreadThatEvokes, "left the callback\ncancelled\n" + working}}) {
+      EXPECT_EXIT((work(), std::exit(0)), testing::ExitedWithCode(0), told);
+   }
 
-TEST_F(VMCaseTest, ThreadThatIsCancelledWhileItEvokes)
-{
-   EXPECT_TOLD("left the callback\ncancelled\n" + working, {
-      Member member;
-      member.inCallback = [] {
-         pthread_cancel(pthread_self());
-         pthread_testcancel();
-         std::cerr << "left the callback" << std::endl;
-      };
-      pthread_t thread{};
-      pthread_create(
-         &thread, nullptr,
-         [](void* evoking) -> void* {
-            static_cast<Member*>(evoking)->ambassador->evokeCallback(1);
-            pthread_testcancel();
-            return nullptr;
-         },
-         &member);
-      void* result = nullptr;
-      pthread_join(thread, &result);
-      std::cerr << (result == PTHREAD_CANCELED ? "cancelled" : "not cancelled") << std::endl;
-      callSystem("gc", "()V"); // visits the frames of every thread that is in Java
-      member.useAndDestroy();
-   });
-}
-
-TEST_F(VMCaseTest, UnknownExceptionsOfCallbacksEndTheProcessWhereJavaBegins)
-{
+   // Exceptions of callbacks that nobody knows end the process where Java begins.
    setenv("TOVU1516_DONTCATCHALL", "", 1);
-   EXPECT_EXIT(
-      {
-         Member member;
-         member.inCallback = [] { throw 42; };
-         member.evoke();
-      },
-      testing::KilledBySignal(SIGABRT), "terminate called after throwing an instance of 'int'");
+   auto const throwUnknown = [] {
+      Member member;
+      member.inCallback = [] { throw 42; };
+      member.evoke();
+   };
+   EXPECT_EXIT(throwUnknown(), testing::KilledBySignal(SIGABRT),
+               "terminate called after throwing an instance of 'int'");
    unsetenv("TOVU1516_DONTCATCHALL");
 }
 

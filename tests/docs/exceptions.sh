@@ -26,7 +26,8 @@ listed() {
 
 # Overloads and the services with a list of modules or a MIM are one name.
 rows() {
-  sed -E -e 's/^([A-Za-z]+)\S* \S+/\1/' -e 's/^\S+$/& RTIinternalError/' tests/support/services.txt | numbered
+  sed -nE 's/^\| `([A-Za-z]+)[^`]*` \| `\([^`]*` \| *(.*) \|$/\1 \2/p' docs/methods.md | tr -d , |
+    sed -E 's/^(\S+) *(none)?$/\1 RTIinternalError/' | numbered
 }
 
 if ! diff <(listed) <(rows); then

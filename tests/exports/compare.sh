@@ -35,8 +35,8 @@ END
 
 # Under their C++ names alone: the VM would find plain ones by itself, in whichever library has them first.
 natives() {
-  sed 's/.*/Java_morva_tovu1516e_FederateAmbassadorC2007_&(JNIEnv_*, _jobject*, _jbyteArray*)/' \
-    "$here/../support/natives.txt"
+  sed -n 's/^- `\(.*\)`$/Java_morva_tovu1516e_FederateAmbassadorC2007_\1(JNIEnv_*, _jobject*, _jbyteArray*)/p' \
+    "$here/../../docs/methods.md"
 }
 
 slots() {

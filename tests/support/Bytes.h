@@ -9,10 +9,11 @@
 
 namespace contract {
 
-class Bytes
+class Bytes : public std::vector<std::uint8_t>
 {
 public:
-   Bytes() = default;
+   using vector::vector;
+   Bytes(std::vector<std::uint8_t> const& octets) : vector(octets) {}
 
    // From pairs of hexadecimal digits; blanks are for the reader.
    explicit Bytes(std::string const& hexadecimal)
@@ -27,26 +28,22 @@ public:
          byte(static_cast<unsigned int>(std::stoul(digits.substr(i, 2), nullptr, 16)));
       }
    }
-
+   explicit Bytes(char const* hexadecimal) : Bytes(std::string(hexadecimal)) {}
    Bytes(void const* data, std::size_t size)
-      : _content(static_cast<unsigned char const*>(data), static_cast<unsigned char const*>(data) + size)
+      : vector(static_cast<std::uint8_t const*>(data), static_cast<std::uint8_t const*>(data) + size)
    {}
 
    Bytes& byte(unsigned int value)
    {
-      _content.push_back(static_cast<unsigned char>(value));
+      push_back(static_cast<std::uint8_t>(value));
       return *this;
    }
-
    Bytes& int16(unsigned int value) { return byte(value >> 8 & 0xFFU).byte(value & 0xFFU); }
-
    Bytes& int32(std::uint32_t value) { return int16(value >> 16).int16(value & 0xFFFFU); }
-
    Bytes& int64(std::uint64_t value)
    {
       return int32(static_cast<std::uint32_t>(value >> 32)).int32(static_cast<std::uint32_t>(value));
    }
-
    Bytes& real(double value)
    {
       std::uint64_t bits;
@@ -72,48 +69,26 @@ public:
 
    Bytes& append(Bytes const& bytes)
    {
-      _content.insert(_content.end(), bytes._content.begin(), bytes._content.end());
+      insert(end(), bytes.begin(), bytes.end());
       return *this;
    }
 
-   unsigned char const* data() const { return _content.data(); }
-   std::size_t size() const { return _content.size(); }
+   Bytes from(std::size_t position) const { return {data() + position, size() - position}; }
 
-   // The first four bytes as a number.
    std::uint32_t leadingInt() const
    {
-      std::uint32_t value = 0;
-      for (std::size_t i = 0; i < 4; ++i) {
-         value = value << 8 | _content.at(i);
-      }
-      return value;
+      return std::uint32_t{at(0)} << 24 | std::uint32_t{at(1)} << 16 | std::uint32_t{at(2)} << 8 | at(3);
    }
-
-   Bytes from(std::size_t position) const { return {_content.data() + position, _content.size() - position}; }
-
-   std::string hexadecimal() const
-   {
-      static char const digits[] = "0123456789abcdef";
-      std::string text;
-      for (auto const byte : _content) {
-         text += digits[byte >> 4];
-         text += digits[byte & 0xFU];
-      }
-      return text;
-   }
-
-   friend bool operator==(Bytes const& left, Bytes const& right) { return left._content == right._content; }
-
-   friend std::ostream& operator<<(std::ostream& stream, Bytes const& bytes)
-   {
-      constexpr std::size_t shown = 256;
-      auto const hexadecimal = bytes.hexadecimal();
-      return stream << bytes.size() << " bytes: " << hexadecimal.substr(0, 2 * shown)
-                    << (hexadecimal.size() > 2 * shown ? "..." : "");
-   }
-
-private:
-   std::vector<unsigned char> _content;
 };
+
+// For GoogleTest.
+inline void PrintTo(Bytes const& bytes, std::ostream* stream)
+{
+   *stream << bytes.size() << " bytes: " << std::hex;
+   for (unsigned int const byte : bytes) {
+      *stream << byte / 16 << byte % 16;
+   }
+   *stream << std::dec;
+}
 
 } // namespace contract

@@ -2,32 +2,30 @@
 // which notice when they run.
 #pragma once
 
+#include "tests/support/Calls.h"
 #include "tests/support/Caught.h"
 #include "tests/support/FakeJava.h"
-#include "tests/support/RandomCallback.h"
+#include "tests/support/RandomValue.h"
 #include "tests/support/RecordingFederate.h"
-#include "tests/support/Samples.h"
-#include "tests/support/Services.h"
 #include "tests/support/TestTime.h"
 
 #include <RTI/RTI1516.h>
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
 namespace contract {
 
-using namespace rti1516e;
+inline std::string const exceptionPath = "hla/rti1516e/exceptions/";
+inline std::string const federateInternalError = exceptionPath + "FederateInternalError: ";
 
-inline std::string const federateInternalError = "hla/rti1516e/exceptions/FederateInternalError: ";
-
-inline std::vector<std::uint8_t> octetsOf(Bytes const& bytes)
-{
-   return {bytes.data(), bytes.data() + bytes.size()};
-}
+// Something that a federate has ready.
+inline Bytes const someTime = TestTime::encoded(7);
+inline std::string const saved = "federationSaved_Native";
+inline std::string const granted = "timeAdvanceGrant_LT_Native";
 
 class ContractTest : public testing::Test
 {
@@ -35,8 +33,6 @@ protected:
    void SetUp() override
    {
       fake::reset();
-      foreignCodeRanPinned = false;
-      watchForeignCode();
       ambassador = newAmbassador();
       connect(*ambassador);
       join(u"TestTime");
@@ -46,7 +42,7 @@ protected:
    {
       ambassador.reset();
       expectClean(0);
-      Faults::clear();
+      inTime = nullptr;
    }
 
    static std::unique_ptr<RTIambassador> newAmbassador()
@@ -58,59 +54,57 @@ protected:
    void connect(RTIambassador& newcomer)
    {
       newcomer.connect(federate, HLA_EVOKED);
-      token = Bytes(fake::lastMessage().data(), 4).leadingInt();
+      token = Bytes(fake::account().lastMessage).leadingInt();
    }
 
+   // The federation's times are of this implementation, and may not run while anything is pinned.
    void join(std::u16string const& timeImplementation)
    {
+      inTime = [](std::string const&) { EXPECT_EQ(fake::account().pins, 0); };
       fake::core().text = timeImplementation;
       ambassador->joinFederationExecution(L"type", L"federation");
    }
 
    // Checks that nothing is held but the given number of global references, and nothing forbidden was done.
-   void expectClean(int globalReferences) const
+   static void expectClean(int globalReferences)
    {
-      auto const held = fake::holdings();
-      EXPECT_EQ(held.localReferences, 0);
-      EXPECT_EQ(held.globalReferences, globalReferences);
-      EXPECT_EQ(held.pins, 0);
-      EXPECT_FALSE(held.pending);
-      EXPECT_EQ(fake::offences(), std::vector<std::string>());
-      EXPECT_FALSE(foreignCodeRanPinned);
+      auto const& account = fake::account();
+      EXPECT_EQ(account.localReferences, 0);
+      EXPECT_EQ(account.globalReferences, globalReferences);
+      EXPECT_EQ(account.pins, 0);
+      EXPECT_FALSE(fake::isExceptionPending());
+      EXPECT_EQ(account.offences, std::vector<std::string>());
    }
 
    // Delivers a callback as the core would; returns the exception that it left pending, or "none".
-   std::string deliver(std::string const& native, Bytes const& arguments = Bytes()) const
+   std::string deliver(std::string const& native, Bytes const& arguments = {}) const
    {
       return fake::callNative(native, envelope(arguments));
    }
-
-   std::vector<std::uint8_t> envelope(Bytes const& arguments) const
+   Bytes envelope(Bytes const& arguments) const
    {
-      return octetsOf(Bytes("63626160").int32(token).append(arguments).append(Bytes("59585756")));
-   }
-
-   // From now on notices when these operations of times run while something is pinned, and lets them do this.
-   void watchForeignCode(std::function<void()> const& fault = nullptr,
-                         std::vector<std::string> const& operations = {"encode", "encodedLength", "decode",
-                                                                       "makeFinal", "makeLogicalTimeFactory"})
-   {
-      for (auto const& operation : operations) {
-         Faults::set(operation, [this, fault] {
-            foreignCodeRanPinned = foreignCodeRanPinned || fake::holdings().pins != 0;
-            if (fault) {
-               fault();
-            }
-         });
-      }
+      return Bytes("63626160").int32(token).append(arguments).append(Bytes("59585756"));
    }
 
    RecordingFederate federate;
    std::unique_ptr<RTIambassador> ambassador;
    std::uint32_t token = 0;
-
-private:
-   bool foreignCodeRanPinned = false;
 };
+
+// Does something with the octets that chance gives; small ones are often codes and counts, any others are
+// good for numbers.
+template <class Do>
+void withRandomOctets(int times, Do something)
+{
+   std::mt19937 random(1);
+   for (int n = 0; n < times; ++n) {
+      std::vector<std::uint8_t> made(400);
+      for (auto& octet : made) {
+         octet = static_cast<std::uint8_t>(random() % (n % 2 == 0 ? 8 : 256));
+      }
+      Octets octets(made.data(), made.size());
+      something(octets);
+   }
+}
 
 } // namespace contract

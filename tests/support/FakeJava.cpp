@@ -26,28 +26,18 @@ struct Method
 {
    std::string name;
    std::string signature;
-   char result() const { return signature[signature.find(')') + 1]; }
 };
 
 struct State
 {
    std::vector<std::unique_ptr<Object>> objects; // live until the next reset, so that a misuse is seen
    std::map<Object const*, int> locals;
-   int globals = 0;
-   int pins = 0;
    Object* pending = nullptr;
-   int calls = 0;
    int failIn = 0;
    bool failed = false;
    Core core;
    Runtime runtime;
-   std::vector<std::string> offences;
-   Method lastMethod;
-   std::vector<std::uint8_t> lastMessage;
-   std::size_t lastPeer = 0;
-   int arraysMade = 0;
-   std::set<std::string> methodsLookedUp;
-   std::set<std::string> nativesRegistered;
+   Account account;
 };
 
 State state;
@@ -68,10 +58,11 @@ template <class Reference>
 Reference local(Object* object)
 {
    ++state.locals[object];
+   ++state.account.localReferences;
    return reinterpret_cast<Reference>(object);
 }
 
-void offend(std::string const& what) { state.offences.push_back(what); }
+void offend(std::string const& what) { state.account.offences.push_back(what); }
 
 // What JNI allows while something is pinned, and while an exception is pending.
 enum class Allowed
@@ -90,7 +81,17 @@ thread_local bool isAttached = false;
 class Entry
 {
 public:
-   explicit Entry(char const* function, Allowed allowed = Allowed::Never);
+   explicit Entry(char const* function, Allowed allowed = Allowed::Never)
+   {
+      ++depth;
+      ++state.account.calls;
+      if (state.account.pins != 0 && allowed != Allowed::Always) {
+         offend(std::string(function) + " while pinned");
+      }
+      if (state.pending != nullptr && allowed == Allowed::Never) {
+         offend(std::string(function) + " while an exception is pending");
+      }
+   }
    ~Entry() { --depth; }
    Entry(Entry const&) = delete;
    Entry& operator=(Entry const&) = delete;
@@ -98,18 +99,6 @@ public:
 private:
    std::lock_guard<std::recursive_mutex> const _lock{oneThreadAtATime};
 };
-
-Entry::Entry(char const* function, Allowed allowed)
-{
-   ++depth;
-   ++state.calls;
-   if (state.pins != 0 && allowed != Allowed::Always) {
-      offend(std::string(function) + " while pinned");
-   }
-   if (state.pending != nullptr && allowed == Allowed::Never) {
-      offend(std::string(function) + " while an exception is pending");
-   }
-}
 
 bool failsNow()
 {
@@ -138,21 +127,13 @@ bool failsWith(char const* className)
    return fails;
 }
 
-Object* newArray(std::size_t length, std::size_t elementSize)
-{
-   Object* const array = newObject("array");
-   array->length = length;
-   array->storage.resize(length * elementSize);
-   return array;
-}
-
 template <class Element>
 Object* arrayOf(std::vector<Element> const& elements)
 {
-   Object* const array = newArray(elements.size(), sizeof(Element));
-   if (!elements.empty()) {
-      std::memcpy(array->storage.data(), elements.data(), array->storage.size());
-   }
+   Object* const array = newObject("array");
+   array->length = elements.size();
+   auto const* const bytes = reinterpret_cast<std::uint8_t const*>(elements.data());
+   array->storage.assign(bytes, bytes + elements.size() * sizeof(Element));
    return array;
 }
 
@@ -168,7 +149,7 @@ void* pinned(void* storage)
    if (failsNow()) {
       return nullptr;
    }
-   ++state.pins;
+   ++state.account.pins;
    return storage;
 }
 
@@ -195,24 +176,23 @@ void doMeanwhile()
 bool call(jobject peer, jmethodID id, jvalue const* arguments, char const* results)
 {
    Entry const entry("Call<Type>Method");
-   state.lastMethod = *reinterpret_cast<Method const*>(id);
-   if (std::strchr(results, state.lastMethod.result()) == nullptr) {
-      offend(state.lastMethod.name + " called as if it gave something else");
+   auto const& method = *reinterpret_cast<Method const*>(id);
+   if (std::strchr(results, method.signature[method.signature.find(')') + 1]) == nullptr) {
+      offend(method.name + " called as if it gave something else");
    }
-   auto const found = std::find_if(state.objects.begin(), state.objects.end(),
-                                   [peer](auto const& object) { return object.get() == objectOf(peer); });
-   state.lastPeer = static_cast<std::size_t>(found - state.objects.begin());
+   state.account.lastMethod = method.name + " " + method.signature;
+   state.account.lastPeer = peer;
    if (arguments != nullptr && arguments->l != nullptr) {
-      state.lastMessage = objectOf(arguments->l)->storage;
+      state.account.lastMessage = objectOf(arguments->l)->storage;
    }
-   Core const& core = state.core;
    auto const raiseNext = std::exchange(state.core.raiseNext, {});
    doMeanwhile();
    if (!raiseNext.empty()) {
       state.core.raises = raiseNext;
    }
-   if (!core.raises.empty()) {
-      raise(core.raises.front(), core.message, {core.raises.begin() + 1, core.raises.end()});
+   auto const& raises = state.core.raises;
+   if (!raises.empty()) {
+      raise(raises.front(), state.core.message, {raises.begin() + 1, raises.end()});
       return false;
    }
    return !failsWith("java/lang/IllegalStateException");
@@ -231,9 +211,37 @@ JNINativeInterface_ functions()
       }
       return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(name));
    };
-   table.GetObjectClass = [](JNIEnv*, jobject object) -> jclass {
-      Entry const entry("GetObjectClass");
-      return local<jclass>(newObject(objectOf(object)->className));
+// A function that is one expression.
+#define FUNCTION(Name, allowed, Result, parameters, ...) \
+   table.Name = [] parameters -> Result {                \
+      Entry const entry(#Name, Allowed::allowed);        \
+      return __VA_ARGS__;                                \
+   };
+   FUNCTION(GetObjectClass, Never, jclass, (JNIEnv*, jobject object),
+            local<jclass>(newObject(objectOf(object)->className)))
+   FUNCTION(ExceptionOccurred, WhilePending, jthrowable, (JNIEnv*),
+            state.pending == nullptr ? nullptr : local<jthrowable>(state.pending))
+   FUNCTION(ExceptionCheck, WhilePending, jboolean, (JNIEnv*),
+            state.pending != nullptr ? JNI_TRUE : JNI_FALSE)
+   FUNCTION(ExceptionDescribe, WhilePending, void, (JNIEnv*), void())
+   FUNCTION(ExceptionClear, WhilePending, void, (JNIEnv*), void(state.pending = nullptr))
+   FUNCTION(DeleteGlobalRef, WhilePending, void, (JNIEnv*, jobject), void(--state.account.globalReferences))
+   FUNCTION(GetArrayLength, Never, jsize, (JNIEnv*, jarray array),
+            static_cast<jsize>(objectOf(array)->length))
+   FUNCTION(GetStringLength, Never, jsize, (JNIEnv*, jstring string),
+            static_cast<jsize>(objectOf(string)->text.size()))
+   FUNCTION(GetStringCritical, Never, jchar const*, (JNIEnv*, jstring string, jboolean*),
+            static_cast<jchar const*>(pinned(objectOf(string)->text.data())))
+   FUNCTION(ReleasePrimitiveArrayCritical, Always, void, (JNIEnv*, jarray, void*, jint),
+            void(--state.account.pins))
+   FUNCTION(ReleaseStringCritical, Always, void, (JNIEnv*, jstring, jchar const*), void(--state.account.pins))
+#undef FUNCTION
+   table.IsInstanceOf = [](JNIEnv*, jobject object, jclass cls) -> jboolean {
+      Entry const entry("IsInstanceOf");
+      Object const& instance = *objectOf(object);
+      std::string const& name = objectOf(cls)->className;
+      return instance.className == name ||
+             std::count(instance.bases.begin(), instance.bases.end(), name) != 0;
    };
    // Without the methods that the core's ambassador has for the services no ambassador is made, so that each
    // of these is taken away by its name.
@@ -245,34 +253,12 @@ JNINativeInterface_ functions()
       if (ofCore && name == state.core.lacks) {
          raise("java/lang/NoSuchMethodError", u"on demand");
       } else if (ofCore) {
-         state.methodsLookedUp.insert(id);
+         state.account.methods.insert(id);
       }
       if (state.pending != nullptr || (!ofService && failsWith("java/lang/NoSuchMethodError"))) {
          return nullptr;
       }
       return reinterpret_cast<jmethodID>(&methods.emplace(id, Method{name, signature}).first->second);
-   };
-   table.IsInstanceOf = [](JNIEnv*, jobject object, jclass cls) -> jboolean {
-      Entry const entry("IsInstanceOf");
-      Object const& instance = *objectOf(object);
-      std::string const& name = objectOf(cls)->className;
-      bool const ofBase = std::count(instance.bases.begin(), instance.bases.end(), name) != 0;
-      return instance.className == name || ofBase ? JNI_TRUE : JNI_FALSE;
-   };
-   table.ExceptionOccurred = [](JNIEnv*) -> jthrowable {
-      Entry const entry("ExceptionOccurred", Allowed::WhilePending);
-      return state.pending == nullptr ? nullptr : local<jthrowable>(state.pending);
-   };
-   table.ExceptionCheck = [](JNIEnv*) -> jboolean {
-      Entry const entry("ExceptionCheck", Allowed::WhilePending);
-      return state.pending != nullptr ? JNI_TRUE : JNI_FALSE;
-   };
-   table.ExceptionDescribe = [](JNIEnv*) -> void {
-      Entry const entry("ExceptionDescribe", Allowed::WhilePending);
-   };
-   table.ExceptionClear = [](JNIEnv*) -> void {
-      Entry const entry("ExceptionClear", Allowed::WhilePending);
-      state.pending = nullptr;
    };
    table.ThrowNew = [](JNIEnv*, jclass cls, char const* message) -> jint {
       Entry const entry("ThrowNew");
@@ -288,12 +274,12 @@ JNINativeInterface_ functions()
    };
    table.DeleteLocalRef = [](JNIEnv*, jobject reference) -> void {
       Entry const entry("DeleteLocalRef", Allowed::WhilePending);
-      Object* const object = objectOf(reference);
-      auto const found = state.locals.find(object);
-      if (object != nullptr && (found == state.locals.end() || found->second == 0)) {
+      int& references = state.locals[objectOf(reference)];
+      if (reference != nullptr && references == 0) {
          offend("DeleteLocalRef of what is not referenced");
-      } else if (object != nullptr) {
-         --found->second;
+      } else if (reference != nullptr) {
+         --references;
+         --state.account.localReferences;
       }
    };
    table.NewGlobalRef = [](JNIEnv*, jobject reference) -> jobject {
@@ -301,24 +287,16 @@ JNINativeInterface_ functions()
       if (failsNow()) {
          return nullptr;
       }
-      ++state.globals;
+      ++state.account.globalReferences;
       return reference;
-   };
-   table.DeleteGlobalRef = [](JNIEnv*, jobject) -> void {
-      Entry const entry("DeleteGlobalRef", Allowed::WhilePending);
-      --state.globals;
    };
    table.NewByteArray = [](JNIEnv*, jsize length) -> jbyteArray {
       Entry const entry("NewByteArray");
-      ++state.arraysMade;
+      ++state.account.arraysMade;
       if (failsWith("java/lang/OutOfMemoryError")) {
          return nullptr;
       }
-      return local<jbyteArray>(newArray(static_cast<std::size_t>(length), 1));
-   };
-   table.GetArrayLength = [](JNIEnv*, jarray array) -> jsize {
-      Entry const entry("GetArrayLength");
-      return static_cast<jsize>(objectOf(array)->length);
+      return local<jbyteArray>(arrayOf(std::vector<std::uint8_t>(static_cast<std::size_t>(length))));
    };
    table.GetPrimitiveArrayCritical = [](JNIEnv*, jarray array, jboolean*) -> void* {
       Entry const entry("GetPrimitiveArrayCritical");
@@ -326,37 +304,16 @@ JNINativeInterface_ functions()
       storage.reserve(1); // the storage of an empty array has an address too
       return pinned(storage.data());
    };
-   table.ReleasePrimitiveArrayCritical = [](JNIEnv*, jarray, void*, jint) -> void {
-      Entry const entry("ReleasePrimitiveArrayCritical", Allowed::Always);
-      --state.pins;
+#define CALL_METHOD(Type, result, kind, given)                                                              \
+   table.Call##Type##MethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> result { \
+      return call(peer, id, arguments, kind) ? static_cast<result>(given) : result();                       \
    };
-   table.GetStringLength = [](JNIEnv*, jstring string) -> jsize {
-      Entry const entry("GetStringLength");
-      return static_cast<jsize>(objectOf(string)->text.size());
-   };
-   table.GetStringCritical = [](JNIEnv*, jstring string, jboolean*) -> jchar const* {
-      Entry const entry("GetStringCritical");
-      return static_cast<jchar const*>(pinned(objectOf(string)->text.data()));
-   };
-   table.ReleaseStringCritical = [](JNIEnv*, jstring, jchar const*) -> void {
-      Entry const entry("ReleaseStringCritical", Allowed::Always);
-      --state.pins;
-   };
-   table.CallVoidMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> void {
-      call(peer, id, arguments, "V");
-   };
-   table.CallIntMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jint {
-      return call(peer, id, arguments, "I") ? static_cast<jint>(state.core.number) : 0;
-   };
-   table.CallBooleanMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jboolean {
-      return call(peer, id, arguments, "Z") && state.core.number != 0 ? JNI_TRUE : JNI_FALSE;
-   };
-   table.CallLongMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jlong {
-      return call(peer, id, arguments, "J") ? state.core.number : 0;
-   };
-   table.CallDoubleMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jdouble {
-      return call(peer, id, arguments, "D") ? state.core.real : 0;
-   };
+   CALL_METHOD(Void, void, "V", 0)
+   CALL_METHOD(Int, jint, "I", state.core.number)
+   CALL_METHOD(Boolean, jboolean, "Z", state.core.number != 0)
+   CALL_METHOD(Long, jlong, "J", state.core.number)
+   CALL_METHOD(Double, jdouble, "D", state.core.real)
+#undef CALL_METHOD
    table.CallObjectMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jobject {
       if (!call(peer, id, arguments, "[L") || state.core.returnsNull) {
          return nullptr;
@@ -394,7 +351,7 @@ JNINativeInterface_ functions()
    };
    table.NewObjectV = [](JNIEnv*, jclass cls, jmethodID, std::va_list arguments) -> jobject {
       Entry const entry("NewObject");
-      state.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
+      state.account.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
       doMeanwhile();
       if (state.core.makesNothing) {
          return nullptr;
@@ -410,7 +367,7 @@ JNINativeInterface_ functions()
       Entry const entry("RegisterNatives");
       for (jint i = 0; i < count; ++i) {
          natives[entries[i].name] = entries[i].fnPtr;
-         state.nativesRegistered.insert(entries[i].name + std::string(" ") + entries[i].signature);
+         state.account.natives.insert(entries[i].name + std::string(" ") + entries[i].signature);
       }
       return failsWith("java/lang/NoSuchMethodError") ? JNI_ERR : JNI_OK;
    };
@@ -458,41 +415,16 @@ JavaVM vm{&invocationTable};
 void reset() { state = State(); }
 Core& core() { return state.core; }
 Runtime& runtime() { return state.runtime; }
+Account& account() { return state.account; }
+bool isExceptionPending() { return state.pending != nullptr; }
 
 void failCall(int n)
 {
    state.failIn = n;
    state.failed = false;
 }
-
-bool isInside() { return depth != 0; }
 bool hasFailed() { return state.failed; }
-
-Holdings holdings()
-{
-   int locals = 0;
-   for (auto const& entry : state.locals) {
-      locals += entry.second;
-   }
-   return {locals, state.globals, state.pins, state.pending != nullptr};
-}
-
-void forgetGlobalReference() { --state.globals; }
-int calls() { return state.calls; }
-
-std::vector<std::string> const& offences() { return state.offences; }
-std::vector<std::uint8_t> const& lastMessage() { return state.lastMessage; }
-std::size_t lastPeer() { return state.lastPeer; }
-int arraysMade() { return state.arraysMade; }
-std::set<std::string> const& methodsLookedUp() { return state.methodsLookedUp; }
-std::set<std::string> const& nativesRegistered() { return state.nativesRegistered; }
-
-std::string const& lastMethod()
-{
-   static std::string method;
-   method = state.lastMethod.name + " " + state.lastMethod.signature;
-   return method;
-}
+bool isInside() { return depth != 0; }
 
 std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message)
 {

@@ -51,11 +51,30 @@ struct Runtime
    std::function<void()> onCreation;
 };
 
+// What the library has done.
+struct Account
+{
+   int localReferences = 0; // these are held now
+   int globalReferences = 0;
+   int pins = 0;
+   int calls = 0; // of any function of the VM
+   int arraysMade = 0;
+   std::vector<std::string> offences;     // what JNI forbids and was done all the same
+   std::string lastMethod;                // that was called, a blank, and its signature
+   std::vector<std::uint8_t> lastMessage; // that it was given
+   void* lastPeer = nullptr;              // that it was called on
+   std::set<std::string> methods;         // of the core's ambassador that were looked up, as the last one
+   std::set<std::string> natives;         // that were registered
+};
+
 // Starts over: no references, no failures, a core that returns zeros. The VM is there from the beginning.
 void reset();
 
 Core& core();
 Runtime& runtime();
+Account& account();
+
+bool isExceptionPending();
 
 // Lets the n-th call from now on of those that can fail fail, n counting from 1; 0: none.
 void failCall(int n);
@@ -65,36 +84,6 @@ bool hasFailed();
 
 // Whether a function of the VM is running.
 bool isInside();
-
-// References and pins that are held now, and whether an exception is pending.
-struct Holdings
-{
-   int localReferences;
-   int globalReferences;
-   int pins;
-   bool pending;
-};
-Holdings holdings();
-
-// Takes it that one global reference can never be deleted, for want of a VM to do it.
-void forgetGlobalReference();
-
-// How often any function of the VM has been called.
-int calls();
-
-// What JNI forbids and was done all the same, in plain words; empty if nothing was.
-std::vector<std::string> const& offences();
-
-// The method that was called last, as its name, a blank and its signature; the bytes that it was given, and
-// the number of the object that it was called on. And the number of arrays made.
-std::string const& lastMethod();
-std::vector<std::uint8_t> const& lastMessage();
-std::size_t lastPeer();
-int arraysMade();
-
-// The methods of the core's ambassador that have been looked up, as above, and the natives registered.
-std::set<std::string> const& methodsLookedUp();
-std::set<std::string> const& nativesRegistered();
 
 // Calls a callback's native with a message, as the core would. Returns the message of the exception that it
 // left pending, or "none".

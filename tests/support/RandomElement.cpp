@@ -24,7 +24,7 @@ Shape ShapeReader::read(int depth, std::size_t copies)
    _elements += copies;
    if (letter == 'L' && copies == 1 && !_isInVariant && _elements < mostElements) {
       _elements = mostElements;
-      return {'L', {{static_cast<char>(_octets.octet()), {}}}, 20000};
+      return {'L', {read(0)}, 20000};
    }
    if (std::strchr("AVRD", letter) == nullptr || letter == '\0' || depth == 0 || _elements >= mostElements) {
       return {letter == '#' || std::islower(letter) != 0 ? letter : '*', {}};

@@ -1,7 +1,7 @@
 // A federate ambassador that writes down what it is called with and then does what the test has told it to.
 #pragma once
 
-#include "tests/support/Shown.h"
+#include "tests/support/Encoding.h"
 
 #include <RTI/FederateAmbassador.h>
 
@@ -13,30 +13,30 @@
 
 namespace contract {
 
-using namespace rti1516e;
-
 class RecordingFederate : public FederateAmbassador
 {
 public:
+   using Calls =
+      std::vector<std::pair<std::string, Bytes>>; // by the member, and the encoding of its arguments
+
    // Done in every callback, on its thread, once it is written down.
    std::function<void()> inCallback;
 
-   // The callbacks since the last time, each as its name and its arguments.
-   std::vector<std::wstring> takeCalled()
+   // The callbacks since the last time.
+   Calls takeCalled()
    {
       std::lock_guard<std::mutex> const lock(_mutex);
       return std::exchange(_called, {});
    }
 
 private:
-   auto recording(wchar_t const* name)
+   auto recording(char const* member)
    {
-      return [this, name](auto const&... arguments) {
-         std::wstring text;
-         ((text += (text.empty() ? L"" : L", ") + shown(arguments)), ...);
+      return [this, member](auto const&... arguments) {
+         auto const bytes = encoded(arguments...);
          {
             std::lock_guard<std::mutex> const lock(_mutex);
-            _called.push_back(std::wstring(name) + L"(" + text + L")");
+            _called.emplace_back(member, bytes);
          }
          if (inCallback) {
             inCallback();
@@ -45,11 +45,11 @@ private:
    }
 
    std::mutex _mutex;
-   std::vector<std::wstring> _called;
+   Calls _called;
 
 public:
 #define CALLBACK(name, parameters, arguments) \
-   void name parameters override { recording(L"" #name) arguments; }
+   void name parameters override { recording(#name) arguments; }
 #include "tests/support/Callbacks.def"
 };
 

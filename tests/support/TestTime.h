@@ -8,40 +8,24 @@
 #include <RTI/time/HLAinteger64TimeFactory.h>
 
 #include <atomic>
-#include <cstdint>
 #include <functional>
-#include <map>
 #include <string>
 
 namespace contract {
 
-// What an operation of the implementation does before its work, such as to throw.
-class Faults
+// Done first in each of the implementation's operations, which it is told, if it is set.
+inline std::function<void(std::string const& operation)> inTime;
+inline void enterTime(char const* operation)
 {
-public:
-   static void set(std::string const& operation, std::function<void()> fault) { all()[operation] = fault; }
-   static void clear() { all().clear(); }
-   static void at(std::string const& operation)
-   {
-      auto const fault = all().find(operation);
-      if (fault != all().end()) {
-         fault->second();
-      }
+   if (inTime) {
+      inTime(operation);
    }
+}
 
-private:
-   static std::map<std::string, std::function<void()>>& all()
-   {
-      static std::map<std::string, std::function<void()>> faults;
-      return faults;
-   }
-};
-
-// Counts the objects of a class that are alive.
+// How many objects of a class are alive.
 template <class Counted>
-class Living
+struct Living
 {
-public:
    Living() { ++count; }
    Living(Living const&) { ++count; }
    Living& operator=(Living const&) = default;
@@ -58,7 +42,7 @@ class TestValue : public Base, public Living<TestValue<Base, length>>
 public:
    using Base::operator=;
    explicit TestValue(rti1516e::Integer64 number) : Base(number) {}
-   ~TestValue() override { Faults::at("destroy"); }
+   ~TestValue() override { enterTime("destroy"); }
 
    static Bytes encoded(std::uint64_t number)
    {
@@ -69,21 +53,20 @@ public:
       return bytes;
    }
 
-   std::uint64_t get() const { return static_cast<std::uint64_t>(static_cast<rti1516e::Integer64>(*this)); }
-
    rti1516e::VariableLengthData encode() const override
    {
-      Faults::at("encode");
-      return rti1516e::VariableLengthData(encoded(get()).data(), length);
+      enterTime("encode");
+      auto const number = static_cast<rti1516e::Integer64>(*this);
+      return rti1516e::VariableLengthData(encoded(static_cast<std::uint64_t>(number)).data(), length);
    }
    size_t encodedLength() const override
    {
-      Faults::at("encodedLength");
+      enterTime("encodedLength");
       return length;
    }
    void decode(void* buffer, size_t bufferSize) override
    {
-      Faults::at("decode");
+      enterTime("decode");
       auto const* const bytes = static_cast<unsigned char const*>(buffer);
       if (bufferSize != length || bytes[0] != 0x7A) {
          throw rti1516e::CouldNotDecode(L"not the bytes of a TestTime");
@@ -94,16 +77,14 @@ public:
       }
       *this = TestValue(number);
    }
-   std::wstring toString() const override { return L"Test<" + std::to_wstring(get()) + L">"; }
    std::wstring implementationName() const override { return L"TestTime"; }
 };
 
 using TestTime = TestValue<rti1516e::HLAinteger64Time, 11>;
 using TestInterval = TestValue<rti1516e::HLAinteger64Interval, 3>;
 
-class TestTimeFactory : public rti1516e::HLAinteger64TimeFactory, public Living<TestTimeFactory>
+struct TestTimeFactory : rti1516e::HLAinteger64TimeFactory, Living<TestTimeFactory>
 {
-public:
    using Time = std::auto_ptr<rti1516e::LogicalTime>;
    using Interval = std::auto_ptr<rti1516e::LogicalTimeInterval>;
 
@@ -115,7 +96,7 @@ public:
 
    Time makeFinal() override
    {
-      Faults::at("makeFinal");
+      enterTime("makeFinal");
       return hasNoFinal ? Time() : Time(new TestTime(INT64_MAX));
    }
    Time decodeLogicalTime(void* buffer, size_t bufferSize) override
