@@ -1,10 +1,8 @@
 // Performs the stories, each in both callback models and, turn and turn about, with either kind of time.
 #include "Story.h"
 
-#include "Refusal.h"
-#include "Stage.h"
-#include "StoryServices.h"
-#include "StoryWords.h"
+#include "Services.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <atomic>
@@ -24,16 +22,6 @@ struct Turn
    std::string expected;
    std::string came;
 };
-
-// What services have refused in stories, as "method exception".
-std::mutex refusalsMutex;
-std::set<std::string> refusals;
-
-void noteRefusal(std::string const& method, std::string const& exception)
-{
-   std::lock_guard<std::mutex> const lock(refusalsMutex);
-   refusals.insert(method + " " + exception);
-}
 
 class Performance
 {
@@ -150,7 +138,7 @@ private:
       }
    }
 
-   // With "-> exception", where text is what its message names; or "= result"; or "name =" in front.
+   // With "-> exception text", where its message names the text, or "= result".
    void perform(Federate& federate, std::vector<std::string> words)
    {
       if (words == std::vector<std::string>{"destroyAmbassador"}) {
@@ -158,7 +146,6 @@ private:
       }
       std::string exception = "nothing";
       std::string message;
-      std::string name;
       auto const arrow = std::find(words.begin(), words.end(), "->");
       if (arrow != words.end()) {
          std::vector<std::string> const after(arrow + 1, words.end());
@@ -166,75 +153,37 @@ private:
          message = joined({after.begin() + 1, after.end()});
          words.erase(arrow, words.end());
       }
-      if (words.size() > 2 && words[1] == "=" && !isService(words[0])) {
-         name = words[0];
-         words.erase(words.begin(), words.begin() + 2);
-      }
-      auto const equals = std::find(words.begin(), words.end(), "=");
-      bool const hasResult = equals != words.end();
-      std::string const result = hasResult ? joined({equals + 1, words.end()}) : "";
-      words.erase(equals, words.end());
       if (words == std::vector<std::string>{"*"}) {
          return expectOfAll(federate, exception);
       }
-
-      auto const service = read(federate, words);
-      Outcome outcome;
-      expectRefusal(*service.first, exception, message, [&] { outcome = service.second(); });
-      if (words[0] == "join" && exception == "nothing") {
-         outcome.call(federate.name());
+      auto const equals = std::find(words.begin() + (isNamed(words) ? 2 : 0), words.end(), "=");
+      bool const hasResult = equals != words.end();
+      std::string const result = hasResult ? joined({equals + 1, words.end()}) : "";
+      words.erase(equals, words.end());
+      Outcome const outcome = serve(_stage, federate, words);
+      expectRefusal(outcome, exception, message);
+      if (hasResult && outcome.result != result) {
+         throw Turn{result, outcome.result};
       }
-      if (!name.empty()) {
-         outcome.call(name);
-      }
-      if (hasResult && _stage.names().in(outcome.text) != result) {
-         throw Turn{result, _stage.names().in(outcome.text)};
-      }
-   }
-
-   // The first service of that name which takes the words.
-   std::pair<ServiceRow const*, Invocation> read(Federate& federate, std::vector<std::string> const& words)
-   {
-      std::string why = words.empty() ? "nothing" : words[0] + " is no service";
-      for (auto const& row : serviceRows()) {
-         if (!words.empty() && row.name == words[0]) {
-            try {
-               StoryWords arguments(_stage, federate, {words.begin() + 1, words.end()});
-               return {&row, row.read(arguments)};
-            } catch (Unreadable const& error) {
-               why = error.what();
-            }
-         }
-      }
-      throw Unreadable(why);
    }
 
    // Every service that lists the exception throws it, whatever the arguments. Joining is refused to who has
    // joined before anything else.
    void expectOfAll(Federate& federate, std::string const& exception)
    {
+      bool const isFirst = exception == "NotConnected" || exception == "CallNotAllowedFromWithinCallback";
       for (auto const& row : serviceRows()) {
-         if (row.lists(exception) &&
-             (exception == "NotConnected" || exception == "CallNotAllowedFromWithinCallback" ||
-              !row.lists("FederateAlreadyExecutionMember"))) {
-            StoryWords arguments = StoryWords::blank(_stage, federate);
-            expectRefusal(row, exception, "", row.read(arguments));
+         if (row.lists(exception) && (isFirst || !row.lists("FederateAlreadyExecutionMember"))) {
+            expectRefusal(serveBlank(_stage, federate, row), exception, "");
          }
       }
    }
 
-   template <class Call>
-   void expectRefusal(ServiceRow const& row, std::string const& exception, std::string const& message,
-                      Call&& call)
+   static void expectRefusal(Outcome const& outcome, std::string const& exception, std::string const& message)
    {
-      contract::Caught caught = contract::caughtFrom(call);
-      std::string const text = narrow(caught.text);
-      caught.type = caught.type.empty() ? "nothing" : caught.type;
-      if (caught.type != exception || text.find(message) == std::string::npos) {
-         throw Turn{exception + " " + message, row.method + " raises " + caught.type + ": " + text};
-      }
-      if (exception != "nothing") {
-         noteRefusal(row.method, exception);
+      if (outcome.exception != exception || outcome.message.find(message) == std::string::npos) {
+         throw Turn{exception + " " + message,
+                    outcome.method + " raises " + outcome.exception + ": " + outcome.message};
       }
    }
 
@@ -249,7 +198,12 @@ private:
          callbacks.clear();
       }
       for (auto& callback : callbacks) {
-         callback = _stage.handlesIn(joined(wordsOf(callback)));
+         std::vector<std::string> words = wordsOf(callback);
+         for (auto& word : words) {
+            std::size_t const value = word.find('=') + 1;
+            word = value == 0 ? word : word.substr(0, value) + show(bytes(_stage.value(word.substr(value))));
+         }
+         callback = joined(words);
       }
       expectCallbacks(federate, callbacks, inAnyOrder);
    }
@@ -420,7 +374,8 @@ TEST(Refusals, AreAllProvoked)
    for (auto const& row : serviceRows()) {
       for (auto const& exception : row.exceptions) {
          std::string const refusal = row.method + " " + exception;
-         if (refusals.count(refusal) + unprovokable.count(exception) + unprovokable.count(refusal) == 0) {
+         if (!wasRefused(row, exception) &&
+             unprovokable.count(exception) + unprovokable.count(refusal) == 0) {
             missing += "\n   " + refusal;
          }
       }

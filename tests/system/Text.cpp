@@ -1,9 +1,14 @@
 #include "Text.h"
 
-#include "ManagementValues.h"
+#include "src/values/BigEndian.h"
+
+#include <RTI/time/HLAfloat64Interval.h>
+#include <RTI/time/HLAfloat64Time.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <sstream>
 
@@ -37,6 +42,31 @@ std::string showRegions(Info const& info)
    return info.sentRegions.empty() ? "" : " from " + show(info.sentRegions);
 }
 
+// A HLAunicodeString, in which _ stands for blanks and of which only the first word is shown when it has
+// many; or nothing if it is none.
+std::string unicode(std::string const& bytes)
+{
+   constexpr std::size_t count = 4;
+   bool is = bytes.size() > count && loadBigEndian<std::uint32_t>(bytes.data()) == (bytes.size() - count) / 2;
+   std::string text;
+   for (std::size_t i = count; is && i + 1 < bytes.size(); i += 2) {
+      is = bytes[i] == 0 && bytes[i + 1] >= ' ';
+      text += bytes[i + 1] == ' ' ? '_' : bytes[i + 1];
+   }
+   bool const isLong = std::count(text.begin(), text.end(), '_') > 3;
+   return is ? "'" + (isLong ? text.substr(0, text.find('_')) + "..." : text) + "'" : "";
+}
+
+std::string hexadecimal(std::string const& bytes)
+{
+   std::string text = "x";
+   for (char const byte : bytes) {
+      text += "0123456789abcdef"[static_cast<unsigned char>(byte) / 16];
+      text += "0123456789abcdef"[static_cast<unsigned char>(byte) % 16];
+   }
+   return text;
+}
+
 std::string sorted(std::string const& words)
 {
    std::istringstream in(words);
@@ -67,15 +97,38 @@ VariableLengthData bytes(std::string const& text)
    return VariableLengthData(text.data(), static_cast<unsigned int>(text.size()));
 }
 
+std::vector<std::string> split(std::string const& text, char at)
+{
+   std::vector<std::string> parts;
+   std::istringstream in(text);
+   for (std::string part; std::getline(in, part, at);) {
+      std::size_t const first = part.find_first_not_of(' ');
+      parts.push_back(
+         first == std::string::npos ? "" : part.substr(first, part.find_last_not_of(' ') - first + 1));
+   }
+   return parts;
+}
+
 std::string show(std::wstring const& text) { return narrow(text); }
 std::string show(VariableLengthData const& data)
 {
    std::string const characters(static_cast<char const*>(data.data()), data.size());
-   std::string const shown = shownManagementValue(characters);
-   return shown.empty() ? characters : shown;
+   if (characters.find('\0') == std::string::npos) {
+      return characters;
+   }
+   std::string const text = unicode(characters);
+   return text.empty() ? hexadecimal(characters) : text;
 }
-std::string show(LogicalTime const& time) { return inBrackets(time.toString()); }
-std::string show(LogicalTimeInterval const& interval) { return inBrackets(interval.toString()); }
+std::string show(LogicalTime const& time)
+{
+   auto const* const number = dynamic_cast<HLAfloat64Time const*>(&time);
+   return number != nullptr ? show(number->getTime()) : inBrackets(time.toString());
+}
+std::string show(LogicalTimeInterval const& interval)
+{
+   auto const* const number = dynamic_cast<HLAfloat64Interval const*>(&interval);
+   return number != nullptr ? show(number->getInterval()) : inBrackets(interval.toString());
+}
 std::string show(TimeQueryReturn const& answer) { return answer.timeIsValid ? show(*answer.time) : "none"; }
 std::string show(OrderType order)
 {
@@ -133,9 +186,8 @@ std::string show(FederationExecutionInformation const& federation)
 std::string show(bool value) { return value ? "true" : "false"; }
 std::string show(double value)
 {
-   std::ostringstream text;
-   text << value;
-   return text.str();
+   char text[32];
+   return std::string(text, std::to_chars(text, std::end(text), value).ptr); // with all its digits
 }
 std::string show(unsigned long value) { return std::to_string(value); }
 std::string show(RangeBounds const& bounds)

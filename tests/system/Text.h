@@ -7,7 +7,9 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace system_tests {
 
@@ -19,6 +21,9 @@ std::wstring wide(std::string const& text);
 
 // A tag or value that holds the characters of a text.
 VariableLengthData bytes(std::string const& text);
+
+// The parts between the separators, without blanks around them.
+std::vector<std::string> split(std::string const& text, char at);
 
 std::string show(std::wstring const& text);
 std::string show(VariableLengthData const& data);
@@ -51,10 +56,16 @@ std::string show(std::auto_ptr<Value> const& value)
    return show(*value);
 }
 
-// As Kind<number>, for Names to replace.
-#define SYSTEM_TESTS_SHOW(Handle) std::string show(Handle const& handle);
-RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
-#undef SYSTEM_TESTS_SHOW
+template <class Value>
+constexpr bool isHandle = std::is_same_v<Value, MessageRetractionHandle>;
+
+// Handles as Kind<number>, for Names to replace.
+#define SYSTEM_TESTS_HANDLE(Handle)        \
+   std::string show(Handle const& handle); \
+   template <>                             \
+   constexpr bool isHandle<Handle> = true;
+RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_HANDLE)
+#undef SYSTEM_TESTS_HANDLE
 
 template <class First, class Second>
 std::string show(std::pair<First, Second> const& entry)
