@@ -30,18 +30,6 @@ std::string showOneOf(char const* const (&names)[n], Enum value)
    return index < n ? names[index] : "#" + std::to_string(index);
 }
 
-template <class Info>
-std::string showProducer(Info const& info)
-{
-   return info.hasProducingFederate ? "by " + show(info.producingFederate) : "by somebody";
-}
-
-template <class Info>
-std::string showRegions(Info const& info)
-{
-   return info.sentRegions.empty() ? "" : " from " + show(info.sentRegions);
-}
-
 // A HLAunicodeString, in which _ stands for blanks and of which only the first word is shown when it has
 // many; or nothing if it is none.
 std::string unicode(std::string const& bytes)
@@ -130,50 +118,33 @@ std::string show(LogicalTimeInterval const& interval)
    return number != nullptr ? show(number->getInterval()) : inBrackets(interval.toString());
 }
 std::string show(TimeQueryReturn const& answer) { return answer.timeIsValid ? show(*answer.time) : "none"; }
-std::string show(OrderType order)
-{
-   static char const* const names[] = {"#0", "RO", "TSO"};
-   return showOneOf(names, order);
-}
-std::string show(TransportationType transportation)
-{
-   static char const* const names[] = {"#0", "reliable", "best-effort"};
-   return showOneOf(names, transportation);
-}
-std::string show(SynchronizationPointFailureReason reason)
-{
-   static char const* const names[] = {"label-not-unique", "member-not-joined"};
-   return showOneOf(names, reason);
-}
-std::string show(SaveFailureReason reason)
-{
-   static char const* const names[] = {"unable",   "federate-failed",        "federate-resigned",
-                                       "detected", "time-cannot-be-honored", "aborted"};
-   return showOneOf(names, reason);
-}
-std::string show(RestoreFailureReason reason)
-{
-   static char const* const names[] = {"unable", "federate-failed", "federate-resigned", "detected",
-                                       "aborted"};
-   return showOneOf(names, reason);
-}
+
+#define SHOW_ENUMERATORS(Enum, ...)                     \
+   std::string show(Enum value)                         \
+   {                                                    \
+      static char const* const names[] = {__VA_ARGS__}; \
+      return showOneOf(names, value);                   \
+   }
+SHOW_ENUMERATORS(OrderType, "#0", "RO", "TSO")
+SHOW_ENUMERATORS(TransportationType, "#0", "reliable", "best-effort")
+SHOW_ENUMERATORS(SynchronizationPointFailureReason, "label-not-unique", "member-not-joined")
+SHOW_ENUMERATORS(SaveFailureReason, "unable", "federate-failed", "federate-resigned", "detected",
+                 "time-cannot-be-honored", "aborted")
+SHOW_ENUMERATORS(RestoreFailureReason, "unable", "federate-failed", "federate-resigned", "detected",
+                 "aborted")
+SHOW_ENUMERATORS(SaveStatus, "idle", "instructed", "saving", "waiting")
+SHOW_ENUMERATORS(RestoreStatus, "idle", "requested", "awaiting-start", "prepared", "restoring", "waiting")
+SHOW_ENUMERATORS(ResignAction, "UNCONDITIONALLY_DIVEST_ATTRIBUTES", "DELETE_OBJECTS",
+                 "CANCEL_PENDING_OWNERSHIP_ACQUISITIONS", "DELETE_OBJECTS_THEN_DIVEST",
+                 "CANCEL_THEN_DELETE_THEN_DIVEST", "NO_ACTION")
+SHOW_ENUMERATORS(ServiceGroup, "FEDERATION_MANAGEMENT", "DECLARATION_MANAGEMENT", "OBJECT_MANAGEMENT",
+                 "OWNERSHIP_MANAGEMENT", "TIME_MANAGEMENT", "DATA_DISTRIBUTION_MANAGEMENT",
+                 "SUPPORT_SERVICES")
+#undef SHOW_ENUMERATORS
+
 std::string show(MessageRetractionHandle const& handle)
 {
    return handle.isValid() ? "retractable" : "not retractable";
-}
-std::string show(SupplementalReflectInfo const& info) { return showProducer(info) + showRegions(info); }
-std::string show(SupplementalReceiveInfo const& info) { return showProducer(info) + showRegions(info); }
-std::string show(SupplementalRemoveInfo const& info) { return showProducer(info); }
-std::string show(SaveStatus status)
-{
-   static char const* const names[] = {"idle", "instructed", "saving", "waiting"};
-   return showOneOf(names, status);
-}
-std::string show(RestoreStatus status)
-{
-   static char const* const names[] = {"idle",     "requested", "awaiting-start",
-                                       "prepared", "restoring", "waiting"};
-   return showOneOf(names, status);
 }
 std::string show(FederateRestoreStatus const& status)
 {
@@ -193,20 +164,6 @@ std::string show(unsigned long value) { return std::to_string(value); }
 std::string show(RangeBounds const& bounds)
 {
    return show(bounds.getLowerBound()) + ".." + show(bounds.getUpperBound());
-}
-std::string show(ResignAction action)
-{
-   static char const* const names[] = {"UNCONDITIONALLY_DIVEST_ATTRIBUTES",     "DELETE_OBJECTS",
-                                       "CANCEL_PENDING_OWNERSHIP_ACQUISITIONS", "DELETE_OBJECTS_THEN_DIVEST",
-                                       "CANCEL_THEN_DELETE_THEN_DIVEST",        "NO_ACTION"};
-   return showOneOf(names, action);
-}
-std::string show(ServiceGroup group)
-{
-   static char const* const names[] = {
-      "FEDERATION_MANAGEMENT", "DECLARATION_MANAGEMENT",       "OBJECT_MANAGEMENT", "OWNERSHIP_MANAGEMENT",
-      "TIME_MANAGEMENT",       "DATA_DISTRIBUTION_MANAGEMENT", "SUPPORT_SERVICES"};
-   return showOneOf(names, group);
 }
 
 std::string showArgument(bool isFirst, LogicalTime const& time)

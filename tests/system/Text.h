@@ -36,9 +36,6 @@ std::string show(SynchronizationPointFailureReason reason);
 std::string show(SaveFailureReason reason);
 std::string show(RestoreFailureReason reason);
 std::string show(MessageRetractionHandle const& handle); // whether there is one
-std::string show(SupplementalReflectInfo const& info);
-std::string show(SupplementalReceiveInfo const& info);
-std::string show(SupplementalRemoveInfo const& info);
 std::string show(SaveStatus status);
 std::string show(RestoreStatus status);
 std::string show(FederateRestoreStatus const& status);
@@ -82,6 +79,17 @@ auto show(Range const& range) -> decltype(range.begin(), std::string())
       text += (text.empty() ? "" : " ") + show(element);
    }
    return "{" + text + "}";
+}
+
+// The supplemental information of a message.
+template <class Info>
+auto show(Info const& info) -> decltype(info.producingFederate, std::string())
+{
+   std::string text = info.hasProducingFederate ? "by " + show(info.producingFederate) : "by somebody";
+   if constexpr (!std::is_same_v<Info, SupplementalRemoveInfo>) {
+      text += info.sentRegions.empty() ? "" : " from " + show(info.sentRegions);
+   }
+   return text;
 }
 
 // A callback's argument in the texts of callbacks: a tag is told as one, where there is one, and a time that
