@@ -1,50 +1,81 @@
-#include "FederationTest.h"
+// What federates may do on several threads, and what takes exceptions or a clock to show.
+#include "Services.h"
+#include "Story.h"
 
 #include <atomic>
 #include <chrono>
 #include <future>
-#include <set>
+#include <gtest/gtest.h>
 #include <thread>
 
 namespace {
 
 using namespace system_tests;
 using namespace std::chrono_literals;
+using Callbacks = Federate::Callbacks;
+using Clock = std::chrono::steady_clock;
 
-class Ambassadors : public FederationTest
+void expect(Federate& federate, Callbacks const& callbacks)
+{
+   EXPECT_EQ(federate.callbacks(callbacks.size()), callbacks) << federate.name();
+}
+
+// Asks for so many callbacks, which are all alike.
+void askFor(int callbacks, Federate& federate)
+{
+   for (int i = 0; i < callbacks; ++i) {
+      federate->queryFederationSaveStatus();
+   }
+}
+
+class Ambassadors : public testing::TestWithParam<CallbackModel>
 {
 protected:
-   // The federation's last federate is gone when it can be destroyed.
-   bool canBeDestroyed()
+   Ambassadors() { _stage.createFederation("Road.xml", ""); }
+
+   void TearDown() override
    {
-      Federate& destroyer = connected("destroyer");
-      auto const destroy = [&] { destroyer->destroyFederationExecution(federationName()); };
-      return destroyer.await([&] { return refusal(destroy) == "nothing"; });
+      for (auto const& entry : _stage.federates()) {
+         entry.second->onCallback = nullptr;
+      }
+      _stage.end();
    }
+
+   Federate& joined(std::string const& name)
+   {
+      Federate& federate = _stage.federate(name);
+      steps(federate, "join");
+      return federate;
+   }
+   void steps(Federate& federate, std::string const& text)
+   {
+      for (auto const& step : split(text, ';')) {
+         EXPECT_EQ(serve(_stage, federate, wordsOf(step)).exception, "nothing") << step;
+      }
+   }
+   void forget(std::string const& name) { _stage.forget(name); }
+
+   Stage _stage{GetParam(), true};
 };
-IN_BOTH_CALLBACK_MODELS(Ambassadors);
+INSTANTIATE_TEST_SUITE_P(, Ambassadors, testing::Values(HLA_EVOKED, HLA_IMMEDIATE),
+                         [](auto const& each) { return each.param == HLA_EVOKED ? "Evoked" : "Immediate"; });
 
 TEST_P(Ambassadors, MayTakeTheirFederationsThroughLifeOnThreadsOfTheirOwn)
 {
    std::atomic<int> done{0};
    std::vector<std::thread> threads;
    for (int i = 0; i < 4; ++i) {
-      threads.emplace_back([&, i] {
-         Names names;
-         for (int round = 0; round < 3; ++round) {
-            Federate federate("alpha", GetParam(), names);
-            std::wstring const own = wide(uniqueName());
-            federate.connect();
-            federate->createFederationExecution(own, fom("Road.xml"));
-            federate->joinFederationExecution(L"alpha", L"test", own);
-            std::wstring const label = std::to_wstring(i);
-            federate->registerFederationSynchronizationPoint(label, bytes("tag"));
-            federate.callbacks(2);
-            federate->synchronizationPointAchieved(label);
-            expect(federate, {"federationSynchronized " + narrow(label)});
-            federate->resignFederationExecution(NO_ACTION);
-            federate->destroyFederationExecution(own);
-            ++done;
+      threads.emplace_back([&] {
+         for (int round = 0; round < 3; ++round, ++done) {
+            Stage stage(GetParam(), true);
+            stage.createFederation("Road.xml", "");
+            Federate& alpha = stage.federate("alpha");
+            serve(stage, alpha, {"join"});
+            alpha->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
+            alpha.callbacks(2);
+            alpha->synchronizationPointAchieved(L"ready");
+            expect(alpha, {"federationSynchronized ready"});
+            stage.end();
          }
       });
    }
@@ -58,62 +89,42 @@ TEST_P(Ambassadors, ThatGoWhileJoinedLetTheOthersGoOn)
 {
    joined("alpha");
    Federate& beta = joined("beta");
-   beta->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
+   steps(beta, "registerFederationSynchronizationPoint ready");
    beta.callbacks(2);
-   beta->synchronizationPointAchieved(L"ready");
+   steps(beta, "synchronizationPointAchieved ready");
    forget("alpha");
    EXPECT_TRUE(beta.await([&] { return beta.waiting() == 1; }));
    expect(beta, {"federationSynchronized ready"});
    joined("alpha"); // whose name is free again
-   forget("alpha");
-   forget("beta");
-   EXPECT_TRUE(canBeDestroyed());
 }
 
+// While one is in a callback, another goes, and one that has callbacks under way to it.
 TEST_P(Ambassadors, MayGoWhileAnotherIsInACallback)
 {
    Federate& alpha = joined("alpha");
    Federate& beta = joined("beta");
-   std::atomic<bool> inside{false};
-   std::atomic<bool> release{false};
+   std::promise<void> inside;
+   std::promise<void> release;
    beta.onCallback = [&](std::string const&) {
-      inside = true;
-      while (!release) {
-         std::this_thread::sleep_for(1ms);
-      }
+      inside.set_value();
+      release.get_future().wait();
    };
    std::thread evoker([&] {
-      beta->queryFederationSaveStatus();
-      beta.await([&] { return release.load(); });
+      askFor(1, beta);
+      beta.await([&] { return beta.waiting() > 0; });
    });
-   while (!inside) {
-      std::this_thread::sleep_for(1ms);
-   }
-   alpha->resignFederationExecution(NO_ACTION);
+   inside.get_future().wait();
+   askFor(20, alpha);
+   steps(alpha, "resignFederationExecution NO_ACTION");
    forget("alpha");
-   joined("gamma");
+   askFor(20, joined("gamma"));
    forget("gamma");
-   release = true;
-   evoker.join();
    beta.onCallback = nullptr;
-   EXPECT_EQ(beta.callbacks(1).size(), 1u);
-   beta->registerFederationSynchronizationPoint(L"ready", bytes("tag"));
-   EXPECT_EQ(beta.callbacks(2).size(), 2u);
-   beta->resignFederationExecution(NO_ACTION);
-   EXPECT_TRUE(canBeDestroyed());
-}
-
-TEST_P(Ambassadors, MayGoWithCallbacksStillUnderWay)
-{
-   for (int round = 0; round < 20; ++round) {
-      Federate& alpha = joined("alpha");
-      Federate& beta = joined("beta");
-      for (int i = 0; i < 20; ++i) {
-         beta->registerFederationSynchronizationPoint(std::to_wstring(round * 20 + i), bytes("tag"));
-      }
-      alpha->resignFederationExecution(NO_ACTION);
-      forget("alpha");
-   }
+   release.set_value();
+   evoker.join();
+   EXPECT_EQ(beta.callbacks(1).size(), 1U);
+   steps(beta, "registerFederationSynchronizationPoint ready");
+   EXPECT_EQ(beta.callbacks(2).size(), 2U);
 }
 
 TEST_P(Ambassadors, AreToldOfSynchronizationPointsWhileTheyAreMembers)
@@ -122,17 +133,17 @@ TEST_P(Ambassadors, AreToldOfSynchronizationPointsWhileTheyAreMembers)
    for (int point = 0; point < 20; ++point) {
       alpha->registerFederationSynchronizationPoint(std::to_wstring(point), bytes("tag"));
    }
-   Federate& late = connected("late");
-   std::set<std::string> answers;
+   Federate& late = _stage.federate("late");
+   std::atomic<int> refused{0};
    late.onCallback = [&](std::string const&) {
-      answers.insert(refusal([&] { late->getAutomaticResignDirective(); }));
+      refused += refusal([&] { late->getAutomaticResignDirective(); }) != "nothing";
    };
    for (int visit = 0; visit < 10; ++visit) {
-      late.join(federation());
+      joined("late");
       EXPECT_EQ(late.callbacks(20).size(), 20U);
-      EXPECT_EQ(answers, std::set<std::string>{"nothing"});
-      late->resignFederationExecution(NO_ACTION);
+      steps(late, "resignFederationExecution NO_ACTION");
    }
+   EXPECT_EQ(refused, 0);
 }
 
 TEST_P(Ambassadors, MaySaveAndRestoreInGreatNumbers)
@@ -141,68 +152,155 @@ TEST_P(Ambassadors, MaySaveAndRestoreInGreatNumbers)
    for (int i = 0; i < 200; ++i) {
       all.push_back(&joined("crowd-" + std::to_string(i)));
    }
-   ObjectClassHandle const vehicle = (*all[0])->getObjectClassHandle(L"Vehicle");
-   AttributeHandleSet const attributes{(*all[0])->getAttributeHandle(vehicle, L"Position")};
+   auto const each = [&](std::string const& text, Callbacks const& callbacks) {
+      for (Federate* const federate : all) {
+         steps(*federate, text);
+      }
+      for (Federate* const federate : all) {
+         expect(*federate, callbacks);
+      }
+   };
+   steps(*all[0], "Vehicle = getObjectClassHandle Vehicle; Position = getAttributeHandle Vehicle Position");
+   each("publish Vehicle Position; subscribe Vehicle Position", {});
+   steps(*all[0], "car = register Vehicle");
+   for (std::size_t i = 1; i < all.size(); ++i) {
+      expect(*all[i], {"discover car Vehicle car crowd-0"});
+   }
+   steps(*all[0], "requestFederationSave noon");
+   each("", {"initiateFederateSave noon"});
+   each("federateSaveBegun; federateSaveComplete", {"federationSaved"});
+   steps(*all[0], "requestFederationRestore noon");
    for (Federate* const federate : all) {
-      (*federate)->publishObjectClassAttributes(vehicle, attributes);
-      (*federate)->subscribeObjectClassAttributes(vehicle, attributes);
-      (*federate)->registerObjectInstance(vehicle);
+      federate->callbacks(2);
    }
-   for (Federate* const federate : all) {
-      EXPECT_EQ(federate->callbacks(all.size() - 1).size(), all.size() - 1);
-   }
-   (*all[0])->requestFederationSave(L"noon");
-   expectEach(all, {"initiateFederateSave noon"});
-   for (Federate* const federate : all) {
-      (*federate)->federateSaveBegun();
-      (*federate)->federateSaveComplete();
-   }
-   expectEach(all, {"federationSaved"});
-   (*all[0])->requestFederationRestore(L"noon");
-   expect(*all[0], {"requestFederationRestoreSucceeded noon", "federationRestoreBegun",
-                    "initiateFederateRestore noon crowd-0 crowd-0"});
-   (*all[0])->federateRestoreComplete();
-   for (auto federate = all.begin() + 1; federate != all.end(); ++federate) {
-      std::string const& name = (*federate)->name();
-      expect(**federate, {"federationRestoreBegun", "initiateFederateRestore noon " + name + " " + name});
-      (**federate)->federateRestoreComplete();
-   }
-   expectEach(all, {"federationRestored"});
+   each("federateRestoreComplete", {"federationRestored"});
+   steps(*all[7], "getKnownObjectClassHandle car");
 }
 
-TEST_P(Ambassadors, AreOnTheDimensionsOfTheManagementObjectModel)
+TEST_P(Ambassadors, AreCalledBackOnOneThreadAtATime)
 {
    Federate& alpha = joined("alpha");
-   Federate& beta = joined("beta");
-   auto const bound = [&](wchar_t const* name) {
-      return alpha->getDimensionUpperBound(alpha->getDimensionHandle(name));
+   std::atomic<int> inside{0};
+   std::atomic<int> together{0};
+   alpha.onCallback = [&](std::string const&) {
+      together += ++inside > 1 ? 1 : 0;
+      std::this_thread::yield();
+      --inside;
    };
-   unsigned long const one = alpha->normalizeFederateHandle(alpha.handle());
-   EXPECT_LT(one, bound(L"HLAfederate"));
-   EXPECT_EQ(beta->normalizeFederateHandle(alpha.handle()), one);
-   EXPECT_NE(beta->normalizeFederateHandle(beta.handle()), one);
-   std::set<unsigned long> groups;
-   for (int group = FEDERATION_MANAGEMENT; group <= SUPPORT_SERVICES; ++group) {
-      groups.insert(alpha->normalizeServiceGroup(static_cast<ServiceGroup>(group)));
-   }
-   EXPECT_EQ(groups.size(), 7u);
-   EXPECT_LT(*groups.rbegin(), bound(L"HLAserviceGroup"));
+   std::thread other([&] { askFor(200, alpha); });
+   askFor(200, alpha);
+   other.join();
+   EXPECT_EQ(alpha.callbacks(400).size(), 400U);
+   EXPECT_EQ(together, 0);
 }
 
-TEST(AmbassadorsOfEvokers, MayGoWhileAThreadWaitsForCallbacks)
+TEST_P(Ambassadors, GoOnAfterACallbackThatThrows)
 {
-   Names names;
-   Federate alpha("alpha", HLA_EVOKED, names);
+   Federate& alpha = joined("alpha");
+   std::atomic<int> count{0};
+   alpha.onCallback = [&](std::string const&) {
+      if (++count <= 3) {
+         throw NotConnected(L"thrown on purpose");
+      }
+      if (count <= 5) {
+         throw std::runtime_error("thrown on purpose");
+      }
+   };
+   askFor(7, alpha);
+   EXPECT_EQ(alpha.callbacks(7).size(), 7U);
+}
+
+TEST_P(Ambassadors, AreCalledBackNoMoreOnceDisconnected)
+{
+   for (int round = 0; round < 20; ++round) {
+      Federate& alpha = _stage.federate("alpha");
+      alpha.connect();
+      std::atomic<bool> inside{false};
+      std::atomic<bool> disconnected{false};
+      std::atomic<bool> late{false};
+      alpha.onCallback = [&](std::string const&) {
+         inside = true;
+         std::this_thread::sleep_for(1ms);
+         refusal([&] { alpha->listFederationExecutions(); }); // nothing that a callback may do is in the way
+         late = late || disconnected;
+      };
+      for (int i = 0; i < 5; ++i) {
+         alpha->listFederationExecutions();
+      }
+      std::thread evoking([&] { refusal([&] { alpha->evokeMultipleCallbacks(1.0, 1.0); }); });
+      while (!inside) {
+         std::this_thread::yield();
+      }
+      alpha->disconnect();
+      disconnected = true;
+      evoking.join();
+      EXPECT_FALSE(late);
+      forget("alpha");
+   }
+}
+
+class Evokers : public Ambassadors
+{
+protected:
+   template <class Call>
+   static std::chrono::duration<double> durationOf(Call&& call)
+   {
+      auto const start = Clock::now();
+      call();
+      return Clock::now() - start;
+   }
+};
+INSTANTIATE_TEST_SUITE_P(, Evokers, testing::Values(HLA_EVOKED));
+
+TEST_P(Evokers, MayGoWhileAThreadWaitsForCallbacks)
+{
+   Federate& alpha = _stage.federate("alpha");
    alpha.connect();
    alpha->listFederationExecutions();
    std::promise<void> called;
    alpha.onCallback = [&](std::string const&) { called.set_value(); };
-   auto const start = std::chrono::steady_clock::now();
+   auto const start = Clock::now();
    auto waiting = std::async(std::launch::async, [&] { return alpha->evokeMultipleCallbacks(60.0, 60.0); });
    called.get_future().wait();
    alpha.destroyAmbassador();
    EXPECT_FALSE(waiting.get());
-   EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
+   EXPECT_LT(Clock::now() - start, 30s);
+   forget("alpha");
+}
+
+TEST_P(Evokers, TakeCallbacksOneByOneOrAllTogether)
+{
+   Federate& alpha = joined("alpha");
+   askFor(3, alpha);
+   EXPECT_EQ(alpha.waiting(), 0U);
+   EXPECT_TRUE(alpha->evokeCallback(0.0));
+   EXPECT_TRUE(alpha->evokeCallback(10.0));
+   EXPECT_EQ(alpha.waiting(), 2U);
+   EXPECT_FALSE(alpha->evokeCallback(0.0));
+   EXPECT_FALSE(alpha->evokeCallback(0.0));
+   EXPECT_EQ(alpha.waiting(), 3U);
+   askFor(3, alpha);
+   EXPECT_FALSE(alpha->evokeMultipleCallbacks(0.0, 10.0));
+   EXPECT_EQ(alpha.waiting(), 6U);
+}
+
+TEST_P(Evokers, WaitAsLongAsTheyAsk)
+{
+   Federate& alpha = joined("alpha");
+   EXPECT_GE(durationOf([&] { EXPECT_FALSE(alpha->evokeCallback(0.2)); }), 150ms);
+   EXPECT_GE(durationOf([&] { EXPECT_FALSE(alpha->evokeMultipleCallbacks(0.2, 1.0)); }), 150ms);
+   std::thread other([&] {
+      std::this_thread::sleep_for(100ms);
+      askFor(1, alpha);
+   });
+   EXPECT_LT(durationOf([&] { alpha->evokeCallback(8.0); }), 6s);
+   other.join();
+   EXPECT_EQ(alpha.waiting(), 1U);
+   alpha.onCallback = [&](std::string const&) { askFor(1, alpha); }; // more and more arise
+   askFor(2, alpha);
+   auto const duration = durationOf([&] { EXPECT_TRUE(alpha->evokeMultipleCallbacks(0.0, 0.2)); });
+   EXPECT_GE(duration, 100ms);
+   EXPECT_LT(duration, 5s);
 }
 
 } // namespace

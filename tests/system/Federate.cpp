@@ -30,12 +30,6 @@ Federate::~Federate() { destroyAmbassador(); }
 
 void Federate::connect() { _ambassador->connect(*this, _model); }
 
-void Federate::join(std::string const& federation, std::vector<std::wstring> const& modules)
-{
-   _handle = _ambassador->joinFederationExecution(wide(_name), L"test", wide(federation), modules);
-   _names.add(_handle, _name);
-}
-
 bool Federate::await(std::function<bool()> const& condition, std::chrono::milliseconds limit)
 {
    auto const deadline = Clock::now() + limit;

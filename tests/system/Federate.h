@@ -60,12 +60,10 @@ public:
    ~Federate() override;
 
    std::string const& name() const { return _name; }
-   FederateHandle handle() const { return _handle; }
    RTIambassador* operator->() { return _ambassador.get(); }
    RTIambassador& operator*() { return *_ambassador; }
 
    void connect();
-   void join(std::string const& federation, std::vector<std::wstring> const& modules = {});
    void destroyAmbassador() { _ambassador.reset(); }
 
    // What has come since the last question, waiting until there are as many as wanted and then for whatever
@@ -90,7 +88,6 @@ private:
    std::string const _name;
    CallbackModel const _model;
    Names& _names;
-   FederateHandle _handle;
 
    mutable std::mutex _mutex;
    std::condition_variable _news;

@@ -1,6 +1,6 @@
 #include "Stage.h"
 
-#include "Refusal.h"
+#include "Services.h"
 #include "src/values/BigEndian.h"
 
 #include <RTI/time/HLAfloat64Interval.h>
@@ -9,7 +9,7 @@
 #include <RTI/time/HLAinteger64Time.h>
 
 #include <atomic>
-#include <regex>
+#include <cstdlib>
 #include <stdexcept>
 
 namespace system_tests {
@@ -22,12 +22,21 @@ std::string uniqueName()
    return "story-" + std::to_string(++count);
 }
 
+std::string integer(std::size_t value)
+{
+   std::string octets(4, '\0');
+   storeBigEndian(&octets[0], static_cast<std::uint32_t>(value));
+   return octets;
+}
+
+std::string aligned(std::string const& octets) { return octets + std::string(-octets.size() % 4, '\0'); }
+
 // Infinity and what is no number too.
 double number(std::string const& word)
 {
-   std::size_t read = 0;
-   double const value = std::stod(word, &read);
-   if (read != word.size()) {
+   char* end = nullptr;
+   double const value = std::strtod(word.c_str(), &end);
+   if (end != word.c_str() + word.size()) {
       throw std::invalid_argument(word);
    }
    return value;
@@ -69,8 +78,13 @@ void Stage::end()
    Federate destroyer("destroyer", HLA_EVOKED, _names);
    destroyer.connect();
    for (auto const name : {"$federation", "$other"}) {
-      std::string const destroyed = refusal([&] { destroyer->destroyFederationExecution(text(name)); });
-      if (destroyed != "nothing" && destroyed != "FederationExecutionDoesNotExist") {
+      // It takes a moment to notice that a federate is gone without resigning.
+      std::string destroyed;
+      bool const isGone = destroyer.await([&] {
+         destroyed = refusal([&] { destroyer->destroyFederationExecution(text(name)); });
+         return destroyed == "nothing" || destroyed == "FederationExecutionDoesNotExist";
+      });
+      if (!isGone) {
          throw std::runtime_error("the federation stays: " + destroyed);
       }
    }
@@ -102,26 +116,60 @@ std::wstring Stage::text(std::string const& word) const
    return wide(word.substr(0, start) + value + (end == std::string::npos ? "" : word.substr(end)));
 }
 
-std::string Stage::handlesIn(std::string const& text) const
+// The octets of the handle of that name, or of that number.
+std::string Stage::handle(std::string const& name) const
 {
-   static std::regex const named("#([A-Za-z]+)");
-   std::string result = text;
-   for (std::smatch found; std::regex_search(result, found, named);) {
-      std::string number;
-      auto const look = [&](auto const& handles) {
-         auto const entry = handles.find(found[1]);
-         if (entry != handles.end()) {
-            number = std::to_string(loadBigEndian<std::uint32_t>(entry->second.encode().data()));
-         }
-      };
-      std::lock_guard<std::mutex> const lock(_mutex);
-      std::apply([&](auto const&... handles) { (look(handles), ...); }, _handles);
-      if (number.empty()) {
-         return result;
+   std::string octets =
+      name.find_first_not_of("0123456789") == std::string::npos ? integer(std::stoul(name)) : "";
+   auto const look = [&](auto const& handles) {
+      auto const entry = handles.find(name);
+      if (entry != handles.end()) {
+         VariableLengthData const encoded = entry->second.encode();
+         octets.assign(static_cast<char const*>(encoded.data()), encoded.size());
       }
-      result.replace(found.position(), found.length(), "#" + number);
+   };
+   std::lock_guard<std::mutex> const lock(_mutex);
+   std::apply([&](auto const&... handles) { (look(handles), ...); }, _handles);
+   return octets;
+}
+
+std::string Stage::value(std::string const& word) const
+{
+   char const form = word.size() > 1 ? word[0] : ' ';
+   if (form == '(') {
+      auto const elements = split(word.substr(1, word.size() - 2), ',');
+      std::string octets = integer(elements.size());
+      for (auto const& each : elements) {
+         octets = aligned(octets) + value(each);
+      }
+      return octets;
    }
-   return result;
+   std::size_t const plus = word.find('+');
+   if (form == '#' && plus != std::string::npos) {
+      return value(word.substr(0, plus)) + value(word.substr(plus + 1));
+   }
+   if (form == '#') {
+      std::string const octets = handle(word.substr(1));
+      return octets.empty() ? word : integer(octets.size()) + octets;
+   }
+   if (form == ':') {
+      return integer(std::stoul(word.substr(1)));
+   }
+   if (form == '\'') {
+      std::string octets = integer(word.size() - 2);
+      for (char const character : word.substr(1, word.size() - 2)) {
+         octets += {'\0', character == '_' ? ' ' : character};
+      }
+      return octets;
+   }
+   if (form == 'x' && word.size() % 2 == 1) {
+      std::string octets = integer(word.size() / 2);
+      for (std::size_t i = 1; i < word.size(); i += 2) {
+         octets += static_cast<char>(std::stoi(word.substr(i, 2), nullptr, 16));
+      }
+      return octets;
+   }
+   return word;
 }
 
 std::unique_ptr<LogicalTime> Stage::time(std::string const& word, Federate& federate) const

@@ -60,8 +60,10 @@ public:
 
    Names& names() { return _names; }
 
-   // With #name replaced by # and the number of what has that name.
-   std::string handlesIn(std::string const& text) const;
+   // The octets of a value: of the MIM's data types where the word has their form, or else its characters. :5
+   // is an integer, 'text' a HLAunicodeString with _ for blanks, #name or #5 a handle, x00ff an array of
+   // bytes, (a,b) an array and a+b a record.
+   std::string value(std::string const& word) const;
 
    // $federation and $other are federations of this story alone, $fom/ and $copies/ folders of FOM modules,
    // and $mim is the standard one.
@@ -71,6 +73,8 @@ public:
    std::unique_ptr<LogicalTimeInterval> interval(std::string const& word) const;
 
 private:
+   std::string handle(std::string const& name) const;
+
    template <class Handle>
    using Named = std::map<std::string, Handle>;
 

@@ -1,5 +1,7 @@
 #include "Story.h"
 
+#include "Text.h"
+
 #include <fstream>
 #include <iomanip>
 #include <sstream>
@@ -108,16 +110,6 @@ std::string joined(std::vector<std::string> const& words, std::string const& bet
       text += (text.empty() ? "" : between) + word;
    }
    return text;
-}
-
-std::vector<std::string> split(std::string const& text, char at)
-{
-   std::vector<std::string> parts;
-   std::istringstream in(text);
-   for (std::string part; std::getline(in, part, at);) {
-      parts.push_back(trimmed(part));
-   }
-   return parts;
 }
 
 std::vector<std::string> alternatives(std::string const& text)

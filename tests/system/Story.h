@@ -43,7 +43,6 @@ StoryFile storiesIn(std::string const& file);
 // Separated by blanks; "between quotation marks" is one word.
 std::vector<std::string> wordsOf(std::string const& text);
 std::string joined(std::vector<std::string> const& words, std::string const& between = " ");
-std::vector<std::string> split(std::string const& text, char at);
 
 // With each of the texts in [this|or that] in turn.
 std::vector<std::string> alternatives(std::string const& text);

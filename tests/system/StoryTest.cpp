@@ -1,10 +1,8 @@
 // Performs the stories, each in both callback models and, turn and turn about, with either kind of time.
 #include "Story.h"
 
-#include "Refusal.h"
-#include "Stage.h"
-#include "StoryServices.h"
-#include "StoryWords.h"
+#include "Services.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <atomic>
@@ -12,27 +10,20 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <regex>
 #include <set>
 
 namespace {
 
 using namespace system_tests;
+using Texts = std::vector<std::string>;
 
 // Something came otherwise than the story has it.
-struct Turn
+void expectSame(std::string const& expected, std::string const& came)
 {
-   std::string expected;
-   std::string came;
-};
-
-// What services have refused in stories, as "method exception".
-std::mutex refusalsMutex;
-std::set<std::string> refusals;
-
-void noteRefusal(std::string const& method, std::string const& exception)
-{
-   std::lock_guard<std::mutex> const lock(refusalsMutex);
-   refusals.insert(method + " " + exception);
+   if (expected != came) {
+      throw std::runtime_error("expected: " + expected + "\ncame:     " + came);
+   }
 }
 
 class Performance
@@ -42,6 +33,7 @@ public:
       : _file(file), _stage(model, integerTime)
    {}
 
+   // At the end nothing has come that the story does not have, and nothing of what it has is left.
    void perform(Story const& story)
    {
       for (auto const* const lines : {&_file.opening, &story.lines}) {
@@ -49,18 +41,12 @@ public:
             perform(line);
          }
       }
-   }
-
-   // Nothing has come that the story does not have, and nothing of what it has is left.
-   void finish()
-   {
       for (auto const& entry : _stage.federates()) {
          refusal([&] { (*entry.second)->enableCallbacks(); });
-         expectCallbacks(*entry.second, {}, false);
-         if (_withinCallbacks.count(entry.first) != 0) {
-            throw Turn{"a callback in which " + _withinCallbacks[entry.first].second, "none"};
-         }
+         expect(*entry.second, {}, false);
       }
+      expectSame("0 callbacks with steps to come",
+                 std::to_string(_withSteps) + " callbacks with steps to come");
    }
 
    void end()
@@ -83,14 +69,16 @@ private:
          for (std::size_t start = 0, end = 0; end != std::string::npos; start = end + 4) {
             end = text.find(" => ", start);
             performOne(text.substr(start, end - start));
-            tellOfCallbacks();
+            if (_ofCallback) {
+               std::rethrow_exception(std::exchange(_ofCallback, nullptr));
+            }
          }
       }
    }
 
    void performOne(std::string const& text)
    {
-      std::vector<std::string> words = wordsOf(text);
+      Texts const words = wordsOf(text);
       auto const passage = _file.passages.find(words[0]);
       if (passage != _file.passages.end()) {
          return performPassage(passage->second, {words.begin() + 1, words.end()});
@@ -98,39 +86,27 @@ private:
       if (words[0] == "federation" && words.size() <= 3) {
          return _stage.createFederation(words.at(1), words.size() == 3 ? words[2] : "");
       }
-      // The federates end where what they do, or are told, begins.
-      std::size_t i = 0;
-      std::vector<Federate*> federates;
-      std::size_t known = 0;
-      bool isLast = false;
-      for (; i < words.size() && !isLast && words[i] != "<" && words[i] != "<~" && words[i] != "on"; ++i) {
-         isLast = words[i].back() == ':';
-         std::string const name = words[i].substr(0, words[i].find_first_of(",:"));
-         known += _stage.has(name) ? 1 : 0;
-         federates.push_back(&_stage.federate(name));
-      }
-      if (federates.empty() || (!isLast && i + 1 >= words.size())) {
+      static std::regex const form("([a-z]+(?:, [a-z]+)*)(:| <~?| on ([A-Za-z]+):) ?(.*)");
+      std::smatch parts;
+      if (!std::regex_match(text, parts, form)) {
          throw Unreadable("this is no step");
       }
-      std::string const mark = isLast ? ":" : words[i];
-      if (!isLast && known < federates.size()) {
-         throw Unreadable("somebody is told before he has done anything");
-      }
-      std::size_t const start =
-         mark == ":" ? text.find(':') + 1 : text.find(" " + mark + " ") + mark.size() + 2;
-      std::string const rest = text.substr(start);
-      for (Federate* const federate : federates) {
-         if (mark == ":") {
-            steps(*federate, rest);
-         } else if (mark == "on") {
-            withinCallback(*federate, words[i + 1], rest);
+      for (auto const& name : split(parts[1], ',')) {
+         if (parts[2] != ":" && !_stage.has(name)) {
+            throw Unreadable(name + " is told before he has done anything");
+         }
+         Federate& federate = _stage.federate(name);
+         if (parts[2] == ":") {
+            steps(federate, parts[4]);
+         } else if (parts[3].matched) {
+            withinCallback(federate, parts[3], parts[4]);
          } else {
-            expect(*federate, rest, mark == "<~");
+            expect(federate, parts[4], parts[2] == " <~");
          }
       }
    }
 
-   void performPassage(Passage const& passage, std::vector<std::string> const& arguments)
+   void performPassage(Passage const& passage, Texts const& arguments)
    {
       if (arguments.size() != passage.parameters.size()) {
          throw Unreadable("the passage has " + std::to_string(passage.parameters.size()) + " parameters");
@@ -150,138 +126,85 @@ private:
       }
    }
 
-   // With "-> exception", where text is what its message names; or "= result"; or "name =" in front.
-   void perform(Federate& federate, std::vector<std::string> words)
+   // With "-> exception text", where its message names the text, or "= result".
+   void perform(Federate& federate, Texts words)
    {
-      if (words == std::vector<std::string>{"destroyAmbassador"}) {
+      if (words == Texts{"destroyAmbassador"}) {
          return _stage.forget(federate.name());
       }
       std::string exception = "nothing";
       std::string message;
-      std::string name;
       auto const arrow = std::find(words.begin(), words.end(), "->");
       if (arrow != words.end()) {
-         std::vector<std::string> const after(arrow + 1, words.end());
+         Texts const after(arrow + 1, words.end());
          exception = after.at(0);
          message = joined({after.begin() + 1, after.end()});
          words.erase(arrow, words.end());
       }
-      if (words.size() > 2 && words[1] == "=" && !isService(words[0])) {
-         name = words[0];
-         words.erase(words.begin(), words.begin() + 2);
+      if (words == Texts{"*"}) {
+         return expectOfAll(federate, exception);
       }
-      auto const equals = std::find(words.begin(), words.end(), "=");
+      auto const equals = std::find(words.begin() + (isNamed(words) ? 2 : 0), words.end(), "=");
       bool const hasResult = equals != words.end();
       std::string const result = hasResult ? joined({equals + 1, words.end()}) : "";
       words.erase(equals, words.end());
-      if (words == std::vector<std::string>{"*"}) {
-         return expectOfAll(federate, exception);
-      }
-
-      auto const service = read(federate, words);
-      Outcome outcome;
-      expectRefusal(*service.first, exception, message, [&] { outcome = service.second(); });
-      if (words[0] == "join" && exception == "nothing") {
-         outcome.call(federate.name());
-      }
-      if (!name.empty()) {
-         outcome.call(name);
-      }
-      if (hasResult && _stage.names().in(outcome.text) != result) {
-         throw Turn{result, _stage.names().in(outcome.text)};
-      }
-   }
-
-   // The first service of that name which takes the words.
-   std::pair<ServiceRow const*, Invocation> read(Federate& federate, std::vector<std::string> const& words)
-   {
-      std::string why = words.empty() ? "nothing" : words[0] + " is no service";
-      for (auto const& row : serviceRows()) {
-         if (!words.empty() && row.name == words[0]) {
-            try {
-               StoryWords arguments(_stage, federate, {words.begin() + 1, words.end()});
-               return {&row, row.read(arguments)};
-            } catch (Unreadable const& error) {
-               why = error.what();
-            }
-         }
-      }
-      throw Unreadable(why);
+      Outcome const outcome = serve(_stage, federate, words);
+      expectRefusal(outcome, exception, message);
+      expectSame(hasResult ? result : outcome.result, outcome.result);
    }
 
    // Every service that lists the exception throws it, whatever the arguments. Joining is refused to who has
    // joined before anything else.
    void expectOfAll(Federate& federate, std::string const& exception)
    {
+      bool const isFirst = exception == "NotConnected" || exception == "CallNotAllowedFromWithinCallback";
       for (auto const& row : serviceRows()) {
-         if (row.lists(exception) &&
-             (exception == "NotConnected" || exception == "CallNotAllowedFromWithinCallback" ||
-              !row.lists("FederateAlreadyExecutionMember"))) {
-            StoryWords arguments = StoryWords::blank(_stage, federate);
-            expectRefusal(row, exception, "", row.read(arguments));
+         if (row.lists(exception) && (isFirst || !row.lists("FederateAlreadyExecutionMember"))) {
+            expectRefusal(serveBlank(_stage, federate, row), exception, "");
          }
       }
    }
 
-   template <class Call>
-   void expectRefusal(ServiceRow const& row, std::string const& exception, std::string const& message,
-                      Call&& call)
+   static void expectRefusal(Outcome const& outcome, std::string const& exception, std::string const& message)
    {
-      contract::Caught caught = contract::caughtFrom(call);
-      std::string const text = narrow(caught.text);
-      caught.type = caught.type.empty() ? "nothing" : caught.type;
-      if (caught.type != exception || text.find(message) == std::string::npos) {
-         throw Turn{exception + " " + message, row.method + " raises " + caught.type + ": " + text};
-      }
-      if (exception != "nothing") {
-         noteRefusal(row.method, exception);
-      }
+      bool const isIt = outcome.exception == exception && outcome.message.find(message) != std::string::npos;
+      std::string const came = outcome.method + " raises " + outcome.exception + ": " + outcome.message;
+      expectSame(isIt ? came : exception + " " + message, came);
    }
 
    void expect(Federate& federate, std::string const& text, bool inAnyOrder)
    {
-      std::vector<std::string> callbacks = split(text, ';');
-      if (callbacks == std::vector<std::string>{"whatever"}) {
+      if (text == "whatever") {
          federate.callbacks();
          return;
       }
-      if (callbacks == std::vector<std::string>{"nothing"}) {
-         callbacks.clear();
+      Texts expected = text == "nothing" ? Texts() : split(text, ';');
+      for (auto& callback : expected) {
+         Texts words = wordsOf(callback);
+         for (auto& word : words) {
+            std::size_t const value = word.find('=') + 1;
+            word = value == 0 ? word : word.substr(0, value) + show(bytes(_stage.value(word.substr(value))));
+         }
+         callback = joined(words);
       }
-      for (auto& callback : callbacks) {
-         callback = _stage.handlesIn(joined(wordsOf(callback)));
-      }
-      expectCallbacks(federate, callbacks, inAnyOrder);
-   }
-
-   void expectCallbacks(Federate& federate, std::vector<std::string> expected, bool inAnyOrder)
-   {
-      Federate::Callbacks came = federate.callbacks(expected.size());
+      Texts came = federate.callbacks(expected.size());
       if (inAnyOrder) {
          std::sort(came.begin(), came.end());
          std::sort(expected.begin(), expected.end());
       }
-      if (came != expected) {
-         throw Turn{joined(expected, "; "), joined(came, "; ")};
-      }
+      expectSame(joined(expected, "; "), joined(came, "; "));
    }
 
    // The steps are taken in the next callback of that name.
    void withinCallback(Federate& federate, std::string const& callback, std::string const& text)
    {
-      std::size_t const colon = text.find(':');
-      if (colon == std::string::npos) {
-         throw Unreadable("on which callback to take which steps?");
-      }
-      std::string const name = federate.name();
-      _withinCallbacks[name] = {callback.substr(0, callback.find(':')), text.substr(colon + 1)};
-      federate.onCallback = [this, &federate, name](std::string const& came) {
-         auto const found = _withinCallbacks.find(name);
-         if (found != _withinCallbacks.end() && came.rfind(found->second.first, 0) == 0) {
-            std::string const its = found->second.second;
-            _withinCallbacks.erase(found);
+      ++_withSteps;
+      federate.onCallback = [=, &federate, isTaken = false](std::string const& came) mutable {
+         if (!isTaken && came.rfind(callback, 0) == 0) {
+            isTaken = true;
+            --_withSteps;
             try {
-               steps(federate, its);
+               steps(federate, text);
             } catch (...) {
                _ofCallback = std::current_exception();
             }
@@ -289,111 +212,48 @@ private:
       };
    }
 
-   void tellOfCallbacks()
-   {
-      if (_ofCallback) {
-         std::rethrow_exception(std::exchange(_ofCallback, nullptr));
-      }
-   }
-
    StoryFile const& _file;
    Stage _stage;
    Line _present;
-   std::map<std::string, std::pair<std::string, std::string>> _withinCallbacks; // by federates: which, what
+   std::atomic<int> _withSteps{0}; // callbacks
    std::exception_ptr _ofCallback;
 };
 
-class StoryTest : public testing::Test
+// A story with the file that it stands in, and whether times are integers when callbacks are evoked.
+struct Told
 {
-public:
-   StoryTest(StoryFile const& file, Story const& story, CallbackModel model, bool integerTime)
-      : _file(file), _story(story), _performance(file, model, integerTime)
-   {}
-
-   static int performed;
-
-private:
-   void TestBody() override
-   {
-      ++performed;
-      telling([&] {
-         _performance.perform(_story);
-         _performance.finish();
-      });
-      telling([&] { _performance.end(); });
-   }
-
-   template <class Call>
-   void telling(Call&& call)
-   {
-      try {
-         call();
-      } catch (Turn const& turn) {
-         fail("expected: " + turn.expected + "\ncame:     " + turn.came);
-      } catch (Exception const& exception) {
-         fail(narrow(exception.what()));
-      } catch (std::exception const& exception) {
-         fail(exception.what());
-      }
-   }
-
-   void fail(std::string const& what) const
-   {
-      Line const& line = _performance.present();
-      ADD_FAILURE_AT(line.file.c_str(), line.number)
-         << "story " << _story.title << "\n   " << line.text << "\n"
-         << what;
-   }
-
-   StoryFile const& _file;
-   Story const& _story;
-   Performance _performance;
+   StoryFile const* file;
+   Story const* story;
+   bool integerTime;
 };
-int StoryTest::performed = 0;
 
-std::string asTestName(std::string const& title)
+// They live as long as the tests.
+std::vector<Told> const& allStories()
 {
-   std::string name;
-   for (auto& word : wordsOf(title)) {
-      word[0] = static_cast<char>(std::toupper(word[0]));
-      std::copy_if(word.begin(), word.end(), std::back_inserter(name),
-                   [](char c) { return std::isalnum(c); });
-   }
-   return name;
-}
-
-// Of all story files; they live as long as the tests.
-int registerStories()
-{
-   static std::vector<StoryFile> files;
-   std::set<std::string> paths;
-   for (auto const& entry : std::filesystem::directory_iterator(SYSTEM_TESTS_STORIES)) {
-      if (entry.path().extension() == ".story") {
+   static std::vector<StoryFile> const files = [] {
+      std::set<std::string> paths;
+      for (auto const& entry : std::filesystem::directory_iterator(SYSTEM_TESTS_STORIES)) {
          paths.insert(entry.path().string());
       }
-   }
-   for (auto const& path : paths) {
-      files.push_back(storiesIn(path));
-   }
-   int count = 0;
-   for (auto const& file : files) {
-      for (auto const& story : file.stories) {
-         for (CallbackModel const model : {HLA_EVOKED, HLA_IMMEDIATE}) {
-            bool const integerTime = (model == HLA_EVOKED) == (count % 2 == 0);
-            std::string const name =
-               asTestName(story.title) + (model == HLA_EVOKED ? "/Evoked" : "/Immediate");
-            testing::RegisterTest(("Story." + file.name).c_str(), name.c_str(), nullptr, nullptr, __FILE__,
-                                  __LINE__, [&file, &story, model, integerTime]() -> StoryTest* {
-                                     return new StoryTest(file, story, model, integerTime);
-                                  });
+      std::vector<StoryFile> read;
+      for (auto const& path : paths) {
+         if (std::filesystem::path(path).extension() == ".story") {
+            read.push_back(storiesIn(path));
          }
-         ++count;
       }
-   }
-   return count;
+      return read;
+   }();
+   static std::vector<Told> const all = [] {
+      std::vector<Told> told;
+      for (auto const& file : files) {
+         for (auto const& story : file.stories) {
+            told.push_back({&file, &story, told.size() % 2 == 0});
+         }
+      }
+      return told;
+   }();
+   return all;
 }
-
-int const registered = registerStories();
 
 // Exceptions, of any service or of one, that no story can provoke, by the reason.
 std::map<std::string, std::string> const unprovokable = {
@@ -410,22 +270,60 @@ std::map<std::string, std::string> const unprovokable = {
    {"joinFederationExecution_S_S_URLX CouldNotCreateLogicalTimeFactory", "the federation has one"},
 };
 
-// Each exception of each service was provoked once. To be asked when all stories have been told.
-TEST(Refusals, AreAllProvoked)
+class Stories : public testing::TestWithParam<std::tuple<Told, CallbackModel>>
 {
-   if (StoryTest::performed < 2 * registered) {
-      GTEST_SKIP() << "not all stories were told";
-   }
-   std::string missing;
-   for (auto const& row : serviceRows()) {
-      for (auto const& exception : row.exceptions) {
-         std::string const refusal = row.method + " " + exception;
-         if (refusals.count(refusal) + unprovokable.count(exception) + unprovokable.count(refusal) == 0) {
-            missing += "\n   " + refusal;
+public:
+   static std::size_t performed;
+
+   // When all stories have been told, each exception of each service was provoked once.
+   static void TearDownTestSuite()
+   {
+      std::string missing;
+      for (auto const& row : serviceRows()) {
+         for (auto const& exception : row.exceptions) {
+            std::string const refusal = row.method + " " + exception;
+            if (!wasRefused(row, exception) &&
+                unprovokable.count(exception) + unprovokable.count(refusal) == 0) {
+               missing += "\n   " + refusal;
+            }
          }
       }
+      EXPECT_TRUE(performed < 2 * allStories().size() || missing.empty()) << "never refused:" << missing;
    }
-   EXPECT_EQ(missing, "");
+
+   static std::string nameOf(testing::TestParamInfo<ParamType> const& info)
+   {
+      Told const& told = std::get<0>(info.param);
+      std::string name = told.file->name + "_";
+      for (auto word : wordsOf(told.story->title)) {
+         word[0] = static_cast<char>(std::toupper(word[0]));
+         std::copy_if(word.begin(), word.end(), std::back_inserter(name),
+                      [](char c) { return std::isalnum(c); });
+      }
+      return name + (std::get<1>(info.param) == HLA_EVOKED ? "_Evoked" : "_Immediate");
+   }
+};
+std::size_t Stories::performed = 0;
+
+TEST_P(Stories, AreTold)
+{
+   auto const& [told, model] = GetParam();
+   ++performed;
+   Performance performance(*told.file, model, (model == HLA_EVOKED) == told.integerTime);
+   for (bool const isOver : {false, true}) {
+      contract::Caught const caught =
+         contract::caughtFrom([&] { isOver ? performance.end() : performance.perform(*told.story); });
+      Line const& line = performance.present();
+      if (!caught.type.empty()) {
+         ADD_FAILURE_AT(line.file.c_str(), line.number)
+            << "story " << told.story->title << "\n   " << line.text << "\n"
+            << narrow(caught.text);
+      }
+   }
 }
+INSTANTIATE_TEST_SUITE_P(, Stories,
+                         testing::Combine(testing::ValuesIn(allStories()),
+                                          testing::Values(HLA_EVOKED, HLA_IMMEDIATE)),
+                         Stories::nameOf);
 
 } // namespace

@@ -1,9 +1,14 @@
 #include "Text.h"
 
-#include "ManagementValues.h"
+#include "src/values/BigEndian.h"
+
+#include <RTI/time/HLAfloat64Interval.h>
+#include <RTI/time/HLAfloat64Time.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <sstream>
 
@@ -25,16 +30,29 @@ std::string showOneOf(char const* const (&names)[n], Enum value)
    return index < n ? names[index] : "#" + std::to_string(index);
 }
 
-template <class Info>
-std::string showProducer(Info const& info)
+// A HLAunicodeString, in which _ stands for blanks and of which only the first word is shown when it has
+// many; or nothing if it is none.
+std::string unicode(std::string const& bytes)
 {
-   return info.hasProducingFederate ? "by " + show(info.producingFederate) : "by somebody";
+   constexpr std::size_t count = 4;
+   bool is = bytes.size() > count && loadBigEndian<std::uint32_t>(bytes.data()) == (bytes.size() - count) / 2;
+   std::string text;
+   for (std::size_t i = count; is && i + 1 < bytes.size(); i += 2) {
+      is = bytes[i] == 0 && bytes[i + 1] >= ' ';
+      text += bytes[i + 1] == ' ' ? '_' : bytes[i + 1];
+   }
+   bool const isLong = std::count(text.begin(), text.end(), '_') > 3;
+   return is ? "'" + (isLong ? text.substr(0, text.find('_')) + "..." : text) + "'" : "";
 }
 
-template <class Info>
-std::string showRegions(Info const& info)
+std::string hexadecimal(std::string const& bytes)
 {
-   return info.sentRegions.empty() ? "" : " from " + show(info.sentRegions);
+   std::string text = "x";
+   for (char const byte : bytes) {
+      text += "0123456789abcdef"[static_cast<unsigned char>(byte) / 16];
+      text += "0123456789abcdef"[static_cast<unsigned char>(byte) % 16];
+   }
+   return text;
 }
 
 std::string sorted(std::string const& words)
@@ -67,60 +85,66 @@ VariableLengthData bytes(std::string const& text)
    return VariableLengthData(text.data(), static_cast<unsigned int>(text.size()));
 }
 
+std::vector<std::string> split(std::string const& text, char at)
+{
+   std::vector<std::string> parts;
+   std::istringstream in(text);
+   for (std::string part; std::getline(in, part, at);) {
+      std::size_t const first = part.find_first_not_of(' ');
+      parts.push_back(
+         first == std::string::npos ? "" : part.substr(first, part.find_last_not_of(' ') - first + 1));
+   }
+   return parts;
+}
+
 std::string show(std::wstring const& text) { return narrow(text); }
 std::string show(VariableLengthData const& data)
 {
    std::string const characters(static_cast<char const*>(data.data()), data.size());
-   std::string const shown = shownManagementValue(characters);
-   return shown.empty() ? characters : shown;
+   if (characters.find('\0') == std::string::npos) {
+      return characters;
+   }
+   std::string const text = unicode(characters);
+   return text.empty() ? hexadecimal(characters) : text;
 }
-std::string show(LogicalTime const& time) { return inBrackets(time.toString()); }
-std::string show(LogicalTimeInterval const& interval) { return inBrackets(interval.toString()); }
+std::string show(LogicalTime const& time)
+{
+   auto const* const number = dynamic_cast<HLAfloat64Time const*>(&time);
+   return number != nullptr ? show(number->getTime()) : inBrackets(time.toString());
+}
+std::string show(LogicalTimeInterval const& interval)
+{
+   auto const* const number = dynamic_cast<HLAfloat64Interval const*>(&interval);
+   return number != nullptr ? show(number->getInterval()) : inBrackets(interval.toString());
+}
 std::string show(TimeQueryReturn const& answer) { return answer.timeIsValid ? show(*answer.time) : "none"; }
-std::string show(OrderType order)
-{
-   static char const* const names[] = {"#0", "RO", "TSO"};
-   return showOneOf(names, order);
-}
-std::string show(TransportationType transportation)
-{
-   static char const* const names[] = {"#0", "reliable", "best-effort"};
-   return showOneOf(names, transportation);
-}
-std::string show(SynchronizationPointFailureReason reason)
-{
-   static char const* const names[] = {"label-not-unique", "member-not-joined"};
-   return showOneOf(names, reason);
-}
-std::string show(SaveFailureReason reason)
-{
-   static char const* const names[] = {"unable",   "federate-failed",        "federate-resigned",
-                                       "detected", "time-cannot-be-honored", "aborted"};
-   return showOneOf(names, reason);
-}
-std::string show(RestoreFailureReason reason)
-{
-   static char const* const names[] = {"unable", "federate-failed", "federate-resigned", "detected",
-                                       "aborted"};
-   return showOneOf(names, reason);
-}
+
+#define SHOW_ENUMERATORS(Enum, ...)                     \
+   std::string show(Enum value)                         \
+   {                                                    \
+      static char const* const names[] = {__VA_ARGS__}; \
+      return showOneOf(names, value);                   \
+   }
+SHOW_ENUMERATORS(OrderType, "#0", "RO", "TSO")
+SHOW_ENUMERATORS(TransportationType, "#0", "reliable", "best-effort")
+SHOW_ENUMERATORS(SynchronizationPointFailureReason, "label-not-unique", "member-not-joined")
+SHOW_ENUMERATORS(SaveFailureReason, "unable", "federate-failed", "federate-resigned", "detected",
+                 "time-cannot-be-honored", "aborted")
+SHOW_ENUMERATORS(RestoreFailureReason, "unable", "federate-failed", "federate-resigned", "detected",
+                 "aborted")
+SHOW_ENUMERATORS(SaveStatus, "idle", "instructed", "saving", "waiting")
+SHOW_ENUMERATORS(RestoreStatus, "idle", "requested", "awaiting-start", "prepared", "restoring", "waiting")
+SHOW_ENUMERATORS(ResignAction, "UNCONDITIONALLY_DIVEST_ATTRIBUTES", "DELETE_OBJECTS",
+                 "CANCEL_PENDING_OWNERSHIP_ACQUISITIONS", "DELETE_OBJECTS_THEN_DIVEST",
+                 "CANCEL_THEN_DELETE_THEN_DIVEST", "NO_ACTION")
+SHOW_ENUMERATORS(ServiceGroup, "FEDERATION_MANAGEMENT", "DECLARATION_MANAGEMENT", "OBJECT_MANAGEMENT",
+                 "OWNERSHIP_MANAGEMENT", "TIME_MANAGEMENT", "DATA_DISTRIBUTION_MANAGEMENT",
+                 "SUPPORT_SERVICES")
+#undef SHOW_ENUMERATORS
+
 std::string show(MessageRetractionHandle const& handle)
 {
    return handle.isValid() ? "retractable" : "not retractable";
-}
-std::string show(SupplementalReflectInfo const& info) { return showProducer(info) + showRegions(info); }
-std::string show(SupplementalReceiveInfo const& info) { return showProducer(info) + showRegions(info); }
-std::string show(SupplementalRemoveInfo const& info) { return showProducer(info); }
-std::string show(SaveStatus status)
-{
-   static char const* const names[] = {"idle", "instructed", "saving", "waiting"};
-   return showOneOf(names, status);
-}
-std::string show(RestoreStatus status)
-{
-   static char const* const names[] = {"idle",     "requested", "awaiting-start",
-                                       "prepared", "restoring", "waiting"};
-   return showOneOf(names, status);
 }
 std::string show(FederateRestoreStatus const& status)
 {
@@ -133,28 +157,13 @@ std::string show(FederationExecutionInformation const& federation)
 std::string show(bool value) { return value ? "true" : "false"; }
 std::string show(double value)
 {
-   std::ostringstream text;
-   text << value;
-   return text.str();
+   char text[32];
+   return std::string(text, std::to_chars(text, std::end(text), value).ptr); // with all its digits
 }
 std::string show(unsigned long value) { return std::to_string(value); }
 std::string show(RangeBounds const& bounds)
 {
    return show(bounds.getLowerBound()) + ".." + show(bounds.getUpperBound());
-}
-std::string show(ResignAction action)
-{
-   static char const* const names[] = {"UNCONDITIONALLY_DIVEST_ATTRIBUTES",     "DELETE_OBJECTS",
-                                       "CANCEL_PENDING_OWNERSHIP_ACQUISITIONS", "DELETE_OBJECTS_THEN_DIVEST",
-                                       "CANCEL_THEN_DELETE_THEN_DIVEST",        "NO_ACTION"};
-   return showOneOf(names, action);
-}
-std::string show(ServiceGroup group)
-{
-   static char const* const names[] = {
-      "FEDERATION_MANAGEMENT", "DECLARATION_MANAGEMENT",       "OBJECT_MANAGEMENT", "OWNERSHIP_MANAGEMENT",
-      "TIME_MANAGEMENT",       "DATA_DISTRIBUTION_MANAGEMENT", "SUPPORT_SERVICES"};
-   return showOneOf(names, group);
 }
 
 std::string showArgument(bool isFirst, LogicalTime const& time)

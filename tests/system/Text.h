@@ -7,7 +7,9 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace system_tests {
 
@@ -20,6 +22,9 @@ std::wstring wide(std::string const& text);
 // A tag or value that holds the characters of a text.
 VariableLengthData bytes(std::string const& text);
 
+// The parts between the separators, without blanks around them.
+std::vector<std::string> split(std::string const& text, char at);
+
 std::string show(std::wstring const& text);
 std::string show(VariableLengthData const& data);
 std::string show(LogicalTime const& time);
@@ -31,9 +36,6 @@ std::string show(SynchronizationPointFailureReason reason);
 std::string show(SaveFailureReason reason);
 std::string show(RestoreFailureReason reason);
 std::string show(MessageRetractionHandle const& handle); // whether there is one
-std::string show(SupplementalReflectInfo const& info);
-std::string show(SupplementalReceiveInfo const& info);
-std::string show(SupplementalRemoveInfo const& info);
 std::string show(SaveStatus status);
 std::string show(RestoreStatus status);
 std::string show(FederateRestoreStatus const& status);
@@ -51,10 +53,16 @@ std::string show(std::auto_ptr<Value> const& value)
    return show(*value);
 }
 
-// As Kind<number>, for Names to replace.
-#define SYSTEM_TESTS_SHOW(Handle) std::string show(Handle const& handle);
-RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_SHOW)
-#undef SYSTEM_TESTS_SHOW
+template <class Value>
+constexpr bool isHandle = std::is_same_v<Value, MessageRetractionHandle>;
+
+// Handles as Kind<number>, for Names to replace.
+#define SYSTEM_TESTS_HANDLE(Handle)        \
+   std::string show(Handle const& handle); \
+   template <>                             \
+   constexpr bool isHandle<Handle> = true;
+RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_HANDLE)
+#undef SYSTEM_TESTS_HANDLE
 
 template <class First, class Second>
 std::string show(std::pair<First, Second> const& entry)
@@ -71,6 +79,17 @@ auto show(Range const& range) -> decltype(range.begin(), std::string())
       text += (text.empty() ? "" : " ") + show(element);
    }
    return "{" + text + "}";
+}
+
+// The supplemental information of a message.
+template <class Info>
+auto show(Info const& info) -> decltype(info.producingFederate, std::string())
+{
+   std::string text = info.hasProducingFederate ? "by " + show(info.producingFederate) : "by somebody";
+   if constexpr (!std::is_same_v<Info, SupplementalRemoveInfo>) {
+      text += info.sentRegions.empty() ? "" : " from " + show(info.sentRegions);
+   }
+   return text;
 }
 
 // A callback's argument in the texts of callbacks: a tag is told as one, where there is one, and a time that

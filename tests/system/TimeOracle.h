@@ -3,24 +3,18 @@
 #ifndef RTI1516E_TESTS_SYSTEM_TIMEORACLE_H
 #define RTI1516E_TESTS_SYSTEM_TIMEORACLE_H
 
+#include "Text.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
 #include <deque>
 #include <limits>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace system_tests {
-
-// A time with all its digits.
-inline std::string digits(double time)
-{
-   char text[32];
-   std::snprintf(text, sizeof text, "%.17g", time);
-   return text;
-}
 
 class TimeOracle
 {
@@ -45,9 +39,11 @@ public:
    // Times and intervals of either family are real numbers here; those of integers stay small.
    TimeOracle(std::size_t federates, bool integers) : _integers(integers), _all(federates) {}
 
+   void join(std::size_t who) { _all[who].joined = true; }
+
    double time(std::size_t who) const { return _all[who].time; }
    bool isRegulating(std::size_t who) const { return _all[who].regulation == on; }
-   bool isJoined(std::size_t who) const { return _all[who].joined; }
+   std::size_t messages() const { return _messages.size(); }
    // Messages that came for a time that their receiver had been promised to be over: there must be none.
    std::vector<std::string> const& brokenPromises() const { return _broken; }
 
@@ -216,12 +212,13 @@ public:
          return "InvalidLogicalTime";
       }
       std::size_t const id = _messages.size();
-      _messages.push_back({at, who});
+      _messages.push_back({at, who, {}});
       for (std::size_t receiver = 0; receiver < _all.size(); ++receiver) {
          Federate& to = _all[receiver];
          if (receiver == who || !to.joined) {
             continue;
          }
+         _messages.back().receivers.insert(receiver);
          if (!to.ordered) {
             to.events.push_back({Event::message, id, false, to.constraints});
             continue;
@@ -257,7 +254,7 @@ public:
             to.inbox.erase(waits);
          } else if (comes != to.events.end()) {
             to.events.erase(comes);
-         } else if (&to != &_all[who]) {
+         } else if (message.receivers.count(static_cast<std::size_t>(&to - _all.data())) != 0) {
             to.events.push_back({Event::retraction, id});
          }
       }
@@ -269,16 +266,19 @@ public:
    {
       disableRegulation(who);
       _all[who] = Federate();
-      _all[who].joined = false;
+      for (Message& each : _messages) {
+         each.receivers.erase(who);
+      }
       settle();
    }
 
-   std::string evoke(std::size_t who)
+   // The callbacks on their way, as federates write them down; they have come with this.
+   std::vector<std::string> evoke(std::size_t who)
    {
       Federate& to = _all[who];
-      std::string told;
+      std::vector<std::string> told;
       for (; !to.events.empty(); to.events.pop_front()) {
-         told += tell(to, to.events.front()) + "; ";
+         told.push_back(tell(to, to.events.front()));
       }
       return told;
    }
@@ -308,11 +308,12 @@ private:
    {
       double time;
       std::size_t sender;
+      std::set<std::size_t> receivers;
       bool retractable = true;
    };
    struct Federate
    {
-      bool joined = true;
+      bool joined = false;
       double time = 0;
       bool excluded = false; // nothing more comes or goes for just that time
       Switch regulation = off;
@@ -433,14 +434,14 @@ private:
       switch (event.kind) {
       case Event::message: {
          bool const ordered = event.ordered && (event.constraints == to.constraints || to.constraint == on);
-         return "message " + std::to_string(event.id) + (ordered ? " in order at " : " at ") +
-                digits(_messages[event.id].time);
+         return "receive Accident tag=" + std::to_string(event.id) + " TSO reliable at " +
+                show(_messages[event.id].time) + (ordered ? " TSO" : " RO");
       }
       case Event::retraction:
-         return "retraction " + std::to_string(event.id);
+         return "requestRetraction m" + std::to_string(event.id);
       case Event::isConstrained:
          to.constraint = on;
-         return "constrained at " + digits(to.time);
+         return "timeConstrainedEnabled " + show(to.time);
       case Event::regulates:
          to.regulation = on;
          to.excluded &= to.start <= to.time;
@@ -457,10 +458,10 @@ private:
       for (Message& each : _messages) {
          each.retractable &= each.sender != who || each.time >= leastSendTime(who);
       }
-      return (event.kind == Event::granted ? "granted " : "regulates at ") + digits(to.time);
+      return (event.kind == Event::granted ? "timeAdvanceGrant " : "timeRegulationEnabled ") + show(to.time);
    }
 
-   bool const _integers;
+   bool _integers;
    std::vector<Federate> _all;
    std::vector<Message> _messages;
    std::vector<std::string> _broken;

@@ -33,7 +33,7 @@ story is not taken back while ownership is being acquired
 
 story is told to publishers who want to know whether to register
    gamma: join
-   alpha: enableObjectClassRelevanceAdvisorySwitch; publish Car Position Speed => alpha < nothing
+   alpha: enableObjectClassRelevanceAdvisorySwitch; publish Car Position Speed; subscribe Car Position => alpha < nothing
    beta: subscribe Car Passengers # which alpha does not publish
    beta: subscribe Truck Position; subscribe Car Position passively => alpha < nothing
    beta: subscribe Vehicle Position => alpha < startRegistrationForObjectClass Car
@@ -56,7 +56,3 @@ story is told to publishers who want to know whether to send
    beta: subscribe Accident => alpha < nothing
    beta: subscribe Urgent => alpha < turnInteractionsOn Urgent
    beta: resignFederationExecution NO_ACTION => alpha < turnInteractionsOff Urgent
-
-story of ones own interest is nothing to be told of
-   alpha: enableObjectClassRelevanceAdvisorySwitch; publish Car Position; subscribe Car Position
-   alpha < nothing

@@ -1,18 +1,4 @@
 # Connections and federations, from their creation to their end.
-story is connected to once at a time
-   federation Road.xml
-   alpha: connect; connect -> AlreadyConnected
-   alpha: disconnect; connect; join; disconnect -> FederateIsExecutionMember
-   alpha: resignFederationExecution NO_ACTION; disconnect
-
-story is in the list of those that there are
-   alpha: connect; listFederationExecutions => alpha < reportFederationExecutions
-   federation Road.xml integer
-   alpha: createFederationExecution $other $fom/Road.xml; listFederationExecutions
-   alpha < reportFederationExecutions $federation=HLAinteger64Time $other=HLAfloat64Time
-   alpha: destroyFederationExecution $other; listFederationExecutions
-   alpha < reportFederationExecutions $federation=HLAinteger64Time
-
 story is created and destroyed once
    alpha: connect; destroyFederationExecution $federation -> FederationExecutionDoesNotExist
    federation Road.xml
@@ -38,7 +24,7 @@ story lives in one kind of time
 
 story is joined once by each name and ambassador
    federation Road.xml
-   alpha: join; joinFederationExecution gamma test $federation -> FederateAlreadyExecutionMember
+   alpha: join; connect -> AlreadyConnected; disconnect -> FederateIsExecutionMember; joinFederationExecution gamma test $federation -> FederateAlreadyExecutionMember
    beta: connect; joinFederationExecution alpha test $federation -> FederateNameAlreadyInUse
    alpha: resignFederationExecution NO_ACTION
    beta: second = joinFederationExecution alpha test $federation; getFederateHandle alpha = second
@@ -54,16 +40,6 @@ story knows its federates by name and handle
    alpha: getFederateName other
    beta: resignFederationExecution NO_ACTION
    alpha: getFederateName unnamed -> FederateHandleNotKnown
-
-story keeps an automatic resign directive for each federate
-   federation Road.xml
-   alpha, beta: join
-   alpha: getAutomaticResignDirective = NO_ACTION
-   direct [UNCONDITIONALLY_DIVEST_ATTRIBUTES|DELETE_OBJECTS|CANCEL_PENDING_OWNERSHIP_ACQUISITIONS|
-      DELETE_OBJECTS_THEN_DIVEST|CANCEL_THEN_DELETE_THEN_DIVEST|NO_ACTION]
-to direct $action
-   alpha: setAutomaticResignDirective $action; getAutomaticResignDirective = $action
-   beta: getAutomaticResignDirective = NO_ACTION
 
 to refuse $modules $exception $named
    beta: createFederationExecution $other $modules -> $exception $named
@@ -100,8 +76,3 @@ story may replace the standard management object model
    alpha: join; getTimeFactory = HLAinteger64Time
 to with-mim $module $exception $named
    alpha: createFederationExecutionWithMIM $federation $module $fom/Road.xml -> $exception $named
-
-story answers who has asked although he has left since
-   federation Road.xml float
-   beta: join; disableCallbacks; listFederationExecutions; resignFederationExecution NO_ACTION; join
-   beta: enableCallbacks => beta < reportFederationExecutions $federation=HLAfloat64Time

@@ -161,16 +161,6 @@ story are updated at the highest rate that is wanted
    alpha < turnUpdatesOnForObjectInstance car Position
    five: subscribe Car Position Fast => alpha < nothing => two, three, four, five < discover car Car car alpha
 
-story travel as their owner has them travel
-   show-a-car
-   alpha: requestAttributeTransportationTypeChange car Position best-effort
-   alpha < confirmAttributeTransportationTypeChange car Position best-effort
-   beta: queryAttributeTransportationType car Position; queryAttributeTransportationType car Fuel
-   beta < reportAttributeTransportationType car Position best-effort;
-      reportAttributeTransportationType car Fuel reliable
-   alpha: update car Position=1 Speed=2 Fuel=3
-   beta <~ reflect car Fuel=3 RO reliable by alpha; reflect car Position=1 Speed=2 RO best-effort by alpha
-
 story are told of as they are to who begins to listen
    alpha: publish Car Position; car = register Car
    beta: subscribe Vehicle Position => beta < discover car Vehicle car alpha
@@ -198,11 +188,11 @@ to have-gamma-register $object
    alpha: releaseObjectInstanceName $object
    gamma: join; reserveObjectInstanceName $object => gamma < objectInstanceNameReservationSucceeded $object
    gamma: publish Car Position; $object = register Car $object
-   beta < discover $object Vehicle $object gamma
+   beta < discover $object Vehicle $object gamma; attributesInScope $object Position
    beta: disableCallbacks
 story are known until their removal is told
-   alpha: reserveMultipleObjectInstanceName car second third fourth
-   alpha < multipleObjectInstanceNameReservationSucceeded car fourth second third
+   alpha: reserveMultipleObjectInstanceName car fourth
+   alpha < multipleObjectInstanceNameReservationSucceeded car fourth
    alpha: publish Car Position Speed Fuel Passengers; car = register Car car
    beta: subscribe Vehicle Position Speed Fuel => beta < discover car Vehicle car alpha
    beta: publish Vehicle Position Speed Fuel
@@ -217,16 +207,6 @@ story are known until their removal is told
    beta: requestAttributeValueUpdate car Fuel; queryAttributeOwnership car Speed
    beta: attributeOwnershipAcquisition car Fuel; unsubscribe Vehicle Fuel; subscribe Vehicle Fuel
    expect-known-until-told car alpha
-   alpha: second = register Car second
-   beta < discover second Vehicle second alpha; attributesInScope second Fuel Position Speed
-   beta: disableCallbacks
-   alpha: delete second
-   beta: localDeleteObjectInstance second; getObjectInstanceName second -> ObjectInstanceNotKnown
-   beta: enableCallbacks => beta < nothing
-   beta: disableAttributeScopeAdvisorySwitch
-   have-gamma-register third
-   gamma: resignFederationExecution DELETE_OBJECTS
-   expect-known-until-told third gamma
    have-gamma-register fourth
    gamma: setAutomaticResignDirective DELETE_OBJECTS; destroyAmbassador
    expect-known-until-told fourth gamma

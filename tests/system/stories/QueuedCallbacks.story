@@ -113,18 +113,13 @@ to change-subscriptions $how
    beta: here = createRegion Lane; beside = createRegion Lane; setRangeBounds beside Lane 1..3
    beta: commitRegionModifications beside
    received-as $how "receive Urgent Level=9 Words=fire TSO best-effort at 10" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: subscribe Urgent; unsubscribe Message" 10
-   received-as $how "receive Message Words=fire TSO best-effort at 20" "send Urgent Words=fire Level=9" "beta: subscribe Urgent" "beta: subscribe Message; unsubscribe Urgent" 20
    received-as $how "receive Urgent Level=9 Words=fire TSO best-effort at 30" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: subscribe Urgent" 30
-   received-as $how "receive Message Words=fire TSO best-effort at 40" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: unsubscribe Message; subscribe Message" 40
    received-not $how "send Urgent" "beta: subscribe Urgent" "beta: unsubscribe Urgent" 50 51
    received-in $how "beta: subscribe Accident beside; unsubscribe Accident here" 60
-   received-in $how "beta: subscribe Accident; unsubscribe Accident here" 70
    received-in $how "move alpha there 6..7" 80
    received-not $how "send Accident there" "beta: subscribe Accident here" "move beta here 4..5" 90 91
    received-as $how "reflect car Fuel=2 Position=1 TSO reliable at 100" "update car Position=1 Fuel=2" "beta: subscribe Car Position" "beta: subscribe Car Fuel" 100
-   received-as $how "reflect car Position=1 TSO reliable at 110" "update car Position=1 Fuel=2" "beta: subscribe Car Position Fuel" "beta: unsubscribe Car Fuel" 110
    received-as $how "reflect car Position=1 TSO reliable at 120" "update car Position=1 Fuel=2" "beta: subscribe Car Position; subscribe Vehicle Position" "beta: unsubscribe Vehicle" 120
-   received-as $how "reflect car Fuel=2 TSO reliable at 130" "update car Position=1 Fuel=2" "beta: subscribe Car Position" "beta: unsubscribe Car; subscribe Car Fuel" 130
    received-not $how "update car Position=1 Fuel=2" "beta: subscribe Car Position" "beta: unsubscribe Car" 140 141
 to received-in $how $change $time
    begin "beta: subscribe Accident here"

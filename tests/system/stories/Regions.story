@@ -10,7 +10,9 @@ to move $federate $region $range
    $federate: setRangeBounds $region Lane $range; commitRegionModifications $region
 
 story have ranges in their dimensions
-   make-region alpha slow 0..2
+   make-region alpha slow 0..3
+   alpha: setRangeBounds slow Lane 0..2; getRangeBounds slow Lane = 0..2
+   beta: getRangeBounds slow Lane = 0..3 # as committed
    alpha: getDimensionHandleSet slow = Lane; getRangeBounds slow Lane = 0..2; decodeRegionHandle slow = slow
    alpha: createRegion Lane noDimension -> InvalidDimensionHandle
    alpha: setRangeBounds slow Lane [0..9|5..4|3..3] -> InvalidRangeBound
@@ -20,13 +22,6 @@ story have ranges in their dimensions
    beta: [commitRegionModifications|deleteRegion] slow -> RegionNotCreatedByThisFederate
    alpha: deleteRegion slow
    alpha: [deleteRegion slow|getRangeBounds slow Lane] -> InvalidRegion
-
-story are seen by others as committed
-   make-region alpha slow 0..2
-   alpha: setRangeBounds slow Lane 0..3; getRangeBounds slow Lane = 0..3
-   beta: getRangeBounds slow Lane = 0..2
-   alpha: commitRegionModifications slow
-   beta: getRangeBounds slow Lane = 0..3
 
 story select what is discovered and reflected
    make-region beta here 0..4
@@ -45,13 +40,6 @@ story select what is discovered and reflected
    move beta here 6..8 # looks elsewhere
    alpha: update [near|far] Position=3
    beta < reflect near Position=3 RO reliable by alpha from inside
-
-story count only when committed
-   make-region beta here 0..4
-   beta: subscribe Vehicle Position@here
-   make-region alpha there 4..8
-   alpha: car = register Car Position@there; setRangeBounds there Lane 0..1 => beta < nothing
-   alpha: commitRegionModifications there => beta < discover car Vehicle car alpha
 
 story that are not given are everywhere
    gamma: join; subscribe Vehicle Position
@@ -95,28 +83,6 @@ story add up in subscriptions
    alpha: update car Position=1 => beta < reflect car Position=1 RO reliable by alpha from where
    beta: unsubscribe Car
    alpha: update car Position=1 => beta < nothing
-
-to send-in $range
-   move alpha there $range
-   alpha: send Accident there
-story meet where their ranges overlap
-   make-region beta here 2..4
-   beta: subscribe Accident here
-   make-region alpha there 0..8
-   send-in [0..2|4..8]
-   beta < nothing
-   send-in [0..3|3..4|0..8]
-   beta < receive Accident RO reliable by alpha from there; receive Accident RO reliable by alpha from there;
-      receive Accident RO reliable by alpha from there
-   alpha: across = createRegion Distance; setRangeBounds across Distance 0..1000
-   alpha: commitRegionModifications across; send Accident across
-   beta < nothing # they have no dimension in common
-
-story go with named objects too
-   make-region alpha here 0..1
-   alpha: reserveObjectInstanceName herbie => alpha < objectInstanceNameReservationSucceeded herbie
-   alpha: car = register Car Position@here herbie; getObjectInstanceHandle herbie = car
-   alpha: deleteRegion here -> RegionInUseForUpdateOrSubscription
 
 story are of one owners updates
    make-region alpha here 0..1

@@ -45,24 +45,10 @@ story does not save when one cannot or resigns
    beta: federateSaveBegun; resignFederationExecution NO_ACTION
    alpha < federationNotSaved federate-resigned
 
-story aborts a save at any point
-   alpha: abortFederationSave -> SaveNotInProgress
-   ask-for-a-save
-   abort
-   ask-for-a-save
-   alpha: federateSaveBegun
-   abort
-   ask-for-a-save
-   alpha: federateSaveBegun; federateSaveComplete
-   abort
-to abort
-   beta: abortFederationSave => alpha, beta < federationNotSaved aborted
-   expect-saving idle idle
-   alpha: abortFederationSave -> SaveNotInProgress
-
 story saves in the right order
    alpha: federateSaveBegun -> SaveNotInitiated
    alpha: [federateSaveComplete|federateSaveNotComplete] -> FederateHasNotBegunSave
+   alpha: abortFederationSave -> SaveNotInProgress
    beta: disableCallbacks
    alpha: requestFederationSave noon
    beta: federateSaveBegun -> SaveNotInitiated # as far as beta knows

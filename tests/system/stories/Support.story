@@ -66,17 +66,3 @@ to turn $switch
    alpha: enable$switchAdvisorySwitch; enable$switchAdvisorySwitch -> $switchAdvisorySwitchIsOn
    beta: disable$switchAdvisorySwitch -> $switchAdvisorySwitchIsOff
    alpha: disable$switchAdvisorySwitch
-
-story knows the management object model
-   alpha: getObjectClassHandle [HLAobjectRoot.HLAmanager.HLAfederate|HLAobjectRoot.HLAmanager.HLAfederation]
-   alpha: Report = getInteractionClassHandle HLAmanager.HLAfederate.HLAreport.HLAreportException
-   alpha: getParameterHandle Report HLAfederate
-
-story knows what another module brings along
-   alpha: getObjectClassHandle HLAobjectRoot.Cloud -> NameNotFound
-   gamma: join $fom/Weather.xml
-   alpha: Cloud = getObjectClassHandle HLAobjectRoot.Cloud; Rain = getAttributeHandle Cloud Rain
-   alpha: publish Cloud Rain
-   beta: subscribe Cloud Rain
-   alpha: nimbus = register Cloud => beta < discover nimbus Cloud nimbus alpha
-   alpha: getObjectClassHandle HLAobjectRoot.Vehicle = Vehicle

@@ -10,13 +10,6 @@ to register-ready
    alpha <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=now
    beta < announceSynchronizationPoint ready tag=now
 
-story waits for every federate
-   register-ready
-   beta: synchronizationPointAchieved ready => alpha, beta < nothing
-   alpha: synchronizationPointAchieved ready => alpha, beta < federationSynchronized ready
-   alpha: synchronizationPointAchieved ready -> SynchronizationPointLabelNotAnnounced
-   register-ready
-
 story of an empty set is of all and tells who failed
    gamma: join
    alpha: registerFederationSynchronizationPoint ready tag=now {}
@@ -70,19 +63,3 @@ story is not registered twice nor for who is not joined
    alpha: registerFederationSynchronizationPoint done beta noFederate -> InvalidFederateHandle
    alpha, beta < nothing
    beta: synchronizationPointAchieved unheard-of -> SynchronizationPointLabelNotAnnounced
-
-story is achieved once by each
-   register-ready
-   alpha: synchronizationPointAchieved ready unsuccessfully
-   alpha: synchronizationPointAchieved ready -> SynchronizationPointLabelNotAnnounced
-
-story is of one federation
-   other: connect; createFederationExecution $other $fom/Road.xml HLAinteger64Time
-   other: joinFederationExecution alpha test $other; registerFederationSynchronizationPoint ready tag=there
-   other <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=there
-   register-ready
-   alpha, beta: synchronizationPointAchieved ready => alpha, beta < federationSynchronized ready
-   other < nothing
-   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
-   other: synchronizationPointAchieved ready => other < federationSynchronized ready
-   other: getTimeFactory = HLAinteger64Time

@@ -70,46 +70,6 @@ story holds constrained federates back
    beta < timeAdvanceGrant 10
    beta: queryLogicalTime = 10
 
-story keeps senders to their lookahead
-   beta: unsubscribe Car
-   regulate alpha 3
-   alpha: update car Position=1 at 2 -> InvalidLogicalTime
-   alpha: update car Position=1 at 3; modifyLookahead 0
-   advance alpha 20
-   alpha: update car Position=1 at 20 -> InvalidLogicalTime # granted up to and with 20
-   alpha: timeAdvanceRequest 20; update car Position=1 at 20 -> InvalidLogicalTime # which no request takes back
-   alpha < timeAdvanceGrant 20
-   alpha: update car Position=1 at 21; timeAdvanceRequestAvailable 30 => alpha < timeAdvanceGrant 30
-   alpha: update car Position=1 at 30
-
-story shortens a lookahead as time goes by
-   regulate alpha 5
-   alpha: modifyLookahead 8; queryLookahead = 8; modifyLookahead 2; queryLookahead = 8
-   beta: queryGALT = 8
-   advance alpha 3
-   alpha: queryLookahead = 5
-   beta: queryGALT = 8
-   advance alpha 10
-   alpha: queryLookahead = 2
-   beta: queryGALT = 12
-
-story counts with what is answered to a message
-   regulate alpha 2
-   regulate beta 30
-   constrain [alpha|beta]
-   alpha: nextMessageRequest 100; queryGALT = 30
-   beta: queryGALT = 32 # beta may yet send for 30 what alpha answers
-   beta: disableTimeRegulation => alpha < timeAdvanceGrant 100
-
-story begins to regulate behind no message that has come
-   regulate alpha 1
-   constrain beta
-   alpha: update car Position=a at 7
-   beta: timeAdvanceRequest 10
-   advance alpha 7
-   beta < reflect car Position=a TSO reliable at 7 TSO retractable by alpha # though not granted yet
-   gamma: join; enableTimeRegulation 0 => gamma < timeRegulationEnabled 7
-
 story delivers in the order of time
    regulate alpha 1
    constrain beta
@@ -150,42 +110,6 @@ story orders only what is sent and received in order
    beta < reflect car Position=1 TSO reliable at 5 TSO retractable by alpha;
       reflect car Fuel=2 TSO reliable at 5 TSO retractable by alpha;
       receive Message TSO reliable at 7 TSO retractable by alpha; timeAdvanceGrant 10
-
-story goes to the next message
-   regulate alpha 1
-   constrain beta
-   alpha: update car Position=a at 4; update car Position=b at 4; update car Position=c at 6
-   advance alpha 4
-   beta: nextMessageRequest 10
-   beta < reflect car Position=a TSO reliable at 4 TSO retractable by alpha;
-      reflect car Position=b TSO reliable at 4 TSO retractable by alpha; timeAdvanceGrant 4
-   beta: nextMessageRequest 5
-   beta < nothing # there may be more at 5
-   advance alpha 5
-   beta < timeAdvanceGrant 5
-   beta: nextMessageRequest 10 => beta < nothing
-   alpha: update car Position=d at 9 # c is still the next
-   advance alpha 20
-   beta < reflect car Position=c TSO reliable at 6 TSO retractable by alpha; timeAdvanceGrant 6
-   beta: nextMessageRequest 10
-   beta < reflect car Position=d TSO reliable at 9 TSO retractable by alpha; timeAdvanceGrant 9
-   beta: nextMessageRequest 10 => beta < timeAdvanceGrant 10
-
-story flushes the queue
-   regulate alpha 1
-   constrain beta
-   advance alpha 5
-   alpha: update car Position=b at 30; update car Position=a at 8
-   beta: flushQueueRequest 10
-   beta < reflect car Position=a TSO reliable at 8 TSO retractable by alpha;
-      reflect car Position=b TSO reliable at 30 TSO retractable by alpha; timeAdvanceGrant 6
-   advance alpha 50
-   alpha: update car Position=c at 55
-   beta: flushQueueRequest 20
-   beta < reflect car Position=c TSO reliable at 55 TSO retractable by alpha; timeAdvanceGrant 20
-   alpha: update car Position=d at 52
-   beta: flushQueueRequest 100
-   beta < reflect car Position=d TSO reliable at 52 TSO retractable by alpha; timeAdvanceGrant 51
 
 to both $request $time
    alpha, beta: $request $time => alpha, beta < timeAdvanceGrant $time
@@ -329,4 +253,3 @@ story is only for who takes part
    constrain alpha
    alpha: timeAdvanceRequest 20 # which promises not to send for 5 any more
    alpha: retract sent -> MessageCanNoLongerBeRetracted
-

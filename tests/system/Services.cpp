@@ -1,13 +1,13 @@
-#include "StoryServices.h"
+#include "Services.h"
 
-#include "Refusal.h"
+#include "Words.h"
 #include "src/services/Services.h"
 
 #include <algorithm>
 #include <cstring>
+#include <mutex>
 #include <set>
 #include <tuple>
-#include <type_traits>
 
 namespace system_tests {
 
@@ -15,28 +15,16 @@ namespace {
 
 namespace services = tovu1516e::services;
 
-template <class Value>
-constexpr bool isHandle = std::is_same_v<Value, MessageRetractionHandle>;
-#define SYSTEM_TESTS_IS_HANDLE(Handle) \
-   template <>                         \
-   constexpr bool isHandle<Handle> = true;
-RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_IS_HANDLE)
-#undef SYSTEM_TESTS_IS_HANDLE
-
-template <class Result>
-void call(Stage& stage, Federate& federate, Result const& result, std::string const& name)
+template <class Handle>
+void name(Stage& stage, Federate& federate, Handle const& result, std::string const& given)
 {
-   if constexpr (std::is_same_v<Result, ObjectInstanceHandle>) {
+   if constexpr (std::is_same_v<Handle, ObjectInstanceHandle>) {
       std::wstring const its = federate->getObjectInstanceName(result);
       if (its.rfind(L"HLA", 0) == 0) { // which nobody chose
-         stage.names().add(its, name);
+         stage.names().add(its, given);
       }
    }
-   if constexpr (isHandle<Result>) {
-      stage.call(result, name);
-   } else {
-      throw Unreadable("only handles have names");
-   }
+   stage.call(result, given);
 }
 
 // Times and intervals are abstract, and so held by pointers.
@@ -51,34 +39,8 @@ Value const& passed(std::unique_ptr<Value> const& value)
    return *value;
 }
 
-using Form = std::function<Invocation(StoryWords&)>;
-
-// What a service reads, and the call with it.
-template <class... Codes, class Call>
-Form form(Call service)
-{
-   return [service](StoryWords& words) -> Invocation {
-      using Arguments = std::tuple<decltype(words.argument<Codes>())...>;
-      auto const arguments = std::make_shared<Arguments>(Arguments{words.argument<Codes>()...});
-      words.expectEnd();
-      return [service, arguments, &stage = words.stage(), &federate = words.federate()]() -> Outcome {
-         auto const apply = [&](auto const&... values) { return service(federate, passed(values)...); };
-         using Result = decltype(std::apply(apply, *arguments));
-         if constexpr (std::is_void_v<Result>) {
-            std::apply(apply, *arguments);
-            return {"", {}};
-         } else {
-            auto const result = std::make_shared<Result>(std::apply(apply, *arguments));
-            return {show(*result), [=, &stage, &federate](std::string const& name) {
-                       call(stage, federate, *result, name);
-                    }};
-         }
-      };
-   };
-}
-
 // What tells enough of a service by its verb has that for a name.
-std::string nameInStories(std::string const& name)
+std::string nameInSteps(std::string const& name)
 {
    static std::set<std::string> const verbs = {"publish",  "unpublish", "subscribe", "unsubscribe",
                                                "register", "update",    "send",      "delete"};
@@ -87,9 +49,39 @@ std::string nameInStories(std::string const& name)
    return verbs.count(verb) != 0 && others.count(name) == 0 ? verb : name;
 }
 
-ServiceRow row(tovu1516e::Method const& method, char const* name, Form const& read)
+// What the service reads, in the order of the codes, and the call with it.
+template <class... Codes, class Call>
+ServiceRow row(char const* called, Call service)
 {
-   ServiceRow result{nameInStories(name), method.name, {}, read};
+   auto const read = [service](Stage& stage, Federate& federate, Words& words) {
+      using Arguments = std::tuple<decltype(words.argument<Codes>())...>;
+      auto const arguments = std::make_shared<Arguments>(Arguments{words.argument<Codes>()...});
+      words.expectEnd();
+      return [service, arguments, &stage, &federate]() -> Outcome {
+         auto const apply = [&](auto const&... values) { return service(federate, passed(values)...); };
+         Outcome outcome;
+         if constexpr (std::is_void_v<decltype(std::apply(apply, *arguments))>) {
+            std::apply(apply, *arguments);
+         } else {
+            auto const result = std::apply(apply, *arguments);
+            outcome.result = stage.names().in(show(result));
+            if constexpr (isHandle<std::decay_t<decltype(result)>>) {
+               outcome.call = [result, &stage, &federate](auto const& given) {
+                  name(stage, federate, result, given);
+               };
+            }
+         }
+         return outcome;
+      };
+   };
+   return {nameInSteps(called), called, {}, read};
+}
+
+template <class... Codes, class Call>
+ServiceRow row(tovu1516e::Method const& method, char const* called, Call service)
+{
+   ServiceRow result = row<Codes...>(called, service);
+   result.method = method.name;
    for (std::size_t i = 0; i < method.exceptions.count; ++i) {
       result.exceptions.push_back(std::strrchr(method.exceptions.first[i].javaClass, '/') + 1);
    }
@@ -97,25 +89,9 @@ ServiceRow row(tovu1516e::Method const& method, char const* name, Form const& re
 }
 
 template <class Result, class... Codes, class Call>
-ServiceRow served(tovu1516e::Service<Result(Codes...)> const& service, char const* name, Call call)
+ServiceRow served(tovu1516e::Service<Result(Codes...)> const& service, char const* called, Call call)
 {
-   return row(service, name, form<Codes...>(call));
-}
-
-// Connects who is not connected, and joins the story's federation under the federate's own name.
-FederateHandle join(Federate& federate, std::wstring const& federation,
-                    std::vector<std::wstring> const& modules)
-{
-   refusal([&] { federate.connect(); });
-   federate.join(narrow(federation), modules);
-   return federate.handle();
-}
-
-// The MIM before the FOM modules, of which there can be many.
-void createWithMIM(Federate& federate, std::wstring const& federation, std::wstring const& mim,
-                   std::vector<std::wstring> const& modules, std::wstring const& time)
-{
-   federate->createFederationExecutionWithMIM(federation, modules, mim, time);
+   return row<Codes...>(service, called, call);
 }
 
 AttributeHandleSet divestIfWanted(Federate& federate, ObjectInstanceHandle object,
@@ -124,6 +100,23 @@ AttributeHandleSet divestIfWanted(Federate& federate, ObjectInstanceHandle objec
    AttributeHandleSet divested = attributes; // to be replaced, whatever it is
    federate->attributeOwnershipDivestitureIfWanted(object, attributes, divested);
    return divested;
+}
+
+std::mutex refusedMutex;
+std::set<std::string> refused; // as "method exception"
+
+Outcome call(ServiceRow const& row, std::function<Outcome()> const& invocation)
+{
+   Outcome outcome;
+   contract::Caught const caught = contract::caughtFrom([&] { outcome = invocation(); });
+   if (!caught.type.empty()) {
+      outcome.exception = caught.type;
+      outcome.message = narrow(caught.text);
+      std::lock_guard<std::mutex> const lock(refusedMutex);
+      refused.insert(row.method + " " + caught.type);
+   }
+   outcome.method = row.method;
+   return outcome;
 }
 
 } // namespace
@@ -135,7 +128,7 @@ bool ServiceRow::lists(std::string const& exception) const
 
 // Those whose arguments come in the order of the codes in their names.
 // clang-format off
-#define SYSTEM_TESTS_FOR_EACH_SERVED(X) \
+#define FOR_EACH_SERVED(X) \
    X(disconnect, ) X(createFederationExecution, _S_URL_S) X(createFederationExecution, _S_URLX_S) \
    X(destroyFederationExecution, _S) X(listFederationExecutions, ) X(joinFederationExecution, _S_S_S_URLX) \
    X(resignFederationExecution, _RA) X(registerFederationSynchronizationPoint, _S_BX) \
@@ -198,29 +191,27 @@ std::vector<ServiceRow> const& serviceRows()
 #define CALL(function) \
    [](Federate& federate, auto const&... arguments) { return federate->function(arguments...); }
 #define SERVED(function, suffix) served(services::function##suffix, #function, CALL(function)),
-#define DECODED(code, Handle)                                                                    \
-   ServiceRow                                                                                    \
-   {                                                                                             \
-      "decode" #Handle, "", {}, form<codes::code>([](Federate& federate, Handle const& handle) { \
-         return federate->decode##Handle(handle.encode());                                       \
-      })                                                                                         \
-   }
+#define DECODED(code, Handle)                                                        \
+   row<codes::code>("decode" #Handle, [](Federate& federate, Handle const& handle) { \
+      return federate->decode##Handle(handle.encode());                              \
+   })
    static std::vector<ServiceRow> const rows = {
-      SYSTEM_TESTS_FOR_EACH_SERVED(SERVED) //
-      row(services::connect_FA_CM_S, "connect", form<>([](Federate& federate) { federate.connect(); })),
-      row(services::createFederationExecution_S_URLX_URL_S, "createFederationExecutionWithMIM",
-          form<codes::S, codes::URL, codes::URLX, codes::S>(createWithMIM)),
-      ServiceRow{"join",
-                 services::joinFederationExecution_S_S_S_URLX.name,
-                 {},
-                 form<OwnFederation, codes::URLX>(join)},
+      FOR_EACH_SERVED(SERVED) //
+      row(services::connect_FA_CM_S, "connect", [](Federate& federate) { federate.connect(); }),
+      row<codes::S, codes::URL, codes::URLX, codes::S>( // the MIM first, as there can be many modules
+         services::createFederationExecution_S_URLX_URL_S, "createFederationExecutionWithMIM",
+         [](Federate& federate, auto const& federation, auto const& mim, auto const& modules,
+            auto const& time) {
+            federate->createFederationExecutionWithMIM(federation, modules, mim, time);
+         }),
       served(services::joinFederationExecution_S_S_URLX, "joinWithoutName", CALL(joinFederationExecution)),
-      row(services::attributeOwnershipDivestitureIfWanted_OIH_AHS, "attributeOwnershipDivestitureIfWanted",
-          form<codes::OIH, codes::AHS>(divestIfWanted)),
-      row(services::subscribeInteractionClassWithRegions_ICH_Z_RHS, "subscribeInteractionClassWithRegions",
-          form<codes::ICH, codes::RHS, codes::Z>(CALL(subscribeInteractionClassWithRegions))),
+      row<codes::OIH, codes::AHS>(services::attributeOwnershipDivestitureIfWanted_OIH_AHS,
+                                  "attributeOwnershipDivestitureIfWanted", divestIfWanted),
+      row<codes::ICH, codes::RHS, codes::Z>(services::subscribeInteractionClassWithRegions_ICH_Z_RHS,
+                                            "subscribeInteractionClassWithRegions",
+                                            CALL(subscribeInteractionClassWithRegions)),
       row(services::getTimeFactory, "getTimeFactory",
-          form<>([](Federate& federate) { return federate->getTimeFactory()->getName(); })),
+          [](Federate& federate) { return federate->getTimeFactory()->getName(); }),
       DECODED(FH, FederateHandle),
       DECODED(OCH, ObjectClassHandle),
       DECODED(ICH, InteractionClassHandle),
@@ -236,10 +227,60 @@ std::vector<ServiceRow> const& serviceRows()
    return rows;
 }
 
-bool isService(std::string const& name)
+bool wasRefused(ServiceRow const& row, std::string const& exception)
+{
+   return refused.count(row.method + " " + exception) != 0;
+}
+
+bool isNamed(std::vector<std::string> const& words)
 {
    auto const& rows = serviceRows();
-   return std::any_of(rows.begin(), rows.end(), [&](auto const& row) { return row.name == name; });
+   return words.size() > 2 && words[1] == "=" &&
+          std::none_of(rows.begin(), rows.end(), [&](auto const& row) { return row.name == words[0]; });
+}
+
+Outcome serve(Stage& stage, Federate& federate, std::vector<std::string> words)
+{
+   std::string given;
+   if (isNamed(words)) {
+      given = words[0];
+      words.erase(words.begin(), words.begin() + 2);
+   }
+   // Joins the federation under the federate's own name, connected first if it is not yet.
+   if (words[0] == "join") {
+      refusal([&] { federate.connect(); });
+      words.insert(words.begin() + 1, {federate.name(), "test", "$federation"});
+      words[0] = "joinFederationExecution";
+      given = federate.name();
+   }
+   std::string why = words[0] + " is no service";
+   for (auto const& row : serviceRows()) {
+      if (row.name == words[0]) {
+         std::function<Outcome()> invocation;
+         try {
+            Words arguments(stage, federate, {words.begin() + 1, words.end()});
+            invocation = row.read(stage, federate, arguments);
+         } catch (Unreadable const& error) {
+            why = error.what();
+            continue;
+         }
+         Outcome const outcome = call(row, invocation);
+         if (!given.empty() && outcome.exception == "nothing") {
+            if (!outcome.call) {
+               throw Unreadable("only handles have names");
+            }
+            outcome.call(given);
+         }
+         return outcome;
+      }
+   }
+   throw Unreadable(why);
+}
+
+Outcome serveBlank(Stage& stage, Federate& federate, ServiceRow const& row)
+{
+   Words none(stage, federate, {}, true);
+   return call(row, row.read(stage, federate, none));
 }
 
 } // namespace system_tests

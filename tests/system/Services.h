@@ -1,0 +1,60 @@
+// The services by their words.
+#ifndef RTI1516E_TESTS_SYSTEM_SERVICES_H
+#define RTI1516E_TESTS_SYSTEM_SERVICES_H
+
+#include "Stage.h"
+#include "tests/support/Caught.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace system_tests {
+
+class Words;
+
+// What a call returned, as a text, and a way to give it a name; or the class of the exception it threw.
+struct Outcome
+{
+   std::string method;
+   std::string exception = "nothing";
+   std::string message;
+   std::string result;
+   std::function<void(std::string const&)> call;
+};
+
+struct ServiceRow
+{
+   std::string name; // in steps
+   std::string method;
+   std::vector<std::string> exceptions;
+   // Throws Unreadable for words of another service.
+   std::function<std::function<Outcome()>(Stage&, Federate&, Words&)> read;
+
+   bool lists(std::string const& exception) const;
+};
+
+std::vector<ServiceRow> const& serviceRows();
+
+// Whether a service has refused that in any story.
+bool wasRefused(ServiceRow const& row, std::string const& exception);
+
+// Whether the words begin with "name =", rather than with a service.
+bool isNamed(std::vector<std::string> const& words);
+
+// Performs the service that takes the words, which may have "name =" in front: the result is called that.
+Outcome serve(Stage& stage, Federate& federate, std::vector<std::string> words);
+// The service with the least arguments there are.
+Outcome serveBlank(Stage& stage, Federate& federate, ServiceRow const& row);
+
+// The class of the exception that the call throws, or "nothing".
+template <class Call>
+std::string refusal(Call&& call)
+{
+   contract::Caught const caught = contract::caughtFrom(call);
+   return caught.type.empty() ? "nothing" : caught.type;
+}
+
+} // namespace system_tests
+
+#endif
