@@ -8,6 +8,14 @@ install(TARGETS rti1516e fedtime1516e EXPORT rti1516e
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development)
 get_target_property(core_jar localcore JAR_FILE)
 install(FILES ${core_jar} DESTINATION ${jar_dir} COMPONENT localcore)
+if(TARGET hub)
+  get_target_property(hub_jar hub JAR_FILE)
+  install(PROGRAMS ${CMAKE_BINARY_DIR}/rti1516e-hub DESTINATION bin COMPONENT hub)
+  install(FILES ${hub_jar} DESTINATION ${jar_dir} COMPONENT hub)
+  # For packages only, whose prefix is /usr: elsewhere there is no saying where the system's own files are.
+  install(FILES cmake/hub/hub.conf DESTINATION ../etc/rti1516e COMPONENT hub EXCLUDE_FROM_ALL)
+  install(FILES cmake/hub/rti1516e-hub.service DESTINATION lib/systemd/system COMPONENT hub EXCLUDE_FROM_ALL)
+endif()
 install(DIRECTORY include/RTI DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 
 # find_package(rti1516e): the targets rti1516e::rti1516e and rti1516e::fedtime1516e.

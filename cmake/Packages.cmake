@@ -1,5 +1,5 @@
-# Debian packages, one for each component: cpack -G DEB in the build folder makes librti1516e, librti1516e-dev and
-# tovu1516e-localcore.
+# Debian packages, one for each component: cpack -G DEB in the build folder makes librti1516e, librti1516e-dev,
+# tovu1516e-localcore and, if it was built, rti1516e-hub.
 set(RTI1516E_PACKAGE_CONTACT "librti1516e maintainers <librti1516e@example.invalid>" CACHE STRING
   "Whom the packages name as their maintainer")
 
@@ -48,5 +48,17 @@ set(CPACK_DEBIAN_LOCALCORE_PACKAGE_NAME tovu1516e-localcore)
 set(CPACK_DEBIAN_LOCALCORE_PACKAGE_SECTION java)
 set(CPACK_DEBIAN_LOCALCORE_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_LOCALCORE_PACKAGE_ENHANCES librti1516e)
+
+if(TARGET hub)
+  list(APPEND CPACK_COMPONENTS_ALL hub)
+  set(CPACK_COMPONENT_HUB_DESCRIPTION "run-time infrastructure for the HLA across processes and machines
+The hub: a service that federates of several processes and machines meet at.")
+  set(CPACK_DEBIAN_HUB_PACKAGE_NAME rti1516e-hub)
+  set(CPACK_DEBIAN_HUB_PACKAGE_SECTION java)
+  set(CPACK_DEBIAN_HUB_PACKAGE_ARCHITECTURE all)
+  set(CPACK_DEBIAN_HUB_PACKAGE_DEPENDS
+    "tovu1516e-localcore (= ${PROJECT_VERSION}), libnetty-java, ${jre_package} | java17-runtime-headless")
+  set(CPACK_DEBIAN_HUB_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/hub/conffiles)
+endif()
 
 include(CPack)

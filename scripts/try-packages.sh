@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Makes the Debian packages, installs them into a fresh Debian 12 with all that they depend on, and builds and runs a
-# federate there. Needs root, debootstrap and a mirror (default: Debian's own), and some minutes.
+# federate there, by itself and at a hub. Needs root, libnetty-java, debootstrap and a mirror (default: Debian's own), and
+# some minutes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 mirror=${1:-http://deb.debian.org/debian}
@@ -21,7 +22,7 @@ debootstrap --variant=minbase bookworm "$root" "$mirror" >"$root.log" || { tail 
 rm "$root.log"
 mount -t proc proc "$root/proc"
 mkdir "$root/try"
-cp build/packages/*.deb tests/consumer/federate.cpp examples/fom/Meeting.xml "$root/try"
+cp build/packages/*.deb tests/consumer/federate.cpp tests/hub/over-hub.sh examples/fom/Meeting.xml "$root/try"
 
 echo "== installing"
 chroot "$root" sh -c 'apt-get update -q && cd /try && DEBIAN_FRONTEND=noninteractive \
@@ -32,3 +33,8 @@ echo "== a federate"
 chroot "$root" sh -ec 'cd /try
   g++ federate.cpp -o federate -Werror -Wall -Wextra -Wpedantic $(pkg-config --cflags --libs rti1516e)
   CLASSPATH=$(pkg-config --variable=localcore_jar rti1516e) ./federate Meeting.xml'
+
+echo "== a federate at a hub"
+chroot "$root" sh -ec 'cd /try
+  export CLASSPATH=$(pkg-config --variable=localcore_jar rti1516e)
+  ./over-hub.sh rti1516e-hub ./federate Meeting.xml'

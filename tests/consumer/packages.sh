@@ -22,6 +22,11 @@ depends librti1516e 'libstdc\+\+6 \(>= [0-9.]+\)'
 depends librti1516e '(openjdk-[0-9]+|default)-jre-headless'
 depends librti1516e-dev 'librti1516e \(= [0-9.]+\)'
 
+if compgen -G 'rti1516e-hub_*.deb' >/dev/null; then
+  depends rti1516e-hub 'tovu1516e-localcore \(= [0-9.]+\)'
+  depends rti1516e-hub libnetty-java
+fi
+
 # The root has nothing of what the packages depend on, and no shell that could configure them: they are only unpacked,
 # and the federate is run with what this machine has.
 mkdir -p "$root"/var/lib/dpkg/{info,updates}
@@ -31,3 +36,6 @@ dpkg --root="$root" --log=/dev/null --force-depends,not-root --unpack ./*.deb >"
   { cat "$scratch/log"; exit 1; }
 dpkg-query --root="$root" --show
 "$here/build.sh" "$root/usr" c++ 17 "$fom_module"
+if [ -e "$root/usr/bin/rti1516e-hub" ]; then
+  "$here/../hub/over-hub.sh" "$root/usr/bin/rti1516e-hub" "$here/build.sh" "$root/usr" c++ 17 "$fom_module"
+fi

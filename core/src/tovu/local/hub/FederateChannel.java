@@ -147,7 +147,8 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     private void pulse() {
         long limit = TimeUnit.SECONDS.toNanos(hub.settings().lostAfter());
-        if (!ended && System.nanoTime() - heard > limit) {
+        boolean listens = channel.config().isAutoRead();
+        if (!ended && listens && System.nanoTime() - heard > limit) {
             lose("it has been silent for " + hub.settings().lostAfter() + " s");
         } else if (!ended && !said) {
             send(new FrameWriter(FrameType.HEARTBEAT).end());
@@ -183,7 +184,10 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                 return;
             }
             send(answer);
-            channel.config().setAutoRead(true);
+            channel.eventLoop().execute(() -> {
+                heard = System.nanoTime();
+                channel.config().setAutoRead(true);
+            });
         });
     }
 

@@ -79,7 +79,8 @@ final class Hub {
             Thread.currentThread().interrupt();
             throw new IOException(e);
         } catch (Exception e) { // the library throws what the system call has failed with, undeclared
-            throw new IOException(e.getMessage(), e);
+            throw new IOException("port " + settings.port() + " of " + settings.host() + " cannot be listened on ("
+                    + e.getMessage() + ")", e);
         }
     }
 

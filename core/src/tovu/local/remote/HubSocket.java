@@ -36,6 +36,7 @@ final class HubSocket {
     private final Socket plain;
     private final long deadline = System.nanoTime() + TimeUnit.MILLISECONDS.toNanos(PATIENCE_MILLIS);
     private Socket socket;
+    private boolean secure; // TLS is agreed on, but with TLS 1.3 the hub looks at the federate's certificate only now
     private volatile boolean late;
 
     private HubSocket(HubAddress hub) {
@@ -73,6 +74,7 @@ final class HubSocket {
             secured.setSSLParameters(parameters);
             socket = secured;
             secured.startHandshake();
+            secure = true;
         }
     }
 
@@ -126,6 +128,8 @@ final class HubSocket {
         close();
         return refused(late ? "it did not answer within " + TimeUnit.MILLISECONDS.toSeconds(PATIENCE_MILLIS) + " s"
                 : failure instanceof MalformedFrame ? "what listens there is no hub: it sent " + failure.getMessage()
+                : secure ? "it ended the connection (" + failure.getMessage() + "); it may want a certificate of this"
+                        + " federate, from another authority than the one given"
                 : reason(failure));
     }
 
@@ -144,10 +148,10 @@ final class HubSocket {
             return "it did not answer in time";
         }
         if (failure instanceof EOFException) {
-            return "it closed the connection";
+            return "it closed the connection; it may want TLS (ca=FILE), and says why on its standard error stream";
         }
         if (failure instanceof SSLException && failure.getMessage() != null
-                && failure.getMessage().contains("plaintext")) {
+                && failure.getMessage().contains("SSL message")) {
             return "it does not speak TLS; leave out the ca, or start the hub with a certificate";
         }
         return failure.getMessage() == null ? failure.toString() : failure.getMessage();
