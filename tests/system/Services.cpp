@@ -191,10 +191,6 @@ std::vector<ServiceRow> const& serviceRows()
 #define CALL(function) \
    [](Federate& federate, auto const&... arguments) { return federate->function(arguments...); }
 #define SERVED(function, suffix) served(services::function##suffix, #function, CALL(function)),
-#define DECODED(code, Handle)                                                        \
-   row<codes::code>("decode" #Handle, [](Federate& federate, Handle const& handle) { \
-      return federate->decode##Handle(handle.encode());                              \
-   })
    static std::vector<ServiceRow> const rows = {
       FOR_EACH_SERVED(SERVED) //
       row(services::connect_FA_CM_S, "connect", [](Federate& federate) { federate.connect(); }),
@@ -211,19 +207,9 @@ std::vector<ServiceRow> const& serviceRows()
                                             "subscribeInteractionClassWithRegions",
                                             CALL(subscribeInteractionClassWithRegions)),
       row(services::getTimeFactory, "getTimeFactory",
-          [](Federate& federate) { return federate->getTimeFactory()->getName(); }),
-      DECODED(FH, FederateHandle),
-      DECODED(OCH, ObjectClassHandle),
-      DECODED(ICH, InteractionClassHandle),
-      DECODED(OIH, ObjectInstanceHandle),
-      DECODED(AH, AttributeHandle),
-      DECODED(PH, ParameterHandle),
-      DECODED(DH, DimensionHandle),
-      DECODED(RH, RegionHandle),
-      DECODED(MRH, MessageRetractionHandle)};
+          [](Federate& federate) { return federate->getTimeFactory()->getName(); })};
 #undef CALL
 #undef SERVED
-#undef DECODED
    return rows;
 }
 
@@ -277,10 +263,11 @@ Outcome serve(Stage& stage, Federate& federate, std::vector<std::string> words)
    throw Unreadable(why);
 }
 
-Outcome serveBlank(Stage& stage, Federate& federate, ServiceRow const& row)
+Outcome serveAs(ServiceRow const& row, Stage& stage, Federate& federate,
+                std::vector<std::string> const& arguments)
 {
-   Words none(stage, federate, {}, true);
-   return call(row, row.read(stage, federate, none));
+   Words words(stage, federate, arguments, arguments.empty());
+   return call(row, row.read(stage, federate, words));
 }
 
 } // namespace system_tests

@@ -44,8 +44,9 @@ bool isNamed(std::vector<std::string> const& words);
 
 // Performs the service that takes the words, which may have "name =" in front: the result is called that.
 Outcome serve(Stage& stage, Federate& federate, std::vector<std::string> words);
-// The service with the least arguments there are.
-Outcome serveBlank(Stage& stage, Federate& federate, ServiceRow const& row);
+// Just that service; without arguments with the least there are.
+Outcome serveAs(ServiceRow const& row, Stage& stage, Federate& federate,
+                std::vector<std::string> const& arguments);
 
 // The class of the exception that the call throws, or "nothing".
 template <class Call>

@@ -141,8 +141,8 @@ private:
          message = joined({after.begin() + 1, after.end()});
          words.erase(arrow, words.end());
       }
-      if (words == Texts{"*"}) {
-         return expectOfAll(federate, exception);
+      if (words[0] == "*") {
+         return expectOfAll(federate, exception, words);
       }
       auto const equals = std::find(words.begin() + (isNamed(words) ? 2 : 0), words.end(), "=");
       bool const hasResult = equals != words.end();
@@ -153,15 +153,32 @@ private:
       expectSame(hasResult ? result : outcome.result, outcome.result);
    }
 
-   // Every service that lists the exception throws it, whatever the arguments. Joining is refused to who has
-   // joined before anything else.
-   void expectOfAll(Federate& federate, std::string const& exception)
+   // "* WORDS but EXCEPTIONS": every service that takes the words, or whatever it takes if there are none,
+   // and lists the exception and none of the others, throws it.
+   void expectOfAll(Federate& federate, std::string const& exception, Texts const& words)
    {
-      bool const isFirst = exception == "NotConnected" || exception == "CallNotAllowedFromWithinCallback";
+      auto const but = std::find(words.begin(), words.end(), "but");
+      Texts const arguments(words.begin() + 1, but);
+      auto const isOther = [&](auto const& each) { return std::find(but, words.end(), each) != words.end(); };
+      int count = 0;
       for (auto const& row : serviceRows()) {
-         if (row.lists(exception) && (isFirst || !row.lists("FederateAlreadyExecutionMember"))) {
-            expectRefusal(serveBlank(_stage, federate, row), exception, "");
+         bool const others = std::any_of(row.exceptions.begin(), row.exceptions.end(), isOther);
+         if (row.lists(exception) && !others && takes(row, federate, arguments)) {
+            ++count;
+            expectRefusal(serveAs(row, _stage, federate, arguments), exception, "");
          }
+      }
+      expectSame(count == 0 ? "some service" : "", "");
+   }
+
+   bool takes(ServiceRow const& row, Federate& federate, Texts const& arguments)
+   {
+      try {
+         Words words(_stage, federate, arguments, arguments.empty());
+         row.read(_stage, federate, words);
+         return true;
+      } catch (Unreadable const&) {
+         return false;
       }
    }
 

@@ -5,6 +5,7 @@
 #include "Stage.h"
 #include "src/messages/TypeCodes.h"
 
+#include <cctype>
 #include <memory>
 #include <set>
 #include <stdexcept>
@@ -22,10 +23,16 @@ class Unreadable : public std::runtime_error
    using std::runtime_error::runtime_error;
 };
 
+template <class Value>
+constexpr bool isSet = false;
+template <class Element>
+constexpr bool isSet<std::set<Element>> = true;
+
 class Words
 {
 public:
-   // Without words every argument is the least that there is of its type.
+   // Without words every argument is the least that there is of its type: no number, name or handle, or a set
+   // of one such.
    Words(Stage& stage, Federate& federate, std::vector<std::string> words, bool blank = false)
       : _stage(stage), _federate(federate), _words(std::move(words)), _blank(blank)
    {}
@@ -70,6 +77,8 @@ private:
    {
       if constexpr (std::is_enum_v<Value>) {
          return Value(1);
+      } else if constexpr (isSet<Value>) {
+         return Value{typename Value::value_type()};
       } else {
          return Value();
       }
@@ -91,7 +100,8 @@ private:
          return {};
       }
       std::string const word = take();
-      if (word.find('@') != std::string::npos || word.rfind("$fom/", 0) == 0) {
+      bool const isNone = word.size() > 2 && word.rfind("no", 0) == 0 && std::isupper(word[2]);
+      if (isNone || word.find('@') != std::string::npos || word.rfind("$fom/", 0) == 0) {
          throw Unreadable(word + " is no mere text");
       }
       return _stage.text(word);

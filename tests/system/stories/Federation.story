@@ -35,8 +35,8 @@ story knows its federates by name and handle
    beta, gamma: connect
    beta: unnamed = joinWithoutName test $federation
    gamma: other = joinWithoutName test $federation
-   beta: getFederateHandle alpha = alpha; getFederateName alpha = alpha; decodeFederateHandle alpha = alpha
-   alpha: getFederateHandle nobody -> NameNotFound; getFederateName noFederate -> InvalidFederateHandle
+   beta: getFederateHandle alpha = alpha; getFederateName alpha = alpha
+   alpha: getFederateHandle nobody -> NameNotFound
    alpha: getFederateName other
    beta: resignFederationExecution NO_ACTION
    alpha: getFederateName unnamed -> FederateHandleNotKnown

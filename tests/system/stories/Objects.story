@@ -147,19 +147,13 @@ story have owners who want to know whether to update
    beta: subscribe Vehicle Speed; unsubscribe Vehicle; subscribe Car Position Fuel
    alpha < turnUpdatesOnForObjectInstance car Position
    beta: unsubscribe Car Position => alpha < turnUpdatesOffForObjectInstance car Position
+   gamma: join; subscribe Car Speed Slow => gamma < discover car Car car alpha
+   alpha < turnUpdatesOnForObjectInstance car Speed Slow
    beta: subscribe Car Speed Fast => alpha < turnUpdatesOnForObjectInstance car Speed Fast
+   gamma: subscribe Car Speed # without a limit
+   alpha < turnUpdatesOnForObjectInstance car Speed
+   gamma: resignFederationExecution NO_ACTION => alpha < turnUpdatesOnForObjectInstance car Speed Fast
    beta: resignFederationExecution NO_ACTION => alpha < turnUpdatesOffForObjectInstance car Speed
-
-story are updated at the highest rate that is wanted
-   alpha: enableAttributeRelevanceAdvisorySwitch; publish Car Position; car = register Car
-   beta: subscribe Car Position Slow => beta < discover car Car car alpha
-   alpha < turnUpdatesOnForObjectInstance car Position Slow
-   two, three, four, five: join
-   two: subscribe Car Position Fast => alpha < turnUpdatesOnForObjectInstance car Position Fast
-   three: subscribe Car Position Slow => alpha < nothing
-   four: subscribe Car Position # without a limit
-   alpha < turnUpdatesOnForObjectInstance car Position
-   five: subscribe Car Position Fast => alpha < nothing => two, three, four, five < discover car Car car alpha
 
 story are told of as they are to who begins to listen
    alpha: publish Car Position; car = register Car

@@ -83,7 +83,6 @@ story goes straight to who is waiting for it
    alpha < requestAttributeOwnershipRelease car Position tag=mine
    alpha: unconditionalAttributeOwnershipDivestiture car Position
    beta < attributeOwnershipAcquisitionNotification car Position
-   beta-owns Position
    gamma: attributeOwnershipAcquisition car Position tag=mine
    beta < requestAttributeOwnershipRelease car Position tag=mine
    beta: unpublish Car Position => gamma < attributeOwnershipAcquisitionNotification car Position
@@ -97,14 +96,6 @@ story goes to who asked first
    beta < attributeOwnershipAcquisitionNotification car Position;
       requestAttributeOwnershipRelease car Position tag=second
    gamma < nothing
-
-story is still on offer when who wanted it resigns
-   alpha: negotiatedAttributeOwnershipDivestiture car Position
-   beta, gamma < requestAttributeOwnershipAssumption car Position
-   beta: attributeOwnershipAcquisition car Position => alpha < requestDivestitureConfirmation car Position
-   beta: resignFederationExecution CANCEL_PENDING_OWNERSHIP_ACQUISITIONS
-   alpha: confirmDivestiture car Position -> NoAcquisitionPending
-   gamma: attributeOwnershipAcquisition car Position => alpha < requestDivestitureConfirmation car Position
 
 story brings nothing of how the former owner had it travel
    alpha: requestAttributeTransportationTypeChange car Position best-effort

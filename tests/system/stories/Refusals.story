@@ -13,8 +13,8 @@ to be-on-the-road
 story is for want of a connection and of a federation
    alpha: * -> NotConnected
    federation Road.xml
-   alpha: connect; * -> FederateNotExecutionMember
-   alpha: join; resignFederationExecution NO_ACTION; * -> FederateNotExecutionMember
+   alpha: connect; * but FederateAlreadyExecutionMember -> FederateNotExecutionMember
+   alpha: join; resignFederationExecution NO_ACTION; * but FederateAlreadyExecutionMember -> FederateNotExecutionMember
    alpha: disconnect; * -> NotConnected
    alpha: join; joinWithoutName test $federation -> FederateAlreadyExecutionMember
 
@@ -23,12 +23,12 @@ story is in a save and in a restore
    alpha: join; requestFederationSave noon => alpha < initiateFederateSave noon
    late: connect
    late: [join|joinWithoutName test $federation] -> SaveInProgress
-   alpha: * -> SaveInProgress; federateSaveBegun; * -> SaveInProgress; federateSaveComplete
+   alpha: * but FederateAlreadyExecutionMember -> SaveInProgress; federateSaveBegun; * but FederateAlreadyExecutionMember -> SaveInProgress; federateSaveComplete
    alpha < federationSaved
    alpha: requestFederationRestore noon
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
    late: [join|joinWithoutName test $federation] -> RestoreInProgress
-   alpha: * -> RestoreInProgress; federateRestoreComplete => alpha < federationRestored
+   alpha: * but FederateAlreadyExecutionMember -> RestoreInProgress; federateRestoreComplete => alpha < federationRestored
 
 story is within a callback
    federation Road.xml float
@@ -40,27 +40,13 @@ story is within a callback
    alpha: resignFederationExecution NO_ACTION; listFederationExecutions
    alpha < reportFederationExecutions $federation=HLAfloat64Time
 
-story is from the class to the attribute to its state
+story is from the class or object to the attribute to its owner
    be-on-the-road
-   alpha: [publish|unpublish|subscribe|unsubscribe|requestAttributeValueUpdate] noObjectClass noAttribute -> ObjectClassNotDefined
-   alpha: [publish|unpublish|subscribe|unsubscribe|requestAttributeValueUpdate] Car noAttribute -> AttributeNotDefined
-   alpha: [publish|unpublish|subscribe|unsubscribe|requestAttributeValueUpdate] Car Position Load -> AttributeNotDefined # a car has no load
-   alpha: [unpublish|unsubscribe|register] noObjectClass -> ObjectClassNotDefined
+   alpha: * Car [noAttribute|Position Load] but InvalidAttributeHandle -> AttributeNotDefined # a car has no load
    alpha: subscribe noObjectClass noAttribute Breakneck -> InvalidUpdateRateDesignator
-   alpha: [publish|unpublish|subscribe|unsubscribe] noInteractionClass -> InteractionClassNotDefined
-   alpha: register noObjectClass free -> ObjectClassNotDefined; register Truck free -> ObjectClassNotPublished
-
-story is from the object to the attribute
-   be-on-the-road
-   gamma: join
-   alpha: [requestAttributeValueUpdate|queryAttributeTransportationType|getUpdateRateValueForAttribute|
-      attributeOwnershipAcquisition|attributeOwnershipAcquisitionIfAvailable|cancelAttributeOwnershipAcquisition|
-      queryAttributeOwnership|isAttributeOwnedByFederate] noObjectInstance noAttribute -> ObjectInstanceNotKnown
-   alpha: [requestAttributeValueUpdate|queryAttributeTransportationType|getUpdateRateValueForAttribute|
-      attributeOwnershipAcquisition|attributeOwnershipAcquisitionIfAvailable|cancelAttributeOwnershipAcquisition|
-      queryAttributeOwnership|isAttributeOwnedByFederate] car [noAttribute|Load] -> AttributeNotDefined
-   gamma: requestAttributeValueUpdate car Load -> ObjectInstanceNotKnown
-   alpha: [attributeOwnershipAcquisition|cancelAttributeOwnershipAcquisition] car Speed Load -> AttributeNotDefined
+   alpha: register Truck free -> ObjectClassNotPublished
+   beta: * car [noAttribute|Load|Speed Load|Load reliable|Load RO|noAttribute=1 Speed=1|Speed=1 Load=1] -> AttributeNotDefined
+   beta: * car [Speed|Fuel reliable|Fuel RO|Speed=1] -> AttributeNotOwned
    alpha: attributeOwnershipAcquisition car Passengers Speed -> FederateOwnsAttributes
    beta: attributeOwnershipAcquisition car Fuel
    beta: attributeOwnershipAcquisitionIfAvailable car Passengers Fuel -> AttributeNotPublished
@@ -69,68 +55,42 @@ story is from the object to the attribute
    beta: resignFederationExecution UNCONDITIONALLY_DIVEST_ATTRIBUTES -> OwnershipAcquisitionPending
    alpha < requestAttributeOwnershipRelease car Fuel
 
-to be-refused $service
-   beta: $service noObjectInstance noAttribute -> ObjectInstanceNotKnown
-   beta: $service car [noAttribute Speed|Speed Load] -> AttributeNotDefined
-   beta: $service car Speed -> AttributeNotOwned
-story is from the object to the attribute to its owner
-   be-on-the-road
-   beta: update noObjectInstance noAttribute=1 -> ObjectInstanceNotKnown
-   beta: update car [noAttribute=1 Speed=1|Speed=1 Load=1] -> AttributeNotDefined
-   beta: update car Speed=1 -> AttributeNotOwned
-   be-refused [unconditionalAttributeOwnershipDivestiture|negotiatedAttributeOwnershipDivestiture|confirmDivestiture]
-   be-refused [attributeOwnershipReleaseDenied|attributeOwnershipDivestitureIfWanted|cancelNegotiatedAttributeOwnershipDivestiture]
-
-to be-refused-regions $service $car $no $unknown $context
-   alpha: $service $no noAttribute@noRegion -> $unknown; $service $car Load@noRegion -> AttributeNotDefined
-   alpha: $service $car [Position@foreign,noRegion|Position@foreign Position@noRegion] -> InvalidRegion
-   alpha: $service $car Fuel@foreign -> RegionNotCreatedByThisFederate
-   alpha: $service $car [Fuel|Speed]@stretch -> $context
-   alpha: $service $car Position@stretch
+to be-refused-regions $car
+   alpha: * $car Load@noRegion -> AttributeNotDefined
+   alpha: * $car [Position@foreign,noRegion|Position@foreign Position@noRegion] -> InvalidRegion
+   alpha: * $car Fuel@foreign -> RegionNotCreatedByThisFederate
+   alpha: * $car [Fuel|Speed]@stretch -> InvalidRegionContext
 story is from the attribute to the region
    be-on-the-road
-   be-refused-regions [register|subscribe|requestAttributeValueUpdateWithRegions] Car noObjectClass ObjectClassNotDefined InvalidRegionContext
-   be-refused-regions unsubscribe Car noObjectClass ObjectClassNotDefined nothing
-   be-refused-regions associateRegionsForUpdates car noObjectInstance ObjectInstanceNotKnown InvalidRegionContext
-   be-refused-regions unassociateRegionsForUpdates car noObjectInstance ObjectInstanceNotKnown nothing
+   be-refused-regions [Car|car]
    alpha: subscribe noObjectClass Position@foreign Position@noRegion Breakneck -> InvalidUpdateRateDesignator
    alpha: register Truck noAttribute@noRegion [|free] -> AttributeNotDefined
    alpha: register Truck Position@noRegion [|free] -> ObjectClassNotPublished
    alpha: register Car Passengers@noRegion [|free] -> AttributeNotPublished
-   alpha: register noObjectClass Position@stretch free -> ObjectClassNotDefined
-   alpha: register Car Position@foreign Position@noRegion free -> InvalidRegion
+   alpha: register Car Position@noRegion free -> InvalidRegion
    alpha: register Car Position@foreign free -> RegionNotCreatedByThisFederate
    alpha: register Car Fuel@stretch free -> InvalidRegionContext
    alpha: register Car Position@stretch free -> ObjectInstanceNameNotReserved; reserveObjectInstanceName taken
    alpha < objectInstanceNameReservationSucceeded taken
    alpha: taken = register Car taken; register Car Position@stretch taken -> ObjectInstanceNameInUse
    alpha: commitRegionModifications foreign noRegion -> InvalidRegion
-   alpha: setRangeBounds noRegion noDimension 9..1 -> InvalidRegion
    alpha: setRangeBounds foreign noDimension 9..1 -> RegionNotCreatedByThisFederate
    alpha: setRangeBounds stretch noDimension 9..1 -> RegionDoesNotContainSpecifiedDimension
-   alpha: getRangeBounds noRegion noDimension -> InvalidRegion => beta < whatever
-
-story is from the interaction to the region
-   be-on-the-road
    alpha: send Accident foreign -> InteractionClassNotPublished; publish Message; publish Accident
-   alpha: [subscribe|unsubscribe|send] noInteractionClass noRegion -> InteractionClassNotDefined
-   alpha: [subscribe|unsubscribe|send] Accident foreign noRegion -> InvalidRegion
-   alpha: [subscribe|unsubscribe|send] Message foreign -> RegionNotCreatedByThisFederate
-   alpha: [subscribe|send] Message stretch -> InvalidRegionContext
+   alpha: * Accident foreign noRegion -> InvalidRegion
+   alpha: * Message foreign -> RegionNotCreatedByThisFederate
+   alpha: * Message stretch -> InvalidRegionContext
    alpha: send Accident Level=1 stretch -> InteractionParameterNotDefined
+   beta < whatever
 
 story is of the time last
    be-on-the-road
    alpha, beta: enableTimeRegulation 5 => alpha, beta < timeRegulationEnabled 0
-   beta: update noObjectInstance noAttribute= at 0 -> ObjectInstanceNotKnown
    beta: update car noAttribute= at 0 -> AttributeNotDefined; update car Speed= at 0 -> AttributeNotOwned
-   alpha: send noInteractionClass Level= at 0 -> InteractionClassNotDefined
    alpha: send Accident Level= at 0 -> InteractionParameterNotDefined
-   alpha: send noInteractionClass Level= -> InteractionClassNotDefined
    alpha: send Accident [|foreign] at 0 -> InteractionClassNotPublished
-   beta: delete noObjectInstance at 0 -> ObjectInstanceNotKnown; delete car at 0 -> DeletePrivilegeNotHeld
+   beta: delete car at 0 -> DeletePrivilegeNotHeld
    alpha: publish Accident; publish Message
-   alpha: send noInteractionClass stretch at 0 -> InteractionClassNotDefined
    alpha: send Accident Level= stretch at 0 -> InteractionParameterNotDefined
    alpha: send Accident foreign noRegion at 0 -> InvalidRegion
    alpha: send Accident foreign at 0 -> RegionNotCreatedByThisFederate
@@ -153,11 +113,21 @@ story is while another change is under way
    alpha: enableCallbacks
    alpha < confirmAttributeTransportationTypeChange car Position best-effort;
       confirmInteractionTransportationTypeChange Message best-effort
-   alpha: [requestInteractionTransportationTypeChange noInteractionClass reliable|changeInteractionOrderType noInteractionClass RO|
-      queryInteractionTransportationType alpha noInteractionClass] -> InteractionClassNotDefined
-   beta: [requestAttributeTransportationTypeChange car Load reliable|changeAttributeOrderType car Load RO] -> AttributeNotDefined
-   beta: [requestAttributeTransportationTypeChange car Fuel reliable|changeAttributeOrderType car Fuel RO] -> AttributeNotOwned
-   beta: [requestAttributeTransportationTypeChange noObjectInstance Fuel reliable|changeAttributeOrderType noObjectInstance Fuel RO] -> ObjectInstanceNotKnown
-   alpha: [localDeleteObjectInstance|delete|getKnownObjectClassHandle] noObjectInstance -> ObjectInstanceNotKnown
-   alpha: normalizeFederateHandle noFederate -> InvalidFederateHandle
-   alpha: registerFederationSynchronizationPoint done noFederate -> InvalidFederateHandle
+
+# Arguments that are nothing: in the order of the arguments, and their state before that of the federate.
+story is for nothing that is known
+   federation Road.xml
+   alpha: join
+   alpha: * -> [ObjectInstanceNotKnown|ObjectClassNotDefined|InteractionClassNotDefined|InvalidObjectClassHandle|
+      InvalidInteractionClassHandle|InvalidDimensionHandle|InvalidFederateHandle|InvalidOrderName|
+      InvalidTransportationName|IllegalName|SynchronizationPointLabelNotAnnounced]
+   alpha: * but ObjectClassNotDefined -> ObjectInstanceNameNotReserved
+   alpha: * but ObjectInstanceNotKnown ObjectClassNotDefined InteractionClassNotDefined -> InvalidRegion
+   alpha: * but InvalidObjectClassHandle InvalidInteractionClassHandle -> NameNotFound
+   alpha: * -> [TimeRegulationIsNotEnabled|TimeConstrainedIsNotEnabled|AsynchronousDeliveryAlreadyDisabled|
+      SaveNotInitiated|FederateHasNotBegunSave|SaveNotInProgress|RestoreNotRequested|RestoreNotInProgress]
+   alpha: * -> [FederateIsExecutionMember|AlreadyConnected|FederateAlreadyExecutionMember]
+   turn [ObjectClassRelevance|AttributeRelevance|AttributeScope|InteractionRelevance]
+to turn $switch
+   alpha: * -> $switchAdvisorySwitchIsOff; enable$switchAdvisorySwitch; * -> $switchAdvisorySwitchIsOn
+   alpha: disable$switchAdvisorySwitch

@@ -70,25 +70,18 @@ story restores when all have restored
    expect-restoring idle idle
    ask-for-a-restore
 
-story does not restore when one cannot or resigns
+story does not restore when one cannot or aborts it or resigns
+   alpha: abortFederationRestore -> RestoreNotInProgress
    save
    ask-for-a-restore
    alpha: federateRestoreComplete
    beta: federateRestoreNotComplete => alpha, beta < federationNotRestored federate-failed
+   ask-for-a-restore
+   beta: abortFederationRestore => alpha, beta < federationNotRestored aborted
    expect-restoring idle idle
    ask-for-a-restore
    alpha: federateRestoreComplete
    beta: resignFederationExecution NO_ACTION => alpha < federationNotRestored federate-resigned
-
-story aborts a restore
-   alpha: abortFederationRestore -> RestoreNotInProgress
-   save
-   ask-for-a-restore
-   beta: abortFederationRestore => alpha, beta < federationNotRestored aborted
-   alpha: abortFederationRestore -> RestoreNotInProgress
-   ask-for-a-restore
-   alpha: federateRestoreComplete
-   beta: abortFederationRestore => alpha, beta < federationNotRestored aborted
 
 story restores only what was saved by the same federates
    alpha: [federateRestoreComplete|federateRestoreNotComplete] -> RestoreNotRequested

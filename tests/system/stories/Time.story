@@ -18,31 +18,19 @@ to coordinate $lookahead
 to advance $federate $time
    $federate: timeAdvanceRequest $time => $federate < timeAdvanceGrant $time
 
-story is taken up and given up
-   alpha: [disableTimeRegulation|queryLookahead|modifyLookahead 1] -> TimeRegulationIsNotEnabled
-   alpha: disableTimeConstrained -> TimeConstrainedIsNotEnabled; enableTimeRegulation -1 -> InvalidLookahead
-   alpha: disableAsynchronousDelivery -> AsynchronousDeliveryAlreadyDisabled
-   regulate alpha 3
-   constrain alpha
-   alpha: enableAsynchronousDelivery; queryLookahead = 3
-   alpha: enableTimeRegulation -1 -> TimeRegulationAlreadyEnabled
-   alpha: enableTimeConstrained -> TimeConstrainedAlreadyEnabled; modifyLookahead -1 -> InvalidLookahead
-   alpha: enableAsynchronousDelivery -> AsynchronousDeliveryAlreadyEnabled
-   alpha: disableTimeRegulation; disableTimeConstrained; disableAsynchronousDelivery
-   alpha: disableTimeRegulation -> TimeRegulationIsNotEnabled
-   alpha: disableTimeConstrained -> TimeConstrainedIsNotEnabled
-   regulate alpha 0
-   constrain alpha
-
-story is taken up when the callback says so
+story is taken up when the callback says so and given up
+   alpha: enableTimeRegulation -1 -> InvalidLookahead
    alpha, beta: disableCallbacks
-   alpha: enableTimeRegulation 1; enableTimeRegulation 1 -> RequestForTimeRegulationPending
-   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
-      nextMessageRequestAvailable|flushQueueRequest] 5 -> RequestForTimeRegulationPending
-   beta: enableTimeConstrained; enableTimeConstrained -> RequestForTimeConstrainedPending
-   beta: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
-      nextMessageRequestAvailable|flushQueueRequest] 5 -> RequestForTimeConstrainedPending
+   alpha: enableTimeRegulation 1; * -> RequestForTimeRegulationPending
+   beta: enableTimeConstrained; * -> RequestForTimeConstrainedPending
    alpha, beta: enableCallbacks => alpha < timeRegulationEnabled 0 => beta < timeConstrainedEnabled 0
+   alpha: enableTimeRegulation -1 -> TimeRegulationAlreadyEnabled; modifyLookahead -1 -> InvalidLookahead
+   beta: enableTimeConstrained -> TimeConstrainedAlreadyEnabled; enableAsynchronousDelivery
+   beta: enableAsynchronousDelivery -> AsynchronousDeliveryAlreadyEnabled; disableAsynchronousDelivery
+   alpha: disableTimeRegulation; * -> TimeRegulationIsNotEnabled
+   beta: disableTimeConstrained; * -> TimeConstrainedIsNotEnabled
+   regulate alpha 0
+   constrain beta
 
 story takes no heed of what is unwanted
    regulate alpha 1
@@ -56,39 +44,28 @@ story takes no heed of what is unwanted
 story holds constrained federates back
    regulate alpha 1
    constrain beta
-   beta: timeAdvanceRequest 10 => beta < nothing
-   beta: queryLogicalTime = 0
+   beta: timeAdvanceRequest 10
    beta: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
       nextMessageRequestAvailable|flushQueueRequest] -1 -> InTimeAdvancingState
    beta: enableTimeRegulation 1 -> InTimeAdvancingState
    advance alpha 1
    alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
       nextMessageRequestAvailable|flushQueueRequest] 0 -> LogicalTimeAlreadyPassed
-   advance alpha 9 # from 10 on there may be more
-   beta < nothing
    advance alpha 10
    beta < timeAdvanceGrant 10
-   beta: queryLogicalTime = 10
 
 story delivers in the order of time
    regulate alpha 1
    constrain beta
    alpha: update car Position=c at 7 = retractable
-   alpha: update car Position=a at 5; send Accident Damage=b at 6; update car Position=d at 11
-   beta: timeAdvanceRequest 6 => beta < nothing
-   advance alpha 10
-   beta < reflect car Position=a TSO reliable at 5 TSO retractable by alpha;
-      receive Accident Damage=b TSO reliable at 6 TSO retractable by alpha; timeAdvanceGrant 6
-   advance alpha 20
-   beta < nothing
-   beta: timeAdvanceRequest 11
-   beta < reflect car Position=c TSO reliable at 7 TSO retractable by alpha;
-      reflect car Position=d TSO reliable at 11 TSO retractable by alpha; timeAdvanceGrant 11
-   alpha: delete car tag=gone at 25
+   alpha: update car Position=a at 5; send Accident Damage=b at 6; delete car tag=gone at 25
    advance alpha 30
    beta: getKnownObjectClassHandle car = Car # as yet
    beta: timeAdvanceRequest 30
-   beta < remove car tag=gone TSO at 25 TSO retractable by alpha; timeAdvanceGrant 30
+   beta < reflect car Position=a TSO reliable at 5 TSO retractable by alpha;
+      receive Accident Damage=b TSO reliable at 6 TSO retractable by alpha;
+      reflect car Position=c TSO reliable at 7 TSO retractable by alpha;
+      remove car tag=gone TSO at 25 TSO retractable by alpha; timeAdvanceGrant 30
 
 story orders only what is sent and received in order
    # Not regulating: without order, though with a time.
@@ -127,29 +104,6 @@ story delivers without order only to who is advancing
    beta: disableAsynchronousDelivery
    alpha: send Message Words=later => beta < nothing
    beta: disableTimeConstrained => beta < receive Message Words=later RO reliable by alpha
-
-story takes messages back
-   gamma: join; subscribe Car Position Speed Fuel # and is not constrained
-   gamma < discover car Car car alpha
-   alpha: retract noMessage -> TimeRegulationIsNotEnabled
-   regulate alpha 1
-   constrain beta
-   alpha: retract noMessage -> InvalidMessageRetractionHandle
-   alpha: first = update car Position=a at 5; second = update car Position=b at 6
-   alpha: third = update car Position=c at 7
-   gamma < reflect car Position=a TSO reliable at 5 RO retractable by alpha;
-      reflect car Position=b TSO reliable at 6 RO retractable by alpha;
-      reflect car Position=c TSO reliable at 7 RO retractable by alpha
-   alpha: retract second => gamma < requestRetraction second
-   alpha: retract second -> MessageCanNoLongerBeRetracted
-   advance alpha 5
-   alpha: retract first -> MessageCanNoLongerBeRetracted
-   beta: flushQueueRequest 5
-   beta < reflect car Position=a TSO reliable at 5 TSO retractable by alpha;
-      reflect car Position=c TSO reliable at 7 TSO retractable by alpha; timeAdvanceGrant 5
-   alpha: retract third # which beta has received
-   beta, gamma < requestRetraction third
-   beta: retract third -> TimeRegulationIsNotEnabled
 
 story takes deletions back
    regulate alpha 1
@@ -245,7 +199,7 @@ to let-them-go
    gamma < timeConstrainedEnabled 50
 
 story is only for who takes part
-   alpha: requestFederationSave noon at 5 -> FederateUnableToUseTime
+   alpha: requestFederationSave noon at 5 -> FederateUnableToUseTime; retract noMessage -> TimeRegulationIsNotEnabled
    regulate [alpha|beta] 1
    alpha: sent = update car Position=1 at 5
    beta < reflect car Position=1 TSO reliable at 5 RO retractable by alpha
