@@ -8,6 +8,9 @@ import io.netty.channel.Channel;
 import io.netty.channel.ChannelFutureListener;
 import io.netty.channel.ChannelHandlerContext;
 import io.netty.channel.ChannelInboundHandlerAdapter;
+import io.netty.handler.codec.CorruptedFrameException;
+import io.netty.handler.codec.TooLongFrameException;
+import io.netty.handler.ssl.NotSslRecordException;
 import io.netty.util.ReferenceCountUtil;
 import java.util.Queue;
 import java.util.concurrent.ConcurrentLinkedQueue;
@@ -146,6 +149,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     }
 
     private void pulse() {
+        if (!channel.config().isAutoRead()) {
+            heard = System.nanoTime(); // it is the hub that does not listen, for as long as a service takes
+        }
         long limit = TimeUnit.SECONDS.toNanos(hub.settings().lostAfter());
         if (!ended && System.nanoTime() - heard > limit) {
             lose("it has been silent for " + hub.settings().lostAfter() + " s");
@@ -215,7 +221,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
     }
 
-    private void refuse(String reason) {
+    void refuse(String reason) {
         HubLog.refused(channel, reason);
         close(reason);
     }
@@ -248,15 +254,29 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     @Override
     public void channelInactive(ChannelHandlerContext context) {
-        lose("its connection is closed");
+        if (greeted) {
+            lose("its connection is closed");
+        } else {
+            close("it has gone");
+        }
     }
 
     @Override
     public void exceptionCaught(ChannelHandlerContext context, Throwable cause) {
         if (greeted) {
-            lose(cause.getMessage() == null ? cause.toString() : cause.getMessage());
+            lose(reason(cause));
         } else if (!ended) {
-            refuse(cause.getMessage() == null ? cause.toString() : cause.getMessage());
+            refuse(reason(cause));
         }
+    }
+
+    private String reason(Throwable cause) {
+        if (cause instanceof NotSslRecordException || cause.getCause() instanceof NotSslRecordException) {
+            return "it does not use TLS";
+        }
+        if (cause instanceof TooLongFrameException || cause instanceof CorruptedFrameException) {
+            return "it sent a frame of more than the " + hub.settings().greatestFrame() + " bytes that are taken";
+        }
+        return cause.getMessage() == null ? cause.toString() : cause.getMessage();
     }
 }

@@ -79,14 +79,13 @@ final class Hub {
             Thread.currentThread().interrupt();
             throw new IOException(e);
         } catch (Exception e) { // the library throws what the system call has failed with, undeclared
-            throw new IOException(e.getMessage(), e);
+            throw new IOException("cannot listen on " + settings.host() + ":" + settings.port() + " (" + e.getMessage()
+                    + ")", e);
         }
     }
 
     private void begin(SocketChannel channel) {
-        if (connections.incrementAndGet() > settings.connections()) {
-            refuse(channel, "there are " + settings.connections() + " connections already");
-        }
+        boolean isOneTooMany = connections.incrementAndGet() > settings.connections();
         channel.closeFuture().addListener(closed -> connections.decrementAndGet());
         ChannelPipeline pipeline = channel.pipeline();
         if (tls != null) {
@@ -98,12 +97,10 @@ final class Hub {
                 Protocol.LENGTH_BYTES));
         FederateChannel federate = new FederateChannel(this, channel);
         pipeline.addLast(federate);
+        if (isOneTooMany) {
+            federate.refuse("there are " + settings.connections() + " connections already");
+        }
         channel.eventLoop().schedule(federate::requireGreeting, GREETING_SECONDS, TimeUnit.SECONDS);
-    }
-
-    private static void refuse(Channel channel, String reason) {
-        HubLog.refused(channel, reason);
-        channel.close();
     }
 
     void serveLong(Runnable service) {
