@@ -1,5 +1,5 @@
-// A federate that does what it reads: a line each, answered by a line, with its callbacks in between. In a process of
-// its own, so that it can be killed.
+// A federate that does what it reads: a line each, answered by a line, with its callbacks in between. In a
+// process of its own, so that it can be killed.
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
 #include <RTI/time/HLAinteger64Interval.h>
@@ -118,15 +118,11 @@ int main()
    std::setlocale(LC_ALL, "C.UTF-8");
    Player player;
    std::wstring line;
-   while (std::getline(std::wcin, line))
-   {
-      try
-      {
+   while (std::getline(std::wcin, line)) {
+      try {
          player.play(line);
          say(L"done " + line);
-      }
-      catch (rti1516e::Exception const& e)
-      {
+      } catch (rti1516e::Exception const& e) {
          say(L"failed " + line + L": " + e.what());
       }
    }
