@@ -139,13 +139,13 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             return;
         }
         greeted = true;
-        hub.entered(this);
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
             long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / 4;
             channel.eventLoop().scheduleAtFixedRate(this::pulse, period, period, TimeUnit.MILLISECONDS);
         }
+        hub.entered(this, channel);
     }
 
     private void pulse() {
@@ -275,7 +275,8 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             return "it does not use TLS";
         }
         if (cause instanceof TooLongFrameException || cause instanceof CorruptedFrameException) {
-            return "it sent a frame of more than the " + hub.settings().greatestFrame() + " bytes that are taken";
+            return !greeted ? "it is no federate, or uses TLS"
+                    : "it sent a frame of more than the " + hub.settings().greatestFrame() + " bytes that are taken";
         }
         return cause.getMessage() == null ? cause.toString() : cause.getMessage();
     }
