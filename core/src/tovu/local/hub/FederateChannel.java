@@ -14,6 +14,7 @@ import io.netty.handler.ssl.NotSslRecordException;
 import io.netty.util.ReferenceCountUtil;
 import java.util.Queue;
 import java.util.concurrent.ConcurrentLinkedQueue;
+import java.util.concurrent.Future;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
@@ -143,7 +144,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
             long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / 4;
-            channel.eventLoop().scheduleAtFixedRate(this::pulse, period, period, TimeUnit.MILLISECONDS);
+            Future<?> pulse = channel.eventLoop().scheduleAtFixedRate(this::pulse, period, period,
+                    TimeUnit.MILLISECONDS);
+            channel.closeFuture().addListener(closed -> pulse.cancel(false)); // or the timer would keep it for ever
         }
         hub.entered(this, channel);
     }
