@@ -1,7 +1,9 @@
 package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.AlreadyConnected;
+import hla.rti1516e.exceptions.ConnectionFailed;
 import hla.rti1516e.exceptions.FederateIsExecutionMember;
+import hla.rti1516e.exceptions.NotConnected;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
 import java.util.concurrent.CompletableFuture;
@@ -31,7 +33,11 @@ final class FederateConnection extends Connection {
             created = CallbackDelivery.ofSelfDelivering(() -> "The federate at the hub " + address);
             connectToHub(address, created, context, message);
         }
+        CallbackDelivery previous = delivery; // of a hub that was lost
         delivery = created;
+        if (previous != null) {
+            previous.close();
+        }
         if (immediate) {
             created.deliverImmediately();
         }
@@ -47,15 +53,16 @@ final class FederateConnection extends Connection {
             throws RTIexception {
         requireNotConnectedToHub();
         session.requireNotConnected();
-        HubLink[] link = new HubLink[1];
-        link[0] = HubLink.open(address, created, natives, () -> lost(created, context, link[0]));
+        HubLink link = HubLink.open(address, created, natives, fault -> lost(created, context, fault));
         try {
-            link[0].request(Service.connect_FA_CM_S.ordinal(), message);
+            link.request(Service.connect_FA_CM_S.ordinal(), message);
+        } catch (NotConnected e) {
+            throw new ConnectionFailed(e.getMessage());
         } catch (RTIexception e) {
-            link[0].close(e.getMessage());
+            link.close(e.getMessage());
             throw e;
         }
-        hub = link[0];
+        hub = link;
     }
 
     private void requireNotConnectedToHub() throws AlreadyConnected {
@@ -66,10 +73,10 @@ final class FederateConnection extends Connection {
     }
 
     /** What came of a federation that the federate is no member of any more is not true any more, either. */
-    private void lost(CallbackDelivery of, int context, HubLink link) {
+    private void lost(CallbackDelivery of, int context, String fault) {
         of.dropMembership();
         FederateCallbacks federate = CallbackDelivery.encoder(context, natives);
-        of.postToConnection(nobody -> federate.connectionLost(link.fault()));
+        of.postToConnection(nobody -> federate.connectionLost(fault));
     }
 
     @Override

@@ -8,9 +8,13 @@ import io.netty.channel.Channel;
 import io.netty.channel.ChannelFutureListener;
 import io.netty.channel.ChannelHandlerContext;
 import io.netty.channel.ChannelInboundHandlerAdapter;
+import io.netty.handler.codec.CorruptedFrameException;
+import io.netty.handler.codec.TooLongFrameException;
+import io.netty.handler.ssl.NotSslRecordException;
 import io.netty.util.ReferenceCountUtil;
 import java.util.Queue;
 import java.util.concurrent.ConcurrentLinkedQueue;
+import java.util.concurrent.Future;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
@@ -136,16 +140,21 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             return;
         }
         greeted = true;
-        hub.entered(this);
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
             long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / 4;
-            channel.eventLoop().scheduleAtFixedRate(this::pulse, period, period, TimeUnit.MILLISECONDS);
+            Future<?> pulse = channel.eventLoop().scheduleAtFixedRate(this::pulse, period, period,
+                    TimeUnit.MILLISECONDS);
+            channel.closeFuture().addListener(closed -> pulse.cancel(false)); // or the timer would keep it for ever
         }
+        hub.entered(this, channel);
     }
 
     private void pulse() {
+        if (!channel.config().isAutoRead()) {
+            heard = System.nanoTime(); // it is the hub that does not listen, for as long as a service takes
+        }
         long limit = TimeUnit.SECONDS.toNanos(hub.settings().lostAfter());
         boolean listens = channel.config().isAutoRead();
         if (!ended && listens && System.nanoTime() - heard > limit) {
@@ -219,7 +228,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
     }
 
-    private void refuse(String reason) {
+    void refuse(String reason) {
         HubLog.refused(channel, reason);
         close(reason);
     }
@@ -252,15 +261,30 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     @Override
     public void channelInactive(ChannelHandlerContext context) {
-        lose("its connection is closed");
+        if (greeted) {
+            lose("its connection is closed");
+        } else {
+            close("it has gone");
+        }
     }
 
     @Override
     public void exceptionCaught(ChannelHandlerContext context, Throwable cause) {
         if (greeted) {
-            lose(cause.getMessage() == null ? cause.toString() : cause.getMessage());
+            lose(reason(cause));
         } else if (!ended) {
-            refuse(cause.getMessage() == null ? cause.toString() : cause.getMessage());
+            refuse(reason(cause));
         }
+    }
+
+    private String reason(Throwable cause) {
+        if (cause instanceof NotSslRecordException || cause.getCause() instanceof NotSslRecordException) {
+            return "it does not use TLS";
+        }
+        if (cause instanceof TooLongFrameException || cause instanceof CorruptedFrameException) {
+            return !greeted ? "it is no federate, or uses TLS"
+                    : "it sent a frame of more than the " + hub.settings().greatestFrame() + " bytes that are taken";
+        }
+        return cause.getMessage() == null ? cause.toString() : cause.getMessage();
     }
 }

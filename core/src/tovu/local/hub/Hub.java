@@ -30,6 +30,7 @@ import tovu.local.wire.Protocol;
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
 final class Hub {
     private static final int GREETING_SECONDS = 10;
+    private static final int GREATEST_GREETING = 1024;
     private static final int BACKLOG = 1024;
 
     private final HubSettings settings;
@@ -79,15 +80,13 @@ final class Hub {
             Thread.currentThread().interrupt();
             throw new IOException(e);
         } catch (Exception e) { // the library throws what the system call has failed with, undeclared
-            throw new IOException("port " + settings.port() + " of " + settings.host() + " cannot be listened on ("
-                    + e.getMessage() + ")", e);
+            throw new IOException("cannot listen on " + settings.host() + ":" + settings.port() + " (" + e.getMessage()
+                    + ")", e);
         }
     }
 
     private void begin(SocketChannel channel) {
-        if (connections.incrementAndGet() > settings.connections()) {
-            refuse(channel, "there are " + settings.connections() + " connections already");
-        }
+        boolean isOneTooMany = connections.incrementAndGet() > settings.connections();
         channel.closeFuture().addListener(closed -> connections.decrementAndGet());
         ChannelPipeline pipeline = channel.pipeline();
         if (tls != null) {
@@ -95,24 +94,27 @@ final class Hub {
             handler.setHandshakeTimeout(GREETING_SECONDS, TimeUnit.SECONDS);
             pipeline.addLast(handler);
         }
-        pipeline.addLast(new LengthFieldBasedFrameDecoder(settings.greatestFrame(), 0, Protocol.LENGTH_BYTES, 0,
-                Protocol.LENGTH_BYTES));
+        pipeline.addLast(frames(GREATEST_GREETING)); // who is not in yet makes the hub keep no more than that
         FederateChannel federate = new FederateChannel(this, channel);
         pipeline.addLast(federate);
+        if (isOneTooMany) {
+            federate.refuse("there are " + settings.connections() + " connections already");
+        }
         channel.eventLoop().schedule(federate::requireGreeting, GREETING_SECONDS, TimeUnit.SECONDS);
     }
 
-    private static void refuse(Channel channel, String reason) {
-        HubLog.refused(channel, reason);
-        channel.close();
+    private static LengthFieldBasedFrameDecoder frames(int greatest) {
+        return new LengthFieldBasedFrameDecoder(greatest, 0, Protocol.LENGTH_BYTES, 0, Protocol.LENGTH_BYTES);
     }
 
     void serveLong(Runnable service) {
         longServices.execute(service);
     }
 
-    void entered(FederateChannel federate) {
+    /** @param channel the connection of that, which may send frames of full size from now on */
+    void entered(FederateChannel federate, Channel channel) {
         federates.add(federate);
+        channel.pipeline().replace(LengthFieldBasedFrameDecoder.class, null, frames(settings.greatestFrame()));
     }
 
     void left(FederateChannel federate) {

@@ -20,7 +20,8 @@ final class HubLog {
         fault.printStackTrace();
     }
 
+    /** Names come from whoever connects: they write no lines of their own, and nothing that a terminal obeys. */
     static void say(String line) {
-        System.err.println(line);
+        System.err.println(line.replaceAll("\\p{Cntrl}", "?"));
     }
 }

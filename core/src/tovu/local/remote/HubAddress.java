@@ -1,6 +1,7 @@
 package tovu.local.remote;
 
 import hla.rti1516e.exceptions.InvalidLocalSettingsDesignator;
+import java.nio.file.InvalidPathException;
 import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
@@ -55,9 +56,9 @@ public record HubAddress(String host, int port, Path ca, Path certificate, Path 
             }
             switch (name) {
                 case "hub" -> where = value;
-                case "ca" -> ca = Path.of(value);
-                case "certificate" -> certificate = Path.of(value);
-                case "key" -> key = Path.of(value);
+                case "ca" -> ca = path(designator, value);
+                case "certificate" -> certificate = path(designator, value);
+                case "key" -> key = path(designator, value);
                 default -> throw refused(designator, "'" + setting.strip() + "' is no setting");
             }
         }
@@ -73,6 +74,14 @@ public record HubAddress(String host, int port, Path ca, Path certificate, Path 
             throw refused(designator, "'" + where + "' is not HOST:PORT");
         }
         return new HubAddress(host, port(designator, where.substring(colon + 1)), ca, certificate, key);
+    }
+
+    private static Path path(String designator, String text) throws InvalidLocalSettingsDesignator {
+        try {
+            return Path.of(text);
+        } catch (InvalidPathException e) {
+            throw refused(designator, "'" + text + "' names no file here (" + e.getReason() + ")");
+        }
     }
 
     private static int port(String designator, String text) throws InvalidLocalSettingsDesignator {

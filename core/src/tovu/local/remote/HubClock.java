@@ -1,24 +1,33 @@
 package tovu.local.remote;
 
+import java.util.concurrent.Executor;
 import java.util.concurrent.Executors;
 import java.util.concurrent.ScheduledExecutorService;
 import java.util.concurrent.ScheduledThreadPoolExecutor;
+import java.util.concurrent.ThreadFactory;
 
-/** The one timer of all connections to hubs. Made when the first of them is. */
+/**
+ * The one timer of all connections to hubs, made when the first of them is. It never waits for a hub: what is to be
+ * written is written by threads of its own.
+ */
 final class HubClock {
     static final ScheduledExecutorService INSTANCE = make();
+    static final Executor WRITERS = Executors.newCachedThreadPool(daemons("hub writer"));
 
     private HubClock() {
     }
 
     private static ScheduledExecutorService make() {
-        ScheduledThreadPoolExecutor clock = new ScheduledThreadPoolExecutor(1, task -> {
-            Thread thread = Executors.defaultThreadFactory().newThread(task);
-            thread.setName("hub clock");
-            thread.setDaemon(true);
-            return thread;
-        });
+        ScheduledThreadPoolExecutor clock = new ScheduledThreadPoolExecutor(1, daemons("hub clock"));
         clock.setRemoveOnCancelPolicy(true);
         return clock;
+    }
+
+    private static ThreadFactory daemons(String name) {
+        return task -> {
+            Thread thread = new Thread(task, name);
+            thread.setDaemon(true);
+            return thread;
+        };
     }
 }

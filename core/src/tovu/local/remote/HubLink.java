@@ -14,10 +14,12 @@ import java.util.HashSet;
 import java.util.Map;
 import java.util.Set;
 import java.util.concurrent.ConcurrentHashMap;
+import java.util.concurrent.Future;
 import java.util.concurrent.ScheduledFuture;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicBoolean;
 import java.util.concurrent.atomic.AtomicInteger;
+import java.util.function.Consumer;
 import tovu.local.delivery.CallbackMethod;
 import tovu.local.delivery.CallbackPort;
 import tovu.local.model.Callback;
@@ -37,6 +39,7 @@ import tovu.local.wire.MalformedFrame;
 public final class HubLink {
     private static final int STREAM_BUFFER = 1 << 16;
     private static final long TELL_IDLE_MILLIS = 5;
+    private static final long FAREWELL_MILLIS = 1_000; // for what an end needs of the other side
 
     private final HubAddress hub;
     private final HubSocket socket;
@@ -46,7 +49,7 @@ public final class HubLink {
     private final long silenceNanos; // after which the other side is lost; 0 for never
     private final CallbackSink queue;
     private final CallbackPort federate;
-    private final Runnable onLoss;
+    private final Consumer<String> onLoss;
     private final Map<Integer, Answer> awaited = new ConcurrentHashMap<>();
     private final AtomicInteger lastRequest = new AtomicInteger();
     private final Set<Long> retracted = new HashSet<>(); // guarded by the monitor, like the three below
@@ -64,9 +67,9 @@ public final class HubLink {
      *
      * @param queue    takes the callbacks that come
      * @param federate is called with them when it is their turn
-     * @param onLoss   runs once if the connection ends before it is closed
+     * @param onLoss   is told, once, how the connection has ended if that is before it is closed
      */
-    public static HubLink open(HubAddress hub, CallbackSink queue, CallbackPort federate, Runnable onLoss)
+    public static HubLink open(HubAddress hub, CallbackSink queue, CallbackPort federate, Consumer<String> onLoss)
             throws ConnectionFailed {
         HubSocket socket = HubSocket.connect(hub);
         try {
@@ -80,8 +83,8 @@ public final class HubLink {
         }
     }
 
-    private HubLink(HubAddress hub, HubSocket socket, CallbackSink queue, CallbackPort federate, Runnable onLoss)
-            throws IOException, ConnectionFailed {
+    private HubLink(HubAddress hub, HubSocket socket, CallbackSink queue, CallbackPort federate,
+            Consumer<String> onLoss) throws IOException, ConnectionFailed {
         this.hub = hub;
         this.socket = socket;
         this.queue = queue;
@@ -146,7 +149,9 @@ public final class HubLink {
             }
             said = true;
         } catch (IOException e) {
-            lose("sending failed: " + HubSocket.reason(e));
+            // the hub may have said why it ends the connection, which is still to be read
+            HubClock.INSTANCE.schedule(() -> lose("sending failed: " + HubSocket.reason(e)),
+                    FAREWELL_MILLIS, TimeUnit.MILLISECONDS);
         }
     }
 
@@ -330,10 +335,10 @@ public final class HubLink {
     /** So that others need not wait until this federate has a request. */
     private void tellProgressSoon() {
         if (!tellingProgress.get() && tellingProgress.compareAndSet(false, true)) {
-            HubClock.INSTANCE.schedule(() -> {
+            HubClock.INSTANCE.schedule(() -> HubClock.WRITERS.execute(() -> {
                 tellingProgress.set(false);
                 tell(progress(new FrameWriter(FrameType.PROGRESS)).end());
-            }, TELL_IDLE_MILLIS, TimeUnit.MILLISECONDS);
+            }), TELL_IDLE_MILLIS, TimeUnit.MILLISECONDS);
         }
     }
 
@@ -341,14 +346,14 @@ public final class HubLink {
         if (System.nanoTime() - heard > silenceNanos) {
             lose("the hub has been silent for " + TimeUnit.NANOSECONDS.toSeconds(silenceNanos) + " s");
         } else if (!said) {
-            tell(new FrameWriter(FrameType.HEARTBEAT).end());
+            HubClock.WRITERS.execute(() -> tell(new FrameWriter(FrameType.HEARTBEAT).end()));
         }
         said = false;
     }
 
     private void lose(String reason) {
         if (end(reason)) {
-            onLoss.run();
+            onLoss.accept("The connection to the hub at " + hub + " is lost: " + reason);
         }
     }
 
@@ -358,8 +363,10 @@ public final class HubLink {
      * @param reason what the others are told if the federate is still joined
      */
     public void close(String reason) {
-        if (lost == null) {
+        if (lost == null) { // a hub that does not read holds it up no longer than that
+            Future<?> last = HubClock.INSTANCE.schedule(() -> end(reason), FAREWELL_MILLIS, TimeUnit.MILLISECONDS);
             tell(new FrameWriter(FrameType.GOODBYE).text(reason).end());
+            last.cancel(false);
         }
         end(reason);
     }
@@ -381,10 +388,5 @@ public final class HubLink {
 
     public boolean isLost() {
         return lost != null;
-    }
-
-    /** Why the connection has ended. */
-    public String fault() {
-        return "The connection to the hub at " + hub + " is lost: " + lost;
     }
 }

@@ -13,9 +13,11 @@ import java.net.SocketTimeoutException;
 import java.net.StandardSocketOptions;
 import java.net.UnknownHostException;
 import java.security.GeneralSecurityException;
+import java.security.cert.CertificateException;
 import java.util.concurrent.Future;
 import java.util.concurrent.TimeUnit;
 import javax.net.ssl.SSLException;
+import javax.net.ssl.SSLHandshakeException;
 import javax.net.ssl.SSLParameters;
 import javax.net.ssl.SSLSocket;
 import tovu.local.wire.FrameReader;
@@ -30,7 +32,7 @@ final class HubSocket {
     record Welcome(int lostAfterSeconds, int greatestFrame) {
     }
 
-    private static final long PATIENCE_MILLIS = 5_000; // for all until the welcome
+    private static final long PATIENCE_MILLIS = 4_500; // for all until the welcome
 
     private final HubAddress hub;
     private final Socket plain;
@@ -104,18 +106,19 @@ final class HubSocket {
             output().flush();
             int length = in.readInt();
             if (length < 1 || length > Protocol.GREATEST_FRAME) {
-                throw new MalformedFrame("a frame of " + length + " bytes");
+                throw new MalformedFrame(isTlsAlert(length) ? "TLS; give the ca that it is known by"
+                        : "a frame of " + length + " bytes");
             }
             FrameReader answer = new FrameReader(in.readNBytes(length));
             if (answer.type() == FrameType.CLOSING) {
-                throw refused(answer.text());
+                throw ended(answer.text());
             }
             if (answer.type() != FrameType.WELCOME) {
                 throw new MalformedFrame("a frame of type " + answer.type() + " instead of a welcome");
             }
             int version = answer.integer();
             if (version != Protocol.VERSION) {
-                throw refused("it speaks version " + version + " of the protocol and this library version "
+                throw ended("it speaks version " + version + " of the protocol and this library version "
                         + Protocol.VERSION + "; install the same release on both sides");
             }
             return new Welcome(answer.integer(), answer.integer());
@@ -124,17 +127,26 @@ final class HubSocket {
         }
     }
 
+    /** The first bytes of a TLS record that says that something was not TLS. */
+    private static boolean isTlsAlert(int length) {
+        return length >> Short.SIZE == 0x1503;
+    }
+
     ConnectionFailed failed(Exception failure) {
-        close();
-        return refused(late ? "it did not answer within " + TimeUnit.MILLISECONDS.toSeconds(PATIENCE_MILLIS) + " s"
+        return ended(late ? "it did not answer within " + PATIENCE_MILLIS / 1_000.0 + " s"
                 : failure instanceof MalformedFrame ? "what listens there is no hub: it sent " + failure.getMessage()
-                : secure ? "it ended the connection (" + failure.getMessage() + "); it may want a certificate of this"
-                        + " federate, from another authority than the one given"
+                : secure ? notAccepted(failure)
                 : reason(failure));
     }
 
-    private ConnectionFailed refused(String reason) {
+    private ConnectionFailed ended(String reason) {
+        close();
         return new ConnectionFailed("The hub at " + hub + " cannot be used: " + reason);
+    }
+
+    private static String notAccepted(Exception failure) {
+        return "it does not accept this federate's certificate, or the lack of one (" + failure.getMessage()
+                + "); give certificate and key";
     }
 
     static String reason(Exception failure) {
@@ -148,11 +160,17 @@ final class HubSocket {
             return "it did not answer in time";
         }
         if (failure instanceof EOFException) {
-            return "it closed the connection; it may want TLS (ca=FILE), and says why on its standard error stream";
+            return "it closed the connection; if it listens with a certificate, give the ca that it is known by";
         }
         if (failure instanceof SSLException && failure.getMessage() != null
-                && failure.getMessage().contains("SSL message")) {
+                && failure.getMessage().startsWith("Unsupported or unrecognized")) {
             return "it does not speak TLS; leave out the ca, or start the hub with a certificate";
+        }
+        if (failure instanceof SSLHandshakeException && failure.getCause() instanceof CertificateException) {
+            return "its certificate is not accepted (" + failure.getMessage() + "); give the ca that it is signed by";
+        }
+        if (failure instanceof SSLException && String.valueOf(failure.getMessage()).contains("alert: ")) {
+            return notAccepted(failure);
         }
         return failure.getMessage() == null ? failure.toString() : failure.getMessage();
     }

@@ -1,0 +1,129 @@
+// A federate that does what it reads: a line each, answered by a line, with its callbacks in between. In a
+// process of its own, so that it can be killed.
+#include <RTI/NullFederateAmbassador.h>
+#include <RTI/RTI1516.h>
+#include <RTI/time/HLAinteger64Interval.h>
+#include <RTI/time/HLAinteger64Time.h>
+
+#include <atomic>
+#include <clocale>
+#include <iostream>
+#include <memory>
+#include <mutex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace rti1516e;
+
+void say(std::wstring const& line)
+{
+   static std::mutex oneAtATime;
+   std::lock_guard<std::mutex> const lock(oneAtATime);
+   std::wcout << line << std::endl;
+}
+
+class Player : private NullFederateAmbassador
+{
+public:
+   void play(std::wstring const& line)
+   {
+      std::wistringstream in(line);
+      std::wstring action;
+      std::wstring text;
+      in >> action >> text;
+      RTIambassador& rti = *_ambassador;
+      if (action == L"connect" || action == L"evoked")
+         rti.connect(*this, action == L"evoked" ? HLA_EVOKED : HLA_IMMEDIATE, text);
+      else if (action == L"create")
+         rti.createFederationExecution(L"Meeting", text, L"HLAinteger64Time");
+      else if (action == L"join")
+         join(text);
+      else if (action == L"person")
+         rti.registerObjectInstance(rti.getObjectClassHandle(L"Person"));
+      else if (action == L"regulate")
+         rti.enableTimeRegulation(HLAinteger64Interval(1));
+      else if (action == L"constrain")
+         rti.enableTimeConstrained();
+      else if (action == L"advance")
+         rti.timeAdvanceRequest(HLAinteger64Time(std::stoll(text)));
+      else if (action == L"save")
+         rti.requestFederationSave(text);
+      else if (action == L"greet")
+         greet(std::stoi(text), 1);
+      else if (action == L"flood")
+         greet(std::stoi(text), 1 << 16);
+      else if (action == L"count")
+         say(L"received " + std::to_wstring(_received));
+      else if (action == L"evoke")
+         rti.evokeCallback(std::stod(text));
+      else if (action == L"resign")
+         rti.resignFederationExecution(NO_ACTION);
+      else if (action == L"disconnect")
+         rti.disconnect();
+   }
+
+private:
+   void join(std::wstring const& name)
+   {
+      RTIambassador& rti = *_ambassador;
+      rti.joinFederationExecution(name, L"participant", L"Meeting");
+      rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
+      ObjectClassHandle const person = rti.getObjectClassHandle(L"Person");
+      AttributeHandleSet const place{rti.getAttributeHandle(person, L"Place")};
+      rti.publishObjectClassAttributes(person, place);
+      rti.subscribeObjectClassAttributes(person, place);
+      _greeting = rti.getInteractionClassHandle(L"Greeting");
+      rti.publishInteractionClass(_greeting);
+      rti.subscribeInteractionClass(_greeting);
+   }
+
+   void greet(int times, unsigned size)
+   {
+      std::vector<char> const tag(size);
+      for (int i = 0; i < times; ++i)
+         _ambassador->sendInteraction(_greeting, {}, VariableLengthData(tag.data(), size));
+   }
+
+   void connectionLost(std::wstring const& fault) override { say(L"< connectionLost " + fault); }
+   void discoverObjectInstance(ObjectInstanceHandle, ObjectClassHandle, std::wstring const& name) override
+   {
+      say(L"< discover " + name);
+   }
+   void removeObjectInstance(ObjectInstanceHandle, VariableLengthData const&, OrderType,
+                             SupplementalRemoveInfo) override
+   {
+      say(L"< remove");
+   }
+   void receiveInteraction(InteractionClassHandle, ParameterHandleValueMap const&, VariableLengthData const&,
+                           OrderType, TransportationType, SupplementalReceiveInfo) override
+   {
+      ++_received;
+   }
+   void timeAdvanceGrant(LogicalTime const& time) override { say(L"< grant " + time.toString()); }
+   void initiateFederateSave(std::wstring const& label) override { say(L"< save " + label); }
+   void federationNotSaved(SaveFailureReason) override { say(L"< notSaved"); }
+
+   std::unique_ptr<RTIambassador> const _ambassador{RTIambassadorFactory().createRTIambassador()};
+   InteractionClassHandle _greeting;
+   std::atomic<unsigned> _received{0};
+};
+
+} // namespace
+
+int main()
+{
+   std::setlocale(LC_ALL, "C.UTF-8");
+   Player player;
+   std::wstring line;
+   while (std::getline(std::wcin, line)) {
+      try {
+         player.play(line);
+         say(L"done " + line);
+      } catch (rti1516e::Exception const& e) {
+         say(L"failed " + line + L": " + e.what());
+      }
+   }
+}

@@ -1,0 +1,185 @@
+#!/usr/bin/env bash
+# A hub as whoever runs it meets it: what it and its federates say when something is wrong, and who notices what when
+# processes are killed or stopped. operations.sh HUB PLAYER FOM JAVA
+set -euo pipefail
+hub=$1 player=$2 fom=$3 java=$4
+here=$(cd "$(dirname "$0")" && pwd)
+cd "$(mktemp -d)"
+declare -A pid
+trap 'kill -KILL "${pid[@]}" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$PWD"' EXIT
+
+fail() {
+  echo "FAILED: $*" >&2
+  tail -n 20 ./*.out ./*.err >&2
+  exit 1
+}
+
+# within SECONDS FILE PATTERN: waits until the file has such a line, and says how long that took.
+within() {
+  local begin=${EPOCHREALTIME/./}
+  until grep -qE -- "$3" "$2"; do
+    ((${EPOCHREALTIME/./} - begin < $1 * 1000000)) || fail "$2 has no '$3' within $1 s"
+    sleep 0.02
+  done
+  echo "$2: '$3' after $(((${EPOCHREALTIME/./} - begin) / 1000)) ms"
+}
+
+# start NAME [OPTION]...: a hub; $address is where it listens.
+start() {
+  local name=$1
+  : >"$name.out"
+  env --default-signal=INT "$hub" --listen 127.0.0.1:0 "${@:2}" >"$name.out" 2>"$name.err" &
+  pid[$name]=$!
+  within 30 "$name.out" '^listening on '
+  address=$(sed -n 's/^listening on //p' "$name.out")
+}
+
+# end NAME SIGNAL: the status is that of an orderly end.
+end() {
+  kill "-$2" "${pid[$1]}"
+  wait "${pid[$1]}" || fail "$1 ends with status $? at $2"
+  unset "pid[$1]"
+}
+
+# play NAME: a federate. tell NAME LINE...: has it do something, and waits for that.
+play() {
+  mkfifo "$1.in"
+  "$player" <"$1.in" >>"$1.out" 2>"$1.err" &
+  pid[$1]=$!
+  local opened
+  exec {opened}>"$1.in"
+  eval "in_$1=$opened"
+}
+say() {
+  local to=in_$1
+  echo "$2" >&"${!to}"
+}
+tell() {
+  local name=$1 line
+  for line in "${@:2}"; do
+    : >"$name.done"
+    say "$name" "$line"
+    within 30 "$name.out" "^(done|failed) ${line//./\\.}" >"$name.done"
+    ! grep -E "^failed $line" "$name.out" || fail "$name: $line"
+  done
+}
+renew() { for each in "$@"; do : >"$each.out"; done; }
+
+echo "--- the command line"
+openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -days 2 -keyout hub.key -out hub.pem \
+  -subj /CN=hub -addext subjectAltName=IP:127.0.0.1 2>/dev/null
+start plain --connections 20 --queue-limit 8 --lost-after 0
+plain=$address
+while read -r expected options; do
+  # shellcheck disable=SC2086 # several options are several words
+  status=0 && timeout 20 "$hub" $options >refused.out 2>refused.err || status=$?
+  if [ $status != 2 ] || [ "$(wc -l <refused.err)" != 1 ] || ! grep -q "${expected//_/ }" refused.err; then
+    fail "$options"
+  fi
+done <<END
+cannot_listen_on_$plain --listen $plain
+unknown_option_'--nonsense' --nonsense
+no-such-file --certificate no-such-file --key hub.key
+needs_its_key --certificate hub.pem
+only_with_TLS --listen 0.0.0.0:0
+END
+
+echo "--- what is no hub, or one that does not let the federate in"
+start secured --certificate hub.pem --key hub.key --client-ca hub.pem
+secured=$address
+start closed
+nobody=$address
+end closed INT
+start silent
+silent=$address
+kill -STOP "${pid[silent]}"
+play guest
+while read -r seconds designator expected; do
+  renew guest
+  say guest "connect $designator"
+  within "$seconds" guest.out "^failed connect .*$expected"
+done <<END
+5 hub=$nobody The hub at $nobody cannot be used: nobody listens there
+5 hub=$silent $silent cannot be used: it did not answer within
+5 hub=$plain;ca=hub.pem $plain cannot be used: it does not speak TLS
+5 hub=$secured $secured cannot be used: .*give the ca
+5 hub=$secured;ca=hub.pem $secured cannot be used: it does not accept this federate's certificate
+5 hub=$plain;bar=2 'bar=2' is no setting
+END
+tell guest "connect hub=$secured;ca=hub.pem;certificate=hub.pem;key=hub.key" disconnect
+end secured TERM
+
+echo "--- a federate's process is killed"
+play ada
+play ben
+tell ada "connect hub=$plain" "create $fom" "join ada" constrain
+tell ben "connect hub=$plain" "join ben" regulate person
+within 5 ada.out '< discover'
+tell ada "advance 10"
+sleep 0.3
+! grep -q '< grant' ada.out || fail "granted although ben may still send"
+tell ada "save now"
+within 5 ben.out '< save'
+kill -KILL "${pid[ben]}"
+within 1 ada.out '< notSaved'
+within 1 ada.out '< remove'
+within 1 ada.out '< grant'
+
+echo "--- one does not read; others do not notice"
+play idle
+tell idle "connect hub=$plain" "join idle"
+kill -STOP "${pid[idle]}"
+tell ada "flood 1000"
+within 10 plain.err "lost .*idle.* at .*: its process does not read: 8 MB wait"
+kill -KILL "${pid[idle]}"
+tell ada "greet 10"
+
+echo "--- clients that are no federates"
+port=${plain##*:}
+connect() { exec {client}<>"/dev/tcp/127.0.0.1/$port"; }
+connect && quiet=$client
+connect && dribbling=$client
+(while printf '\0' >&"$dribbling" && sleep 4; do :; done 2>/dev/null) &
+pid[dribbling]=$!
+"$java" "$here/FrameFuzzer.java" "$plain" 3 "$player" "$fom" || fail "the fuzzer"
+for each in "$quiet" "$dribbling"; do
+  timeout 12 cat <&"$each" >/dev/null || fail "a connection that says nothing stays"
+  exec {each}>&-
+done
+many=()
+for ((i = 0; i < 20; ++i)); do connect && many+=("$client"); done
+renew guest
+say guest "connect hub=$plain"
+within 5 guest.out "^failed connect .*there are 20 connections already"
+for client in "${many[@]}"; do exec {client}>&-; done
+tell ada "greet 10"
+
+echo "--- the hub ends, in order and otherwise"
+end plain TERM
+within 1 ada.out '< connectionLost .*the hub was shut down'
+for how in KILL STOP; do
+  start second --lost-after 2
+  renew ada
+  tell ada "connect hub=$address" "create $fom" "join ada" "evoke 0"
+  kill -$how "${pid[second]}"
+  [ $how = KILL ] || say ada "flood 10000" # waits in a service, with all that the line takes on its way
+  within 5 ada.out '< connectionLost'
+  [ $how = KILL ] || within 5 ada.out '^failed flood'
+  say ada "greet 1"
+  within 1 ada.out '^failed greet .*is lost'
+  tell ada "evoke 0.1"
+  [ "$(grep -c connectionLost ada.out)" = 1 ] || fail "lost more than once"
+done
+
+echo "--- a federate's process stands still"
+start third --lost-after 2
+play eve
+renew ada
+tell ada "connect hub=$address" "create $fom" "join ada"
+tell eve "connect hub=$address" "join eve" person
+within 5 ada.out '< discover'
+kill -STOP "${pid[eve]}"
+within 5 ada.out '< remove'
+kill -CONT "${pid[eve]}"
+within 3 eve.out '< connectionLost .*silent'
+echo "--- all holds"
