@@ -235,8 +235,8 @@ private:
    std::string perform(std::size_t who, std::string const& step, std::string const& allowed)
    {
       Outcome const outcome = serve(*_stage, federate(who), wordsOf(step));
-      _result = _together ? "" : outcome.result;
       if (!_together) {
+         _result = outcome.result;
          _log.push_back("   " + nameOf(who) + ": " + step + " -> " + outcome.exception);
       }
       bool const isWrong = outcome.exception == "RTIinternalError" || outcome.exception == "NotConnected";

@@ -58,12 +58,14 @@ story are added to and taken from updates
    make-region alpha there 5..6
    make-region alpha close 0..2
    alpha: car = register Car Position@there Speed@there => beta < nothing
+   # Both attributes travel alike, and differ in their regions alone.
+   alpha: changeAttributeOrderType car Position RO; requestAttributeTransportationTypeChange car Speed reliable
+   alpha < confirmAttributeTransportationTypeChange car Speed reliable
    alpha: associateRegionsForUpdates car Position@close => beta < discover car Vehicle car alpha
    alpha: update car Position=1 Speed=2 => beta < reflect car Position=1 RO reliable by alpha from close there
    alpha: unassociateRegionsForUpdates car Position@close; update car Position=1 Speed=2 => beta < nothing
    alpha: unassociateRegionsForUpdates car Position,Speed@there # none left: everywhere
-   alpha: update car Position=1 Speed=2
-   beta <~ reflect car Position=1 RO reliable by alpha; reflect car Speed=2 RO best-effort by alpha
+   alpha: update car Position=1 Speed=2 => beta < reflect car Position=1 Speed=2 RO reliable by alpha
 
 story add up in subscriptions
    make-region beta first 0..1
