@@ -161,8 +161,10 @@ void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Ele
       raise("java/lang/ArrayIndexOutOfBoundsException", u"beyond an array");
       return;
    }
-   std::memcpy(to, objectOf(array)->storage.data() + static_cast<std::size_t>(start) * sizeof(Element),
-               static_cast<std::size_t>(length) * sizeof(Element));
+   if (length != 0) { // of no elements there may be no place
+      std::memcpy(to, objectOf(array)->storage.data() + static_cast<std::size_t>(start) * sizeof(Element),
+                  static_cast<std::size_t>(length) * sizeof(Element));
+   }
 }
 
 void doMeanwhile()
