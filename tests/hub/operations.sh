@@ -14,7 +14,8 @@ fail() {
   exit 1
 }
 
-# within SECONDS FILE PATTERN: waits until the file has such a line, and says how long that took.
+# within SECONDS FILE PATTERN: waits until the file has such a line, and says how long that took. The seconds leave room
+# for a busy machine: what is printed tells how quick it was.
 within() {
   local begin=${EPOCHREALTIME/./}
   until grep -qE -- "$3" "$2"; do
@@ -94,17 +95,17 @@ start silent
 silent=$address
 kill -STOP "${pid[silent]}"
 play guest
-while read -r seconds designator expected; do
+while read -r designator expected; do
   renew guest
   say guest "connect $designator"
-  within "$seconds" guest.out "^failed connect .*$expected"
+  within 10 guest.out "^failed connect .*$expected"
 done <<END
-5 hub=$nobody The hub at $nobody cannot be used: nobody listens there
-5 hub=$silent $silent cannot be used: it did not answer within
-5 hub=$plain;ca=hub.pem $plain cannot be used: it does not speak TLS
-5 hub=$secured $secured cannot be used: .*give the ca
-5 hub=$secured;ca=hub.pem $secured cannot be used: it does not accept this federate's certificate
-5 hub=$plain;bar=2 'bar=2' is no setting
+hub=$nobody The hub at $nobody cannot be used: nobody listens there
+hub=$silent $silent cannot be used: it did not answer within
+hub=$plain;ca=hub.pem $plain cannot be used: it does not speak TLS
+hub=$secured $secured cannot be used: .*give the ca
+hub=$secured;ca=hub.pem $secured cannot be used: it does not accept this federate's certificate
+hub=$plain;bar=2 'bar=2' is no setting
 END
 tell guest "connect hub=$secured;ca=hub.pem;certificate=hub.pem;key=hub.key" disconnect
 end secured TERM
@@ -114,23 +115,23 @@ play ada
 play ben
 tell ada "connect hub=$plain" "create $fom" "join ada" constrain
 tell ben "connect hub=$plain" "join ben" regulate person
-within 5 ada.out '< discover'
+within 10 ada.out '< discover'
 tell ada "advance 10"
 sleep 0.3
 ! grep -q '< grant' ada.out || fail "granted although ben may still send"
 tell ada "save now"
-within 5 ben.out '< save'
+within 10 ben.out '< save'
 kill -KILL "${pid[ben]}"
-within 1 ada.out '< notSaved'
-within 1 ada.out '< remove'
-within 1 ada.out '< grant'
+within 10 ada.out '< notSaved'
+within 10 ada.out '< remove'
+within 10 ada.out '< grant'
 
 echo "--- one does not read; others do not notice"
 play idle
 tell idle "connect hub=$plain" "join idle"
 kill -STOP "${pid[idle]}"
 tell ada "flood 1000"
-within 10 plain.err "lost .*idle.* at .*: its process does not read: 8 MB wait"
+within 30 plain.err "lost .*idle.* at .*: its process does not read: 8 MB wait"
 kill -KILL "${pid[idle]}"
 tell ada "greet 10"
 
@@ -143,30 +144,35 @@ connect && dribbling=$client
 pid[dribbling]=$!
 "$java" "$here/FrameFuzzer.java" "$plain" 3 "$player" "$fom" || fail "the fuzzer"
 for each in "$quiet" "$dribbling"; do
-  timeout 12 cat <&"$each" >/dev/null || fail "a connection that says nothing stays"
+  timeout 20 cat <&"$each" >/dev/null || fail "a connection that says nothing stays"
   exec {each}>&-
 done
 many=()
-for ((i = 0; i < 20; ++i)); do connect && many+=("$client"); done
-renew guest
-say guest "connect hub=$plain"
-within 5 guest.out "^failed connect .*there are 20 connections already"
+for ((tries = 0; tries < 10; ++tries)); do # connections that have just ended may still leave room for some
+  for ((i = 0; i < 20; ++i)); do connect && many+=("$client"); done
+  renew guest
+  say guest "connect hub=$plain"
+  within 10 guest.out "^(done|failed) connect"
+  ! grep -q "^failed connect .*there are 20 connections already" guest.out || break
+  tell guest disconnect
+done
+[ $tries -lt 10 ] || fail "more than 20 connections"
 for client in "${many[@]}"; do exec {client}>&-; done
 tell ada "greet 10"
 
 echo "--- the hub ends, in order and otherwise"
 end plain TERM
-within 1 ada.out '< connectionLost .*the hub was shut down'
+within 10 ada.out '< connectionLost .*the hub was shut down'
 for how in KILL STOP; do
   start second --lost-after 2
   renew ada
   tell ada "connect hub=$address" "create $fom" "join ada" "evoke 0"
   kill -$how "${pid[second]}"
   [ $how = KILL ] || say ada "flood 10000" # waits in a service, with all that the line takes on its way
-  within 5 ada.out '< connectionLost'
-  [ $how = KILL ] || within 5 ada.out '^failed flood'
+  within 10 ada.out '< connectionLost'
+  [ $how = KILL ] || within 10 ada.out '^failed flood'
   say ada "greet 1"
-  within 1 ada.out '^failed greet .*is lost'
+  within 10 ada.out '^failed greet .*is lost'
   tell ada "evoke 0.1"
   [ "$(grep -c connectionLost ada.out)" = 1 ] || fail "lost more than once"
 done
@@ -177,9 +183,9 @@ play eve
 renew ada
 tell ada "connect hub=$address" "create $fom" "join ada"
 tell eve "connect hub=$address" "join eve" person
-within 5 ada.out '< discover'
+within 10 ada.out '< discover'
 kill -STOP "${pid[eve]}"
-within 5 ada.out '< remove'
+within 10 ada.out '< remove'
 kill -CONT "${pid[eve]}"
-within 3 eve.out '< connectionLost .*silent'
+within 10 eve.out '< connectionLost .*silent'
 echo "--- all holds"
