@@ -27,7 +27,8 @@ std::string withoutComment(std::string const& text)
    return text.substr(0, text.rfind('#', 0) == 0 ? 0 : text.find(" # "));
 }
 
-// Lines that are not empty, without comments; one that ends in a semicolon or a bar goes on in the next.
+// Lines that are not empty, without comments; one that stands further in than steps do goes on with the one
+// before.
 std::vector<Line> linesOf(std::string const& file)
 {
    std::ifstream in(file);
@@ -35,7 +36,6 @@ std::vector<Line> linesOf(std::string const& file)
       throw std::runtime_error(file + " cannot be read");
    }
    std::vector<Line> lines;
-   bool goesOn = false;
    int number = 0;
    for (std::string text; std::getline(in, text);) {
       ++number;
@@ -44,12 +44,11 @@ std::vector<Line> linesOf(std::string const& file)
       if (content.empty()) {
          continue;
       }
-      if (goesOn) {
+      if (text.rfind("      ", 0) == 0 && !lines.empty()) {
          lines.back().text += " " + content;
       } else {
          lines.push_back({file, number, (text[0] == ' ' ? "   " : "") + content});
       }
-      goesOn = content.back() == ';' || content.back() == '|';
    }
    return lines;
 }

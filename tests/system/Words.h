@@ -163,7 +163,7 @@ private:
    {
       std::set<Handle> all;
       _next += isNext("{}") ? 1 : 0;
-      while (!atEnd() && _stage.called<Handle>(_words[_next])) {
+      while (!atEnd() && called<Handle>(_words[_next])) {
          all.insert(handle<Handle>(take()));
       }
       return all;
@@ -202,9 +202,16 @@ private:
    }
 
    template <class Handle>
+   std::unique_ptr<Handle> called(std::string const& name) const
+   {
+      _stage.find(_federate, name, Handle());
+      return _stage.called<Handle>(name);
+   }
+
+   template <class Handle>
    Handle handle(std::string const& name) const
    {
-      auto const found = _stage.called<Handle>(name);
+      auto const found = called<Handle>(name);
       if (!found) {
          throw Unreadable(name + " is no " + show(Handle()));
       }

@@ -1,8 +1,5 @@
 include Road.include
 
-every story
-   take-the-road
-
 story are received as the most specific subscribed class
    gamma, delta: join
    alpha: publish Urgent; subscribe Message

@@ -1,9 +1,6 @@
 # Object instances: their names, who discovers them, what is reflected, and their end.
 include Road.include
 
-every story
-   take-the-road
-
 # A car of alpha's that beta knows as a vehicle.
 to show-a-car
    alpha: publish Car Position Speed Fuel Passengers

@@ -2,7 +2,6 @@
 include Road.include
 
 every story
-   take-the-road
    share-a-car
    gamma: join; publish Car Position Speed Fuel; subscribe Car Position Speed Fuel
    gamma < discover car Car car alpha
@@ -144,11 +143,11 @@ story is for publishers
    epsilon: [attributeOwnershipAcquisition|attributeOwnershipAcquisitionIfAvailable] car Position -> ObjectInstanceNotKnown
 
 story of the privilege to delete passes the right to delete
-   alpha: unconditionalAttributeOwnershipDivestiture car Privilege
-   beta, gamma < requestAttributeOwnershipAssumption car Privilege
+   alpha: unconditionalAttributeOwnershipDivestiture car HLAprivilegeToDeleteObject
+   beta, gamma < requestAttributeOwnershipAssumption car HLAprivilegeToDeleteObject
    alpha: delete car -> DeletePrivilegeNotHeld
-   beta: attributeOwnershipAcquisitionIfAvailable car Privilege
-   beta < attributeOwnershipAcquisitionNotification car Privilege
+   beta: attributeOwnershipAcquisitionIfAvailable car HLAprivilegeToDeleteObject
+   beta < attributeOwnershipAcquisitionNotification car HLAprivilegeToDeleteObject
    beta: delete car => alpha, gamma < remove car RO by beta
 
 # The owner has all of the lorry, and the buyer has asked for the fuel and owns nothing.
@@ -177,7 +176,7 @@ story ends as the resigning federate has it
 story is on offer after the owner resigned
    alpha: resignFederationExecution UNCONDITIONALLY_DIVEST_ATTRIBUTES
    # Whoever publishes a class publishes the privilege to delete with it.
-   beta, gamma < requestAttributeOwnershipAssumption car Fuel Position Privilege Speed
+   beta, gamma < requestAttributeOwnershipAssumption car Fuel HLAprivilegeToDeleteObject Position Speed
    beta: attributeOwnershipAcquisition car Position
    beta < attributeOwnershipAcquisitionNotification car Position
    beta: resignFederationExecution DELETE_OBJECTS_THEN_DIVEST # without the privilege to delete

@@ -3,17 +3,11 @@
 include Road.include
 
 every story
-   take-the-road
    share-a-car
    alpha: subscribe Car Position Speed Fuel
 
-to regulate-alpha
-   alpha: enableTimeRegulation 1 => alpha < timeRegulationEnabled 0
-to constrain-beta
-   beta: enableTimeConstrained => beta < timeConstrainedEnabled 0
-
 story tell of a retraction only where the message was delivered
-   regulate-alpha
+   regulate alpha 1
    beta: disableCallbacks
    alpha: m = update car Position=1 at 5; retract m
    beta: enableCallbacks => beta < nothing
@@ -33,17 +27,17 @@ story tell of a retraction only where the message was delivered
    alpha: retract m => beta < requestRetraction m; discover car Car car alpha
 
 story tell nothing of an object that the federate gave up
-   regulate-alpha
-   constrain-beta
+   regulate alpha 1
+   constrain beta
    beta: enableAsynchronousDelivery; disableCallbacks
    alpha: update car Position=1; update car Position=2 at 5; requestAttributeValueUpdate car Position
    beta: queryAttributeOwnership car Position; localDeleteObjectInstance car; enableCallbacks
    alpha, beta < nothing
    beta: unsubscribe Car; subscribe Car Position Speed Fuel => beta < discover car Car car alpha
-   alpha: unconditionalAttributeOwnershipDivestiture car Privilege
-   beta < requestAttributeOwnershipAssumption car Privilege
-   beta: attributeOwnershipAcquisitionIfAvailable car Privilege
-   beta < attributeOwnershipAcquisitionNotification car Privilege
+   alpha: unconditionalAttributeOwnershipDivestiture car HLAprivilegeToDeleteObject
+   beta < requestAttributeOwnershipAssumption car HLAprivilegeToDeleteObject
+   beta: attributeOwnershipAcquisitionIfAvailable car HLAprivilegeToDeleteObject
+   beta < attributeOwnershipAcquisitionNotification car HLAprivilegeToDeleteObject
    beta: disableCallbacks
    alpha: update car Position=1; update car Position=2 at 5
    beta: delete car; enableCallbacks => beta < nothing => alpha < remove car RO by beta
@@ -55,7 +49,7 @@ story tell nothing of an object that the federate gave up
    beta: timeAdvanceRequest 20 => beta < timeAdvanceGrant 20
 
 story come in the order of time only to who knows that it is constrained
-   regulate-alpha
+   regulate alpha 1
    beta: disableCallbacks
    alpha: update car Position=before at 9
    beta: enableTimeConstrained; enableCallbacks
@@ -75,8 +69,9 @@ story come in the order of time only to who knows that it is constrained
 
 # What waits is looked at by the subscriptions of the moment it is delivered: in receive order, then in that of time.
 to begin $before
-   alpha: setRangeBounds there Lane 1..2; commitRegionModifications there
-   beta: setRangeBounds here Lane 0..2; commitRegionModifications here; unsubscribe [Message|Urgent|Accident|Car]
+   move alpha there 1..2
+   move beta here 0..2
+   beta: unsubscribe [Message|Urgent|Accident|Car]
    $before
 to received-as $how $expected $send $before $change $time
    begin "$before"
@@ -107,11 +102,11 @@ to stamped-told $expected $time
 to stamped-not-told $time $greatest
    beta: queryLITS = $greatest; nextMessageRequest $time => beta < timeAdvanceGrant $time
 to change-subscriptions $how
-   regulate-alpha
+   regulate alpha 1
    alpha: publish Urgent; publish Accident; there = createRegion Lane
    alpha: changeInteractionOrderType Urgent TSO; changeAttributeOrderType car Fuel TSO
-   beta: here = createRegion Lane; beside = createRegion Lane; setRangeBounds beside Lane 1..3
-   beta: commitRegionModifications beside
+   beta: here = createRegion Lane
+   make-region beta beside 1..3
    received-as $how "receive Urgent Level=9 Words=fire TSO best-effort at 10" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: subscribe Urgent; unsubscribe Message" 10
    received-as $how "receive Urgent Level=9 Words=fire TSO best-effort at 30" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: subscribe Urgent" 30
    received-not $how "send Urgent" "beta: subscribe Urgent" "beta: unsubscribe Urgent" 50 51
@@ -130,13 +125,10 @@ to waiting-told-in $region $time
 to stamped-told-in $region $time
    beta: queryLITS = $time; nextMessageRequest $time
    beta < receive Accident TSO reliable at $time TSO retractable by alpha from $region; timeAdvanceGrant $time
-to move $federate $region $range
-   $federate: setRangeBounds $region Lane $range; commitRegionModifications $region
-
 story come as what is subscribed when they are delivered
    change-subscriptions waiting
 story come in the order of time as what is subscribed when they are delivered
-   constrain-beta
+   constrain beta
    change-subscriptions stamped
 
 story tell of ownership only as it is
@@ -192,8 +184,7 @@ story are none after a resignation
    beta: disableTimeConstrained -> TimeConstrainedIsNotEnabled
 
 story are none of what a restore replaces
-   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
-   alpha, beta: federateSaveBegun; federateSaveComplete => alpha, beta < federationSaved
+   save
    beta: disableCallbacks
    alpha: update car Position=1; requestFederationRestore noon
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha

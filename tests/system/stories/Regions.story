@@ -1,13 +1,7 @@
 include Road.include
 
 every story
-   take-the-road
    alpha: publish Car Position Speed Fuel; publish Accident
-
-to make-region $federate $region $range
-   $federate: $region = createRegion Lane; setRangeBounds $region Lane $range; commitRegionModifications $region
-to move $federate $region $range
-   $federate: setRangeBounds $region Lane $range; commitRegionModifications $region
 
 story have ranges in their dimensions
    make-region alpha slow 0..3

@@ -1,19 +1,5 @@
 include Road.include
 
-every story
-   federation Road.xml
-   alpha, beta: join
-
-to ask-for-a-save
-   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
-to save
-   ask-for-a-save
-   alpha, beta: federateSaveBegun; federateSaveComplete => alpha, beta < federationSaved
-to ask-for-a-restore
-   alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun;
-      initiateFederateRestore noon alpha alpha
-   beta < federationRestoreBegun; initiateFederateRestore noon beta beta
 to expect-saving $alpha $beta
    beta: queryFederationSaveStatus => beta < federationSaveStatusResponse alpha=$alpha beta=$beta
 to expect-restoring $alpha $beta
@@ -98,8 +84,7 @@ story restores each as itself or else as another of its type
    alpha, beta: resignFederationExecution NO_ACTION
    gamma, alpha: join
    alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun;
-      initiateFederateRestore noon alpha alpha
+   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
    gamma < federationRestoreBegun; initiateFederateRestore noon beta beta
    alpha, gamma: federateRestoreComplete => alpha, gamma < federationRestored
    gamma: getFederateName beta = beta

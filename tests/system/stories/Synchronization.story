@@ -1,9 +1,5 @@
 include Road.include
 
-every story
-   federation Road.xml
-   alpha, beta: join
-
 # Of all federates.
 to register-ready
    alpha: registerFederationSynchronizationPoint ready tag=now

@@ -2,21 +2,13 @@
 include Road.include
 
 every story
-   take-the-road
    share-a-car
    alpha: publish [Accident|Message]
    beta: subscribe [Accident|Message]
 
-to regulate $federate $lookahead
-   $federate: enableTimeRegulation $lookahead => $federate < timeRegulationEnabled 0
-to constrain $federate
-   $federate: enableTimeConstrained => $federate < timeConstrainedEnabled 0
 to coordinate $lookahead
    regulate [alpha|beta] $lookahead
    constrain [alpha|beta]
-# Of a federate that nobody holds back.
-to advance $federate $time
-   $federate: timeAdvanceRequest $time => $federate < timeAdvanceGrant $time
 
 story is taken up when the callback says so and given up
    alpha: enableTimeRegulation -1 -> InvalidLookahead
@@ -113,7 +105,7 @@ story takes deletions back
    alpha: update car Position=1 at 6 = retractable
    beta < reflect car Position=1 TSO reliable at 6 RO retractable by alpha
    # With its regions, and without what is not published any more.
-   alpha: where = createRegion Lane; setRangeBounds where Lane 0..1; commitRegionModifications where
+   make-region alpha where 0..1
    alpha: associateRegionsForUpdates car Position@where
    constrain beta
    alpha: deletion = delete car at 20; retract deletion
@@ -151,18 +143,13 @@ story and objects come back with a restore
    constrain gamma
    both timeAdvanceRequest 10
    alpha: update car Position=kept at 15
-   beta: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
-   alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
+   save
    alpha: delete car
    alpha, beta: timeAdvanceRequest 30 => alpha < timeAdvanceGrant 30
    beta < remove car RO by alpha; timeAdvanceGrant 30 # and so no more of the car
    alpha: disableTimeRegulation
    beta: requestFederationSave evening at 40
-   alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
-   beta < federationRestoreBegun; initiateFederateRestore noon beta beta
-   gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
-   alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
+   restore
    alpha, beta: queryLogicalTime = 10
    alpha: queryLookahead = 1; isAttributeOwnedByFederate car Position = true
    beta: getKnownObjectClassHandle car = Car
@@ -172,23 +159,19 @@ story and objects come back with a restore
 
 story goes on waiting after a restore
    gamma: join
-   alpha: where = createRegion Lane; setRangeBounds where Lane 0..2; commitRegionModifications where
+   make-region alpha where 0..2
    regulate alpha 1
    constrain beta
    alpha: update car Position=1 at 5; send Accident Damage=2 where at 6
-   beta: here = createRegion Lane; setRangeBounds here Lane 1..3; commitRegionModifications here
+   make-region beta here 1..3
    alpha: associateRegionsForUpdates car Position@where
    beta: timeAdvanceRequest 10
    advance gamma 50
    gamma: enableTimeConstrained
-   alpha: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
-   alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
+   save
    let-them-go
-   alpha: unassociateRegionsForUpdates car Position@where; deleteRegion where; requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
-   beta < federationRestoreBegun; initiateFederateRestore noon beta beta
-   gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
-   alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
+   alpha: unassociateRegionsForUpdates car Position@where; deleteRegion where
+   restore
    let-them-go
    alpha: getRangeBounds where Lane = 0..2; deleteRegion where -> RegionInUseForUpdateOrSubscription
 to let-them-go
