@@ -60,6 +60,8 @@ public:
    ~Federate() override;
 
    std::string const& name() const { return _name; }
+   CallbackModel model() const { return _model; }
+   FederateAmbassador& receiver() { return *this; }
    RTIambassador* operator->() { return _ambassador.get(); }
    RTIambassador& operator*() { return *_ambassador; }
 

@@ -154,6 +154,7 @@ std::string show(FederationExecutionInformation const& federation)
 {
    return narrow(federation.federationExecutionName + L"=" + federation.logicalTimeImplementationName);
 }
+std::string show(LogicalTimeFactory const& factory) { return narrow(factory.getName()); }
 std::string show(bool value) { return value ? "true" : "false"; }
 std::string show(double value)
 {

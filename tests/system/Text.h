@@ -46,6 +46,7 @@ std::string show(unsigned long value);
 std::string show(RangeBounds const& bounds);
 std::string show(ResignAction action);
 std::string show(ServiceGroup group);
+std::string show(LogicalTimeFactory const& factory); // its name
 
 template <class Value>
 std::string show(std::auto_ptr<Value> const& value)

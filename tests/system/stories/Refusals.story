@@ -18,17 +18,17 @@ story is for want of a connection and of a federation
    alpha: connect; * but FederateAlreadyExecutionMember -> FederateNotExecutionMember
    alpha: join; resignFederationExecution NO_ACTION; * but FederateAlreadyExecutionMember -> FederateNotExecutionMember
    alpha: disconnect; * -> NotConnected
-   alpha: join; joinWithoutName test $federation -> FederateAlreadyExecutionMember
+   alpha: join; joinFederationExecution test $federation -> FederateAlreadyExecutionMember
 
 story is in a save and in a restore
    federation Road.xml
    alpha: join; requestFederationSave noon => alpha < initiateFederateSave noon
    late: connect
-   late: [join|joinWithoutName test $federation] -> SaveInProgress
+   late: [join|joinFederationExecution test $federation] -> SaveInProgress
    alpha: * but FederateAlreadyExecutionMember -> SaveInProgress; federateSaveBegun; * but FederateAlreadyExecutionMember -> SaveInProgress; federateSaveComplete
    alpha < federationSaved
    ask-for-a-restore
-   late: [join|joinWithoutName test $federation] -> RestoreInProgress
+   late: [join|joinFederationExecution test $federation] -> RestoreInProgress
    alpha: * but FederateAlreadyExecutionMember -> RestoreInProgress; federateRestoreComplete => alpha < federationRestored
 
 story is within a callback
