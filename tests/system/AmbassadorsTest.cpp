@@ -1,6 +1,5 @@
 // What federates may do on several threads, and what takes exceptions or a clock to show.
 #include "Services.h"
-#include "Story.h"
 
 #include <atomic>
 #include <chrono>
@@ -83,19 +82,6 @@ TEST_P(Ambassadors, MayTakeTheirFederationsThroughLifeOnThreadsOfTheirOwn)
       thread.join();
    }
    EXPECT_EQ(done, 12);
-}
-
-TEST_P(Ambassadors, ThatGoWhileJoinedLetTheOthersGoOn)
-{
-   joined("alpha");
-   Federate& beta = joined("beta");
-   steps(beta, "registerFederationSynchronizationPoint ready");
-   beta.callbacks(2);
-   steps(beta, "synchronizationPointAchieved ready");
-   forget("alpha");
-   EXPECT_TRUE(beta.await([&] { return beta.waiting() == 1; }));
-   expect(beta, {"federationSynchronized ready"});
-   joined("alpha"); // whose name is free again
 }
 
 // While one is in a callback, another goes, and one that has callbacks under way to it.

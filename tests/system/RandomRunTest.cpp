@@ -6,7 +6,6 @@
 // one.
 #include "Services.h"
 #include "Steps.h"
-#include "Story.h"
 #include "TimeOracle.h"
 
 #include <array>

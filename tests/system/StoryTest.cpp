@@ -213,7 +213,8 @@ private:
          federate.callbacks();
          return;
       }
-      Texts expected = text == "nothing" ? Texts() : split(replaced(text, "$self", federate.name()), ';');
+      Texts expected = split(replaced(text, "$self", federate.name()), ';');
+      expected.erase(std::remove(expected.begin(), expected.end(), "nothing"), expected.end());
       for (auto& callback : expected) {
          Texts words = wordsOf(callback);
          for (auto& word : words) {

@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <iomanip>
 #include <iterator>
 #include <sstream>
 
@@ -57,14 +58,9 @@ std::string hexadecimal(std::string const& bytes)
 
 std::string sorted(std::string const& words)
 {
-   std::istringstream in(words);
-   std::vector<std::string> all(std::istream_iterator<std::string>(in), {});
+   auto all = wordsOf(words);
    std::sort(all.begin(), all.end());
-   std::string text;
-   for (auto const& word : all) {
-      text += (text.empty() ? "" : " ") + word;
-   }
-   return text;
+   return joined(all);
 }
 
 } // namespace
@@ -85,16 +81,39 @@ VariableLengthData bytes(std::string const& text)
    return VariableLengthData(text.data(), static_cast<unsigned int>(text.size()));
 }
 
+std::string trimmed(std::string const& text)
+{
+   std::size_t const first = text.find_first_not_of(' ');
+   return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 std::vector<std::string> split(std::string const& text, char at)
 {
    std::vector<std::string> parts;
    std::istringstream in(text);
    for (std::string part; std::getline(in, part, at);) {
-      std::size_t const first = part.find_first_not_of(' ');
-      parts.push_back(
-         first == std::string::npos ? "" : part.substr(first, part.find_last_not_of(' ') - first + 1));
+      parts.push_back(trimmed(part));
    }
    return parts;
+}
+
+std::vector<std::string> wordsOf(std::string const& text)
+{
+   std::vector<std::string> words;
+   std::istringstream in(text);
+   for (std::string word; in >> std::quoted(word);) {
+      words.push_back(word);
+   }
+   return words;
+}
+
+std::string joined(std::vector<std::string> const& words, std::string const& between)
+{
+   std::string text;
+   for (auto const& word : words) {
+      text += (text.empty() ? "" : between) + word;
+   }
+   return text;
 }
 
 std::string show(std::wstring const& text) { return narrow(text); }

@@ -22,8 +22,12 @@ std::wstring wide(std::string const& text);
 // A tag or value that holds the characters of a text.
 VariableLengthData bytes(std::string const& text);
 
+std::string trimmed(std::string const& text);
 // The parts between the separators, without blanks around them.
 std::vector<std::string> split(std::string const& text, char at);
+// Separated by blanks; "between quotation marks" is one word.
+std::vector<std::string> wordsOf(std::string const& text);
+std::string joined(std::vector<std::string> const& words, std::string const& between = " ");
 
 std::string show(std::wstring const& text);
 std::string show(VariableLengthData const& data);

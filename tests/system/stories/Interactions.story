@@ -9,7 +9,6 @@ story are received as the most specific subscribed class
    alpha: send Urgent Words=fire Level=9 tag=t
    beta < receive Message Words=fire tag=t RO best-effort by alpha
    gamma < receive Urgent Level=9 Words=fire tag=t RO best-effort by alpha
-   alpha, delta < nothing
    gamma: unsubscribe Urgent
    beta: unsubscribe Message
    alpha: send Urgent => gamma < receive Message RO best-effort by alpha => beta < nothing

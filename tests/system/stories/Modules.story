@@ -19,16 +19,13 @@ story say where a region is in a dimension that it does not have
    beta: low = createRegion Sector; setRangeBounds low Sector 0..4; commitRegionModifications low
    beta: subscribe Cloud Wind@low
    float beside Sector 4..8
-   beta < nothing
    float ahead Sector 3..8 # as low as beta's, both by default
    beta < discover ahead Cloud ahead alpha
    float fog Height 9..20 # in no sector, which is excluded then
    beta < discover fog Cloud fog alpha
    float stratus Height 10..20
-   beta < nothing
    alpha: both = createRegion Height Sector; setRangeBounds both Height 10..20; setRangeBounds both Sector 0..4
    alpha: commitRegionModifications both; cirrus = register Cloud Wind@both
-   beta < nothing
 
 to blow $value
    alpha: update cumulus Wind=$value HLAprivilegeToDeleteObject=$value

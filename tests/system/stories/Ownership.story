@@ -7,30 +7,23 @@ every story
    gamma < discover car Car car alpha
 
 # As the federates themselves see it, and as one that asks is told.
-to expect-owner $attribute $owner $alpha $beta $gamma
-   alpha: isAttributeOwnedByFederate car $attribute = $alpha
-   beta: isAttributeOwnedByFederate car $attribute = $beta
-   gamma: isAttributeOwnedByFederate car $attribute = $gamma; queryAttributeOwnership car $attribute
-   gamma < informAttributeOwnership car $attribute $owner
+to expect-owner $owner $attribute
+   $owner: isAttributeOwnedByFederate car $attribute = true
+   others: isAttributeOwnedByFederate car $attribute = false
+   gamma: queryAttributeOwnership car $attribute => gamma < informAttributeOwnership car $attribute $owner
 to expect-no-owner $attribute
-   alpha, beta, gamma: isAttributeOwnedByFederate car $attribute = false
+   all: isAttributeOwnedByFederate car $attribute = false
    gamma: queryAttributeOwnership car $attribute => gamma < attributeIsNotOwned car $attribute
-to alpha-owns $attribute
-   expect-owner $attribute alpha true false false
-to beta-owns $attribute
-   expect-owner $attribute beta false true false
 
 story is given away unconditionally
-   alpha-owns Position
+   expect-owner alpha Position
    alpha: unconditionalAttributeOwnershipDivestiture car Position Speed
    beta, gamma < requestAttributeOwnershipAssumption car Position Speed
-   alpha < nothing
    expect-no-owner Position
-   alpha-owns Fuel
+   expect-owner alpha Fuel
    beta: attributeOwnershipAcquisition car Position tag=mine
    beta < attributeOwnershipAcquisitionNotification car Position
-   beta-owns Position
-   alpha < nothing
+   expect-owner beta Position
    beta: update car Position=1 => gamma < reflect car Position=1 RO reliable by beta
 
 story is given away by agreement
@@ -41,15 +34,15 @@ story is given away by agreement
    alpha: confirmDivestiture car Fuel -> AttributeDivestitureWasNotRequested
    beta: attributeOwnershipAcquisition car Position tag=mine
    alpha < requestDivestitureConfirmation car Position
-   alpha-owns Position
+   expect-owner alpha Position
    alpha: confirmDivestiture car Position tag=yours
    beta < attributeOwnershipAcquisitionNotification car Position tag=yours
-   beta-owns Position
+   expect-owner beta Position
    gamma: attributeOwnershipAcquisitionIfAvailable car Speed
    alpha < requestDivestitureConfirmation car Speed
    alpha: confirmDivestiture car Speed tag=yours
    gamma < attributeOwnershipAcquisitionNotification car Speed tag=yours
-   expect-owner Speed gamma false false true
+   expect-owner gamma Speed
 
 story is kept when the offer is taken back
    alpha: cancelNegotiatedAttributeOwnershipDivestiture car Position -> AttributeDivestitureWasNotRequested
@@ -57,25 +50,23 @@ story is kept when the offer is taken back
    beta, gamma < requestAttributeOwnershipAssumption car Position tag=offer
    alpha: cancelNegotiatedAttributeOwnershipDivestiture car Position
    alpha: confirmDivestiture car Position -> AttributeDivestitureWasNotRequested
-   alpha-owns Position
+   expect-owner alpha Position
    beta: attributeOwnershipAcquisition car Position tag=mine
    alpha < requestAttributeOwnershipRelease car Position tag=mine
    alpha: negotiatedAttributeOwnershipDivestiture car Position tag=offer
    alpha < requestDivestitureConfirmation car Position
-   gamma < nothing
 
 story is asked of the owner
    beta: attributeOwnershipAcquisition car Position Speed tag=mine
    alpha < requestAttributeOwnershipRelease car Position Speed tag=mine
-   beta < nothing
-   alpha-owns Position
+   expect-owner alpha Position
    alpha: attributeOwnershipDivestitureIfWanted car Position Fuel = Position
    beta < attributeOwnershipAcquisitionNotification car Position
    alpha: attributeOwnershipDivestitureIfWanted car Fuel =
-   beta-owns Position
-   alpha-owns Fuel
+   expect-owner beta Position
+   expect-owner alpha Fuel
    alpha: attributeOwnershipReleaseDenied car Speed
-   alpha-owns Speed
+   expect-owner alpha Speed
 
 story goes straight to who is waiting for it
    beta: attributeOwnershipAcquisition car Position tag=mine
@@ -94,7 +85,6 @@ story goes to who asked first
    alpha: unconditionalAttributeOwnershipDivestiture car Position
    beta < attributeOwnershipAcquisitionNotification car Position;
       requestAttributeOwnershipRelease car Position tag=second
-   gamma < nothing
 
 story brings nothing of how the former owner had it travel
    alpha: requestAttributeTransportationTypeChange car Position best-effort
@@ -126,9 +116,8 @@ story is taken if available
    beta, gamma < requestAttributeOwnershipAssumption car Position
    beta: attributeOwnershipAcquisitionIfAvailable car Position Speed
    beta <~ attributeOwnershipAcquisitionNotification car Position; attributeOwnershipUnavailable car Speed
-   alpha < nothing
-   beta-owns Position
-   alpha-owns Speed
+   expect-owner beta Position
+   expect-owner alpha Speed
    beta: attributeOwnershipAcquisition car Speed tag=mine
    beta: attributeOwnershipAcquisitionIfAvailable car Speed -> AttributeAlreadyBeingAcquired
    beta: attributeOwnershipAcquisitionIfAvailable car Position -> FederateOwnsAttributes

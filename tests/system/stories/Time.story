@@ -6,6 +6,9 @@ every story
    alpha: publish [Accident|Message]
    beta: subscribe [Accident|Message]
 
+to let-alpha-lead
+   regulate alpha 1
+   constrain beta
 to coordinate $lookahead
    regulate [alpha|beta] $lookahead
    constrain [alpha|beta]
@@ -25,8 +28,7 @@ story is taken up when the callback says so and given up
    constrain beta
 
 story takes no heed of what is unwanted
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: send Accident at 25; update car Position=e at 26
    advance alpha 30
    beta: unsubscribe Accident; queryLITS = 26
@@ -34,21 +36,16 @@ story takes no heed of what is unwanted
    beta < reflect car Position=e TSO reliable at 26 TSO retractable by alpha; timeAdvanceGrant 26
 
 story holds constrained federates back
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    beta: timeAdvanceRequest 10
-   beta: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
-      nextMessageRequestAvailable|flushQueueRequest] -1 -> InTimeAdvancingState
-   beta: enableTimeRegulation 1 -> InTimeAdvancingState
+   beta: * -1 but TimeRegulationIsNotEnabled -> InTimeAdvancingState
    advance alpha 1
-   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
-      nextMessageRequestAvailable|flushQueueRequest] 0 -> LogicalTimeAlreadyPassed
+   alpha: * 0 -> LogicalTimeAlreadyPassed
    advance alpha 10
    beta < timeAdvanceGrant 10
 
 story delivers in the order of time
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: update car Position=c at 7 = retractable
    alpha: update car Position=a at 5; send Accident Damage=b at 6; delete car tag=gone at 25
    advance alpha 30
@@ -83,8 +80,7 @@ story orders only what is sent and received in order
 to both $request $time
    alpha, beta: $request $time => alpha, beta < timeAdvanceGrant $time
 story delivers without order only to who is advancing
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: send Message Words=early => beta < nothing
    beta: timeAdvanceRequest 5 => beta < receive Message Words=early RO reliable by alpha
    alpha: send Message Words=meanwhile => beta < receive Message Words=meanwhile RO reliable by alpha
@@ -129,8 +125,7 @@ story saves at a time
    alpha: requestFederationSave past at 5 -> LogicalTimeAlreadyPassed
 
 story saves before the time is granted
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: requestFederationSave noon at 10
    advance alpha 20
    beta: timeAdvanceRequest 10 => beta < initiateFederateSave noon at 10
@@ -160,8 +155,7 @@ story and objects come back with a restore
 story goes on waiting after a restore
    gamma: join
    make-region alpha where 0..2
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: update car Position=1 at 5; send Accident Damage=2 where at 6
    make-region beta here 1..3
    alpha: associateRegionsForUpdates car Position@where
