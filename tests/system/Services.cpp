@@ -37,16 +37,11 @@ Value const& passed(std::unique_ptr<Value> const& value)
    return *value;
 }
 
-// The member of the ambassador that a service is called by, but for what its verb tells already.
-std::string nameInSteps(std::string const& method, std::string const& call)
+// The member of the ambassador that it is called by.
+std::string nameOf(std::string const& method, std::string const& call)
 {
-   static std::set<std::string> const verbs = {"publish",  "unpublish", "subscribe", "unsubscribe",
-                                               "register", "update",    "send",      "delete"};
-   static std::set<std::string> const others = {"registerFederationSynchronizationPoint", "deleteRegion"};
-   std::string const name =
-      call.rfind("rti.", 0) == 0 ? call.substr(4, call.find('(') - 4) : method.substr(0, method.find('_'));
-   std::string const verb = name.substr(0, name.find_first_of("AFIOR"));
-   return verbs.count(verb) != 0 && others.count(name) == 0 ? verb : name;
+   return call.rfind("rti.", 0) == 0 ? call.substr(4, call.find('(') - 4)
+                                     : method.substr(0, method.find('_'));
 }
 
 // What the service reads, in the order of the codes, and the call with it.
@@ -122,8 +117,8 @@ bool ServiceRow::lists(std::string const& exception) const
 
 std::vector<ServiceRow> const& serviceRows()
 {
-#define SERVICE(method, signature, call)                         \
-   row(tovu1516e::services::method, nameInSteps(#method, #call), \
+#define SERVICE(method, signature, call)                                   \
+   row(tovu1516e::services::method, nameInStories(nameOf(#method, #call)), \
        [](RTIambassador& rti, auto const&... each) { return call; }),
    static std::vector<ServiceRow> const rows = {
 #include "tests/support/Services.def"

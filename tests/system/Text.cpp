@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <iomanip>
 #include <iterator>
+#include <set>
 #include <sstream>
 
 namespace system_tests {
@@ -116,6 +117,16 @@ std::string joined(std::vector<std::string> const& words, std::string const& bet
    return text;
 }
 
+std::string nameInStories(std::string const& name)
+{
+   static std::set<std::string> const verbs = {"publish",  "unpublish", "subscribe", "unsubscribe",
+                                               "register", "update",    "send",      "delete",
+                                               "discover", "reflect",   "receive",   "remove"};
+   static std::set<std::string> const others = {"registerFederationSynchronizationPoint", "deleteRegion"};
+   std::string const verb = name.substr(0, name.find_first_of("AFIOR"));
+   return verbs.count(verb) != 0 && others.count(name) == 0 ? verb : name;
+}
+
 std::string show(std::wstring const& text) { return narrow(text); }
 std::string show(VariableLengthData const& data)
 {
@@ -193,6 +204,10 @@ std::string showArgument(bool isFirst, LogicalTime const& time)
 std::string showArgument(bool, VariableLengthData const& tag)
 {
    return tag.size() == 0 ? "" : "tag=" + show(tag);
+}
+std::string showArgument(bool isFirst, MessageRetractionHandle const& handle)
+{
+   return isFirst ? show(handle.toString()) : show(handle);
 }
 
 // A handle's own text does not tell its kind.

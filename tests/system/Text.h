@@ -29,6 +29,9 @@ std::vector<std::string> split(std::string const& text, char at);
 std::vector<std::string> wordsOf(std::string const& text);
 std::string joined(std::vector<std::string> const& words, std::string const& between = " ");
 
+// A service or callback by its verb alone where that tells enough.
+std::string nameInStories(std::string const& name);
+
 std::string show(std::wstring const& text);
 std::string show(VariableLengthData const& data);
 std::string show(LogicalTime const& time);
@@ -97,8 +100,8 @@ auto show(Info const& info) -> decltype(info.producingFederate, std::string())
    return text;
 }
 
-// A callback's argument in the texts of callbacks: a tag is told as one, where there is one, and a time that
-// is not all there is to say.
+// A callback's argument in the texts of callbacks: a tag is told as one, where there is one, and so is a time
+// that is not all there is to say; and of a handle only whether there is one, unless it is all.
 template <class Argument>
 std::string showArgument(bool, Argument const& argument)
 {
@@ -106,6 +109,7 @@ std::string showArgument(bool, Argument const& argument)
 }
 std::string showArgument(bool isFirst, LogicalTime const& time);
 std::string showArgument(bool isFirst, VariableLengthData const& tag);
+std::string showArgument(bool isFirst, MessageRetractionHandle const& handle);
 
 // What the federates of one test call their handles. Any thread may use it.
 class Names
