@@ -19,6 +19,14 @@ void expect(Federate& federate, Callbacks const& callbacks)
    EXPECT_EQ(federate.callbacks(callbacks.size()), callbacks) << federate.name();
 }
 
+template <class Call>
+std::chrono::duration<double> durationOf(Call&& call)
+{
+   auto const start = Clock::now();
+   call();
+   return Clock::now() - start;
+}
+
 // Asks for so many callbacks, which are all alike.
 void askFor(int callbacks, Federate& federate)
 {
@@ -218,16 +226,7 @@ TEST_P(Ambassadors, AreCalledBackNoMoreOnceDisconnected)
 }
 
 class Evokers : public Ambassadors
-{
-protected:
-   template <class Call>
-   static std::chrono::duration<double> durationOf(Call&& call)
-   {
-      auto const start = Clock::now();
-      call();
-      return Clock::now() - start;
-   }
-};
+{};
 INSTANTIATE_TEST_SUITE_P(, Evokers, testing::Values(HLA_EVOKED));
 
 TEST_P(Evokers, MayGoWhileAThreadWaitsForCallbacks)

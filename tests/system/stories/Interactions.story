@@ -15,8 +15,7 @@ story are received as the most specific subscribed class
 
 story are sent as published
    alpha: publish Message; send Message noParameter= -> InteractionParameterNotDefined
-   alpha: changeInteractionOrderType Accident RO -> InteractionClassNotPublished
-   alpha: requestInteractionTransportationTypeChange Accident reliable -> InteractionClassNotPublished
+   alpha: * Accident [RO|reliable] -> InteractionClassNotPublished
    beta: subscribe Message
    alpha: requestInteractionTransportationTypeChange Message best-effort
    alpha < confirmInteractionTransportationTypeChange Message best-effort

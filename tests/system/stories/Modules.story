@@ -10,7 +10,6 @@ story name transportation types of their own
    beta: getTransportationTypeName reliable = HLAreliable
    gamma: getTransportationTypeName best-effort = HLAbestEffort
    beta: getTransportationTypeHandle HLAbestEffort = best-effort; getTransportationTypeName best-effort = HLAbestEffort
-   beta: getTransportationTypeHandle Pigeon -> InvalidTransportationName
 
 to float $cloud $dimension $range
    alpha: $cloud-where = createRegion $dimension; setRangeBounds $cloud-where $dimension $range

@@ -68,15 +68,6 @@ story is asked of the owner
    alpha: attributeOwnershipReleaseDenied car Speed
    expect-owner alpha Speed
 
-story goes straight to who is waiting for it
-   beta: attributeOwnershipAcquisition car Position tag=mine
-   alpha < requestAttributeOwnershipRelease car Position tag=mine
-   alpha: unconditionalAttributeOwnershipDivestiture car Position
-   beta < attributeOwnershipAcquisitionNotification car Position
-   gamma: attributeOwnershipAcquisition car Position tag=mine
-   beta < requestAttributeOwnershipRelease car Position tag=mine
-   beta: unpublish Car Position => gamma < attributeOwnershipAcquisitionNotification car Position
-
 story goes to who asked first
    beta: attributeOwnershipAcquisition car Position tag=first
    alpha < requestAttributeOwnershipRelease car Position tag=first
@@ -85,6 +76,7 @@ story goes to who asked first
    alpha: unconditionalAttributeOwnershipDivestiture car Position
    beta < attributeOwnershipAcquisitionNotification car Position;
       requestAttributeOwnershipRelease car Position tag=second
+   beta: unpublish Car Position => gamma < attributeOwnershipAcquisitionNotification car Position
 
 story brings nothing of how the former owner had it travel
    alpha: requestAttributeTransportationTypeChange car Position best-effort

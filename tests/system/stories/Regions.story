@@ -8,7 +8,6 @@ story have ranges in their dimensions
    alpha: setRangeBounds slow Lane 0..2; getRangeBounds slow Lane = 0..2
    beta: getRangeBounds slow Lane = 0..3 # as committed
    alpha: getDimensionHandleSet slow = Lane; getRangeBounds slow Lane = 0..2
-   alpha: createRegion Lane noDimension -> InvalidDimensionHandle
    alpha: setRangeBounds slow Lane [0..9|5..4|3..3] -> InvalidRangeBound
    alpha: setRangeBounds slow Lane 0..8
    alpha: getRangeBounds slow Distance -> RegionDoesNotContainSpecifiedDimension

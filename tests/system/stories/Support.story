@@ -26,7 +26,6 @@ story knows orders transportations and update rates
    alpha: getTransportationTypeHandle HLAreliable = reliable; getTransportationTypeName reliable = HLAreliable
    alpha: getTransportationTypeHandle HLAbestEffort = best-effort
    alpha: getTransportationTypeName best-effort = HLAbestEffort
-   alpha: getTransportationTypeHandle Pigeon -> InvalidTransportationName
    alpha: getUpdateRateValue Slow = 0.5; getUpdateRateValue Fast = 50
    alpha: getUpdateRateValue Breakneck -> InvalidUpdateRateDesignator
    alpha: publish Car Position; car = register Car
@@ -36,7 +35,6 @@ story knows orders transportations and update rates
 story knows dimensions
    beta: getDimensionName Lane = Lane; getDimensionHandle Lane = Lane
    beta: getDimensionUpperBound Lane = 8; getDimensionUpperBound Distance = 1000
-   beta: getDimensionHandle Depth -> NameNotFound
    beta: getAvailableDimensionsForClassAttribute Taxi Position = Distance Lane
    beta: getAvailableDimensionsForClassAttribute Taxi Speed = Lane
    beta: getAvailableDimensionsForClassAttribute Taxi Fuel =

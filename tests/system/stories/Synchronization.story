@@ -36,17 +36,6 @@ to go $how
 story does not wait for who resigned or went
    go ["resignFederationExecution NO_ACTION"|destroyAmbassador]
 
-story keeps several points apart
-   alpha: registerFederationSynchronizationPoint first
-   beta: registerFederationSynchronizationPoint second
-   alpha <~ synchronizationPointRegistrationSucceeded first; announceSynchronizationPoint first;
-      announceSynchronizationPoint second
-   beta <~ synchronizationPointRegistrationSucceeded second; announceSynchronizationPoint first;
-      announceSynchronizationPoint second
-   alpha: synchronizationPointAchieved second; synchronizationPointAchieved first
-   beta: synchronizationPointAchieved second => alpha, beta < federationSynchronized second
-   beta: synchronizationPointAchieved first => alpha, beta < federationSynchronized first
-
 story is not registered twice nor for who is not joined
    gone: join; resignFederationExecution NO_ACTION
    alpha: registerFederationSynchronizationPoint ready tag=now beta
@@ -56,5 +45,3 @@ story is not registered twice nor for who is not joined
    beta < synchronizationPointRegistrationFailed ready label-not-unique
    alpha: registerFederationSynchronizationPoint done tag=now beta gone
    alpha < synchronizationPointRegistrationFailed done member-not-joined
-   alpha: registerFederationSynchronizationPoint done beta noFederate -> InvalidFederateHandle
-   beta: synchronizationPointAchieved unheard-of -> SynchronizationPointLabelNotAnnounced
