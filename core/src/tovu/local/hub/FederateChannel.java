@@ -12,9 +12,9 @@ import io.netty.handler.codec.CorruptedFrameException;
 import io.netty.handler.codec.TooLongFrameException;
 import io.netty.handler.ssl.NotSslRecordException;
 import io.netty.util.ReferenceCountUtil;
+import io.netty.util.concurrent.Future;
 import java.util.Queue;
 import java.util.concurrent.ConcurrentLinkedQueue;
-import java.util.concurrent.Future;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
@@ -25,12 +25,13 @@ import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
 import tovu.local.wire.MalformedFrame;
 import tovu.local.wire.Protocol;
+import tovu.local.wire.Pulse;
 import tovu.local.wire.Result;
 
 /**
  * One connection: an ambassador at the hub, and the stream to its federate. Requests are served one after the other in
- * the thread of the connection, but for those that take long; what goes out is left in a queue by whoever has it, and
- * written by that thread.
+ * the thread of the connection, but for those that take long and what comes meanwhile; what goes out is left in a queue
+ * by whoever has it, and written by that thread.
  */
 final class FederateChannel extends ChannelInboundHandlerAdapter {
     private final Hub hub;
@@ -40,13 +41,19 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     private final AtomicBoolean writing = new AtomicBoolean();
     private RemoteSink sink; // once it has connected
     private boolean greeted;
-    private boolean ended;
-    private long heard = System.nanoTime();
-    private volatile boolean said;
+    private volatile boolean ended;
+    private final Pulse pulse = new Pulse();
+    private FrameDecoder decoder;
 
     FederateChannel(Hub hub, Channel channel) {
         this.hub = hub;
         this.channel = channel;
+    }
+
+    /** @param greatestFrame in bytes, for now */
+    FrameDecoder decoder(int greatestFrame) {
+        decoder = new FrameDecoder(greatestFrame, pulse);
+        return decoder;
     }
 
     private RemoteSink connect(int context) {
@@ -56,6 +63,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     /** Leaves a frame for the federate. From any thread. */
     private void send(byte[] frame) {
+        if (ended) {
+            return; // nobody takes it any more
+        }
         outgoing.add(frame);
         if (!writing.get() && writing.compareAndSet(false, true)) {
             channel.eventLoop().execute(this::write);
@@ -70,7 +80,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             any = true;
         }
         if (any) {
-            said = true;
+            pulse.say();
             channel.flush();
             if (channel.unsafe().outboundBuffer() != null
                     && channel.unsafe().outboundBuffer().totalPendingWriteBytes() > hub.settings().queueLimit()) {
@@ -88,12 +98,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     @Override
     public void channelRead(ChannelHandlerContext context, Object read) {
         try {
-            heard = System.nanoTime();
             if (!ended) {
                 take(new FrameReader(ByteBufUtil.getBytes((ByteBuf) read)));
             }
-        } catch (MalformedFrame | MalformedMessage e) {
-            lose("it sent " + e.getMessage());
         } finally {
             ReferenceCountUtil.release(read);
         }
@@ -105,13 +112,21 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             return;
         }
         switch (frame.type()) {
-            case REQUEST -> request(frame.integer(), frame.longInteger(), frame.longInteger(), frame.integer(),
-                    frame.rest());
+            case REQUEST -> {
+                int request = frame.integer();
+                long begun = frame.longInteger();
+                long endedUpTo = frame.longInteger();
+                int service = frame.integer();
+                serve(HubAmbassador.isLong(service), () -> {
+                    progress(begun, endedUpTo);
+                    send(answer(request, service, frame.rest()));
+                });
+            }
             case RESOLVE -> {
                 int request = frame.integer();
                 long number = frame.longInteger();
                 if (sink != null) {
-                    send(sink.resolve(request, number));
+                    serve(false, () -> send(sink.resolve(request, number)));
                 }
             }
             case RETRACTED -> {
@@ -119,7 +134,11 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                     retracted(frame.longInteger(), frame.flag());
                 }
             }
-            case PROGRESS -> progress(frame.longInteger(), frame.longInteger());
+            case PROGRESS -> {
+                long begun = frame.longInteger();
+                long endedUpTo = frame.longInteger();
+                serve(false, () -> progress(begun, endedUpTo));
+            }
             case HEARTBEAT -> {
                 // that it came is what it says
             }
@@ -143,26 +162,25 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
-            long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / 4;
-            Future<?> pulse = channel.eventLoop().scheduleAtFixedRate(this::pulse, period, period,
+            long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / Pulse.BEATS;
+            Future<?> beats = channel.eventLoop().scheduleWithFixedDelay(this::beat, period, period,
                     TimeUnit.MILLISECONDS);
-            channel.closeFuture().addListener(closed -> pulse.cancel(false)); // or the timer would keep it for ever
+            channel.closeFuture().addListener(closed -> beats.cancel(false)); // or the timer would keep it for ever
         }
-        hub.entered(this, channel);
+        channel.pipeline().replace(decoder, null, decoder(hub.settings().greatestFrame()));
+        hub.entered(this);
     }
 
-    private void pulse() {
+    private void beat() {
         if (!channel.config().isAutoRead()) {
-            heard = System.nanoTime(); // it is the hub that does not listen, for as long as a service takes
+            pulse.hear(); // it is the hub that does not listen, for as long as a service takes
         }
-        long limit = TimeUnit.SECONDS.toNanos(hub.settings().lostAfter());
-        boolean listens = channel.config().isAutoRead();
-        if (!ended && listens && System.nanoTime() - heard > limit) {
+        Pulse.Next next = pulse.beat();
+        if (!ended && next == Pulse.Next.LOST) {
             lose("it has been silent for " + hub.settings().lostAfter() + " s");
-        } else if (!ended && !said) {
+        } else if (!ended && next == Pulse.Next.SAY_SOMETHING) {
             send(new FrameWriter(FrameType.HEARTBEAT).end());
         }
-        said = false;
     }
 
     private void progress(long begun, long endedUpTo) {
@@ -177,30 +195,31 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
     }
 
-    private void request(int number, long begun, long endedUpTo, int service, byte[] message) {
-        progress(begun, endedUpTo);
-        if (!HubAmbassador.isLong(service)) {
-            send(serve(number, service, message));
+    /** Serves what may take the locks of the model: at once, or, where that may take its time, apart. */
+    private void serve(boolean isLong, Runnable service) {
+        if (!isLong && !hub.isServingLong()) {
+            service.run();
             return;
         }
-        channel.config().setAutoRead(false); // what comes behind it waits
-        hub.serveLong(() -> {
-            byte[] answer;
+        decoder.pause(); // what comes behind it waits
+        Runnable served = () -> {
             try {
-                answer = serve(number, service, message);
-            } catch (MalformedMessage e) {
-                channel.eventLoop().execute(() -> lose("it sent " + e.getMessage()));
-                return;
+                service.run();
+                if (!ended) {
+                    channel.eventLoop().execute(decoder::resume);
+                }
+            } catch (RuntimeException | Error e) {
+                channel.pipeline().fireExceptionCaught(e);
             }
-            send(answer);
-            channel.eventLoop().execute(() -> {
-                heard = System.nanoTime();
-                channel.config().setAutoRead(true);
-            });
-        });
+        };
+        if (isLong) {
+            hub.serveLong(served);
+        } else {
+            hub.serveApart(served);
+        }
     }
 
-    private byte[] serve(int number, int service, byte[] message) {
+    private byte[] answer(int number, int service, byte[] message) {
         try {
             FrameWriter reply = new FrameWriter(FrameType.REPLY).integer(number);
             Result.write(reply, ambassador.serve(service, message));
@@ -242,8 +261,8 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     }
 
     /** Ends the connection, telling the federate why. From any thread. */
-    void end(String reason) {
-        channel.eventLoop().execute(() -> close(reason));
+    Future<?> end(String reason) {
+        return channel.eventLoop().submit(() -> close(reason));
     }
 
     private void close(String reason) {
@@ -252,7 +271,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
         ended = true;
         hub.left(this);
-        ambassador.session().abandon(reason);
+        hub.serveApart(() -> ambassador.session().abandon(reason)); // one of its services may still run
         outgoing.clear();
         channel.writeAndFlush(Unpooled.wrappedBuffer(new FrameWriter(FrameType.CLOSING).text(reason).end()))
                 .addListener(ChannelFutureListener.CLOSE);
@@ -278,6 +297,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     }
 
     private String reason(Throwable cause) {
+        if (cause instanceof MalformedFrame || cause instanceof MalformedMessage) {
+            return "it sent " + cause.getMessage();
+        }
         if (cause instanceof NotSslRecordException || cause.getCause() instanceof NotSslRecordException) {
             return "it does not use TLS";
         }
