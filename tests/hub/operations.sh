@@ -69,6 +69,7 @@ renew() { for each in "$@"; do : >"$each.out"; done; }
 echo "--- the command line"
 openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -days 2 -keyout hub.key -out hub.pem \
   -subj /CN=hub -addext subjectAltName=IP:127.0.0.1 2>/dev/null
+openssl req -x509 -newkey rsa:2048 -nodes -keyout other.key -out other.pem -subj /CN=other 2>/dev/null
 start plain --connections 20 --queue-limit 8 --lost-after 0
 plain=$address
 while read -r expected options; do
@@ -81,6 +82,8 @@ done <<END
 cannot_listen_on_$plain --listen $plain
 unknown_option_'--nonsense' --nonsense
 no-such-file --certificate no-such-file --key hub.key
+not_that_of_the_certificate --certificate hub.pem --key other.key
+no-such-file --certificate hub.pem --key hub.key --client-ca no-such-file
 needs_its_key --certificate hub.pem
 only_with_TLS --listen 0.0.0.0:0
 END

@@ -15,9 +15,10 @@ import io.netty.handler.ssl.SslContextBuilder;
 import io.netty.handler.ssl.SslHandler;
 import io.netty.handler.ssl.SslProvider;
 import io.netty.util.concurrent.Future;
-import java.io.File;
 import java.io.IOException;
 import java.net.InetSocketAddress;
+import java.security.GeneralSecurityException;
+import java.security.cert.X509Certificate;
 import java.util.List;
 import java.util.Set;
 import java.util.concurrent.ConcurrentHashMap;
@@ -25,6 +26,7 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicInteger;
+import tovu.local.wire.Identity;
 
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
 final class Hub {
@@ -50,11 +52,14 @@ final class Hub {
     private SslContext tls() throws IOException {
         try {
             SslContextBuilder builder = SslContextBuilder
-                    .forServer(settings.certificate().toFile(), settings.key().toFile())
+                    .forServer(Identity.of(settings.certificate(), settings.key()))
                     .sslProvider(SslProvider.JDK).protocols("TLSv1.3", "TLSv1.2");
-            File clientCa = settings.clientCa() == null ? null : settings.clientCa().toFile();
-            return (clientCa == null ? builder : builder.trustManager(clientCa).clientAuth(ClientAuth.REQUIRE)).build();
-        } catch (IllegalArgumentException e) {
+            if (settings.clientCa() != null) {
+                builder.trustManager(Identity.certificates(settings.clientCa()).toArray(X509Certificate[]::new))
+                        .clientAuth(ClientAuth.REQUIRE);
+            }
+            return builder.build();
+        } catch (GeneralSecurityException e) {
             throw new IOException(e.getMessage(), e);
         }
     }
