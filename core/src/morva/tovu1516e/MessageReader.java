@@ -136,7 +136,7 @@ class MessageReader {
         return set;
     }
 
-    /** Values stay where they are: the message is theirs from now on. */
+    /** Values, if there are any, stay where they are: the message is theirs from now on. */
     HandleValues values() {
         int count = count(2 * Integer.BYTES);
         int[] rows = new int[Math.multiplyExact(count, 3)];
@@ -146,7 +146,7 @@ class MessageReader {
             rows[3 * i + 1] = advance(length);
             rows[3 * i + 2] = length;
         }
-        return new HandleValues(message, rows, count);
+        return new HandleValues(count == 0 ? NO_BYTES : message, rows, count);
     }
 
     List<RegionManagement.Pair> regionPairs() {

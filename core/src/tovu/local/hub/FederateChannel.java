@@ -8,6 +8,7 @@ import io.netty.channel.Channel;
 import io.netty.channel.ChannelFutureListener;
 import io.netty.channel.ChannelHandlerContext;
 import io.netty.channel.ChannelInboundHandlerAdapter;
+import io.netty.channel.ChannelOutboundBuffer;
 import io.netty.handler.codec.CorruptedFrameException;
 import io.netty.handler.codec.TooLongFrameException;
 import io.netty.handler.ssl.NotSslRecordException;
@@ -82,10 +83,16 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         if (any) {
             pulse.say();
             channel.flush();
-            if (channel.unsafe().outboundBuffer() != null
-                    && channel.unsafe().outboundBuffer().totalPendingWriteBytes() > hub.settings().queueLimit()) {
-                lose("its process does not read: " + (hub.settings().queueLimit() >> 20) + " MB wait for it");
-            }
+            limitWhatWaits();
+        }
+    }
+
+    private void limitWhatWaits() {
+        ChannelOutboundBuffer unread = channel.unsafe().outboundBuffer();
+        long limit = hub.settings().queueLimit();
+        if (unread != null && unread.totalPendingWriteBytes() > limit || sink != null && sink.remembered() > limit) {
+            lose((channel.isWritable() ? "its program takes no callbacks: " : "its process does not read: ")
+                    + (limit >> 20) + " MB wait for it");
         }
     }
 
