@@ -96,10 +96,17 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
     }
 
-    void requireGreeting() {
-        if (!greeted && !ended) {
-            refuse("it has not said what it is");
-        }
+    /** A timer would keep a connection that has ended. */
+    private void untilClosed(Future<?> timer) {
+        channel.closeFuture().addListener(closed -> timer.cancel(false));
+    }
+
+    void requireGreeting(int seconds) {
+        untilClosed(channel.eventLoop().schedule(() -> {
+            if (!greeted && !ended) {
+                refuse("it has not said what it is");
+            }
+        }, seconds, TimeUnit.SECONDS));
     }
 
     @Override
@@ -170,9 +177,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
             long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / Pulse.BEATS;
-            Future<?> beats = channel.eventLoop().scheduleWithFixedDelay(this::beat, period, period,
-                    TimeUnit.MILLISECONDS);
-            channel.closeFuture().addListener(closed -> beats.cancel(false)); // or the timer would keep it for ever
+            untilClosed(channel.eventLoop().scheduleWithFixedDelay(this::beat, period, period, TimeUnit.MILLISECONDS));
         }
         channel.pipeline().replace(decoder, null, decoder(hub.settings().greatestFrame()));
         hub.entered(this);
@@ -282,7 +287,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         outgoing.clear();
         channel.writeAndFlush(Unpooled.wrappedBuffer(new FrameWriter(FrameType.CLOSING).text(reason).end()))
                 .addListener(ChannelFutureListener.CLOSE);
-        channel.eventLoop().schedule(() -> channel.close(), 1, TimeUnit.SECONDS); // it may not read any more
+        untilClosed(channel.eventLoop().schedule(() -> channel.close(), 1, TimeUnit.SECONDS)); // it may not read any more
     }
 
     @Override

@@ -105,7 +105,7 @@ final class Hub {
         if (isOneTooMany) {
             federate.refuse("there are " + settings.connections() + " connections already");
         }
-        channel.eventLoop().schedule(federate::requireGreeting, GREETING_SECONDS, TimeUnit.SECONDS);
+        federate.requireGreeting(GREETING_SECONDS);
     }
 
     /** Whether a service runs that takes its time. Others may have to wait for what it holds. */
