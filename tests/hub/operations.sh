@@ -125,6 +125,7 @@ sleep 0.3
 tell ada "save now"
 within 10 ben.out '< save'
 kill -KILL "${pid[ben]}"
+within 10 ada.out '< lost ben: (its connection is closed|Connection reset)'
 within 10 ada.out '< notSaved'
 within 10 ada.out '< remove'
 within 10 ada.out '< grant'
@@ -167,9 +168,9 @@ echo "--- the hub ends, in order and otherwise"
 end plain TERM
 within 10 ada.out '< connectionLost .*the hub was shut down'
 for how in KILL STOP; do
-  start second --lost-after 2
+  start second --listen "$plain" --lost-after 2 # in the place of the one before
   renew ada
-  tell ada "connect hub=$address" "create $fom" "join ada" "evoke 0"
+  tell ada "connect hub=$plain" "create $fom" "join ada" person "evoke 0"
   kill -$how "${pid[second]}"
   [ $how = KILL ] || say ada "flood 10000" # waits in a service, with all that the line takes on its way
   within 10 ada.out '< connectionLost'

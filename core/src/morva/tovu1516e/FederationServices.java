@@ -86,11 +86,14 @@ abstract class FederationServices extends AmbassadorServices {
     }
 
     private int join(Service service, byte[] message, Call<String> federateName) throws RTIexception {
-        return serveHere(service, message, in -> {
+        int handle = serveHere(service, message, in -> {
             connection.requireOutsideCallback("joinFederationExecution");
             return hereOrWithModulesAtHub(service, in, here -> connection.session
                     .join(federateName.serve(here), here.text(), here.text(), here.modules()).handle());
         });
+        String name = federateName.serve(reader(message));
+        connection.nameMember(name == null ? "federate " + handle : name);
+        return handle;
     }
 
     public final void resignFederationExecution_RA(byte[] message) throws RTIexception {
@@ -101,6 +104,7 @@ abstract class FederationServices extends AmbassadorServices {
                 return null;
             });
         });
+        connection.nameMember(null);
     }
 
     static ResignAction resignAction(int code) throws InvalidResignAction {

@@ -7,7 +7,6 @@ import java.lang.invoke.VarHandle;
 import java.nio.ByteOrder;
 import java.util.ArrayList;
 import java.util.Arrays;
-import java.util.Collection;
 import java.util.List;
 import java.util.Set;
 import java.util.TreeSet;
@@ -82,17 +81,6 @@ class MessageReader {
         return new String(characters);
     }
 
-    private <T extends Collection<String>> T texts(T texts) {
-        for (int left = count(Integer.BYTES); left > 0; --left) {
-            texts.add(text());
-        }
-        return texts;
-    }
-
-    List<String> textList() {
-        return texts(new ArrayList<>());
-    }
-
     /** A FOM module or MIM that is read in this process. */
     ModuleSource module() {
         return ModuleSource.file(text());
@@ -107,7 +95,11 @@ class MessageReader {
     }
 
     Set<String> textSet() {
-        return texts(new TreeSet<>());
+        Set<String> texts = new TreeSet<>();
+        for (int left = count(Integer.BYTES); left > 0; --left) {
+            texts.add(text());
+        }
+        return texts;
     }
 
     byte[] bytes() {

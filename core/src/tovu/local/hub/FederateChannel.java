@@ -179,8 +179,8 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / Pulse.BEATS;
             untilClosed(channel.eventLoop().scheduleWithFixedDelay(this::beat, period, period, TimeUnit.MILLISECONDS));
         }
-        channel.pipeline().replace(decoder, null, decoder(hub.settings().greatestFrame()));
         hub.entered(this);
+        channel.pipeline().replace(decoder, null, decoder(hub.settings().greatestFrame())); // takes what has come already
     }
 
     private void beat() {
