@@ -196,6 +196,7 @@ public final class FederationSave {
 
     private void end(Callback outcome) {
         statuses.clear();
+        instructed = Set.of();
         federation.postToAll(outcome);
         federation.management().savesChanged();
         federation.time().evaluate();
