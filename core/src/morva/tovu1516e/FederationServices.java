@@ -1,7 +1,6 @@
 package morva.tovu1516e;
 
 import static morva.tovu1516e.Service.*;
-
 import hla.rti1516e.exceptions.InvalidResignAction;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.UnsupportedCallbackModel;
