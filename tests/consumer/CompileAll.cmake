@@ -1,7 +1,7 @@
 # Compiles the federate with all callbacks in one dialect, and the public headers: in the oldest dialect, whose
 # standard headers include the least, every one alone; in the others all of them together.
-#   cmake -D COMPILER=g++ -D DIALECT=11 -D INCLUDE=include -P CompileAll.cmake
-set(flags -std=c++${DIALECT} -fsyntax-only -I ${INCLUDE}
+#   cmake -D COMPILER=g++ -D DIALECT=11 -D INCLUDE=include -D BUILD=build/release -P CompileAll.cmake
+set(flags -std=c++${DIALECT} -fsyntax-only -I ${INCLUDE} -I ${BUILD}
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 set(failures 0)
 

@@ -20,60 +20,24 @@ using namespace rti1516e;
 
 namespace {
 
-class Federate : public NullFederateAmbassador
+struct Federate : NullFederateAmbassador
 {
-public:
    Federate(std::wstring const& name, std::wstring const& fomModule)
-      : heardAt(-1), _regulating(false), _ambassador(RTIambassadorFactory().createRTIambassador().release())
+      : heardAt(-1), regulating(false), rti(RTIambassadorFactory().createRTIambassador().release())
    {
-      _ambassador->connect(*this, HLA_EVOKED);
+      rti->connect(*this, HLA_EVOKED);
       std::vector<std::wstring> const modules(1, fomModule);
       try {
-         _ambassador->createFederationExecution(L"Consumers", modules, HLAinteger64TimeName);
+         rti->createFederationExecution(L"Consumers", modules, HLAinteger64TimeName);
       } catch (FederationExecutionAlreadyExists const& exception) {
          std::wcout << exception << std::endl;
       }
-      FederateHandle const self =
-         _ambassador->joinFederationExecution(name, L"consumer", L"Consumers", modules);
-      std::wcout << self << L" is " << _ambassador->getFederateName(self) << std::endl;
-      _greeting = _ambassador->getInteractionClassHandle(L"HLAinteractionRoot.Greeting");
-      _names[_ambassador->getParameterHandle(_greeting, L"Words")] = L"Words";
+      FederateHandle const self = rti->joinFederationExecution(name, L"consumer", L"Consumers", modules);
+      std::wcout << self << L" is " << rti->getFederateName(self) << std::endl;
+      greeting = rti->getInteractionClassHandle(L"HLAinteractionRoot.Greeting");
    }
 
-   void send(std::wstring const& words)
-   {
-      _ambassador->publishInteractionClass(_greeting);
-      HLAinteger64Interval lookahead(5);
-      _ambassador->enableTimeRegulation(lookahead);
-      while (!_regulating) {
-         _ambassador->evokeMultipleCallbacks(0.1, 1.0);
-      }
-      _ambassador->queryLookahead(lookahead);
-      HLAinteger64Time time = 2;
-      time += lookahead;
-      ParameterHandleValueMap values;
-      values[_names.begin()->first] = HLAunicodeString(words).encode();
-      std::unordered_set<MessageRetractionHandle> retractable;
-      retractable.insert(_ambassador->sendInteraction(_greeting, values, VariableLengthData("tag", 3), time));
-   }
-
-   void listen() { _ambassador->subscribeInteractionClass(_greeting); }
-
-   void await()
-   {
-      while (heard.empty()) {
-         _ambassador->evokeMultipleCallbacks(0.1, 1.0);
-      }
-   }
-
-   void leave() { _ambassador->resignFederationExecution(NO_ACTION); }
-   void clear() { _ambassador->destroyFederationExecution(L"Consumers"); }
-
-   std::wstring heard;
-   HLAinteger64Time heardAt;
-
-private:
-   void timeRegulationEnabled(LogicalTime const&) override { _regulating = true; }
+   void timeRegulationEnabled(LogicalTime const&) override { regulating = true; }
 
    // The one callback that takes a set by value.
    void confirmAttributeTransportationTypeChange(ObjectInstanceHandle, AttributeHandleSet,
@@ -90,33 +54,51 @@ private:
       heardAt = time;
    }
 
-   bool _regulating;
-   std::unique_ptr<RTIambassador> _ambassador;
-   InteractionClassHandle _greeting;
-   std::unordered_map<ParameterHandle, std::wstring> _names;
+   std::wstring heard;
+   HLAinteger64Time heardAt;
+   bool regulating;
+   std::unique_ptr<RTIambassador> rti;
+   InteractionClassHandle greeting;
 };
+
+bool greet(std::wstring const& fomModule)
+{
+   Federate sender(L"sender", fomModule);
+   Federate receiver(L"receiver", fomModule);
+   receiver.rti->subscribeInteractionClass(receiver.greeting);
+   sender.rti->publishInteractionClass(sender.greeting);
+   HLAinteger64Interval lookahead(5);
+   sender.rti->enableTimeRegulation(lookahead);
+   while (!sender.regulating) {
+      sender.rti->evokeMultipleCallbacks(0.1, 1.0);
+   }
+   sender.rti->queryLookahead(lookahead);
+   HLAinteger64Time time = 2;
+   time += lookahead;
+   std::unordered_map<ParameterHandle, std::wstring> names;
+   names[sender.rti->getParameterHandle(sender.greeting, L"Words")] = L"Words";
+   ParameterHandleValueMap values;
+   values[names.begin()->first] = HLAunicodeString(L"Good morning").encode();
+   std::unordered_set<MessageRetractionHandle> retractable;
+   retractable.insert(
+      sender.rti->sendInteraction(sender.greeting, values, VariableLengthData("tag", 3), time));
+   while (receiver.heard.empty()) {
+      receiver.rti->evokeMultipleCallbacks(0.1, 1.0);
+   }
+   std::wcout << receiver.heard << L" at " << receiver.heardAt << std::endl;
+   sender.rti->resignFederationExecution(NO_ACTION);
+   receiver.rti->resignFederationExecution(NO_ACTION);
+   sender.rti->destroyFederationExecution(L"Consumers");
+   return receiver.heard == L"Good morning" && receiver.heardAt == 7 && 7 == receiver.heardAt;
+}
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-   if (argc != 2) {
-      std::wcerr << L"usage: federate FOM-MODULE" << std::endl;
-      return 2;
-   }
    try {
-      std::string const path(argv[1]);
-      std::wstring const fomModule(path.begin(), path.end());
-      Federate sender(L"sender", fomModule);
-      Federate receiver(L"receiver", fomModule);
-      receiver.listen();
-      sender.send(L"Good morning");
-      receiver.await();
-      std::wcout << receiver.heard << L" at " << receiver.heardAt << std::endl;
-      sender.leave();
-      receiver.leave();
-      sender.clear();
-      return receiver.heard == L"Good morning" && receiver.heardAt == 7 && 7 == receiver.heardAt ? 0 : 1;
+      std::string const path(argv[argc - 1]);
+      return greet(std::wstring(path.begin(), path.end())) ? 0 : 1;
    } catch (Exception const& exception) {
       std::wcerr << exception.what() << std::endl;
       return 1;

@@ -167,6 +167,19 @@ void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Ele
    }
 }
 
+// Whether JNI takes it: characters of one to three bytes, none of which is cut off.
+bool isJniText(char const* text)
+{
+   for (int trailing = 0; *text != '\0' || trailing != 0; ++text) {
+      auto const byte = static_cast<unsigned char>(*text);
+      if (trailing != 0 ? byte / 0x40 != 2 : byte >= 0xF0 || byte / 0x40 == 2) {
+         return false;
+      }
+      trailing = trailing != 0 ? trailing - 1 : (byte >= 0xC0) + (byte >= 0xE0);
+   }
+   return true;
+}
+
 void doMeanwhile()
 {
    if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
@@ -266,6 +279,9 @@ JNINativeInterface_ functions()
       Entry const entry("ThrowNew");
       if (failsWith("java/lang/OutOfMemoryError")) {
          return JNI_ERR;
+      }
+      if (!isJniText(message)) {
+         offend("ThrowNew with what is no text");
       }
       std::u16string text;
       for (; *message != '\0'; ++message) {
