@@ -43,22 +43,21 @@ TEST_F(ControlWordTest, OfACallbackIsThatOfConnect)
 
 TEST_F(ControlWordTest, IsMendedAfterWhatSucceeds)
 {
-   auto const change = [] {
-      setControlWord(roundingUp);
-      asm volatile("fldz\n\tfldz\n\tfdivp\n\tfstp %st(0)"); // an exception, though masked
-   };
    std::unique_ptr<RTIambassador> other;
    for (auto const& doSomething :
         std::vector<std::function<void()>>{[&] { other = newAmbassador(); }, [&] { other.reset(); },
                                            [&] { ambassador->enableCallbacks(); }}) {
-      fake::core().meanwhile = change;
+      fake::core.meanwhile = [] {
+         setControlWord(roundingUp);
+         asm volatile("fldz\n\tfldz\n\tfdivp\n\tfstp %st(0)"); // an exception, though masked
+      };
       doSomething();
       EXPECT_EQ(controlWord(), extendedPrecision);
       EXPECT_EQ(pendingExceptions(), 0U);
-      EXPECT_FALSE(fake::core().meanwhile) << "was not changed";
+      EXPECT_FALSE(fake::core.meanwhile) << "was not changed";
    }
-   fake::core().meanwhile = [] { setControlWord(doublePrecision); };
-   fake::core().raises = {exceptionPath + "RTIinternalError"};
+   fake::core.meanwhile = [] { setControlWord(doublePrecision); };
+   fake::core.raises = {exceptionPath + "RTIinternalError"};
    EXPECT_THROW(ambassador->enableCallbacks(), RTIinternalError);
    EXPECT_EQ(controlWord(), doublePrecision);
 }
