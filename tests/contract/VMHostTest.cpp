@@ -1,6 +1,5 @@
 // How the Java VM is asked for, and what is said when it cannot be had. Every test needs a process of its
 // own, for a VM that is there stays.
-#include "tests/contract/ControlWord.h"
 #include "tests/support/Caught.h"
 #include "tests/support/FakeJava.h"
 
@@ -257,24 +256,6 @@ TEST_F(VMHostTest, ToleratesOrTellsWhatACoreLacks)
       EXPECT_EQ(fake::remains(), "0 local, 0 global, 0 pinned");
    }
 }
-
-#if defined(__x86_64__) || defined(__i386__)
-TEST_F(VMHostTest, TheVMStartsWithTheControlWordItExpects)
-{
-   constexpr unsigned int federates = 0x0B40; // exceptions unmasked, rounding up, extended precision
-   unsigned int atCreation = 0;
-   runtime.onCreation = [&] { atCreation = controlWord(); };
-   for (auto const status : {JNI_ERR, JNI_OK}) {
-      runtime.createStatus = status;
-      setControlWord(federates);
-      create();
-      auto const after = controlWord();
-      setControlWord(extendedPrecision);
-      EXPECT_EQ(atCreation, doublePrecision);
-      EXPECT_EQ(after, status == JNI_OK ? federates : doublePrecision);
-   }
-}
-#endif
 
 } // namespace
 } // namespace contract

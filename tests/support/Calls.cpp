@@ -15,20 +15,9 @@ namespace {
 
 // Of the library only the names of the codes are taken: the type that one stands for.
 template <class Code>
-struct TypeOf
-{
-   using Type = std::decay_t<typename Code::Argument>;
-};
-template <>
-struct TypeOf<tovu1516e::LT>
-{
-   using Type = TestTime;
-};
-template <>
-struct TypeOf<tovu1516e::LTI>
-{
-   using Type = TestInterval;
-};
+using TypeOf = std::conditional_t<std::is_same_v<Code, tovu1516e::LT>, TestTime,
+                                  std::conditional_t<std::is_same_v<Code, tovu1516e::LTI>, TestInterval,
+                                                     std::decay_t<typename Code::Argument>>>;
 
 // What connect is called with; its token stands before the message.
 struct Nobody
@@ -47,7 +36,7 @@ auto randomArgument(Octets& octets)
    if constexpr (std::is_same_v<Code, tovu1516e::FA>) {
       return Nobody();
    } else {
-      return randomValue<typename TypeOf<Code>::Type>(octets);
+      return randomValue<TypeOf<Code>>(octets);
    }
 }
 

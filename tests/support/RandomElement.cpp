@@ -99,16 +99,14 @@ void encodeAny(Shape const& shape, Octets& values, std::vector<char>& buffer)
       buffer.resize((buffer.size() + boundary - 1) / boundary * boundary);
    };
    pad();
-   auto const below = [&](unsigned int bound) { return static_cast<char>(values.below(bound)); };
+   auto const count = [&] {
+      buffer.insert(buffer.end(), {0, 0, 0, static_cast<char>(values.below(6))});
+      return static_cast<std::size_t>(buffer.back());
+   };
    switch (shape.letter) {
    case 'V':
-      buffer.insert(buffer.end(), {0, 0, 0, below(6)});
-      for (char left = buffer.back(); left > 0; --left) {
-         encodeAny(shape.parts[0], values, buffer);
-      }
-      break;
    case 'A':
-      for (std::size_t left = shape.length; left > 0; --left) {
+      for (std::size_t left = shape.letter == 'V' ? count() : shape.length; left > 0; --left) {
          encodeAny(shape.parts[0], values, buffer);
       }
       break;
