@@ -9,6 +9,7 @@ import tovu.local.model.FederateCallbacks;
 import tovu.local.model.Federation;
 import tovu.local.model.FederationPlan;
 import tovu.local.model.Federations;
+import tovu.local.model.MemorySaves;
 import tovu.local.model.Session;
 
 /** What happens to a session while the federation's lock is somebody else's. */
@@ -58,7 +59,7 @@ final class SessionTest {
     }
 
     private static void lossWhileARestoreCompletes() throws Exception {
-        Federations federations = new Federations(Manager::new);
+        Federations federations = new Federations(Manager::new, name -> new MemorySaves());
         List<Session> members = new ArrayList<>();
         for (String name : List.of("alpha", "beta")) {
             Session session = new Session(federations);

@@ -34,6 +34,7 @@ public final class Federation {
     private final TimeFamily timeFamily;
     private final ObjectModel objectModel;
     private final Switches switches;
+    private final SaveStore saves;
     private final FederationSave save = new FederationSave(this);
     private final FederationRestore restore = new FederationRestore(this);
     private final ObjectManagement objectManagement = new ObjectManagement(this);
@@ -53,11 +54,12 @@ public final class Federation {
     private int lastFederate;
     private boolean closed;
 
-    Federation(String name, ObjectModel objectModel, TimeFamily timeFamily,
+    Federation(String name, ObjectModel objectModel, TimeFamily timeFamily, SaveStore saves,
             Function<Federation, Management> makeManagement) {
         this.name = name;
         this.objectModel = objectModel;
         this.timeFamily = timeFamily;
+        this.saves = saves;
         switches = objectModel.switches();
         privilegeToDelete = objectModel.privilegeToDelete().handle();
         serviceReport = objectModel.interactionClass(SERVICE_REPORT);
@@ -82,6 +84,10 @@ public final class Federation {
 
     public SynchronizationPoints synchronizationPoints() {
         return state.synchronizationPoints;
+    }
+
+    SaveStore saves() {
+        return saves;
     }
 
     public FederationSave save() {
@@ -313,6 +319,7 @@ public final class Federation {
 
     /** Resigns a federate that is gone as its automatic resign directive says, and lets go of whatever that leaves. */
     void lose(Federate federate, String fault) {
+        save.stopWriting();
         management.losing(federate, fault);
         leave(federate, federate.automaticResignDirective());
         settle(federate);
@@ -335,6 +342,7 @@ public final class Federation {
     }
 
     private void leave(Federate federate, ResignAction action) {
+        save.stopWriting();
         federate.inbox.clear();
         ownership.cancelAllAcquisitions(federate);
         if (action.deletes()) {
@@ -368,15 +376,29 @@ public final class Federation {
         closed = true;
     }
 
-    Snapshot snapshot() {
-        return new Snapshot(this, state);
+    /** What it is now, for a save. */
+    FederationState savedState() {
+        state.assigned = new FederationState.Assigned(lastFederate, lastSequence, RuntimeHandles.last());
+        return state;
     }
 
-    /** Becomes what it was once. */
+    Foundation foundation() {
+        return Foundation.of(timeFamily, objectModel);
+    }
+
+    /** Becomes what it was once; maybe it was that in another process. */
     void restore(FederationState restored) {
         state = restored;
         state.infrastructure.replaceSink(management.sink());
+        lastFederate = Math.max(lastFederate, state.assigned.federate());
+        lastSequence = Math.max(lastSequence, state.assigned.sequence());
+        RuntimeHandles.passOver(state.assigned.runtimeHandle());
         state.updateRates.resume();
+    }
+
+    /** Says something to whoever runs the process. Names are anybody's: no terminal is to obey them. */
+    void say(String what) {
+        System.err.println(("Federation '" + name + "' " + what).replaceAll("\\p{Cntrl}", "?"));
     }
 
     void postToAll(Callback callback) {

@@ -4,25 +4,23 @@ import hla.rti1516e.exceptions.RestoreInProgress;
 import hla.rti1516e.exceptions.RestoreNotInProgress;
 import hla.rti1516e.exceptions.RestoreNotRequested;
 import hla.rti1516e.exceptions.SaveInProgress;
+import java.io.IOException;
 import java.util.ArrayList;
+import java.util.Collection;
 import java.util.HashMap;
 import java.util.Iterator;
 import java.util.List;
 import java.util.Map;
+import java.util.stream.Collectors;
 
-/** The restoring of a federation, and what it may be restored to: the saves of this federation execution. */
+/** The restoring of a federation. The save is read on a thread of its own while others are served. */
 public final class FederationRestore {
-    private record Identity(int handle, String name, String type) {
-    }
-
-    private record Save(Snapshot snapshot, List<Identity> federates) {
-    }
-
     private final Federation federation;
-    private final Map<String, Save> saves = new HashMap<>();
-    private final Map<Federate, Identity> successors = new HashMap<>(); // empty while no restore is in progress
+    private final Map<Federate, Federate> successors = new HashMap<>(); // empty while no restore is in progress
     private final Map<Federate, RestoreStatus> statuses = new HashMap<>();
+    private FederationState restored; // null while no restore is in progress
     private String label;
+    private boolean reading; // what may become a restore
     private boolean failed;
 
     FederationRestore(Federation federation) {
@@ -40,19 +38,51 @@ public final class FederationRestore {
         }
     }
 
-    /** Keeps the state that the federation is in now. */
-    void keep(String theLabel) {
-        saves.put(theLabel, new Save(federation.snapshot(), federation.members().stream()
-                .map(each -> new Identity(each.handle(), each.name(), each.type())).toList()));
+    public void request(Federate requester, String theLabel) throws RestoreInProgress {
+        if (reading) {
+            throw new RestoreInProgress("A save of federation '" + federation.name()
+                    + "' is just being read; wait for the outcome of that request");
+        }
+        reading = true;
+        Foundation foundation = federation.foundation();
+        var referents = Snapshot.referents(federation);
+        Snapshot.aside(federation, () -> {
+            try (SaveStore.Found save = federation.saves().find(theLabel)) {
+                if (save == null) {
+                    throw new IOException("there is no such save");
+                }
+                return Snapshot.read(save, referents, foundation);
+            }
+        }, (found, failure) -> {
+            reading = false;
+            if (federation.isMember(requester)) {
+                answer(requester, theLabel, found, failure);
+                federation.settle(requester);
+            }
+        });
     }
 
-    public void request(Federate requester, String theLabel) {
-        Save saved = saves.get(theLabel);
-        if (saved == null || !assignSuccessors(saved.federates)) {
-            successors.clear();
+    private void answer(Federate requester, String theLabel, FederationState found, Throwable failure) {
+        String reason = failure != null ? SaveStore.reason(failure)
+                : federation.isSavingOrRestoring() ? "it has begun to save meanwhile"
+                : !assignSuccessors(found.members.values()) ? "it was saved with " + names(found.members.values())
+                        + ", and joined are " + names(federation.members()) + "; as many of each type have to join"
+                : null;
+        if (reason == null) {
+            restored = found;
+            begin(requester, theLabel);
+        } else {
+            federation.say("cannot be restored from '" + theLabel + "': " + reason);
             requester.post(to -> to.requestFederationRestoreFailed(theLabel));
-            return;
         }
+    }
+
+    private static String names(Collection<Federate> federates) {
+        return federates.stream().map(each -> "'" + each.name() + "' of type '" + each.type() + "'")
+                .collect(Collectors.joining(", "));
+    }
+
+    private void begin(Federate requester, String theLabel) {
         label = theLabel;
         failed = false;
         successors.keySet().forEach(federate -> statuses.put(federate, RestoreStatus.RESTORING));
@@ -65,9 +95,9 @@ public final class FederationRestore {
     }
 
     /** Finds for each member the saved federate that it is to become: one of its type, by preference itself. */
-    private boolean assignSuccessors(List<Identity> saved) {
+    private boolean assignSuccessors(Collection<Federate> saved) {
         List<Federate> open = new ArrayList<>(federation.members());
-        List<Identity> left = new ArrayList<>(saved);
+        List<Federate> left = new ArrayList<>(saved);
         for (boolean sameName : new boolean[] {true, false}) {
             for (Iterator<Federate> each = open.iterator(); each.hasNext();) {
                 Federate federate = each.next();
@@ -81,7 +111,11 @@ public final class FederationRestore {
                 }
             }
         }
-        return open.isEmpty() && left.isEmpty();
+        boolean all = open.isEmpty() && left.isEmpty();
+        if (!all) {
+            successors.clear();
+        }
+        return all;
     }
 
     /** @param successfully whether the federate has restored its own state */
@@ -96,12 +130,7 @@ public final class FederationRestore {
             if (failed) {
                 fail(RestoreFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
-                try {
-                    replaceState();
-                } catch (IllegalStateException e) {
-                    fail(RestoreFailureReason.RTI_UNABLE_TO_RESTORE);
-                    throw e;
-                }
+                replaceState();
                 end(FederateCallbacks::federationRestored);
             }
         }
@@ -109,11 +138,10 @@ public final class FederationRestore {
 
     /** What is still on its way or due belongs to the state that ends here, and is dropped with it. */
     private void replaceState() {
-        FederationState restored = saves.get(label).snapshot.copy();
         federation.save().forgetDue();
         successors.forEach((federate, successor) -> {
             federate.dropCallbacks();
-            restored.members.get(successor.handle).replace(federate);
+            successor.replace(federate);
         });
         federation.restore(restored);
         federation.management().restored();
@@ -139,6 +167,7 @@ public final class FederationRestore {
     private void end(Callback outcome) {
         statuses.clear();
         successors.clear();
+        restored = null;
         federation.postToAll(outcome);
         federation.management().savesChanged();
         federation.time().evaluate();

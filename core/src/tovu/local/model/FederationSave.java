@@ -8,8 +8,11 @@ import hla.rti1516e.exceptions.RestoreInProgress;
 import hla.rti1516e.exceptions.SaveInProgress;
 import hla.rti1516e.exceptions.SaveNotInProgress;
 import hla.rti1516e.exceptions.SaveNotInitiated;
+import java.io.IOException;
+import java.util.ArrayList;
 import java.util.HashMap;
 import java.util.HashSet;
+import java.util.List;
 import java.util.Map;
 import java.util.Set;
 
@@ -26,6 +29,8 @@ public final class FederationSave {
     private String lastLabel = "";
     private LogicalTime lastTime;
     private LogicalTime time; // of the save in progress; null when it was requested without one
+    private StateWriting writing; // null unless all federates have saved
+    private final List<Runnable> afterwards = new ArrayList<>(); // what would change the state while it is written
 
     FederationSave(Federation federation) {
         this.federation = federation;
@@ -161,16 +166,61 @@ public final class FederationSave {
             if (failed) {
                 fail(SaveFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
-                try {
-                    federation.restore().keep(label);
-                } catch (IllegalStateException e) {
-                    fail(SaveFailureReason.RTI_UNABLE_TO_SAVE);
-                    throw e;
-                }
-                lastLabel = label;
-                lastTime = time;
-                end(FederateCallbacks::federationSaved);
+                write();
             }
+        }
+    }
+
+    private void write() {
+        StateWriting mine = new StateWriting();
+        writing = mine;
+        String theLabel = label;
+        FederationState state = federation.savedState();
+        Foundation foundation = federation.foundation();
+        Snapshot.aside(federation, () -> mine.write(federation.saves(), theLabel, state, foundation),
+                (draft, failure) -> {
+                    try (draft) {
+                        if (!mine.isStopped()) {
+                            conclude(draft, failure);
+                        }
+                    }
+                });
+    }
+
+    private void conclude(SaveStore.Draft draft, Throwable failure) {
+        Throwable obstacle = failure;
+        try {
+            if (obstacle == null) {
+                draft.publish();
+            }
+        } catch (IOException e) {
+            obstacle = e;
+        }
+        if (obstacle == null) {
+            lastLabel = label;
+            lastTime = time;
+            end(FederateCallbacks::federationSaved);
+        } else {
+            federation.say("cannot be saved as '" + label + "': " + SaveStore.reason(obstacle));
+            fail(SaveFailureReason.RTI_UNABLE_TO_SAVE);
+        }
+        federation.settle(federation.infrastructure());
+    }
+
+    /** Before the state changes in spite of the save, which comes to nothing. */
+    void stopWriting() {
+        if (writing != null) {
+            writing.stop();
+            writing = null;
+        }
+    }
+
+    /** Does what is no service of a member once the state may change. */
+    void whenNotWriting(Runnable task) {
+        if (writing == null) {
+            task.run();
+        } else {
+            afterwards.add(task);
         }
     }
 
@@ -195,10 +245,13 @@ public final class FederationSave {
     }
 
     private void end(Callback outcome) {
+        stopWriting();
         statuses.clear();
         federation.postToAll(outcome);
         federation.management().savesChanged();
         federation.time().evaluate();
+        List.copyOf(afterwards).forEach(Runnable::run);
+        afterwards.clear();
     }
 
     public void queryStatus(Federate federate) throws RestoreInProgress {

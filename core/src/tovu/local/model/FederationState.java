@@ -8,6 +8,16 @@ import java.util.TreeMap;
 /** All of a federation that a save keeps and a restore brings back. */
 @SuppressWarnings("serial") // kept in memory only
 final class FederationState implements Saved {
+    /**
+     * The last numbers that were given out, which are never given out again.
+     *
+     * @param federate      a federate's handle
+     * @param sequence      a message's number
+     * @param runtimeHandle the handle of an object or region
+     */
+    record Assigned(int federate, long sequence, int runtimeHandle) implements Saved {
+    }
+
     final Federate infrastructure;
     final Map<Integer, Federate> members = new TreeMap<>();
     final SynchronizationPoints synchronizationPoints;
@@ -19,6 +29,7 @@ final class FederationState implements Saved {
     final TimeManagement time;
     boolean autoProvide;
     final UpdateRates updateRates;
+    Assigned assigned; // set when it is saved
 
     FederationState(Federation federation, CallbackSink sink) {
         synchronizationPoints = new SynchronizationPoints(federation);

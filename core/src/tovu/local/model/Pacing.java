@@ -1,5 +1,7 @@
 package tovu.local.model;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
 import java.util.ArrayList;
 import java.util.Collection;
 import java.util.HashMap;
@@ -76,5 +78,12 @@ final class Pacing implements Saved {
             return isDue;
         });
         return due.values();
+    }
+
+    /** What a process calls now means nothing to another one: what waited is due. */
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        long now = System.nanoTime();
+        intervals.replaceAll((attribute, interval) -> new Interval(now, interval.length));
     }
 }

@@ -146,9 +146,12 @@ public final class Session {
      */
     public static void report(Federate member, ServiceCall call) {
         if (member != null && member.oversight.reportsAnything()) {
-            synchronized (member.federation()) {
-                member.federation().management().served(member, call);
-                member.federation().settle(member);
+            Federation federation = member.federation();
+            synchronized (federation) {
+                federation.save().whenNotWriting(() -> {
+                    federation.management().served(member, call);
+                    federation.settle(member);
+                });
             }
         }
     }

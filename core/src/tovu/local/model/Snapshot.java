@@ -1,75 +1,118 @@
 package tovu.local.model;
 
-import java.io.ByteArrayInputStream;
-import java.io.ByteArrayOutputStream;
 import java.io.IOException;
-import java.io.InputStream;
+import java.io.InvalidObjectException;
 import java.io.ObjectInputStream;
 import java.io.ObjectOutputStream;
+import java.io.ObjectStreamException;
 import java.io.OutputStream;
-import java.io.Serializable;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.Map;
 import java.util.concurrent.Callable;
-import java.util.concurrent.ExecutionException;
-import java.util.concurrent.FutureTask;
+import java.util.concurrent.CompletableFuture;
+import java.util.function.BiConsumer;
+import java.util.function.IntFunction;
 import tovu.local.fom.Attribute;
 import tovu.local.fom.Dimension;
 import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectClass;
+import tovu.local.fom.ObjectModel;
 
 /**
- * A federation's state as it was, any number of copies of which can be made. The federation and its object model are no
- * part of it: a snapshot refers to them, so that a copy fits the federation that it is made for.
+ * How a federation's state is written and read. The federation and its object model are no part of it: a snapshot refers
+ * to them, so that what is read fits the federation that it is read for.
  */
 final class Snapshot {
     /** Stands for something that is not copied. */
-    private record Reference(Kind kind, int handle) implements Serializable {
+    private record Reference(Kind kind, int handle) implements Saved {
     }
 
-    private enum Kind {
+    enum Kind {
         FEDERATION, OBJECT_CLASS, INTERACTION_CLASS, ATTRIBUTE, DIMENSION
     }
 
     private static final long STACK_BYTES = 256L << 20; // which are taken as they are needed
 
-    private final Federation federation;
-    private final byte[] bytes;
-
-    /** Takes a snapshot of the state that the federation is in. */
-    Snapshot(Federation federation, FederationState state) {
-        this.federation = federation;
-        ByteArrayOutputStream out = new ByteArrayOutputStream();
-        onDeepStack(() -> {
-            try (Writer writer = new Writer(out)) {
-                writer.writeObject(state);
-            }
-            return null;
-        }, "kept");
-        bytes = out.toByteArray();
+    private Snapshot() {
     }
 
-    FederationState copy() {
-        return onDeepStack(() -> {
-            try (Reader reader = new Reader(new ByteArrayInputStream(bytes), federation)) {
-                return (FederationState) reader.readObject();
-            }
-        }, "restored");
-    }
-
-    /** Writing and reading go down from federate to federate: an ordinary stack holds a hundred or so of them. */
-    private <R> R onDeepStack(Callable<R> task, String what) {
-        FutureTask<R> result = new FutureTask<>(task);
-        Thread thread = new Thread(null, result, "snapshot", STACK_BYTES);
-        thread.setDaemon(true);
-        thread.start();
+    /**
+     * Does what reads or writes a snapshot, on a thread of its own: that goes down from federate to federate, and an
+     * ordinary stack holds a hundred or so of them. Called under the federation's lock, which others may take
+     * meanwhile if the store is slow.
+     *
+     * @param outcome is told, under the federation's lock, what came of it or why nothing did
+     */
+    static <R> void aside(Federation federation, Callable<R> work, BiConsumer<R, Throwable> outcome) {
+        boolean quick = federation.saves().isQuick();
+        CompletableFuture<Runnable> conclusion = new CompletableFuture<>();
         try {
-            return result.get();
-        } catch (ExecutionException e) {
-            throw new IllegalStateException("The state of federation '" + federation.name() + "' cannot be " + what
-                    + ": " + e.getCause(), e);
-        } catch (InterruptedException e) {
-            Thread.currentThread().interrupt();
-            throw new IllegalStateException("The state of federation '" + federation.name() + "' was not " + what
-                    + ": the thread was interrupted", e);
+            Thread thread = new Thread(null, () -> {
+                Runnable concluding = conclusion(work, outcome);
+                if (quick) {
+                    conclusion.complete(concluding);
+                } else {
+                    synchronized (federation) {
+                        concluding.run();
+                    }
+                }
+            }, "snapshot", STACK_BYTES);
+            thread.setDaemon(true);
+            thread.start();
+        } catch (OutOfMemoryError e) { // no room for a thread
+            outcome.accept(null, e);
+            return;
+        }
+        if (quick) {
+            conclusion.join().run();
+        }
+    }
+
+    private static <R> Runnable conclusion(Callable<R> work, BiConsumer<R, Throwable> outcome) {
+        try {
+            R result = work.call();
+            return () -> outcome.accept(result, null);
+        } catch (Exception | StackOverflowError | OutOfMemoryError e) {
+            return () -> outcome.accept(null, e);
+        }
+    }
+
+    static void write(Foundation foundation, FederationState state, OutputStream out) throws IOException {
+        Writer writer = new Writer(out);
+        writer.writeObject(foundation);
+        writer.writeObject(state);
+        writer.flush();
+    }
+
+    /** All that a state may refer to, as it is now: others may join with more modules while it is read. */
+    static Map<Kind, List<Object>> referents(Federation federation) {
+        ObjectModel model = federation.objectModel();
+        return Map.of(Kind.FEDERATION, List.of(federation), Kind.OBJECT_CLASS, all(model::objectClass),
+                Kind.INTERACTION_CLASS, all(model::interactionClass), Kind.ATTRIBUTE, all(model::attribute),
+                Kind.DIMENSION, all(model::dimension));
+    }
+
+    private static List<Object> all(IntFunction<Object> byHandle) {
+        List<Object> all = new ArrayList<>();
+        for (Object each = byHandle.apply(1); each != null; each = byHandle.apply(all.size() + 1)) {
+            all.add(each);
+        }
+        return all;
+    }
+
+    /** @param foundation what the federation stands on */
+    static FederationState read(SaveStore.Found save, Map<Kind, List<Object>> referents, Foundation foundation)
+            throws IOException {
+        try {
+            Reader reader = new Reader(save, referents);
+            String obstacle = ((Foundation) reader.readObject()).obstacle(foundation);
+            if (obstacle != null) {
+                throw new IOException(obstacle);
+            }
+            return (FederationState) reader.readObject();
+        } catch (ObjectStreamException | ClassNotFoundException | ClassCastException e) {
+            throw new IOException("it was not written by this version of the core (" + e.getMessage() + ")", e);
         }
     }
 
@@ -82,7 +125,7 @@ final class Snapshot {
         @Override
         protected Object replaceObject(Object object) {
             if (object instanceof Federation) {
-                return new Reference(Kind.FEDERATION, 0);
+                return new Reference(Kind.FEDERATION, 1);
             }
             if (object instanceof ObjectClass theClass) {
                 return new Reference(Kind.OBJECT_CLASS, theClass.handle());
@@ -101,23 +144,25 @@ final class Snapshot {
     }
 
     private static final class Reader extends ObjectInputStream {
-        private final Federation federation;
+        private final Map<Kind, List<Object>> referents;
 
-        Reader(InputStream in, Federation federation) throws IOException {
-            super(in);
-            this.federation = federation;
+        Reader(SaveStore.Found save, Map<Kind, List<Object>> referents) throws IOException {
+            super(save.content());
+            this.referents = referents;
             enableResolveObject(true);
+            setObjectInputFilter(new SavedClasses(save.length()));
         }
 
         @Override
-        protected Object resolveObject(Object object) {
-            return object instanceof Reference reference ? switch (reference.kind) {
-                case FEDERATION -> federation;
-                case OBJECT_CLASS -> federation.objectModel().objectClass(reference.handle);
-                case INTERACTION_CLASS -> federation.objectModel().interactionClass(reference.handle);
-                case ATTRIBUTE -> federation.objectModel().attribute(reference.handle);
-                case DIMENSION -> federation.objectModel().dimension(reference.handle);
-            } : object;
+        protected Object resolveObject(Object object) throws InvalidObjectException {
+            if (!(object instanceof Reference reference)) {
+                return object;
+            }
+            List<Object> all = referents.get(reference.kind);
+            if (reference.handle < 1 || reference.handle > all.size()) {
+                throw new InvalidObjectException("no " + reference.kind + " has the handle " + reference.handle);
+            }
+            return all.get(reference.handle - 1);
         }
     }
 }
