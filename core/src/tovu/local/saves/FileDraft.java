@@ -12,7 +12,7 @@ import java.nio.file.StandardCopyOption;
 import java.nio.file.StandardOpenOption;
 import java.util.zip.CRC32C;
 import java.util.zip.CheckedOutputStream;
-import tovu.local.model.SaveStore;
+import tovu.local.model.port.SaveStore;
 
 /** A file of another name until it is whole and on the disk. */
 final class FileDraft implements SaveStore.Draft {

@@ -9,7 +9,7 @@ import java.nio.file.NoSuchFileException;
 import java.nio.file.Path;
 import java.util.zip.CRC32C;
 import java.util.zip.CheckedInputStream;
-import tovu.local.model.SaveStore;
+import tovu.local.model.port.SaveStore;
 
 /**
  * The saves of one federation, a file each: a head that tells what it is, what the model has written, and a checksum of

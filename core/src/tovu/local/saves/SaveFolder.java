@@ -8,8 +8,8 @@ import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.StandardOpenOption;
 import java.util.function.Function;
-import tovu.local.model.MemorySaves;
-import tovu.local.model.SaveStore;
+import tovu.local.model.port.SaveStore;
+import tovu.local.model.save.MemorySaves;
 
 /** A folder that has a folder for the saves of each federation. One process at a time writes there. */
 public final class SaveFolder {
