@@ -1,4 +1,4 @@
-# shellcheck shell=bash disable=SC2154 # the script says which hub and player
+# shellcheck shell=bash disable=SC2034,SC2154,SC2164 # the script has hub and player, the address, and -e
 # For scripts about a hub and federates in processes of their own: in a scratch folder, which goes with the processes.
 cd "$(mktemp -d)"
 declare -A pid

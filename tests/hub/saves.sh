@@ -9,9 +9,16 @@ here=$(cd "$(dirname "$0")" && pwd)
 
 # meet WHERE FOM: ada and ben join a new federation.
 meet() {
-  renew ada ben
-  tell ada "connect $1" "create $2" "join ada"
-  tell ben "connect $1" "join ben"
+  for each in ada ben; do
+    until
+      renew "$each"
+      say "$each" "connect $1"
+      within 10 "$each.out" '^(done|failed) connect'
+      grep -q "^done" "$each.out"
+    do :; done # a busy machine may keep it from connecting in time
+  done
+  tell ada "create $2" "join ada"
+  tell ben "join ben"
 }
 # restore FEDERATE LABEL TIME: and it is that time again.
 restore() {
@@ -59,6 +66,7 @@ status=0 && "$hub" --listen 127.0.0.1:0 --saves saves 2>refused.err || status=$?
 [ $status = 2 ] && grep -q "saves cannot be written to 'saves': another process uses it" refused.err || fail "one folder for two"
 tell ada "save ../../noon"
 within 10 ada.out '< saved'
+[ -e saves/Meeting/%002e%002e%002f%002e%002e%002fnoon.save ] || fail "a label leads to another folder"
 for each in cut damaged older; do cp saves/Meeting/noon.save "saves/Meeting/$each.save"; done
 truncate -s -9 saves/Meeting/cut.save
 printf '!' | dd of=saves/Meeting/damaged.save bs=1 seek=5000 conv=notrunc status=none
@@ -145,7 +153,8 @@ for ((round = 0;; ++round)); do
   renew ada ben
   first=$((last + 2))
   tell ada "chain $first"
-  sleep "0.$((RANDOM % 600 + 100))"
+  ((RANDOM % 4 == 0)) || within 20 ada.out "< saved $((first + RANDOM % 3))\$"
+  sleep "0.$(printf %03d $((RANDOM % 400)))"
   kill -KILL "${pid[killed]}"
   wait "${pid[killed]}" 2>/dev/null || true
 done
