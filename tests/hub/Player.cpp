@@ -2,6 +2,7 @@
 // process of its own, so that it can be killed.
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
+#include <RTI/encoding/BasicDataElements.h>
 #include <RTI/time/HLAinteger64Interval.h>
 #include <RTI/time/HLAinteger64Time.h>
 
@@ -90,6 +91,8 @@ private:
       _greeting = rti.getInteractionClassHandle(L"Greeting");
       rti.publishInteractionClass(_greeting);
       rti.subscribeInteractionClass(_greeting);
+      _lost = rti.getInteractionClassHandle(L"HLAmanager.HLAfederate.HLAreport.HLAreportFederateLost");
+      rti.subscribeInteractionClass(_lost);
    }
 
    void greet(int times, unsigned size)
@@ -137,10 +140,20 @@ private:
    {
       say(L"< remove");
    }
-   void receiveInteraction(InteractionClassHandle, ParameterHandleValueMap const&, VariableLengthData const&,
-                           OrderType, TransportationType, SupplementalReceiveInfo) override
+   void receiveInteraction(InteractionClassHandle theClass, ParameterHandleValueMap const& values,
+                           VariableLengthData const&, OrderType, TransportationType,
+                           SupplementalReceiveInfo) override
    {
-      ++_received;
+      if (theClass == _lost)
+         say(L"< lost " + in(values, L"HLAfederateName") + L": " + in(values, L"HLAfaultDescription"));
+      else
+         ++_received;
+   }
+   std::wstring in(ParameterHandleValueMap const& values, wchar_t const* parameter) const
+   {
+      HLAunicodeString text;
+      text.decode(values.at(_ambassador->getParameterHandle(_lost, parameter)));
+      return text.get();
    }
    void reflectAttributeValues(ObjectInstanceHandle, AttributeHandleValueMap const&,
                                VariableLengthData const&, OrderType, TransportationType, LogicalTime const&,
@@ -184,6 +197,7 @@ private:
    AttributeHandle _place;
    ObjectInstanceHandle _person;
    InteractionClassHandle _greeting;
+   InteractionClassHandle _lost;
    std::atomic<unsigned> _received{0};
    std::atomic<bool> _answers{false};
    std::atomic<long> _next{0}; // the label of the next save; 0 for no more
