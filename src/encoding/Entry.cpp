@@ -1,5 +1,6 @@
 #include "src/encoding/Entry.h"
 
+#include "src/encoding/Entries.h"
 #include "src/encoding/Failure.h"
 
 #include <algorithm>
@@ -56,13 +57,21 @@ Entry::~Entry()
    }
 }
 
-Extent Entry::measureAnew(Wanted wanted) const
+Extent Entry::measure(Wanted wanted) const
 {
-   Extent const extent = operationsOf(_kind).measure(*_element, wanted);
-   if (extent.boundary != boundary()) {
-      _boundary.store(extent.boundary, std::memory_order_relaxed);
-   }
+   Extent const extent = rti1516e::measure(this, this + 1, wanted, {});
+   remember(extent.boundary);
    return extent;
+}
+
+std::size_t Entry::write(Output& out, std::size_t index) const
+{
+   return rti1516e::write(this, this + 1, out, index);
+}
+
+std::size_t Entry::read(Input const& in, std::size_t index) const
+{
+   return rti1516e::read(this, this + 1, in, index);
 }
 
 } // namespace rti1516e
