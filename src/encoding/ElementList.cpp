@@ -1,6 +1,5 @@
 #include "src/encoding/ElementList.h"
 
-#include "src/encoding/Entries.h"
 #include "src/encoding/Failure.h"
 
 #include <algorithm>
@@ -10,9 +9,9 @@
 namespace rti1516e {
 
 ElementList::ElementList(ElementList const& other)
-   : _blocks(other.inBlocks() ? ElementBlocks(other._blocks) : ElementBlocks()),
-     _use(other._use),
-     _start(other._start)
+   : _use(other._use),
+     _start(other._start),
+     _blocks(other.inBlocks() ? ElementBlocks(other._blocks) : ElementBlocks())
 {
    accountAll();
    _entries.reserve(other._entries.size());
@@ -170,24 +169,9 @@ Extent ElementList::measureEach(Wanted wanted) const
    Extent all{_start, 1, false};
    if (inBlocks()) {
       _blocks.measure(wanted, all);
+      return all;
    }
    return rti1516e::measure(entries(), endOfEntries(), wanted, all);
-}
-
-std::size_t ElementList::write(Output& out, std::size_t index) const
-{
-   if (inBlocks()) {
-      return _blocks.write(out, index);
-   }
-   return rti1516e::write(entries(), endOfEntries(), out, index);
-}
-
-std::size_t ElementList::read(Input const& in, std::size_t index)
-{
-   if (inBlocks()) {
-      return _blocks.read(in, index);
-   }
-   return rti1516e::read(entries(), endOfEntries(), in, index);
 }
 
 } // namespace rti1516e

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "src/encoding/ElementBlocks.h"
+#include "src/encoding/Entries.h"
 #include "src/encoding/Entry.h"
 #include "src/encoding/Extent.h"
 
@@ -75,8 +76,14 @@ public:
    }
    NumbersAlone numbersAlone() const noexcept { return _numbersAlone; }
    Entry const* entries() const noexcept { return _entries.data(); }
-   std::size_t write(Output& out, std::size_t index) const;
-   std::size_t read(Input const& in, std::size_t index);
+   std::size_t write(Output& out, std::size_t index) const
+   {
+      return inBlocks() ? _blocks.write(out, index) : rti1516e::write(entries(), endOfEntries(), out, index);
+   }
+   std::size_t read(Input const& in, std::size_t index)
+   {
+      return inBlocks() ? _blocks.read(in, index) : rti1516e::read(entries(), endOfEntries(), in, index);
+   }
 
 private:
    Entry const* endOfEntries() const noexcept { return entries() + _entries.size(); }
@@ -89,19 +96,20 @@ private:
    void account(Kind kind, std::size_t number) noexcept;
    void accountAll() noexcept;
 
-   ElementBlocks _blocks;
    std::vector<Entry> _entries; // of all elements, or none
 
-   // What the elements' kinds tell of the list, so that most lists need not be looked through: where they
-   // end, if each kind has one length, and their boundary, if each has one.
+   // What the elements' kinds tell of the list, so that most lists need not be looked through: whether it is
+   // of numbers alone; where they end, if each kind has one length, and their boundary, if each has one.
+   NumbersAlone _numbersAlone; // beside the entries, with which it is looked at
    std::size_t _length;
    unsigned int _boundary = 1;
-   NumbersAlone _numbersAlone;
    bool _allOfOneKind = true;
    bool _allOfOneLength = true;
    bool _allOfOneBoundary = true;
    For _use;
    std::uint8_t _start;
+
+   ElementBlocks _blocks;
 };
 
 } // namespace rti1516e

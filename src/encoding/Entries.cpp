@@ -29,8 +29,23 @@ struct Reached
    Result result; // the extent of all so far, or the index
 };
 
+// A record or a fixed array, which have bodies of one class.
+ElementList& listIn(Entry const& entry)
+{
+   return entry.kind() == Kind::HLAfixedRecord
+             ? ElementAccess::body(static_cast<HLAfixedRecord&>(entry.element()))
+             : ElementAccess::body(static_cast<HLAfixedArray&>(entry.element()));
+}
+
+// Of what is no list, none.
+NumbersAlone numbersAloneIn(Entry const& entry)
+{
+   bool const isList = entry.kind() == Kind::HLAfixedRecord || entry.kind() == Kind::HLAfixedArray;
+   return isList ? listIn(entry).numbersAlone() : NumbersAlone();
+}
+
 // A run of a known class of elements, whose bodies are worked upon. The compiler knows better than a variable
-// what to align elements of one boundary to.
+// what to align elements of one boundary to. Lists of numbers alone are runs of their own.
 template <Kind kind, class Element>
 struct Run
 {
@@ -43,7 +58,7 @@ struct Run
    static unsigned int boundaryOf(Entry const& entry) { return common != 0 ? common : entry.boundary(); }
    static bool goesOn(Entry const* entry, Entry const* last)
    {
-      return entry != last && entry->kind() == kind;
+      return entry != last && entry->kind() == kind && !numbersAloneIn(*entry);
    }
 
    static Reached<Extent> measure(Entry const* entry, Entry const* last, Wanted wanted, Extent all)
@@ -73,79 +88,67 @@ struct Run
    }
 };
 
-// A record or a fixed array, which have bodies of one class.
-ElementList& listIn(Entry const& entry)
+// The list in an entry, if it goes on with a run of lists that have nothing but as many numbers of one kind.
+ElementList* alike(Entry const* entry, Entry const* last, Kind kind, NumbersAlone numbers)
 {
-   return entry.kind() == Kind::HLAfixedRecord
-             ? ElementAccess::body(static_cast<HLAfixedRecord&>(entry.element()))
-             : ElementAccess::body(static_cast<HLAfixedArray&>(entry.element()));
+   if (entry == last || entry->kind() != kind) {
+      return nullptr;
+   }
+   ElementList& list = listIn(*entry);
+   return list.numbersAlone() == numbers ? &list : nullptr;
 }
 
-// A run of records or fixed arrays with nothing but numbers of one kind, and as many in each: a run of
-// numbers.
+// Such a run, which is a run of numbers.
 template <class Number>
 struct RunOfLists
 {
-   using Body = BasicBody<Number>;
-   using Traits = typename Body::Traits;
-
-   static Reached<Extent> measure(Entry const* entry, Entry const* last, Wanted, Extent all)
-   {
-      Entry const* const first = entry;
-      Kind const kind = entry->kind();
-      NumbersAlone const numbers = listIn(*first).numbersAlone();
-      while (goesOn(++entry, last, kind, numbers)) {
-      }
-      all.append({static_cast<std::size_t>(entry - first) * lengthOf(numbers), Traits::boundary, false});
-      return {entry, all};
-   }
+   using Traits = typename BasicBody<Number>::Traits;
 
    static Reached<std::size_t> write(Entry const* entry, Entry const* last, Output& out, std::size_t index)
    {
+      ElementList const* list = &listIn(*entry);
       Kind const kind = entry->kind();
-      NumbersAlone const numbers = listIn(*entry).numbersAlone();
-      std::size_t const length = lengthOf(numbers);
+      NumbersAlone const numbers = list->numbersAlone();
+      std::size_t const length = numbers.count() * Traits::fixedLength;
       index = out.align(index, Traits::boundary);
       do {
          char* const to = out.at(index, length);
-         Entry const* number = listIn(*entry).entries();
+         Entry const* number = list->entries();
          for (std::size_t i = 0; i != length; i += Traits::fixedLength) {
             Traits::write(body(*number++).value(), to + i);
          }
          index += length;
-      } while (goesOn(++entry, last, kind, numbers));
+         list = alike(++entry, last, kind, numbers);
+      } while (list != nullptr);
       return {entry, index};
    }
 
    static Reached<std::size_t> read(Entry const* entry, Entry const* last, Input const& in, std::size_t index)
    {
+      ElementList* list = &listIn(*entry);
       Kind const kind = entry->kind();
-      NumbersAlone const numbers = listIn(*entry).numbersAlone();
-      std::size_t const length = lengthOf(numbers);
+      NumbersAlone const numbers = list->numbersAlone();
+      std::size_t const length = numbers.count() * Traits::fixedLength;
       index = alignUp(index, Traits::boundary);
       do {
          if (in.left(index) < length) {
-            return {entry + 1, listIn(*entry).read(in, index)}; // what is there, and fails
+            return {entry + 1, list->read(in, index)}; // what is there, and fails
          }
          char const* const from = in.at(index, length, failure::indexOutOfBounds);
-         Entry const* number = listIn(*entry).entries();
+         Entry const* number = list->entries();
          for (std::size_t i = 0; i != length; i += Traits::fixedLength) {
             body(*number++).target() = Traits::load(from + i);
          }
          index += length;
-      } while (goesOn(++entry, last, kind, numbers));
+         list = alike(++entry, last, kind, numbers);
+      } while (list != nullptr);
       return {entry, index};
    }
 
 private:
-   static Body& body(Entry const& number)
+   static auto& body(Entry const& number)
    {
       return ElementAccess::body(static_cast<Number&>(number.element()));
-   }
-   static std::size_t lengthOf(NumbersAlone numbers) { return numbers.count() * Traits::fixedLength; }
-   static bool goesOn(Entry const* entry, Entry const* last, Kind kind, NumbersAlone numbers)
-   {
-      return entry != last && entry->kind() == kind && listIn(*entry).numbersAlone() == numbers;
    }
 };
 
@@ -183,10 +186,11 @@ struct Foreign
    }
 };
 
-template <class List, class Use>
-auto withRunOf(NumbersAlone numbers, List list, Use use)
+// Calls use with a run of lists of numbers of a kind.
+template <class Use>
+auto withRunOfLists(Kind kind, Use use)
 {
-   switch (numbers.kind()) {
+   switch (kind) {
 #define RTI_CASE(Name, Value)                           \
    case Kind::Name:                                     \
       if constexpr (TraitsOf<Name>::fixedLength != 0) { \
@@ -198,10 +202,11 @@ auto withRunOf(NumbersAlone numbers, List list, Use use)
    default:
       break;
    }
-   return use(list);
+   return use(RunOfLists<HLAoctet>()); // for there are no others
 }
 
-// Calls use with the run that begins with the entry.
+// Calls use with the run that begins with the entry, which is no such list. What is called for each entry in
+// turn is to be one piece of code.
 template <class Use>
 [[gnu::always_inline]] inline auto withRun(Entry const& first, Use use)
 {
@@ -211,15 +216,9 @@ template <class Use>
    case Kind::Name:    \
       return use(Run<Kind::Name, Name>());
       RTI_FOR_EACH_BASIC_ELEMENT(RTI_CASE_BASIC)
-      RTI_CASE(HLAvariableArray)
-      RTI_CASE(HLAvariantRecord)
-      RTI_CASE(HLAopaqueData)
+      RTI_FOR_EACH_CONSTRUCTED_ELEMENT(RTI_CASE)
 #undef RTI_CASE
 #undef RTI_CASE_BASIC
-   case Kind::HLAfixedArray:
-      return withRunOf(listIn(first).numbersAlone(), Run<Kind::HLAfixedArray, HLAfixedArray>(), use);
-   case Kind::HLAfixedRecord:
-      return withRunOf(listIn(first).numbersAlone(), Run<Kind::HLAfixedRecord, HLAfixedRecord>(), use);
    default:
       return use(Foreign());
    }
@@ -231,12 +230,18 @@ Extent measure(Entry const* first, Entry const* last, Wanted wanted, Extent all)
 {
    Reached<Extent> at{first, all};
    while (at.entry != last) {
-      KindOperations const& known = operationsOf(at.entry->kind());
-      if (known.fixedLength != 0) {
-         at.result.append({known.fixedLength, known.boundary, false});
+      if (unsigned int const length = at.entry->numberLength()) {
+         at.result.appendNumbers(length, 1);
          ++at.entry;
+      } else if (NumbersAlone const numbers = numbersAloneIn(*at.entry)) {
+         Kind const kind = at.entry->kind();
+         std::size_t number = 0;
+         do {
+            number += numbers.count();
+         } while (alike(++at.entry, last, kind, numbers) != nullptr);
+         at.result.appendNumbers(operationsOf(numbers.kind()).fixedLength, number);
       } else {
-         at = withRun(*at.entry, [entry = at.entry, all = at.result, last, wanted](auto run) {
+         at = withRun(*at.entry, [entry = at.entry, last, wanted, all = at.result](auto run) {
             return run.measure(entry, last, wanted, all);
          });
       }
@@ -248,9 +253,11 @@ std::size_t write(Entry const* first, Entry const* last, Output& out, std::size_
 {
    Reached<std::size_t> at{first, index};
    while (at.entry != last) {
-      at = withRun(*at.entry, [entry = at.entry, index = at.result, last, &out](auto run) {
+      auto const write = [entry = at.entry, last, &out, index = at.result](auto run) {
          return run.write(entry, last, out, index);
-      });
+      };
+      NumbersAlone const numbers = numbersAloneIn(*at.entry);
+      at = numbers ? withRunOfLists(numbers.kind(), write) : withRun(*at.entry, write);
    }
    return at.result;
 }
@@ -259,9 +266,11 @@ std::size_t read(Entry const* first, Entry const* last, Input const& in, std::si
 {
    Reached<std::size_t> at{first, index};
    while (at.entry != last) {
-      at = withRun(*at.entry, [entry = at.entry, index = at.result, last, &in](auto run) {
+      auto const read = [entry = at.entry, last, &in, index = at.result](auto run) {
          return run.read(entry, last, in, index);
-      });
+      };
+      NumbersAlone const numbers = numbersAloneIn(*at.entry);
+      at = numbers ? withRunOfLists(numbers.kind(), read) : withRun(*at.entry, read);
    }
    return at.result;
 }

@@ -9,7 +9,11 @@
 namespace rti1516e {
 
 Entry::Entry(DataElement* element, Kind kind, bool owned, unsigned int boundary) noexcept
-   : _owned(owned), _kind(kind), _boundary(std::max(boundary, operationsOf(kind).boundary)), _element(element)
+   : _owned(owned),
+     _kind(kind),
+     _numberLength(static_cast<std::uint8_t>(operationsOf(kind).fixedLength)),
+     _boundary(std::max(boundary, operationsOf(kind).boundary)),
+     _element(element)
 {}
 
 Entry Entry::clone(DataElement const& element)
@@ -32,6 +36,7 @@ Entry Entry::lent(DataElement* element)
 Entry::Entry(Entry&& other) noexcept
    : _owned(std::exchange(other._owned, false)),
      _kind(other._kind),
+     _numberLength(other._numberLength),
      _boundary(other.boundary()),
      _element(other._element)
 {}
@@ -44,6 +49,7 @@ Entry& Entry::operator=(Entry&& other) noexcept
       }
       _owned = std::exchange(other._owned, false);
       _kind = other._kind;
+      _numberLength = other._numberLength;
       _boundary.store(other.boundary(), std::memory_order_relaxed);
       _element = other._element;
    }

@@ -37,6 +37,8 @@ public:
 
    DataElement& element() const noexcept { return *_element; }
    Kind kind() const noexcept { return _kind; }
+   // If it is a number, the same for all of its kind; else 0.
+   unsigned int numberLength() const noexcept { return _numberLength; }
 
    unsigned int boundary() const noexcept { return _boundary.load(std::memory_order_relaxed); }
    void remember(unsigned int boundary) const noexcept
@@ -56,6 +58,7 @@ private:
 
    bool _owned;
    Kind _kind;
+   std::uint8_t _numberLength;
    std::atomic<std::uint32_t> mutable _boundary;
    DataElement* _element;
 };

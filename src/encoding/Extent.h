@@ -50,7 +50,14 @@ struct Extent
       length = alignUp(length, next.boundary) + next.length;
       include(next);
    }
-   // The same, where what may have no octets may also stand behind padding that is not there.
+   // Numbers of one length, which is their boundary too.
+   constexpr void appendNumbers(std::size_t lengthOfEach, std::size_t number) noexcept
+   {
+      std::size_t const last = lengthOfEach - 1;
+      length = ((length + last) & ~last) + lengthOfEach * number;
+      boundary = std::max(boundary, static_cast<unsigned int>(lengthOfEach));
+   }
+   // Another element, where what may have no octets may also stand behind padding that is not there.
    constexpr void append(Extent const& next, Wanted wanted) noexcept
    {
       if (wanted == Wanted::leastLength && next.length == 0) {

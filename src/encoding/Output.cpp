@@ -77,12 +77,4 @@ std::size_t Output::foreign(std::size_t index, DataElement const& element)
    return end;
 }
 
-std::uint32_t checkedCount(std::size_t number)
-{
-   if (number > std::numeric_limits<std::uint32_t>::max()) {
-      failure::raise(failure::tooLong);
-   }
-   return static_cast<std::uint32_t>(number);
-}
-
 } // namespace rti1516e

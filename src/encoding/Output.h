@@ -2,12 +2,15 @@
 #pragma once
 
 #include "src/encoding/Extent.h"
+#include "src/encoding/Failure.h"
 #include "src/values/BigEndian.h"
 
 #include <RTI/VariableLengthData.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -16,7 +19,13 @@ namespace rti1516e {
 class DataElement;
 
 // A count as it is encoded, or EncoderException.
-std::uint32_t checkedCount(std::size_t number);
+inline std::uint32_t checkedCount(std::size_t number)
+{
+   if (number > std::numeric_limits<std::uint32_t>::max()) {
+      failure::raise(failure::tooLong);
+   }
+   return static_cast<std::uint32_t>(number);
+}
 
 // Room that was sized before. Every piece is tested against the room all the same, which grows: some texts
 // turn out longer, and elements may be lent, and nothing keeps their owner from changing them. As with an
@@ -48,7 +57,11 @@ public:
    {
       std::size_t const aligned = alignUp(index, boundary);
       if (aligned != index) {
-         pad(index, aligned - index);
+         if (aligned - index < mostPadding && _size - index >= mostPadding) {
+            std::memset(_data + index, 0, mostPadding); // what is too much is written over
+         } else {
+            pad(index, aligned - index);
+         }
       }
       return aligned;
    }
@@ -64,6 +77,8 @@ public:
    std::size_t foreign(std::size_t index, DataElement const& element);
 
 private:
+   static constexpr std::size_t mostPadding = 8; // but in front of elements of foreign classes
+
    void pad(std::size_t index, std::size_t length);
    void grow(std::size_t index, std::size_t length);
    void resize(std::size_t end, std::size_t size);
