@@ -10,21 +10,51 @@ namespace bench {
 
 namespace {
 
-// A message of one segment, without the table of segments in front of it.
+// As its documentation has it: a builder for each message, a flat array of its segments, and a reader of
+// that. Or at its best, for one who knows how long the messages are: all in one segment that is kept, and
+// read without the table of segments in front of it.
 class CapnProto final : public Codec
 {
 public:
-   explicit CapnProto(Vehicle const& vehicle)
-      : _from(vehicle), _to(vehicle), _segment(64 + 3 * vehicle.track.size())
+   CapnProto(Vehicle const& vehicle, bool keepsSegment)
+      : _from(vehicle), _to(vehicle), _keepsSegment(keepsSegment), _segment(64 + 3 * vehicle.track.size())
    {}
 
-   char const* name() const override { return "Cap'n Proto"; }
+   char const* name() const override { return _keepsSegment ? "Cap'n Proto's segment" : "Cap'n Proto"; }
 
    void encode() override
    {
-      // It wants a cleared segment, and clears it behind itself.
-      capnp::MallocMessageBuilder message(kj::ArrayPtr<capnp::word>(_segment.data(), _segment.size()));
-      auto vehicle = message.initRoot<capnproto::Vehicle>();
+      if (_keepsSegment) {
+         // It wants a cleared segment, and clears it behind itself.
+         capnp::MallocMessageBuilder message(kj::arrayPtr(_segment.data(), _segment.size()));
+         fill(message.initRoot<capnproto::Vehicle>());
+         auto const written = message.getSegmentsForOutput()[0];
+         _words.resize(written.size());
+         std::memcpy(_words.data(), written.begin(), written.size() * sizeof(capnp::word));
+      } else {
+         capnp::MallocMessageBuilder message;
+         fill(message.initRoot<capnproto::Vehicle>());
+         _flat = capnp::messageToFlatArray(message);
+      }
+   }
+
+   void decode() override
+   {
+      if (_keepsSegment) {
+         kj::ArrayPtr<capnp::word const> const segment(_words.data(), _words.size());
+         capnp::SegmentArrayMessageReader message(kj::arrayPtr(&segment, 1));
+         takeOut(message.getRoot<capnproto::Vehicle>());
+      } else {
+         capnp::FlatArrayMessageReader message(_flat);
+         takeOut(message.getRoot<capnproto::Vehicle>());
+      }
+   }
+
+   Vehicle decoded() const override { return _to; }
+
+private:
+   void fill(capnproto::Vehicle::Builder vehicle) const
+   {
       vehicle.setName(kj::StringPtr(_from.name.c_str(), _from.name.size()));
       vehicle.setKind(_from.kind);
       vehicle.setTime(_from.time);
@@ -41,16 +71,10 @@ public:
          point.setY(_from.track[i].y);
          point.setZ(_from.track[i].z);
       }
-      auto const written = message.getSegmentsForOutput()[0];
-      _words.resize(written.size());
-      std::memcpy(_words.data(), written.begin(), written.size() * sizeof(capnp::word));
    }
 
-   void decode() override
+   void takeOut(capnproto::Vehicle::Reader vehicle)
    {
-      kj::ArrayPtr<capnp::word const> const segment(_words.data(), _words.size());
-      capnp::SegmentArrayMessageReader message(kj::arrayPtr(&segment, 1));
-      auto const vehicle = message.getRoot<capnproto::Vehicle>();
       auto const text = vehicle.getName();
       _to.name.assign(text.begin(), text.size());
       _to.kind = vehicle.getKind();
@@ -69,15 +93,19 @@ public:
       }
    }
 
-   Vehicle decoded() const override { return _to; }
-
-private:
    Vehicle _from, _to;
+   bool _keepsSegment;
    std::vector<capnp::word> _segment, _words;
+   kj::Array<capnp::word> _flat;
 };
 
 } // namespace
 
-MadeCodec codecOfCapnProto(Vehicle const& vehicle) { return std::make_unique<CapnProto>(vehicle); }
+MadeCodec codecOfCapnProto(Vehicle const& vehicle) { return std::make_unique<CapnProto>(vehicle, false); }
+
+MadeCodec codecOfCapnProtoSegment(Vehicle const& vehicle)
+{
+   return std::make_unique<CapnProto>(vehicle, true);
+}
 
 } // namespace bench

@@ -28,11 +28,12 @@ MadeCodec codecByHand(Vehicle const& vehicle);
 // The library's, which are all lent, and use the variables.
 MadeCodec codecOfElements(Vehicle const& vehicle);
 
-// Those that are installed here, from the variables and into them; and that part of Protobuf's which is left
-// to a program that keeps its values in a message.
+// Those that are installed here, from the variables and into them. Of Protobuf also the part that is left to
+// a program that keeps its values in a message, and of Cap'n Proto the least that can be done.
 MadeCodec codecOfProtobuf(Vehicle const& vehicle);
 MadeCodec codecOfProtobufMessage(Vehicle const& vehicle);
 MadeCodec codecOfCapnProto(Vehicle const& vehicle);
+MadeCodec codecOfCapnProtoSegment(Vehicle const& vehicle);
 MadeCodec codecOfFlatBuffers(Vehicle const& vehicle);
 
 } // namespace bench

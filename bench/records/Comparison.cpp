@@ -43,7 +43,7 @@ constexpr Peer peers[] = {
    {codecOfProtobuf, 1},    {codecOfProtobufMessage, 0},
 #endif
 #ifdef HAS_CAPNPROTO
-   {codecOfCapnProto, 1},
+   {codecOfCapnProto, 1},   {codecOfCapnProtoSegment, 0},
 #endif
 #ifdef HAS_FLATBUFFERS
    {codecOfFlatBuffers, 0},
