@@ -60,14 +60,16 @@ story tells at once of what federates come to
       reflect federation HLAfederatesInFederation=(#alpha,#beta) RO reliable by somebody
 
 story counts and tells again and again when asked
-   beta: subscribe HLAfederate HLAupdatesSent HLAreflectionsReceived; subscribe Car Position
+   beta: subscribe HLAfederate HLAupdatesSent HLAobjectInstancesThatCanBeDeleted; subscribe Car Position
    know-two beta
    alpha: publish Car Position Speed; car = register Car
    alpha: update car Position=1; update car Position=2 Speed=3; update car Speed=4
    beta < whatever
    beta: requestAttributeValueUpdate first HLAupdatesSent
    told beta "reflect first HLAupdatesSent=:4" # the second went by two ways
-   beta: unsubscribe HLAfederate HLAreflectionsReceived
+   beta: requestAttributeValueUpdate second HLAobjectInstancesThatCanBeDeleted
+   told beta "reflect second HLAobjectInstancesThatCanBeDeleted=:0" # of those that it knows
+   beta: unsubscribe HLAfederate HLAobjectInstancesThatCanBeDeleted
    have alpha HLAsetTiming HLAreportPeriod=:1
    told beta "reflect first HLAupdatesSent=:4"
    have alpha HLAsetTiming HLAreportPeriod=:0
@@ -161,7 +163,8 @@ story acts on behalf of federates and says what is wrong
 story switches what is conveyed for one federate alone
    share-a-car
    gamma: join; subscribe Car Position => gamma < discover car Car car alpha
-   have beta HLAsetSwitches "HLAconveyProducingFederate=:0"
+   have beta HLAsetSwitches HLAconveyProducingFederate=:0
+   have beta HLAsetSwitches HLAconveyRegionDesignatorSets=:0 # and leaves the other as it is
    alpha: update car Position=1
    told beta "reflect car Position=1"
    gamma < reflect car Position=1 RO reliable by alpha
@@ -171,6 +174,7 @@ story reports services to those who are not reported on
    alpha: subscribe HLAreportServiceInvocation; subscribe HLAreportMOMexception
    have alpha HLAsetServiceReporting HLAreportingState=:1 # who hears of services
    refused HLAadjust.HLAsetServiceReporting Federate... :1
+   have alpha HLAsetServiceReporting HLAreportingState=:0
    have beta HLAsetServiceReporting HLAreportingState=:1
    beta: getObjectClassName Car
    beta: subscribe HLAreportServiceInvocation -> FederateServiceInvocationsAreBeingReportedViaMOM
