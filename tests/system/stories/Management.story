@@ -150,7 +150,7 @@ story acts on behalf of federates and says what is wrong
    refused HLAservice.HLAenableTimeRegulation Parameter... :1
    not-served HLApublishInteractionClass beta HLAinteractionClass=#999 InteractionClassNotDefined:... :0
    not-served HLAfederateSaveBegun beta "" SaveNotInitiated:... :0
-   not-served HLAresignFederationExecution beta HLAresignAction=:7 Parameter... :1
+   not-served HLAresignFederationExecution beta HLAresignAction=[:7|x00] Parameter... :1
    alpha: subscribe Message # so that it has a number
    have beta HLApublishInteractionClass HLAinteractionClass=#Message
    beta: send Message => alpha < receive Message RO reliable by beta
