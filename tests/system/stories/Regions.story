@@ -90,7 +90,9 @@ story are of one owners updates
 story are subscribed to on terms of their own
    make-region beta near 0..1
    make-region beta far 2..3
+   alpha: enableObjectClassRelevanceAdvisorySwitch
    beta: subscribe Car Position@near Fast; subscribe Car Position@far passively
+   alpha < startRegistrationForObjectClass Car
    make-region alpha where 0..1
    alpha: enableAttributeRelevanceAdvisorySwitch; car = register Car Position@where
    beta < discover car Car car alpha
