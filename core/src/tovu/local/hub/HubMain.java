@@ -4,6 +4,7 @@ import java.io.IOException;
 import java.net.InetAddress;
 import java.net.InetSocketAddress;
 import java.net.UnknownHostException;
+import tovu.local.saves.SaveFolder;
 
 /** The command rti1516e-hub. */
 public final class HubMain {
@@ -35,6 +36,10 @@ public final class HubMain {
 
     private static void run(HubSettings settings) throws IOException {
         requireSecurity(settings);
+        if (settings.saves() != null) {
+            System.setProperty(SaveFolder.PROPERTY, settings.saves().toString()); // before anything else looks at it
+        }
+        SaveFolder.openConfigured();
         Hub hub = new Hub(settings);
         InetSocketAddress address = hub.start();
         // SIGTERM and SIGINT run this; the VM's own exit status would call an orderly end a failure.
