@@ -21,7 +21,7 @@ case ${1:-} in
   lint) needs+=("clang-format clang-format" "clang-tidy clang-tidy" "cppcheck cppcheck" "shellcheck shellcheck") ;;
   docs) needs+=("doxygen doxygen") ;;
   coverage) needs+=("gcovr gcovr") ;;
-  bench) needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev") ;;
+  bench) needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev" "openssl openssl") ;;
   fuzz)
     needs+=("clang++ clang"
       "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a libclang-rt-14-dev")
