@@ -13,6 +13,7 @@ import tovu.local.delivery.CallbackPort;
 import tovu.local.model.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
+import tovu.local.wire.Licence;
 
 /** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
 final class FederateConnection extends Connection {
@@ -55,7 +56,7 @@ final class FederateConnection extends Connection {
         session.requireNotConnected();
         HubLink link = HubLink.open(address, created, natives, fault -> lost(created, context, fault));
         try {
-            link.request(Service.connect_FA_CM_S.ordinal(), message);
+            link.serve(Service.connect_FA_CM_S.ordinal(), Licence.NONE, message);
         } catch (NotConnected e) {
             throw new ConnectionFailed(e.getMessage());
         } catch (RTIexception e) {
@@ -86,7 +87,7 @@ final class FederateConnection extends Connection {
             if (current == null) {
                 session.disconnect();
             } else if (!current.isLost()) {
-                current.request(Service.disconnect.ordinal(), AmbassadorServices.NO_ARGUMENTS);
+                current.serve(Service.disconnect.ordinal(), Licence.NONE, AmbassadorServices.NO_ARGUMENTS);
             }
         } catch (FederateIsExecutionMember e) {
             suspectDestruction();
@@ -145,7 +146,7 @@ final class FederateConnection extends Connection {
             session.requireNoSaveOrRestore();
         } else {
             Service service = on ? Service.enableCallbacks : Service.disableCallbacks;
-            current.request(service.ordinal(), AmbassadorServices.NO_ARGUMENTS);
+            current.serve(service.ordinal(), Licence.NONE, AmbassadorServices.NO_ARGUMENTS);
         }
         delivery().setEnabled(on);
     }

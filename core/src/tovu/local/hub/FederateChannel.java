@@ -12,6 +12,7 @@ import io.netty.handler.codec.CorruptedFrameException;
 import io.netty.handler.codec.TooLongFrameException;
 import io.netty.handler.ssl.NotSslRecordException;
 import io.netty.util.ReferenceCountUtil;
+import java.nio.ByteBuffer;
 import java.util.Queue;
 import java.util.concurrent.ConcurrentLinkedQueue;
 import java.util.concurrent.Future;
@@ -23,6 +24,7 @@ import tovu.local.model.Federate;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
+import tovu.local.wire.Licence;
 import tovu.local.wire.MalformedFrame;
 import tovu.local.wire.Protocol;
 import tovu.local.wire.Result;
@@ -33,11 +35,14 @@ import tovu.local.wire.Result;
  * written by that thread.
  */
 final class FederateChannel extends ChannelInboundHandlerAdapter {
+    private static final int TOGETHER = 1 << 14; // bytes of frames that leave as one
+
     private final Hub hub;
     private final Channel channel;
     private final HubAmbassador ambassador = new HubAmbassador(this::connect);
     private final Queue<byte[]> outgoing = new ConcurrentLinkedQueue<>();
     private final AtomicBoolean writing = new AtomicBoolean();
+    private final Brake brake;
     private RemoteSink sink; // once it has connected
     private boolean greeted;
     private boolean ended;
@@ -47,6 +52,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     FederateChannel(Hub hub, Channel channel) {
         this.hub = hub;
         this.channel = channel;
+        brake = new Brake(channel);
     }
 
     private RemoteSink connect(int context) {
@@ -57,25 +63,40 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     /** Leaves a frame for the federate. From any thread. */
     private void send(byte[] frame) {
         outgoing.add(frame);
+        brake.burden();
         if (!writing.get() && writing.compareAndSet(false, true)) {
             channel.eventLoop().execute(this::write);
         }
     }
 
+    /** Small frames leave together. */
     private void write() {
         writing.set(false);
-        boolean any = false;
-        for (byte[] next = outgoing.poll(); next != null; next = outgoing.poll()) {
-            channel.write(Unpooled.wrappedBuffer(next), channel.voidPromise());
-            any = true;
+        byte[] next = outgoing.poll();
+        if (next == null) {
+            return;
         }
-        if (any) {
-            said = true;
-            channel.flush();
-            if (channel.unsafe().outboundBuffer() != null
-                    && channel.unsafe().outboundBuffer().totalPendingWriteBytes() > hub.settings().queueLimit()) {
-                lose("its process does not read: " + (hub.settings().queueLimit() >> 20) + " MB wait for it");
+        ByteBuf together = null;
+        for (; next != null; next = outgoing.poll()) {
+            if (together != null && together.readableBytes() + next.length > TOGETHER) {
+                channel.write(together, channel.voidPromise());
+                together = null;
             }
+            if (next.length > TOGETHER) {
+                channel.write(Unpooled.wrappedBuffer(next), channel.voidPromise());
+            } else {
+                together = together == null ? channel.alloc().buffer() : together;
+                together.writeBytes(next);
+            }
+        }
+        if (together != null) {
+            channel.write(together, channel.voidPromise());
+        }
+        said = true;
+        channel.flush();
+        if (channel.unsafe().outboundBuffer() != null
+                && channel.unsafe().outboundBuffer().totalPendingWriteBytes() > hub.settings().queueLimit()) {
+            lose("its process does not read: " + (hub.settings().queueLimit() >> 20) + " MB wait for it");
         }
     }
 
@@ -89,13 +110,22 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     public void channelRead(ChannelHandlerContext context, Object read) {
         try {
             heard = System.nanoTime();
+            brake.beginServing();
             if (!ended) {
                 take(new FrameReader(ByteBufUtil.getBytes((ByteBuf) read)));
             }
         } catch (MalformedFrame | MalformedMessage e) {
             lose("it sent " + e.getMessage());
         } finally {
+            brake.endServing();
             ReferenceCountUtil.release(read);
+        }
+    }
+
+    @Override
+    public void channelWritabilityChanged(ChannelHandlerContext context) {
+        if (channel.isWritable()) {
+            brake.relieved();
         }
     }
 
@@ -107,6 +137,15 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         switch (frame.type()) {
             case REQUEST -> request(frame.integer(), frame.longInteger(), frame.longInteger(), frame.integer(),
                     frame.rest());
+            case SEND -> {
+                progress(frame.longInteger(), frame.longInteger());
+                serveUnderWay(frame.integer(), frame.integer(), frame.rest());
+            }
+            case FENCE -> {
+                int request = frame.integer();
+                progress(frame.longInteger(), frame.longInteger());
+                send(reply(request, null));
+            }
             case RESOLVE -> {
                 int request = frame.integer();
                 long number = frame.longInteger();
@@ -180,19 +219,17 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     private void request(int number, long begun, long endedUpTo, int service, byte[] message) {
         progress(begun, endedUpTo);
         if (!HubAmbassador.isLong(service)) {
-            send(serve(number, service, message));
+            serve(number, service, message);
             return;
         }
         channel.config().setAutoRead(false); // what comes behind it waits
         hub.serveLong(() -> {
-            byte[] answer;
             try {
-                answer = serve(number, service, message);
+                serve(number, service, message);
             } catch (MalformedMessage e) {
                 channel.eventLoop().execute(() -> lose("it sent " + e.getMessage()));
                 return;
             }
-            send(answer);
             channel.eventLoop().execute(() -> {
                 heard = System.nanoTime();
                 channel.config().setAutoRead(true);
@@ -200,19 +237,85 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         });
     }
 
-    private byte[] serve(int number, int service, byte[] message) {
+    private void serve(int number, int service, byte[] message) {
         try {
-            FrameWriter reply = new FrameWriter(FrameType.REPLY).integer(number);
-            Result.write(reply, ambassador.serve(service, message));
-            return reply.end();
+            long since = sink == null ? 0 : sink.licences().revocations();
+            Object result = ambassador.serve(service, message);
+            Licence licence = HubAmbassador.licence(service);
+            if (licence == Licence.NONE || !mayRepeat(licence, message, result)) {
+                send(reply(number, result));
+            } else {
+                int object = licence == Licence.REGISTRATION ? (Integer) result
+                        : licence.isOfObject() ? handle(message) : 0;
+                sink.licences().reply(number, result, licence, object, since);
+            }
         } catch (RTIexception e) {
-            return failure(number, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
+            send(failure(number, e.getClass().getSimpleName(), String.valueOf(e.getMessage())));
         } catch (MalformedMessage e) {
             throw e;
         } catch (RuntimeException | Error e) {
             HubLog.fault(e);
-            return failure(number, "RTIinternalError", e.toString());
+            send(failure(number, "RTIinternalError", e.toString()));
         }
+    }
+
+    /** Whether the federate may do without asking what it has just done with success. */
+    private boolean mayRepeat(Licence licence, byte[] message, Object result) throws RTIexception {
+        Federate member = ambassador.session().federate();
+        if (member == null || licence == Licence.DELETION) {
+            return false;
+        }
+        if (licence == Licence.LOOKUP) {
+            return !member.oversight().reportsServices; // each of them is reported
+        }
+        if (result != null && licence.isTimed()) {
+            setNumbersAside();
+        }
+        // what the federation itself heeds may change what the federate may do next
+        return licence.isOfObject() || !ambassador.session().call((federation, me) ->
+                federation.interactions().isHeeded(handle(message)));
+    }
+
+    /** What object instance or class a message is about. */
+    private static int handle(byte[] message) {
+        return ByteBuffer.wrap(message).getInt();
+    }
+
+    private void setNumbersAside() throws RTIexception {
+        int wanted = sink.licences().numbersWanted();
+        if (wanted > 0) {
+            int first = ambassador.session().call((federation, me) -> federation.retractions().setAside(wanted));
+            sink.licences().addNumbers(first, wanted);
+        }
+    }
+
+    /** What turns out not to be possible any more is as if it had come a moment too late. */
+    private void serveUnderWay(int service, int retraction, byte[] message) {
+        Licence licence = HubAmbassador.licence(service);
+        if (!licence.isToSend() || sink == null || retraction != 0 && !sink.licences().use(retraction)) {
+            throw new MalformedFrame("a message without a licence");
+        }
+        try {
+            ambassador.serveUnderWay(service, retraction, message);
+            if (retraction != 0) {
+                setNumbersAside();
+            }
+        } catch (RTIexception e) {
+            // nobody waits to hear of it
+        } catch (MalformedMessage e) {
+            throw e;
+        } catch (RuntimeException | Error e) {
+            HubLog.fault(e);
+        }
+        if (licence == Licence.DELETION) {
+            sink.licences().deleted(handle(message));
+        }
+    }
+
+    private static byte[] reply(int number, Object result) {
+        FrameWriter reply = new FrameWriter(FrameType.REPLY).integer(number).flag(false);
+        Result.write(reply, result);
+        return reply.end();
     }
 
     private static byte[] failure(int number, String exception, String text) {
@@ -261,6 +364,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     @Override
     public void channelInactive(ChannelHandlerContext context) {
+        brake.relieved();
         if (greeted) {
             lose("its connection is closed");
         } else {

@@ -6,6 +6,7 @@ import io.netty.channel.ChannelInitializer;
 import io.netty.channel.ChannelOption;
 import io.netty.channel.ChannelPipeline;
 import io.netty.channel.EventLoopGroup;
+import io.netty.channel.WriteBufferWaterMark;
 import io.netty.channel.nio.NioEventLoopGroup;
 import io.netty.channel.socket.SocketChannel;
 import io.netty.channel.socket.nio.NioServerSocketChannel;
@@ -32,6 +33,7 @@ final class Hub {
     private static final int GREETING_SECONDS = 10;
     private static final int GREATEST_GREETING = 1024;
     private static final int BACKLOG = 1024;
+    private static final WriteBufferWaterMark MUCH_TO_WRITE = new WriteBufferWaterMark(1 << 20, 1 << 22);
 
     private final HubSettings settings;
     private final SslContext tls;
@@ -69,6 +71,7 @@ final class Hub {
             server = new ServerBootstrap().group(listening, serving).channel(NioServerSocketChannel.class)
                     .option(ChannelOption.SO_BACKLOG, BACKLOG).option(ChannelOption.SO_REUSEADDR, true)
                     .childOption(ChannelOption.TCP_NODELAY, true)
+                    .childOption(ChannelOption.WRITE_BUFFER_WATER_MARK, MUCH_TO_WRITE)
                     .childHandler(new ChannelInitializer<SocketChannel>() {
                         @Override
                         protected void initChannel(SocketChannel channel) {

@@ -36,6 +36,7 @@ final class RemoteSink implements CallbackSink {
     }
 
     private final Consumer<byte[]> out;
+    private final IssuedLicences licences;
     private final Deque<Sent> unsettled = new ArrayDeque<>();
     private final Map<Callback, Sent> retractable = new IdentityHashMap<>();
     private final Map<Long, Sent> retracted = new HashMap<>(); // and maybe begun before the federate knew
@@ -50,8 +51,23 @@ final class RemoteSink implements CallbackSink {
      */
     RemoteSink(int context, Supplier<Federate> member, Consumer<byte[]> out) {
         this.out = out;
+        licences = new IssuedLicences(out);
         told = new EncodedCallback(context, member);
         answer = new EncodedCallback(context, member);
+    }
+
+    IssuedLicences licences() {
+        return licences;
+    }
+
+    @Override
+    public void revoke(int object) {
+        licences.revoke(object);
+    }
+
+    @Override
+    public void limitTimes(long first, long last) {
+        licences.limit(first, last);
     }
 
     @Override
@@ -179,6 +195,7 @@ final class RemoteSink implements CallbackSink {
         unsettled.clear();
         retractable.clear();
         retracted.clear();
+        licences.clear();
         out.accept(new FrameWriter(FrameType.DROP).end());
     }
 }

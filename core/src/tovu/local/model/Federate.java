@@ -149,13 +149,19 @@ public final class Federate implements Saved {
         });
     }
 
-    /** Has a change of state come about that follows from a callback that was made. */
-    void change(Runnable change) {
+    /**
+     * Has a change of state come about that goes with a callback.
+     *
+     * @return whether it is a member still, and so is to have it
+     */
+    boolean change(Runnable change) {
         synchronized (federation) {
-            if (federation.isMember(this)) {
+            boolean due = federation.isMember(this);
+            if (due) {
                 change.run();
                 federation.settle(this);
             }
+            return due;
         }
     }
 
@@ -164,6 +170,21 @@ public final class Federate implements Saved {
         postLate(() -> {
             change.run();
             return callback;
+        });
+    }
+
+    /** The same where the change does not alter what is told, so that it can be told ahead. */
+    void postForeseenChange(Runnable change, Callback callback) {
+        post(new RevocableCallback() {
+            @Override
+            public void foretell(FederateCallbacks to) throws FederateInternalError {
+                callback.deliver(to);
+            }
+
+            @Override
+            public boolean begin() {
+                return Federate.this.change(change);
+            }
         });
     }
 
@@ -176,6 +197,16 @@ public final class Federate implements Saved {
     Supplement supplement(Set<Region> sentRegions) {
         return sentRegions.isEmpty() ? origin
                 : new Supplement(handle, sentRegions.stream().mapToInt(region -> region.handle).toArray());
+    }
+
+    /** What it did with success may fail from now on, be it with that object instance or, if that is 0, anything. */
+    public void revokeLicences(int object) {
+        sink.revoke(object);
+    }
+
+    /** It may send with other times than before. */
+    void limitTimes() {
+        sink.limitTimes(time.leastLicensedTime(), federation.timeFamily().last());
     }
 
     /** What it is told of a producer: its handle, or 0. */

@@ -270,13 +270,17 @@ public final class Federation {
             }
             int before = objectModel.modules().size();
             objectModel.extend(modules);
+            boolean extended = objectModel.modules().size() > before;
+            if (extended) {
+                members().forEach(each -> each.revokeLicences(0)); // what was left open may be stated now
+            }
             int handle = ++lastFederate;
             String chosen = federateName == null ? unusedName(federateType, handle) : federateName;
             Federate federate = new Federate(this, handle, chosen, federateType, modules, session, sink);
             state.members.put(handle, federate);
             session.become(federate);
             state.synchronizationPoints.joined(federate);
-            management.joined(federate, objectModel.modules().size() > before);
+            management.joined(federate, extended);
             settle(federate);
             return federate;
         }

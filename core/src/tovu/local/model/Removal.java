@@ -34,6 +34,7 @@ final class Removal extends Message {
 
     @Override
     void post() {
+        receiver.revokeLicences(knowledge.object.handle);
         super.post();
         knowledge.ending = true;
     }

@@ -75,7 +75,10 @@ public final class TimeManagement implements Saved {
         }
         own.beginRegulation(interval, start, promised);
         regulating.add(federate);
-        federate.postChange(own::completeRegulation, to -> to.timeRegulationEnabled(time(own.time())));
+        federate.postChange(() -> {
+            own.completeRegulation();
+            regulationChanged(federate);
+        }, to -> to.timeRegulationEnabled(time(own.time())));
     }
 
     public void disableRegulation(Federate federate) throws TimeRegulationIsNotEnabled {
@@ -84,8 +87,15 @@ public final class TimeManagement implements Saved {
         evaluate();
     }
 
+    /** It depends on that whether what is sent may be retracted. */
+    private static void regulationChanged(Federate federate) {
+        federate.revokeLicences(0);
+        federate.limitTimes();
+    }
+
     private void stopRegulating(Federate federate) {
         federate.time.endRegulation();
+        regulationChanged(federate);
         regulating.remove(federate);
         federation.retractions().forget(federate);
     }
@@ -123,6 +133,7 @@ public final class TimeManagement implements Saved {
                     + " already; ask for that or a later one");
         }
         federate.time.request(kind, requested);
+        federate.limitTimes();
         federate.inbox.releaseHeld();
         waiting.add(federate);
         evaluate();
@@ -162,6 +173,7 @@ public final class TimeManagement implements Saved {
         requireNotAdvancing(federate);
         remindOfFamily(federate, lookahead);
         federate.time.modifyLookahead(family.lookahead(lookahead));
+        federate.limitTimes();
         evaluate();
     }
 
@@ -332,8 +344,9 @@ public final class TimeManagement implements Saved {
         federate.inbox.deliverUntil(last, target);
         own.decide(target);
         long reached = target;
-        federate.postChange(() -> {
+        federate.postForeseenChange(() -> {
             own.reach();
+            federate.limitTimes();
             federation.retractions().expire(federate, own.leastSendTime());
         }, to -> to.timeAdvanceGrant(time(reached)));
     }

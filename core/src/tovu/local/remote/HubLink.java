@@ -9,7 +9,6 @@ import java.io.BufferedInputStream;
 import java.io.DataInputStream;
 import java.io.EOFException;
 import java.io.IOException;
-import java.io.OutputStream;
 import java.util.HashSet;
 import java.util.Map;
 import java.util.Set;
@@ -29,6 +28,7 @@ import tovu.local.wire.CallbackFlags;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
+import tovu.local.wire.Licence;
 import tovu.local.wire.MalformedFrame;
 
 /**
@@ -40,11 +40,16 @@ public final class HubLink {
     private static final int STREAM_BUFFER = 1 << 16;
     private static final long TELL_IDLE_MILLIS = 5;
     private static final long FAREWELL_MILLIS = 1_000; // for what an end needs of the other side
+    private static final Consumer<Object> NO_LICENCE = result -> { };
+
+    /** What the thread has last said something with, or been called by, that the hub may not have heard yet. */
+    private static final ThreadLocal<HubLink> UNHEARD = new ThreadLocal<>();
 
     private final HubAddress hub;
     private final HubSocket socket;
     private final DataInputStream in;
-    private final OutputStream out;
+    private final Outbox out;
+    private final Licences licences = new Licences();
     private final int greatestFrame;
     private final long silenceNanos; // after which the other side is lost; 0 for never
     private final CallbackSink queue;
@@ -91,7 +96,7 @@ public final class HubLink {
         this.federate = federate;
         this.onLoss = onLoss;
         in = new DataInputStream(new BufferedInputStream(socket.input(), STREAM_BUFFER));
-        out = socket.output();
+        out = new Outbox(socket.output(), this::sendingFailed);
         HubSocket.Welcome welcome = socket.greet(in);
         greatestFrame = welcome.greatestFrame();
         silenceNanos = TimeUnit.SECONDS.toNanos(welcome.lostAfterSeconds());
@@ -101,35 +106,75 @@ public final class HubLink {
     }
 
     /**
-     * A service.
+     * A service. With a licence it is not waited for.
      *
-     * @return what the hub's core returned
+     * @param licence what one for this service is for
+     * @return what the hub's core returns
      */
-    public Object request(int service, byte[] message) throws RTIexception {
-        FrameReader answer = ask(number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24)
-                .integer(number)).integer(service).rest(message).end());
-        return HubAnswers.result(answer);
+    public Object serve(int service, Licence licence, byte[] message) throws RTIexception {
+        if (licence == Licence.LOOKUP) {
+            Object known = licences.answer(service, message);
+            if (known != null && !isLost()) {
+                return known;
+            }
+        } else if (licence.isToSend() && !isLost()) {
+            hearOthers();
+            Licences.Sent sent = licences.use(licence, message);
+            if (sent != null) {
+                out.leave(checked(progress(new FrameWriter(FrameType.SEND, message.length + 24))
+                        .integer(service).integer(sent.number()).rest(message).end()));
+                said = true;
+                UNHEARD.set(this);
+                return sent.result();
+            }
+        }
+        return ask(result -> licences.add(service, licence, message, result),
+                number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24).integer(number))
+                        .integer(service).rest(message).end()).result();
     }
 
     private interface Request {
         byte[] frame(int number);
     }
 
-    private FrameReader ask(Request request) throws NotConnected, RTIinternalError {
+    private Answer ask(Consumer<Object> onLicence, Request request) throws NotConnected, RTIinternalError {
+        hearOthers();
+        return askAlone(onLicence, request);
+    }
+
+    private Answer askAlone(Consumer<Object> onLicence, Request request) throws NotConnected, RTIinternalError {
         int number = lastRequest.incrementAndGet();
-        Answer answer = new Answer();
+        Answer answer = new Answer(onLicence);
         awaited.put(number, answer);
         if (lost == null) { // whoever loses it from here on finds the answer awaited
-            write(request.frame(number));
+            out.send(checked(request.frame(number)));
+            said = true;
         } else {
             answer.give(null);
         }
         FrameReader frame = answer.await();
         awaited.remove(number);
+        UNHEARD.remove();
         if (frame == null) {
             throw notConnected();
         }
-        return frame;
+        return answer;
+    }
+
+    /**
+     * What a thread has done as one federate happens before what it does as another of the same program, as it does
+     * where nothing is sent without waiting.
+     */
+    private void hearOthers() {
+        HubLink unheard = UNHEARD.get();
+        if (unheard != null && unheard != this) {
+            try {
+                unheard.askAlone(NO_LICENCE, number ->
+                        unheard.progress(new FrameWriter(FrameType.FENCE).integer(number)).end());
+            } catch (RTIexception e) {
+                UNHEARD.remove(); // it is lost, and the hub will hear no more of it
+            }
+        }
     }
 
     public NotConnected notConnected() {
@@ -137,30 +182,23 @@ public final class HubLink {
                 + "); connect again");
     }
 
-    private void write(byte[] frame) throws RTIinternalError {
+    private byte[] checked(byte[] frame) throws RTIinternalError {
         if (frame.length > greatestFrame) {
             throw new RTIinternalError("A message of " + frame.length + " bytes is more than the hub at " + hub
                     + " takes, which is " + greatestFrame + "; send less at once, or start the hub with a greater limit");
         }
-        try {
-            synchronized (out) {
-                out.write(frame);
-                out.flush();
-            }
-            said = true;
-        } catch (IOException e) {
-            // the hub may have said why it ends the connection, which is still to be read
-            HubClock.INSTANCE.schedule(() -> lose("sending failed: " + HubSocket.reason(e)),
-                    FAREWELL_MILLIS, TimeUnit.MILLISECONDS);
-        }
+        return frame;
+    }
+
+    /** The hub may have said why it ends the connection, which is still to be read. */
+    private void sendingFailed(IOException failure) {
+        HubClock.INSTANCE.schedule(() -> lose("sending failed: " + HubSocket.reason(failure)),
+                FAREWELL_MILLIS, TimeUnit.MILLISECONDS);
     }
 
     private void tell(byte[] frame) {
-        try {
-            write(frame);
-        } catch (RTIinternalError e) {
-            throw new IllegalStateException(e);
-        }
+        out.send(frame);
+        said = true;
     }
 
     private void read() {
@@ -220,6 +258,9 @@ public final class HubLink {
                 }
             }
             case DROP -> drop();
+            case REVOKE -> licences.revoke(frame.integer());
+            case LIMITS -> licences.limit(frame.longInteger(), frame.longInteger());
+            case NUMBERS -> licences.addNumbers(frame.integer(), frame.integer());
             case HEARTBEAT -> {
                 // that it came is what it says
             }
@@ -229,6 +270,7 @@ public final class HubLink {
     }
 
     private synchronized void drop() {
+        licences.clear();
         retracted.clear();
         queue.dropMembership();
     }
@@ -277,6 +319,7 @@ public final class HubLink {
                 }
             } finally {
                 endCallback(number);
+                UNHEARD.set(HubLink.this);
                 tellProgressSoon();
             }
         }
@@ -284,8 +327,8 @@ public final class HubLink {
         private void resolve() throws FederateInternalError {
             FrameReader answer;
             try {
-                answer = ask(request ->
-                        new FrameWriter(FrameType.RESOLVE).integer(request).longInteger(number).end());
+                answer = ask(NO_LICENCE, request ->
+                        new FrameWriter(FrameType.RESOLVE).integer(request).longInteger(number).end()).frame();
             } catch (RTIexception e) {
                 return; // whoever is told nothing more is told of the loss
             }
@@ -382,6 +425,7 @@ public final class HubLink {
             pulse.cancel(false);
         }
         socket.close();
+        out.end();
         awaited.values().forEach(each -> each.give(null));
         return true;
     }
