@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <fstream>
 #include <sched.h>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -80,6 +81,19 @@ std::string Process::line()
    }
    std::string const line = text;
    return line.substr(0, line.find('\n'));
+}
+
+double Process::used() const
+{
+   std::ifstream in("/proc/" + std::to_string(_id) + "/stat");
+   std::string word;
+   for (int i = 0; i < 13; ++i) { // what the process is called has no blank
+      in >> word;
+   }
+   double user = 0;
+   double system = 0;
+   in >> user >> system;
+   return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK)) * 1e6;
 }
 
 } // namespace bench

@@ -23,6 +23,9 @@ public:
    std::string line();
 
    pid_t id() const { return _id; }
+
+   // Processor time that it has taken, in us.
+   double used() const;
    void terminateAtEnd() { _terminate = true; }
 
 private:

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -23,6 +24,8 @@
 
 namespace bench {
 namespace {
+
+using Shared = std::shared_ptr<Process>;
 
 constexpr int federateCore = 0;
 constexpr int otherCore = 1;
@@ -66,22 +69,23 @@ class Hub
 {
 public:
    explicit Hub(int core = Process::anyCore, std::string const& certificates = "")
-      : _process(command(certificates), core)
+      : _process(std::make_shared<Process>(command(certificates), core))
    {
-      _process.terminateAtEnd();
-      _designator = "hub=" + _process.line().substr(std::strlen("listening on "));
+      _process->terminateAtEnd();
+      _designator = "hub=" + _process->line().substr(std::strlen("listening on "));
       if (!certificates.empty()) {
          _designator += ";ca=" + certificates + "/hub.pem";
       }
    }
 
    std::string const& designator() const { return _designator; }
+   Shared process() const { return _process; }
 
    // What of its heap is in use, in kB.
    double memory() const
    {
-      std::string const tell = "jcmd " + std::to_string(_process.id()) + " GC.run >/dev/null && jcmd " +
-                               std::to_string(_process.id()) +
+      std::string const tell = "jcmd " + std::to_string(_process->id()) + " GC.run >/dev/null && jcmd " +
+                               std::to_string(_process->id()) +
                                " GC.heap_info | sed -n 's/.*heap.* used \\([0-9]*\\)K.*/\\1/p'";
       std::unique_ptr<FILE, int (*)(FILE*)> const output(popen(tell.c_str(), "r"), &pclose);
       double used = 0;
@@ -99,7 +103,7 @@ private:
       return made;
    }
 
-   Process _process;
+   std::shared_ptr<Process> _process;
    std::string _designator;
 };
 
@@ -154,10 +158,18 @@ private:
 
 using Run = std::function<void(Results&)>;
 
+// Who sends, what is between, and who receives.
+struct Line
+{
+   Shared sender;
+   Shared between;
+   Shared receiver;
+};
+
 double number(std::string const& line) { return std::stod(line); }
 
 // One process that repeats something.
-Run repeated(std::string const& name, int count, std::shared_ptr<Process> process)
+Run repeated(std::string const& name, int count, Shared process)
 {
    return [=](Results& results) {
       process->say(std::to_string(count));
@@ -166,36 +178,65 @@ Run repeated(std::string const& name, int count, std::shared_ptr<Process> proces
 }
 
 // A sender and a receiver: the time on the way at 2,000 a second.
-Run underway(std::string const& name, std::shared_ptr<Process> sender, std::shared_ptr<Process> receiver)
+Run underway(std::string const& name, Line const& line)
 {
    return [=](Results& results) {
-      receiver->say("go");
-      sender->say("2000 1");
-      sender->line();
-      results.add(name, number(receiver->line()) / 1e3);
+      line.receiver->say("go");
+      line.sender->say("2000 1");
+      line.sender->line();
+      results.add(name, number(line.receiver->line()) / 1e3);
    };
 }
 
-// The same as fast as they can: the time for each.
-Run streamed(std::string const& name, double seconds, std::shared_ptr<Process> sender,
-             std::shared_ptr<Process> receiver)
+// What processes take of the processors while something goes on, in us.
+class Usage
+{
+public:
+   explicit Usage(std::vector<Shared> processes) : _processes(std::move(processes)) {}
+
+   double sinceMade() const { return used() - _before; }
+
+private:
+   double used() const
+   {
+      double sum = 0;
+      for (auto const& each : _processes) {
+         sum += each->used();
+      }
+      return sum;
+   }
+
+   std::vector<Shared> _processes;
+   double _before = used();
+};
+
+// The same as fast as they can: the time for each, and what of the processors it takes.
+Run streamed(std::string const& name, double seconds, Line const& line)
 {
    return [=](Results& results) {
-      receiver->say("go");
-      sender->say("0 " + std::to_string(seconds));
-      double const count = number(sender->line());
-      std::istringstream in(receiver->line());
+      Usage const bySender({line.sender});
+      Usage const byBetween({line.between});
+      Usage const byReceiver({line.receiver});
+      line.receiver->say("go");
+      line.sender->say("0 " + std::to_string(seconds));
+      double const count = number(line.sender->line());
+      std::istringstream in(line.receiver->line());
       double median = 0;
       double all = 0;
       in >> median >> all;
       results.add(name, all / 1e3 / count);
+      results.add(name + ": sender", bySender.sinceMade() / count);
+      results.add(name + ": between", byBetween.sinceMade() / count);
+      results.add(name + ": receiver", byReceiver.sinceMade() / count);
    };
 }
 
 // Federates that advance together: the time of a step.
-Run inStep(std::string const& name, int steps, std::vector<std::shared_ptr<Process>> const& federates)
+Run inStep(std::string const& name, int steps, Shared hub, std::vector<Shared> const& federates)
 {
    return [=](Results& results) {
+      Usage const byHub({hub});
+      Usage const byFederates(federates);
       for (auto const& each : federates) {
          each->say(std::to_string(steps));
       }
@@ -204,6 +245,8 @@ Run inStep(std::string const& name, int steps, std::vector<std::shared_ptr<Proce
          slowest = std::max(slowest, number(each->line()));
       }
       results.add(name, slowest / 1e3);
+      results.add(name + ": hub", byHub.sinceMade() / steps);
+      results.add(name + ": federates", byFederates.sinceMade() / steps);
    };
 }
 
@@ -263,22 +306,53 @@ int judge(Results const& results)
    return broken;
 }
 
-// A number for itself, and at least or at most how much it has to be.
-int tell(char const* what, double value, double bound)
+// A figure for itself, and at least how much it has to be; 0 for no bound.
+struct Figure
 {
-   bool const holds = bound == 0 || value >= bound;
-   std::printf("| %-44s | %10.0f |", what, value);
-   std::printf(bound == 0 ? "" : " %10.0f%s", bound, holds ? "" : " MISSED");
-   std::printf(" |\n");
-   return holds ? 0 : 1;
+   char const* measured;
+   char const* told;
+   double (*of)(double microseconds);
+   double bound;
+};
+
+double aSecond(double microseconds) { return 1e6 / microseconds; }
+double same(double microseconds) { return microseconds; }
+double inNanoseconds(double microseconds) { return 1e3 * microseconds; }
+
+constexpr Figure figures[] = {
+   {"update, streamed", "updates a second", &aSecond, 300000},
+   {"update, streamed: sender", "processor time of an update, ns: sender", &inNanoseconds, 0},
+   {"update, streamed: between", "processor time of an update, ns: hub", &inNanoseconds, 0},
+   {"update, streamed: receiver", "processor time of an update, ns: receiver", &inNanoseconds, 0},
+   {"step of many federates", "steps a second of many federates", &aSecond, 0},
+   {"step of many federates: hub", "processor time of a step, us: hub", &same, 0},
+   {"step of many federates: federates", "processor time of a step, us: federates", &same, 0},
+   {"memory", "memory of a federate at the hub, kB of heap", &same, 0},
+};
+
+int judgeFigures(Results const& results)
+{
+   int broken = 0;
+   std::printf("\n| %-44s | %10s | %8s |\n|:--|--:|--:|\n", "measured", "", "at least");
+   for (Figure const& figure : figures) {
+      if (results.has(figure.measured)) {
+         double const value = figure.of(results.median(figure.measured));
+         bool const holds = value >= figure.bound;
+         broken += !holds;
+         std::string const bound = figure.bound == 0 ? "" : std::to_string(std::lround(figure.bound));
+         std::printf("| %-44s | %10.0f | %8s%s |\n", figure.told, value, bound.c_str(),
+                     holds ? "" : " MISSED");
+      }
+   }
+   return broken;
 }
 
-double option(int argc, char** argv, std::string const& name, double byDefault)
+std::string option(int argc, char** argv, std::string const& name, std::string const& byDefault)
 {
    std::string const begin = "--" + name + "=";
    for (int i = 1; i < argc; ++i) {
       if (std::string(argv[i]).rfind(begin, 0) == 0) {
-         return std::stod(argv[i] + begin.size());
+         return argv[i] + begin.size();
       }
    }
    return byDefault;
@@ -296,63 +370,77 @@ double memoryOfAFederate()
 
 int measure(int argc, char** argv)
 {
-   int const runs = static_cast<int>(option(argc, argv, "runs", 5));
-   double const seconds = option(argc, argv, "seconds", 3);
-   int const federates = static_cast<int>(option(argc, argv, "federates", 50));
+   int const runs = static_cast<int>(number(option(argc, argv, "runs", "5")));
+   double const seconds = number(option(argc, argv, "seconds", "3"));
+   std::size_t const federates = std::stoul(option(argc, argv, "federates", "50"));
+   std::string const only = option(argc, argv, "only", "");
    Certificates const certificates;
-   auto const pinging = start("answerPings", {}, otherCore);
-
    Hub const near(otherCore);
    Hub const nearSecured(otherCore, certificates.folder());
    Hub const far;
-   std::vector<std::shared_ptr<Process>> relays;
-   std::vector<Run> cases; // ends before what its federates are connected to
-
-   cases.push_back(repeated("TCP round trip", 5000, start("ping", {pinging->line()}, federateCore)));
-   auto const with = [](std::string const& designator, char const* part, char const* federation, int core) {
-      return std::shared_ptr<Process>(startReady(part, {designator, federation}, core));
+   std::vector<Shared> others; // that end when those they are connected to have
+   std::vector<Run> cases;
+   // What makes the processes of a case is done if the case is.
+   auto const add = [&](std::string const& name, auto const& make) {
+      if (name.find(only) != std::string::npos) {
+         cases.push_back(make(name));
+      }
    };
-   auto const at = [&](Hub const& hub, char const* part, char const* federation, int core) {
-      return with(hub.designator(), part, federation, core);
+   auto const at = [](std::string const& designator, char const* part, char const* federation, int core) {
+      return Shared(startReady(part, {designator, federation}, core));
    };
-   cases.push_back(repeated("service", 5000, at(near, "callService", "service", federateCore)));
-   cases.push_back(repeated("service, TLS", 5000, at(nearSecured, "callService", "service", federateCore)));
-   cases.push_back(repeated("lookup", 20000, at(near, "callLookup", "lookup", federateCore)));
-   cases.push_back(
-      repeated("lookup in process", 20000, with("hub=none", "callLookup", "lookup", federateCore)));
+   auto const repeating = [&](std::string const& designator, char const* part, int count) {
+      return [=](std::string const& name) {
+         return repeated(name, count, at(designator, part, name.c_str(), federateCore));
+      };
+   };
+   others.push_back(start("answerPings", {}, otherCore));
+   cases.push_back(repeated("TCP round trip", 5000, start("ping", {others.back()->line()}, federateCore)));
+   add("service", repeating(near.designator(), "callService", 5000));
+   add("service, TLS", repeating(nearSecured.designator(), "callService", 5000));
+   add("lookup", repeating(near.designator(), "callLookup", 20000));
+   add("lookup in process", repeating("hub=none", "callLookup", 20000));
 
+   // A sender, a receiver and what is between them.
    auto const relayed = [&](int core, int relayCore) {
-      relays.push_back(start("relay", {}, relayCore));
-      std::string const port = relays.back()->line();
-      std::shared_ptr<Process> receiver = startReady("receiveFromRelay", {port}, core);
-      return std::pair(std::shared_ptr<Process>(start("sendToRelay", {port}, core)), receiver);
+      others.push_back(start("relay", {}, relayCore));
+      std::string const port = others.back()->line();
+      Shared const receiver = startReady("receiveFromRelay", {port}, core);
+      return Line{start("sendToRelay", {port}, core), others.back(), receiver};
    };
-   auto const slow = relayed(federateCore, otherCore);
-   auto const fast = relayed(Process::anyCore, Process::anyCore);
-   cases.push_back(underway("TCP relay, on its way", slow.first, slow.second));
-   cases.push_back(streamed("TCP relay, streamed", seconds, fast.first, fast.second));
-   auto const updating = [&](Hub const& hub, char const* federation, int core) {
-      return std::pair(at(hub, "sendUpdates", federation, core), at(hub, "receiveUpdates", federation, core));
+   auto const updating = [&](Hub const& hub, std::string const& federation, int core) {
+      return Line{at(hub.designator(), "sendUpdates", federation.c_str(), core), hub.process(),
+                  at(hub.designator(), "receiveUpdates", federation.c_str(), core)};
    };
-   auto const plain = updating(near, "on its way", federateCore);
-   auto const secured = updating(nearSecured, "on its way", federateCore);
-   auto const stream = updating(far, "streamed", Process::anyCore);
-   cases.push_back(underway("update on its way", plain.first, plain.second));
-   cases.push_back(underway("update on its way, TLS", secured.first, secured.second));
-   cases.push_back(streamed("update, streamed", seconds, stream.first, stream.second));
+   add("TCP relay, on its way",
+       [&](auto const& name) { return underway(name, relayed(federateCore, otherCore)); });
+   add("update on its way",
+       [&](auto const& name) { return underway(name, updating(near, name, federateCore)); });
+   add("update on its way, TLS",
+       [&](auto const& name) { return underway(name, updating(nearSecured, name, federateCore)); });
+   add("TCP relay, streamed", [&](auto const& name) {
+      return streamed(name, seconds, relayed(Process::anyCore, Process::anyCore));
+   });
+   add("update, streamed",
+       [&](auto const& name) { return streamed(name, seconds, updating(far, name, Process::anyCore)); });
 
-   cases.push_back(
-      inStep("step of 2 federates", 2000,
-             {at(near, "advance", "two", federateCore), at(near, "advance", "two", federateCore)}));
-   std::vector<std::shared_ptr<Process>> many;
-   while (many.size() < static_cast<std::size_t>(federates)) {
-      many.push_back(at(far, "advanceUpdating", "many", Process::anyCore));
-   }
-   cases.push_back(inStep("step of many federates", 1000, many));
-
-   cases.push_back(connecting("connect in process", "hub=none"));
-   cases.push_back(connecting("connect", near.designator()));
-   cases.push_back(connecting("connect, TLS", nearSecured.designator()));
+   auto const advancing = [&](Hub const& hub, char const* part, std::size_t count, int core) {
+      return [=, &hub](std::string const& name) {
+         std::vector<Shared> made;
+         while (made.size() < count) {
+            made.push_back(at(hub.designator(), part, name.c_str(), core));
+         }
+         return inStep(name, 1000, hub.process(), made);
+      };
+   };
+   add("step of 2 federates", advancing(near, "advance", 2, federateCore));
+   add("step of many federates", advancing(far, "advanceUpdating", federates, Process::anyCore));
+   auto const connectingTo = [](std::string const& designator) {
+      return [=](std::string const& name) { return connecting(name, designator); };
+   };
+   add("connect in process", connectingTo("hub=none"));
+   add("connect", connectingTo(near.designator()));
+   add("connect, TLS", connectingTo(nearSecured.designator()));
 
    Results results;
    for (int i = 0; i <= runs; ++i) {
@@ -363,13 +451,10 @@ int measure(int argc, char** argv)
          results.clear();
       }
    }
-   int broken = judge(results);
-   std::printf("\n| %-44s | %10s | %10s |\n|:--|--:|--:|\n", "measured", "", "at least");
-   broken += tell("updates a second, streamed", 1e6 / results.median("update, streamed"), 300000);
-   broken += tell(("steps a second of " + std::to_string(federates) + " federates").c_str(),
-                  1e6 / results.median("step of many federates"), 0);
-   tell("memory of a federate at the hub, kB of heap", memoryOfAFederate(), 0);
-   return broken == 0 ? 0 : 1;
+   if (only.empty()) {
+      results.add("memory", memoryOfAFederate());
+   }
+   return judge(results) + judgeFigures(results) == 0 ? 0 : 1;
 }
 
 } // namespace
