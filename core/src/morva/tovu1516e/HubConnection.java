@@ -2,8 +2,8 @@ package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.function.IntFunction;
-import tovu.local.model.CallbackSink;
-import tovu.local.model.Session;
+import tovu.local.model.federation.Session;
+import tovu.local.model.port.CallbackSink;
 
 /** The connection, at a hub, of an ambassador whose federate is elsewhere. */
 class HubConnection extends Connection {

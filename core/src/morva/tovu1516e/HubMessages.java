@@ -4,7 +4,7 @@ import hla.rti1516e.exceptions.InvalidLogicalTime;
 import java.util.List;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ModuleSource;
-import tovu.local.model.Timing;
+import tovu.local.model.value.Timing;
 import tovu.local.wire.FrameWriter;
 
 /** Messages of services that name files, as a hub takes them: with what the files hold. */

@@ -4,10 +4,10 @@ import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
-import tovu.local.model.Federate;
-import tovu.local.model.RegionManagement;
-import tovu.local.model.ResignAction;
-import tovu.local.model.ServiceCall;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.exchange.RegionManagement;
+import tovu.local.model.value.ResignAction;
+import tovu.local.model.value.ServiceCall;
 import tovu.local.trace.Describer;
 import tovu.local.trace.Trace;
 

@@ -4,9 +4,9 @@ import hla.rti1516e.exceptions.FederateInternalError;
 import java.util.function.Supplier;
 import tovu.local.delivery.CallbackDelivery;
 import tovu.local.delivery.CallbackMethod;
-import tovu.local.model.Callback;
-import tovu.local.model.Federate;
-import tovu.local.model.FederateCallbacks;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.port.Callback;
+import tovu.local.model.port.FederateCallbacks;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
 

@@ -21,9 +21,9 @@ import java.util.concurrent.atomic.AtomicInteger;
 import java.util.function.Consumer;
 import tovu.local.delivery.CallbackMethod;
 import tovu.local.delivery.CallbackPort;
-import tovu.local.model.Callback;
-import tovu.local.model.CallbackSink;
-import tovu.local.model.FederateCallbacks;
+import tovu.local.model.port.Callback;
+import tovu.local.model.port.CallbackSink;
+import tovu.local.model.port.FederateCallbacks;
 import tovu.local.wire.CallbackFlags;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
@@ -57,9 +57,10 @@ public final class HubLink {
     private final Consumer<String> onLoss;
     private final Map<Integer, Answer> awaited = new ConcurrentHashMap<>();
     private final AtomicInteger lastRequest = new AtomicInteger();
-    private final Set<Long> retracted = new HashSet<>(); // guarded by the monitor, like the three below
+    private final Set<Long> retracted = new HashSet<>(); // guarded by the monitor, like the four below
     private long begun; // the last callback that was
     private long ended; // the last callback that has returned
+    private long toldEnded; // as the hub knows it
     private long reviewed;
     private final AtomicBoolean tellingProgress = new AtomicBoolean();
     private final ScheduledFuture<?> pulse;
@@ -364,7 +365,12 @@ public final class HubLink {
     }
 
     private synchronized FrameWriter progress(FrameWriter frame) {
+        toldEnded = ended;
         return frame.longInteger(begun).longInteger(ended);
+    }
+
+    private synchronized boolean isProgressNew() {
+        return toldEnded != ended;
     }
 
     private synchronized void review(long number) {
@@ -380,7 +386,9 @@ public final class HubLink {
         if (!tellingProgress.get() && tellingProgress.compareAndSet(false, true)) {
             HubClock.INSTANCE.schedule(() -> HubClock.WRITERS.execute(() -> {
                 tellingProgress.set(false);
-                tell(progress(new FrameWriter(FrameType.PROGRESS)).end());
+                if (isProgressNew()) {
+                    tell(progress(new FrameWriter(FrameType.PROGRESS)).end());
+                }
             }), TELL_IDLE_MILLIS, TimeUnit.MILLISECONDS);
         }
     }

@@ -5,9 +5,9 @@ import java.util.StringJoiner;
 import java.util.function.IntFunction;
 import java.util.function.IntUnaryOperator;
 import tovu.local.fom.ObjectModel;
-import tovu.local.model.Federate;
-import tovu.local.model.Federation;
-import tovu.local.model.HandleValues;
+import tovu.local.model.exchange.Exchange;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.value.HandleValues;
 
 /** Writes handles as the names of what they stand for, as one federate knows them. */
 public final class Describer {
@@ -19,7 +19,7 @@ public final class Describer {
     }
 
     private interface Name {
-        String of(Federation federation) throws RTIexception;
+        String of(Exchange federation) throws RTIexception;
     }
 
     /** A handle without a name, such as one that is wrong, stands as its number. */
