@@ -38,7 +38,9 @@ final class Hub {
     private final HubSettings settings;
     private final SslContext tls;
     private final EventLoopGroup listening = new NioEventLoopGroup(1);
-    private final EventLoopGroup serving = new NioEventLoopGroup();
+    // A federation's services wait for each other, and frames that are written by one thread go together.
+    private final EventLoopGroup serving =
+            new NioEventLoopGroup(Math.max(1, Runtime.getRuntime().availableProcessors() / 2));
     private final ExecutorService longServices = Executors.newCachedThreadPool();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
     private final AtomicInteger connections = new AtomicInteger();
