@@ -30,7 +30,7 @@ final class Brake {
     }
 
     void endServing() {
-        SERVED.remove();
+        SERVED.set(null);
     }
 
     /** Something is left for this one. */

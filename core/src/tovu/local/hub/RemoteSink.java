@@ -84,7 +84,7 @@ final class RemoteSink implements CallbackSink {
         Callback.Foresight foresight = callback.foresight();
         if (foresight == Callback.Foresight.NONE) {
             out.accept(new FrameWriter(FrameType.LATE_CALLBACK).longInteger(++last).octet(flags).end());
-        } else if (told.make(callback, callback::foretell)) {
+        } else if (told.foretell(callback)) {
             out.accept(told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
                     .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end());
         } else {
@@ -140,9 +140,9 @@ final class RemoteSink implements CallbackSink {
         }
         Callback callback = sent.callback;
         if (callback.foresight() == Callback.Foresight.NONE) {
-            return answer(request, answer.make(callback, callback::deliver));
+            return answer(request, answer.deliver(callback));
         }
-        return answer(request, callback.begin() && answer.make(callback, callback::foretell));
+        return answer(request, callback.begin() && answer.foretell(callback));
     }
 
     private byte[] answer(int request, boolean something) {
@@ -167,7 +167,7 @@ final class RemoteSink implements CallbackSink {
         }
         if (known) {
             post(instead);
-        } else if (!numbers.isEmpty() && told.make(instead, instead::foretell)) {
+        } else if (!numbers.isEmpty() && told.foretell(instead)) {
             FrameWriter frame = told.frame(FrameType.RETRACT).integer(numbers.size());
             numbers.forEach(frame::longInteger);
             out.accept(told.put(frame.longInteger(++last)).end());
