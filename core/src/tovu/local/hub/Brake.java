@@ -4,11 +4,12 @@ import io.netty.channel.Channel;
 import java.util.Queue;
 import java.util.concurrent.ConcurrentLinkedQueue;
 import java.util.concurrent.TimeUnit;
+import java.util.function.LongSupplier;
 
 /**
- * Slows down who sends more than a federate's process takes, by not reading from it: the hub's memory stays bounded, and
- * the sender waits in its own service call. A process that takes nothing at all holds nobody up for longer than a
- * second; it is lost when too much waits for it.
+ * Slows down who sends more than a federate takes, by not reading from it: the hub's memory stays bounded, and the
+ * sender waits in its own service call. A federate that takes nothing at all holds nobody up for longer than a second;
+ * it is lost when too much waits for it.
  */
 final class Brake {
     private static final long PATIENCE_MILLIS = 1_000;
@@ -16,59 +17,89 @@ final class Brake {
     private static final ThreadLocal<Brake> SERVED = new ThreadLocal<>();
 
     private final Channel channel;
+    private final LongSupplier remembered;
+    private final long much;
     private final Queue<Brake> held = new ConcurrentLinkedQueue<>();
+    private FrameDecoder decoder; // of what comes from this one
+    private volatile Brake awaited;
     private volatile boolean stuck;
-    private Brake awaited; // for this one's thread
 
-    Brake(Channel channel) {
+    /**
+     * @param remembered how many bytes are kept of callbacks that this one has not been given
+     * @param much       from how many on there are too many of them
+     */
+    Brake(Channel channel, LongSupplier remembered, long much) {
         this.channel = channel;
+        this.remembered = remembered;
+        this.much = much;
     }
 
-    /** What is left for federates until the end comes from this one. */
-    void beginServing() {
+    void setDecoder(FrameDecoder theDecoder) {
+        decoder = theDecoder;
+    }
+
+    /** Serves this one. What is left for federates meanwhile comes from it. */
+    void serve(Runnable service) {
         SERVED.set(this);
+        try {
+            service.run();
+        } finally {
+            SERVED.set(null);
+        }
     }
 
-    void endServing() {
-        SERVED.set(null);
+    private boolean isLoaded() {
+        return !channel.isWritable() || remembered.getAsLong() > much;
     }
 
     /** Something is left for this one. */
     void burden() {
-        if (!channel.isWritable() && !stuck) {
+        if (!stuck && isLoaded()) {
             Brake sender = SERVED.get();
             if (sender != null && sender != this && sender.awaited == null) {
-                sender.await(this);
+                sender.awaited = this;
+                if (sender.channel.eventLoop().inEventLoop()) {
+                    sender.await(this);
+                } else {
+                    sender.channel.eventLoop().execute(() -> sender.await(this));
+                }
             }
         }
     }
 
     private void await(Brake receiver) {
-        awaited = receiver;
-        channel.config().setAutoRead(false);
+        decoder.pause();
         receiver.held.add(this);
-        if (receiver.channel.isWritable()) {
-            receiver.relieved(); // just before it could know
-        }
-        watch(receiver, receiver.channel.bytesBeforeWritable());
+        receiver.relieve(); // if that has come meanwhile
+        watch(receiver, receiver.inTheWay());
+    }
+
+    private long inTheWay() {
+        return channel.bytesBeforeWritable() + remembered.getAsLong();
     }
 
     /** It waits on while there is less and less in the way. */
-    private void watch(Brake receiver, long inTheWay) {
+    private void watch(Brake receiver, long before) {
         channel.eventLoop().schedule(() -> {
-            long now = receiver.channel.bytesBeforeWritable();
-            if (awaited == receiver && now < inTheWay) {
+            long now = receiver.inTheWay();
+            if (awaited == receiver && now < before) {
                 watch(receiver, now);
-            } else if (awaited == receiver) {
+            } else if (awaited == receiver && receiver.held.remove(this)) {
                 receiver.stuck = true;
-                receiver.held.remove(this);
                 goOn();
             }
         }, PATIENCE_MILLIS, TimeUnit.MILLISECONDS);
     }
 
-    /** It has taken what was in the way. */
-    void relieved() {
+    /** It may have taken what was in the way. */
+    void relieve() {
+        if ((stuck || !held.isEmpty()) && !isLoaded()) {
+            end();
+        }
+    }
+
+    /** Nobody waits for it any more. */
+    void end() {
         stuck = false;
         for (Brake next = held.poll(); next != null; next = held.poll()) {
             next.channel.eventLoop().execute(next::goOn);
@@ -77,6 +108,6 @@ final class Brake {
 
     private void goOn() {
         awaited = null;
-        channel.config().setAutoRead(true);
+        decoder.resume();
     }
 }

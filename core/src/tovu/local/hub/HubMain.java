@@ -42,7 +42,7 @@ public final class HubMain {
             hub.stop();
             Runtime.getRuntime().halt(0);
         }, "end"));
-        String host = address.getAddress().getHostAddress();
+        String host = settings.host(); // the system may say the same in another way
         System.out.println("listening on " + (host.contains(":") ? "[" + host + "]" : host) + ":" + address.getPort());
         System.out.flush();
     }

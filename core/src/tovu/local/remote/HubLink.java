@@ -8,8 +8,10 @@ import hla.rti1516e.exceptions.RTIinternalError;
 import java.io.BufferedInputStream;
 import java.io.DataInputStream;
 import java.io.EOFException;
+import java.io.FilterInputStream;
 import java.io.IOException;
 import java.util.HashSet;
+import java.util.List;
 import java.util.Map;
 import java.util.Set;
 import java.util.concurrent.ConcurrentHashMap;
@@ -30,6 +32,7 @@ import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
 import tovu.local.wire.Licence;
 import tovu.local.wire.MalformedFrame;
+import tovu.local.wire.Pulse;
 
 /**
  * An ambassador's connection to a hub. Requests of several threads run side by side; callbacks come numbered, in one
@@ -42,8 +45,8 @@ public final class HubLink {
     private static final long FAREWELL_MILLIS = 1_000; // for what an end needs of the other side
     private static final Consumer<Object> NO_LICENCE = result -> { };
 
-    /** What the thread has last said something with, or been called by, that the hub may not have heard yet. */
-    private static final ThreadLocal<HubLink> UNHEARD = new ThreadLocal<>();
+    /** What the thread has said something with, or been called by, that the hub may not have heard yet. */
+    private static final ThreadLocal<Set<HubLink>> UNHEARD = ThreadLocal.withInitial(() -> new HashSet<>(2));
 
     private final HubAddress hub;
     private final HubSocket socket;
@@ -51,7 +54,7 @@ public final class HubLink {
     private final Outbox out;
     private final Licences licences = new Licences();
     private final int greatestFrame;
-    private final long silenceNanos; // after which the other side is lost; 0 for never
+    private final int silence; // after so many seconds the other side is lost; 0 for never
     private final CallbackSink queue;
     private final CallbackPort federate;
     private final Consumer<String> onLoss;
@@ -63,9 +66,8 @@ public final class HubLink {
     private long toldEnded; // as the hub knows it
     private long reviewed;
     private final AtomicBoolean tellingProgress = new AtomicBoolean();
-    private final ScheduledFuture<?> pulse;
-    private volatile long heard = System.nanoTime();
-    private volatile boolean said;
+    private final Pulse pulse = new Pulse();
+    private final ScheduledFuture<?> beats;
     private volatile String lost; // why, or null
 
     /**
@@ -96,14 +98,21 @@ public final class HubLink {
         this.queue = queue;
         this.federate = federate;
         this.onLoss = onLoss;
-        in = new DataInputStream(new BufferedInputStream(socket.input(), STREAM_BUFFER));
+        in = new DataInputStream(new BufferedInputStream(new FilterInputStream(socket.input()) {
+            @Override
+            public int read(byte[] to, int from, int length) throws IOException {
+                int count = super.read(to, from, length);
+                pulse.hear(); // also of a frame that takes long to come
+                return count;
+            }
+        }, STREAM_BUFFER));
         out = new Outbox(socket.output(), this::sendingFailed);
         HubSocket.Welcome welcome = socket.greet(in);
         greatestFrame = welcome.greatestFrame();
-        silenceNanos = TimeUnit.SECONDS.toNanos(welcome.lostAfterSeconds());
-        long period = Math.max(1, silenceNanos / 4);
-        pulse = silenceNanos == 0 ? null
-                : HubClock.INSTANCE.scheduleAtFixedRate(this::pulse, period, period, TimeUnit.NANOSECONDS);
+        silence = welcome.lostAfterSeconds();
+        long period = TimeUnit.SECONDS.toMillis(silence) / Pulse.BEATS;
+        beats = silence == 0 ? null
+                : HubClock.INSTANCE.scheduleWithFixedDelay(this::beat, period, period, TimeUnit.MILLISECONDS);
     }
 
     /**
@@ -124,8 +133,8 @@ public final class HubLink {
             if (sent != null) {
                 out.leave(checked(progress(new FrameWriter(FrameType.SEND, message.length + 24))
                         .integer(service).integer(sent.number()).rest(message).end()));
-                said = true;
-                UNHEARD.set(this);
+                pulse.say();
+                UNHEARD.get().add(this);
                 return sent.result();
             }
         }
@@ -149,13 +158,13 @@ public final class HubLink {
         awaited.put(number, answer);
         if (lost == null) { // whoever loses it from here on finds the answer awaited
             out.send(checked(request.frame(number)));
-            said = true;
+            pulse.say();
         } else {
             answer.give(null);
         }
         FrameReader frame = answer.await();
         awaited.remove(number);
-        UNHEARD.remove();
+        UNHEARD.get().remove(this);
         if (frame == null) {
             throw notConnected();
         }
@@ -167,14 +176,22 @@ public final class HubLink {
      * where nothing is sent without waiting.
      */
     private void hearOthers() {
-        HubLink unheard = UNHEARD.get();
-        if (unheard != null && unheard != this) {
-            try {
-                unheard.askAlone(NO_LICENCE, number ->
-                        unheard.progress(new FrameWriter(FrameType.FENCE).integer(number)).end());
-            } catch (RTIexception e) {
-                UNHEARD.remove(); // it is lost, and the hub will hear no more of it
+        Set<HubLink> unheard = UNHEARD.get();
+        if (unheard.isEmpty() || unheard.size() == 1 && unheard.contains(this)) {
+            return;
+        }
+        for (HubLink each : List.copyOf(unheard)) {
+            if (each != this) {
+                each.beHeard();
             }
+        }
+    }
+
+    private void beHeard() {
+        try {
+            askAlone(NO_LICENCE, number -> progress(new FrameWriter(FrameType.FENCE).integer(number)).end());
+        } catch (RTIexception e) {
+            UNHEARD.get().remove(this); // it is lost, and the hub will hear no more of it
         }
     }
 
@@ -199,7 +216,7 @@ public final class HubLink {
 
     private void tell(byte[] frame) {
         out.send(frame);
-        said = true;
+        pulse.say();
     }
 
     private void read() {
@@ -213,7 +230,6 @@ public final class HubLink {
                 if (frame.length < length) {
                     throw new EOFException();
                 }
-                heard = System.nanoTime();
                 take(new FrameReader(frame));
             }
         } catch (EOFException e) {
@@ -320,7 +336,7 @@ public final class HubLink {
                 }
             } finally {
                 endCallback(number);
-                UNHEARD.set(HubLink.this);
+                UNHEARD.get().add(HubLink.this);
                 tellProgressSoon();
             }
         }
@@ -384,7 +400,7 @@ public final class HubLink {
     /** So that others need not wait until this federate has a request. */
     private void tellProgressSoon() {
         if (!tellingProgress.get() && tellingProgress.compareAndSet(false, true)) {
-            HubClock.INSTANCE.schedule(() -> HubClock.WRITERS.execute(() -> {
+            HubClock.INSTANCE.schedule(() -> HubClock.WAITERS.execute(() -> {
                 tellingProgress.set(false);
                 if (isProgressNew()) {
                     tell(progress(new FrameWriter(FrameType.PROGRESS)).end());
@@ -393,13 +409,14 @@ public final class HubLink {
         }
     }
 
-    private void pulse() {
-        if (System.nanoTime() - heard > silenceNanos) {
-            lose("the hub has been silent for " + TimeUnit.NANOSECONDS.toSeconds(silenceNanos) + " s");
-        } else if (!said) {
-            HubClock.WRITERS.execute(() -> tell(new FrameWriter(FrameType.HEARTBEAT).end()));
+    private void beat() {
+        switch (pulse.beat()) {
+            case LOST -> lose("the hub has been silent for " + silence + " s");
+            case SAY_SOMETHING -> HubClock.WAITERS.execute(() -> tell(new FrameWriter(FrameType.HEARTBEAT).end()));
+            default -> {
+                // all is well
+            }
         }
-        said = false;
     }
 
     private void lose(String reason) {
@@ -429,8 +446,8 @@ public final class HubLink {
             }
             lost = reason;
         }
-        if (pulse != null) {
-            pulse.cancel(false);
+        if (beats != null) {
+            beats.cancel(false);
         }
         socket.close();
         out.end();
