@@ -40,11 +40,12 @@ final class RemoteSink implements CallbackSink {
     }
 
     private final Consumer<byte[]> out;
+    private final IssuedLicences licences;
     private final Deque<Sent> unsettled = new ArrayDeque<>();
     private final Map<Callback, Sent> retractable = new IdentityHashMap<>();
     private final Map<Long, Sent> retracted = new HashMap<>(); // and maybe begun before the federate knew
     private long last;
-    private long remembered; // bytes
+    private volatile long remembered; // bytes; changes under the monitor only
     private final EncodedCallback told;
     private final EncodedCallback answer; // for the connection's own thread
 
@@ -55,8 +56,23 @@ final class RemoteSink implements CallbackSink {
      */
     RemoteSink(int context, Supplier<Federate> member, Consumer<byte[]> out) {
         this.out = out;
+        licences = new IssuedLicences(out);
         told = new EncodedCallback(context, member);
         answer = new EncodedCallback(context, member);
+    }
+
+    IssuedLicences licences() {
+        return licences;
+    }
+
+    @Override
+    public void revoke(int object) {
+        licences.revoke(object);
+    }
+
+    @Override
+    public void limitTimes(long first, long last) {
+        licences.limit(first, last);
     }
 
     @Override
@@ -74,7 +90,7 @@ final class RemoteSink implements CallbackSink {
         byte[] frame;
         if (foresight == Callback.Foresight.NONE) {
             frame = new FrameWriter(FrameType.LATE_CALLBACK).longInteger(++last).octet(flags).end();
-        } else if (told.make(callback, callback::foretell)) {
+        } else if (told.foretell(callback)) {
             frame = told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
                     .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end();
         } else {
@@ -92,7 +108,7 @@ final class RemoteSink implements CallbackSink {
     }
 
     /** About how many bytes are kept of callbacks until the federate's code has been given them. */
-    synchronized long remembered() {
+    long remembered() {
         return remembered;
     }
 
@@ -141,9 +157,9 @@ final class RemoteSink implements CallbackSink {
         }
         Callback callback = sent.callback;
         if (callback.foresight() == Callback.Foresight.NONE) {
-            return answer(request, answer.make(callback, callback::deliver));
+            return answer(request, answer.deliver(callback));
         }
-        return answer(request, callback.begin() && answer.make(callback, callback::foretell));
+        return answer(request, callback.begin() && answer.foretell(callback));
     }
 
     private byte[] answer(int request, boolean something) {
@@ -168,7 +184,7 @@ final class RemoteSink implements CallbackSink {
         }
         if (known) {
             post(instead);
-        } else if (!numbers.isEmpty() && told.make(instead, instead::foretell)) {
+        } else if (!numbers.isEmpty() && told.foretell(instead)) {
             FrameWriter frame = told.frame(FrameType.RETRACT).integer(numbers.size());
             numbers.forEach(frame::longInteger);
             out.accept(told.put(frame.longInteger(++last)).end());
@@ -198,6 +214,7 @@ final class RemoteSink implements CallbackSink {
         unsettled.clear();
         retractable.clear();
         retracted.clear();
+        licences.clear();
         remembered = 0;
         out.accept(new FrameWriter(FrameType.DROP).end());
     }
