@@ -42,9 +42,11 @@ public:
       else if (action == L"join")
          join(text);
       else if (action == L"person")
-         rti.registerObjectInstance(rti.getObjectClassHandle(L"Person"));
+         _person = rti.registerObjectInstance(_personClass);
+      else if (action == L"update")
+         update(std::stoi(text));
       else if (action == L"regulate")
-         rti.enableTimeRegulation(HLAinteger64Interval(1));
+         rti.enableTimeRegulation(HLAinteger64Interval(text.empty() ? 1 : std::stoll(text)));
       else if (action == L"constrain")
          rti.enableTimeConstrained();
       else if (action == L"advance")
@@ -71,13 +73,19 @@ private:
       RTIambassador& rti = *_ambassador;
       rti.joinFederationExecution(name, L"participant", L"Meeting");
       rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
-      ObjectClassHandle const person = rti.getObjectClassHandle(L"Person");
-      AttributeHandleSet const place{rti.getAttributeHandle(person, L"Place")};
-      rti.publishObjectClassAttributes(person, place);
-      rti.subscribeObjectClassAttributes(person, place);
+      _personClass = rti.getObjectClassHandle(L"Person");
+      _place = rti.getAttributeHandle(_personClass, L"Place");
+      rti.publishObjectClassAttributes(_personClass, {_place});
+      rti.subscribeObjectClassAttributes(_personClass, {_place});
       _greeting = rti.getInteractionClassHandle(L"Greeting");
       rti.publishInteractionClass(_greeting);
       rti.subscribeInteractionClass(_greeting);
+   }
+
+   void update(int times)
+   {
+      for (int i = 0; i < times; ++i)
+         _ambassador->updateAttributeValues(_person, {{_place, VariableLengthData(&i, sizeof i)}}, {});
    }
 
    void greet(int times, unsigned size)
@@ -107,6 +115,9 @@ private:
    void federationNotSaved(SaveFailureReason) override { say(L"< notSaved"); }
 
    std::unique_ptr<RTIambassador> const _ambassador{RTIambassadorFactory().createRTIambassador()};
+   ObjectClassHandle _personClass;
+   AttributeHandle _place;
+   ObjectInstanceHandle _person;
    InteractionClassHandle _greeting;
    std::atomic<unsigned> _received{0};
 };

@@ -11,7 +11,7 @@ import tovu.local.remote.HubLink;
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
 abstract class Connection {
     /** Those that all ambassadors of this process share. */
-    private static final Federations FEDERATIONS = new Federations(Manager::new);
+    static final Federations FEDERATIONS = new Federations(Manager::new);
 
     final Session session = new Session(FEDERATIONS);
 

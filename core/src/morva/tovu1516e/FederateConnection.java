@@ -13,6 +13,7 @@ import tovu.local.delivery.CallbackPort;
 import tovu.local.model.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
+import tovu.local.watch.ProcessPage;
 
 /** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
 final class FederateConnection extends Connection {
@@ -47,6 +48,7 @@ final class FederateConnection extends Connection {
         requireNotConnectedToHub();
         session.connect(created);
         hub = null;
+        ProcessPage.show(FEDERATIONS::all);
     }
 
     private synchronized void connectToHub(HubAddress address, CallbackDelivery created, int context, byte[] message)

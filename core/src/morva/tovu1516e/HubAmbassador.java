@@ -10,6 +10,7 @@ import java.util.function.IntFunction;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
 import tovu.local.model.CallbackSink;
+import tovu.local.model.Federations;
 import tovu.local.model.Session;
 
 /** An ambassador at a hub, whose federate is elsewhere: its services come as numbers and messages. */
@@ -19,6 +20,11 @@ public final class HubAmbassador extends RegionServices {
     /** @param sink makes what takes the callbacks of a federate with that callback context */
     public HubAmbassador(IntFunction<CallbackSink> sink) {
         super(new HubConnection(sink));
+    }
+
+    /** The federations that all of them meet in. */
+    public static Federations federations() {
+        return Connection.FEDERATIONS;
     }
 
     private static MethodHandle[] services() {

@@ -74,14 +74,13 @@ final class Hub {
                         protected void initChannel(SocketChannel channel) {
                             begin(channel);
                         }
-                    }).bind(settings.host(), settings.port()).sync().channel();
+                    }).bind(settings.listen().socketAddress()).sync().channel();
             return (InetSocketAddress) server.localAddress();
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             throw new IOException(e);
         } catch (Exception e) { // the library throws what the system call has failed with, undeclared
-            throw new IOException("cannot listen on " + settings.host() + ":" + settings.port() + " (" + e.getMessage()
-                    + ")", e);
+            throw new IOException("cannot listen on " + settings.listen() + " (" + e.getMessage() + ")", e);
         }
     }
 

@@ -1,9 +1,11 @@
 package tovu.local.hub;
 
 import java.io.IOException;
-import java.net.InetAddress;
 import java.net.InetSocketAddress;
-import java.net.UnknownHostException;
+import java.security.GeneralSecurityException;
+import morva.tovu1516e.HubAmbassador;
+import tovu.local.remote.Tls;
+import tovu.local.watch.WebServer;
 
 /** The command rti1516e-hub. */
 public final class HubMain {
@@ -19,6 +21,8 @@ public final class HubMain {
                 System.out.print(HubOptions.HELP);
             } else if (options.wantsVersion()) {
                 System.out.println("rti1516e-hub " + version());
+            } else if (options.wantsList()) {
+                System.out.print(options.list());
             } else {
                 run(options.settings());
             }
@@ -34,33 +38,45 @@ public final class HubMain {
     }
 
     private static void run(HubSettings settings) throws IOException {
-        requireSecurity(settings);
+        requireSecurity(settings, settings.listen(), "can join and read all federations");
+        if (settings.web() != null) {
+            requireSecurity(settings, settings.web(), "sees all federations");
+        }
         Hub hub = new Hub(settings);
         InetSocketAddress address = hub.start();
+        WebServer page = settings.web() == null ? null : page(settings);
         // SIGTERM and SIGINT run this; the VM's own exit status would call an orderly end a failure.
         Runtime.getRuntime().addShutdownHook(new Thread(() -> {
             hub.stop();
             Runtime.getRuntime().halt(0);
         }, "end"));
-        String host = address.getAddress().getHostAddress();
-        System.out.println("listening on " + (host.contains(":") ? "[" + host + "]" : host) + ":" + address.getPort());
+        if (page != null) {
+            System.out.println("page at " + page.url());
+        }
+        System.out.println("listening on " + Endpoint.of(address));
         System.out.flush();
     }
 
-    private static void requireSecurity(HubSettings settings) throws IOException {
-        boolean local;
+    /** Whoever needs a certificate to join needs one to look on. */
+    private static WebServer page(HubSettings settings) throws IOException {
         try {
-            local = InetAddress.getByName(settings.host()).isLoopbackAddress();
-        } catch (UnknownHostException e) {
-            throw new IOException("the address '" + settings.host() + "' to listen on is unknown", e);
+            return new WebServer(HubAmbassador.federations()::all, settings.web().socketAddress(),
+                    settings.certificate() == null ? null
+                            : Tls.context(settings.clientCa(), settings.certificate(), settings.key()),
+                    settings.clientCa() != null);
+        } catch (GeneralSecurityException e) {
+            throw new IOException(e.getMessage(), e);
         }
-        if (local || settings.certificate() != null) {
+    }
+
+    private static void requireSecurity(HubSettings settings, Endpoint where, String what) throws IOException {
+        if (where.isLocal() || settings.certificate() != null) {
             return;
         }
         if (!settings.insecure()) {
-            throw new IOException("other machines may connect to " + settings.host()
+            throw new IOException("other machines may connect to " + where.host()
                     + " only with TLS: give --certificate and --key, or --insecure to do without");
         }
-        HubLog.say("warning: whoever reaches " + settings.host() + " can join and read all federations (--insecure)");
+        HubLog.say("warning: whoever reaches " + where + " " + what + " (--insecure)");
     }
 }

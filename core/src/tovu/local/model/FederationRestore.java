@@ -40,6 +40,16 @@ public final class FederationRestore {
         }
     }
 
+    /** The label of the restore in progress; empty when there is none. */
+    public String currentName() {
+        return isInProgress() ? label : "";
+    }
+
+    /** The federates that a restore in progress waits for. */
+    public List<Federate> awaited() {
+        return federation.members().stream().filter(each -> statuses.get(each) == RestoreStatus.RESTORING).toList();
+    }
+
     /** Keeps the state that the federation is in now. */
     void keep(String theLabel) {
         saves.put(theLabel, new Save(federation.snapshot(), federation.members().stream()

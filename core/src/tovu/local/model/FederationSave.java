@@ -10,6 +10,7 @@ import hla.rti1516e.exceptions.SaveNotInProgress;
 import hla.rti1516e.exceptions.SaveNotInitiated;
 import java.util.HashMap;
 import java.util.HashSet;
+import java.util.List;
 import java.util.Map;
 import java.util.Set;
 
@@ -78,6 +79,17 @@ public final class FederationSave {
     void forgetDue() {
         dueLabel = null;
         reached.clear();
+    }
+
+    /** The label of the save in progress; empty when there is none. */
+    public String currentName() {
+        return isInProgress() ? label : "";
+    }
+
+    /** The federates that a save in progress waits for. */
+    public List<Federate> awaited() {
+        return federation.members().stream().filter(each -> statuses.containsKey(each)
+                && statuses.get(each) != SaveStatus.WAITING_FOR_FEDERATION_TO_SAVE).toList();
     }
 
     /** The label of the last save that succeeded; empty before the first. */

@@ -123,6 +123,7 @@ public final class Session {
             synchronized (federation) {
                 member = federate; // meanwhile it may have resigned, or been replaced by a restore
                 if (member != null && member.federation() == federation) {
+                    member.oversight.served();
                     R result = service.serve(federation, member);
                     federation.settle(member);
                     return result;

@@ -151,6 +151,11 @@ public final class TimeManagement implements Saved {
         return galt == TimeFamily.NEVER ? null : time(galt);
     }
 
+    /** The regulating federate that the greatest available logical time comes from, or null when nobody else is one. */
+    Federate heldBy(Federate federate) {
+        return new GreatestAvailableTimes().heldBy(federate);
+    }
+
     /** The least incoming time stamp, or null when nothing can come in. */
     public LogicalTime lits(Federate federate) {
         long lits = Math.min(new GreatestAvailableTimes().of(federate), federate.inbox.firstTime());
@@ -242,6 +247,7 @@ public final class TimeManagement implements Saved {
     /** The greatest available logical time of each federate: the least that any other regulating one may still send. */
     private final class GreatestAvailableTimes {
         private Federate slowest;
+        private Federate secondSlowest;
         private long least = TimeFamily.NEVER;
         private long second = TimeFamily.NEVER; // the least of all but the slowest
 
@@ -256,8 +262,12 @@ public final class TimeManagement implements Saved {
             for (Federate each : regulating) {
                 if (each != slowest) {
                     // Who follows its messages may be sent one by the slowest, and answer that.
-                    second = Math.min(second, each.time.leastFutureSendTime(
-                            each.time.follows() ? Math.min(least, firstMessage(each)) : TimeFamily.NEVER));
+                    long own = each.time.leastFutureSendTime(
+                            each.time.follows() ? Math.min(least, firstMessage(each)) : TimeFamily.NEVER);
+                    if (secondSlowest == null || own < second) {
+                        secondSlowest = each;
+                        second = own;
+                    }
                 }
             }
         }
@@ -269,6 +279,10 @@ public final class TimeManagement implements Saved {
 
         long of(Federate federate) {
             return federate == slowest ? second : least;
+        }
+
+        Federate heldBy(Federate federate) {
+            return federate == slowest ? secondSlowest : slowest;
         }
     }
 
