@@ -7,6 +7,7 @@ import tovu.local.model.Federation;
 import tovu.local.model.ServiceCall;
 import tovu.local.model.Session;
 import tovu.local.remote.HubLink;
+import tovu.local.trace.Describer;
 import tovu.local.trace.Trace;
 
 /**
@@ -70,7 +71,8 @@ abstract class AmbassadorServices {
     /** Serves, and tells whoever wants to know of it. */
     private <R> R tell(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         Federate federate = connection.session.federate();
-        List<String> arguments = ServiceTrace.arguments(federate, service, message);
+        Describer describer = new Describer(federate);
+        List<String> arguments = ServiceTrace.arguments(describer, service, reader(message));
         if (Trace.ON) {
             ServiceTrace.print(federate, service, arguments);
         }
@@ -78,7 +80,7 @@ abstract class AmbassadorServices {
         String failure = "";
         try {
             R result = call.serve(in);
-            results = ServiceTrace.results(federate, service, result);
+            results = ServiceTrace.results(describer, service, result);
             return result;
         } catch (RTIexception | RuntimeException e) {
             failure = ServiceTrace.failure(e);

@@ -89,10 +89,6 @@ class MessageReader {
         return texts;
     }
 
-    List<String> textList() {
-        return texts(new ArrayList<>());
-    }
-
     /** A FOM module or MIM that is read in this process. */
     ModuleSource module() {
         return ModuleSource.file(text());

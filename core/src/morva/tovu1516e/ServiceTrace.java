@@ -4,6 +4,9 @@ import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import java.util.StringJoiner;
+import tovu.local.delivery.CallbackMethod;
+import tovu.local.fom.ModuleSource;
 import tovu.local.model.Federate;
 import tovu.local.model.RegionManagement;
 import tovu.local.model.ResignAction;
@@ -15,20 +18,36 @@ import tovu.local.trace.Trace;
 final class ServiceTrace {
     private final Describer describer;
     private final MessageReader in;
+    private final String name; // of the service or callback
 
-    private ServiceTrace(Federate federate, byte[] message) {
-        describer = new Describer(federate);
-        in = new MessageReader(message);
+    private ServiceTrace(Describer describer, MessageReader in, String name) {
+        this.describer = describer;
+        this.in = in;
+        this.name = name;
     }
 
     /** What a service is given. */
-    static List<String> arguments(Federate federate, Service service, byte[] message) {
-        ServiceTrace trace = new ServiceTrace(federate, message);
+    static List<String> arguments(Describer describer, Service service, MessageReader message) {
+        return new ServiceTrace(describer, message, service.standardName()).arguments(service.codes());
+    }
+
+    /** What a callback tells, of a message without what is around it. */
+    static List<String> arguments(Describer describer, CallbackMethod callback, byte[] message) {
+        List<String> parts = List.of(callback.name().split("_"));
+        MessageReader in = new MessageReader(message) {
+            @Override
+            long time() {
+                return longInteger(); // there may be more behind it
+            }
+        };
+        return new ServiceTrace(describer, in, parts.get(0)).arguments(parts.subList(1, parts.size()));
+    }
+
+    private List<String> arguments(List<String> codes) {
         List<String> arguments = new ArrayList<>();
         try {
-            for (String code : service.codes()) {
-                arguments.add(service.standardName().contains("Multiple") && code.equals("S")
-                        ? trace.in.textSet().toString() : trace.argument(code));
+            for (String code : codes) {
+                arguments.add(name.contains("ultiple") && code.equals("S") ? in.textSet().toString() : argument(code));
             }
         } catch (RTIexception | RuntimeException e) {
             arguments.add("? " + e.getMessage());
@@ -37,11 +56,11 @@ final class ServiceTrace {
     }
 
     /** What it gives back. */
-    static List<String> results(Federate federate, Service service, Object result) {
+    static List<String> results(Describer describer, Service service, Object result) {
         return result == null ? List.of() : List.of(switch (result.getClass().getSimpleName()) {
             case "int[]" -> Arrays.toString((int[]) result);
             case "long[]" -> Arrays.toString((long[]) result);
-            case "byte[]" -> result(federate, service, (byte[]) result);
+            case "byte[]" -> result(describer, service, (byte[]) result);
             default -> result.toString();
         });
     }
@@ -63,16 +82,17 @@ final class ServiceTrace {
     }
 
     /** A query gives a time; what is sent gives a retraction handle. */
-    private static String result(Federate federate, Service service, byte[] result) {
-        ServiceTrace trace = new ServiceTrace(federate, result);
-        return service.standardName().startsWith("query") ? trace.describer.time(trace.in.longInteger())
+    private static String result(Describer describer, Service service, byte[] result) {
+        ServiceTrace trace = new ServiceTrace(describer, new MessageReader(result), service.standardName());
+        return trace.name.startsWith("query") ? trace.describer.time(trace.in.longInteger())
                 : "retraction " + trace.in.integer();
     }
 
     private String argument(String code) throws RTIexception {
         return switch (code) {
-            case "S", "URL" -> describer.text(in.text());
-            case "URLX" -> in.textList().toString();
+            case "S" -> describer.text(in.text());
+            case "URL" -> describer.text(in.module().designator());
+            case "URLX" -> in.modules().stream().map(ModuleSource::designator).toList().toString();
             case "BX" -> "tag " + describer.bytes(in.bytes());
             case "Z" -> Boolean.toString(in.flag());
             case "D" -> in.real() + " s";
@@ -99,9 +119,47 @@ final class ServiceTrace {
             case "RB" -> "[" + in.longInteger() + ", " + in.longInteger() + ")";
             case "LT" -> "time " + describer.time(in.time());
             case "LTI" -> describer.time(in.interval());
-            case "MRH" -> "retraction " + in.integer();
+            case "MRH" -> "retraction " + retraction();
+            case "FASRI" -> origin();
+            case "FHSSPX" -> rows(1);
+            case "FRSX" -> rows(2);
+            case "FEIS" -> texts();
             default -> Integer.toString(in.integer());
         };
+    }
+
+    private int retraction() {
+        int number = in.integer();
+        in.bytes(); // none
+        return number;
+    }
+
+    private String origin() {
+        boolean producer = in.flag();
+        boolean regions = !name.equals("removeObjectInstance") && in.flag(); // of which a removal tells nothing
+        return "by " + (producer ? describer.federate(in.handle()) : "somebody")
+                + (regions ? " with " + describer.set(in.handles(), describer::region) : "");
+    }
+
+    /** Rows of federates and a status. */
+    private String rows(int federates) {
+        StringJoiner rows = new StringJoiner(", ", "[", "]");
+        for (int left = in.integer(); left > 0; --left) {
+            StringJoiner row = new StringJoiner(" ");
+            for (int i = 0; i < federates; ++i) {
+                row.add(describer.federate(in.handle()));
+            }
+            rows.add(row.add(Integer.toString(in.integer())).toString());
+        }
+        return rows.toString();
+    }
+
+    private String texts() {
+        StringJoiner rows = new StringJoiner(", ", "[", "]");
+        for (int left = in.integer(); left > 0; --left) {
+            rows.add(in.text() + " " + in.text());
+        }
+        return rows.toString();
     }
 
     private static String resignAction(int code) {

@@ -7,6 +7,7 @@ import tovu.local.delivery.CallbackMethod;
 import tovu.local.model.Callback;
 import tovu.local.model.Federate;
 import tovu.local.model.FederateCallbacks;
+import tovu.local.record.RecordedConnection;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
 
@@ -55,6 +56,11 @@ final class EncodedCallback {
 
     FrameWriter frame(FrameType type) {
         return new FrameWriter(type, NUMBERS + (message == null ? 0 : message.length));
+    }
+
+    /** Records what was made last. */
+    void record(RecordedConnection recording, long number) {
+        recording.callback(number, method.ordinal(), message);
     }
 
     /** Puts what was made last to the end of a frame. */

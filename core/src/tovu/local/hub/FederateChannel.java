@@ -20,6 +20,7 @@ import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
 import morva.tovu1516e.MalformedMessage;
 import tovu.local.model.Federate;
+import tovu.local.record.RecordedConnection;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
@@ -38,6 +39,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     private final HubAmbassador ambassador = new HubAmbassador(this::connect);
     private final Queue<byte[]> outgoing = new ConcurrentLinkedQueue<>();
     private final AtomicBoolean writing = new AtomicBoolean();
+    private RecordedConnection recording = RecordedConnection.NONE;
     private RemoteSink sink; // once it has connected
     private boolean greeted;
     private boolean ended;
@@ -50,7 +52,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     }
 
     private RemoteSink connect(int context) {
-        sink = new RemoteSink(context, ambassador.session()::federate, this::send);
+        sink = new RemoteSink(context, ambassador.session()::federate, recording, this::send);
         return sink;
     }
 
@@ -140,6 +142,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             return;
         }
         greeted = true;
+        recording = hub.record(channel.remoteAddress().toString());
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
@@ -179,6 +182,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     private void request(int number, long begun, long endedUpTo, int service, byte[] message) {
         progress(begun, endedUpTo);
+        recording.request(number, service, begun, endedUpTo, message);
         if (!HubAmbassador.isLong(service)) {
             send(serve(number, service, message));
             return;
@@ -203,7 +207,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     private byte[] serve(int number, int service, byte[] message) {
         try {
             FrameWriter reply = new FrameWriter(FrameType.REPLY).integer(number);
-            Result.write(reply, ambassador.serve(service, message));
+            Object result = ambassador.serve(service, message);
+            recording.result(number, result);
+            Result.write(reply, result);
             return reply.end();
         } catch (RTIexception e) {
             return failure(number, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
@@ -215,7 +221,8 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
     }
 
-    private static byte[] failure(int number, String exception, String text) {
+    private byte[] failure(int number, String exception, String text) {
+        recording.failure(number, exception, text);
         return new FrameWriter(FrameType.FAILURE).integer(number).text(exception).text(text).end();
     }
 
@@ -252,6 +259,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
         ended = true;
         hub.left(this);
+        recording.closed(reason);
         ambassador.session().abandon(reason);
         outgoing.clear();
         channel.writeAndFlush(Unpooled.wrappedBuffer(new FrameWriter(FrameType.CLOSING).text(reason).end()))

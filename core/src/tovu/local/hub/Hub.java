@@ -25,6 +25,8 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicInteger;
+import tovu.local.record.RecordedConnection;
+import tovu.local.record.Recorder;
 import tovu.local.wire.Protocol;
 
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
@@ -40,11 +42,13 @@ final class Hub {
     private final ExecutorService longServices = Executors.newCachedThreadPool();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
     private final AtomicInteger connections = new AtomicInteger();
+    private final Recorder recorder; // null for none
     private Channel server;
 
     Hub(HubSettings settings) throws IOException {
         this.settings = settings;
         tls = settings.certificate() == null ? null : tls();
+        recorder = settings.recording() == null ? null : new Recorder(settings.recording());
     }
 
     private SslContext tls() throws IOException {
@@ -106,6 +110,11 @@ final class Hub {
         return new LengthFieldBasedFrameDecoder(greatest, 0, Protocol.LENGTH_BYTES, 0, Protocol.LENGTH_BYTES);
     }
 
+    /** What takes what crosses the connection from that address. */
+    RecordedConnection record(String address) {
+        return recorder == null ? RecordedConnection.NONE : recorder.opened(address);
+    }
+
     void serveLong(Runnable service) {
         longServices.execute(service);
     }
@@ -127,5 +136,8 @@ final class Hub {
         serving.shutdownGracefully(0, 2, TimeUnit.SECONDS).syncUninterruptibly();
         listening.shutdownGracefully(0, 1, TimeUnit.SECONDS).syncUninterruptibly();
         longServices.shutdownNow();
+        if (recorder != null) {
+            recorder.close();
+        }
     }
 }

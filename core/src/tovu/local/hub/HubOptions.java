@@ -29,6 +29,7 @@ final class HubOptions {
               --connections NUMBER    how many there may be at once (1000)
               --greatest-message MB   a message that is greater ends its connection (64)
               --web [HOST:PORT]       shows the federations on a page (without an address 127.0.0.1:15161)
+              --record FILE           records what crosses, for rti1516e-replay
               --config FILE           a file of such settings: a line each, such as lost-after = 5
               --help, --version       says so and ends
 
@@ -38,7 +39,7 @@ final class HubOptions {
             """;
 
     private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "lost-after",
-            "queue-limit", "connections", "greatest-message", "config", "web", "list", "ca");
+            "queue-limit", "connections", "greatest-message", "config", "web", "list", "ca", "record");
     private static final Set<String> FLAGS = Set.of("insecure", "help", "version", "json");
     private static final Map<String, String> DEFAULTS = Map.of("web", "127.0.0.1:" + WebServer.DEFAULT_PORT);
     private static final int MEGABYTE_BITS = 20;
@@ -138,7 +139,8 @@ final class HubOptions {
             throw new WrongOption("--client-ca needs --certificate and --key");
         }
         return new HubSettings(endpoint("listen", "127.0.0.1:" + Protocol.DEFAULT_PORT),
-                values.containsKey("web") ? endpoint("web", null) : null, file("certificate"), file("key"), file("client-ca"), values.containsKey("insecure"),
+                values.containsKey("web") ? endpoint("web", null) : null, file("record"),
+                file("certificate"), file("key"), file("client-ca"), values.containsKey("insecure"),
                 number("lost-after", "20", 0, 86_400),
                 (long) number("queue-limit", "256", 1, 1 << MEGABYTE_BITS) << MEGABYTE_BITS,
                 number("connections", "1000", 1, 1_000_000),

@@ -13,6 +13,7 @@ import tovu.local.model.Callback;
 import tovu.local.model.CallbackSink;
 import tovu.local.model.Federate;
 import tovu.local.model.Message;
+import tovu.local.record.RecordedConnection;
 import tovu.local.wire.CallbackFlags;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
@@ -36,6 +37,7 @@ final class RemoteSink implements CallbackSink {
     }
 
     private final Consumer<byte[]> out;
+    private final RecordedConnection recording;
     private final Deque<Sent> unsettled = new ArrayDeque<>();
     private final Map<Callback, Sent> retractable = new IdentityHashMap<>();
     private final Map<Long, Sent> retracted = new HashMap<>(); // and maybe begun before the federate knew
@@ -48,8 +50,9 @@ final class RemoteSink implements CallbackSink {
      * @param member  whose callbacks they are, or null
      * @param out     takes the frames, in order
      */
-    RemoteSink(int context, Supplier<Federate> member, Consumer<byte[]> out) {
+    RemoteSink(int context, Supplier<Federate> member, RecordedConnection recording, Consumer<byte[]> out) {
         this.out = out;
+        this.recording = recording;
         told = new EncodedCallback(context, member);
         answer = new EncodedCallback(context, member);
     }
@@ -69,6 +72,7 @@ final class RemoteSink implements CallbackSink {
         if (foresight == Callback.Foresight.NONE) {
             out.accept(new FrameWriter(FrameType.LATE_CALLBACK).longInteger(++last).octet(flags).end());
         } else if (told.make(callback, callback::foretell)) {
+            told.record(recording, last + 1);
             out.accept(told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
                     .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end());
         } else {
@@ -123,10 +127,13 @@ final class RemoteSink implements CallbackSink {
             retractable.remove(sent.callback);
         }
         Callback callback = sent.callback;
-        if (callback.foresight() == Callback.Foresight.NONE) {
-            return answer(request, answer.make(callback, callback::deliver));
+        boolean something = callback.foresight() == Callback.Foresight.NONE
+                ? answer.make(callback, callback::deliver)
+                : callback.begin() && answer.make(callback, callback::foretell);
+        if (something) {
+            answer.record(recording, number);
         }
-        return answer(request, callback.begin() && answer.make(callback, callback::foretell));
+        return answer(request, something);
     }
 
     private byte[] answer(int request, boolean something) {
@@ -152,6 +159,8 @@ final class RemoteSink implements CallbackSink {
         if (known) {
             post(instead);
         } else if (!numbers.isEmpty() && told.make(instead, instead::foretell)) {
+            recording.retracted(numbers);
+            told.record(recording, last + 1);
             FrameWriter frame = told.frame(FrameType.RETRACT).integer(numbers.size());
             numbers.forEach(frame::longInteger);
             out.accept(told.put(frame.longInteger(++last)).end());

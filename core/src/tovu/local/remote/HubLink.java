@@ -324,6 +324,11 @@ public final class HubLink {
         return frame.longInteger(begun).longInteger(ended);
     }
 
+    /** The number of the last callback that has begun. */
+    public synchronized long begun() {
+        return begun;
+    }
+
     private synchronized void review(long number) {
         reviewed = number;
     }
