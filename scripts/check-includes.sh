@@ -25,3 +25,41 @@ while IFS=: read -r file line include; do
       ;;
   esac
 done < <(git grep -nE '^ *#include "' -- src | sed -E 's/ *#include "//')
+
+# Likewise the packages of core/, from the lowest up: a class names none of a package above its own.
+packages=(
+  hla.rti1516e.exceptions
+  tovu.local.fom
+  tovu.local.model.value
+  tovu.local.model.port
+  tovu.local.model.time
+  tovu.local.model.exchange
+  tovu.local.model.synchronization
+  tovu.local.model.save
+  tovu.local.model.federation
+  tovu.local.management
+  tovu.local.watch
+  tovu.local.trace
+  tovu.local.wire
+  tovu.local.delivery
+  tovu.local.remote
+  morva.tovu1516e
+  tovu.local.record
+  tovu.local.hub
+)
+declare -A height
+for i in "${!packages[@]}"; do
+  height[${packages[i]}]=$i
+done
+echo "== imports"
+while IFS=: read -r file line class; do
+  from=${file#core/src/}
+  from=${from%/*}
+  from=${from//\//.}
+  to=${class%.*}
+  : "${height[$from]?"$file: the package $from is not known here"}" "${height[$to]?"$file:$line: the package $to is not known here"}"
+  if ((height[$to] > height[$from])); then
+    echo "$file:$line: $from may not use $to" >&2
+    exit 1
+  fi
+done < <(git grep -nwoE '(hla|morva|tovu)(\.[a-z0-9]+)+\.([A-Z]\w*|\*)' -- 'core/src/*.java')

@@ -4,11 +4,12 @@ import java.util.List;
 import java.util.stream.Collectors;
 import java.util.stream.IntStream;
 import tovu.local.fom.ModuleSource;
-import tovu.local.model.Callback;
-import tovu.local.model.CallbackSink;
-import tovu.local.model.FederationPlan;
-import tovu.local.model.Federations;
-import tovu.local.model.Session;
+import tovu.local.management.Manager;
+import tovu.local.model.federation.FederationPlan;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Session;
+import tovu.local.model.port.Callback;
+import tovu.local.model.port.CallbackSink;
 
 /** Prints how much of the Java heap an object instance takes that two federates know. */
 final class ObjectMemory {
@@ -42,12 +43,13 @@ final class ObjectMemory {
                 .mapToObj(i -> "<attribute><name>a" + i + "</name></attribute>")
                 .collect(Collectors.joining("", "<objectModel><objects><objectClass><name>HLAobjectRoot</name>"
                         + "<objectClass><name>Track</name>", "</objectClass></objectClass></objects></objectModel>")));
-        Session owner = new Session(Federations.ofProcess());
+        Federations federations = new Federations(Manager::new);
+        Session owner = new Session(federations);
         owner.connect(new Silence());
         owner.createFederationExecution(new FederationPlan("tracks", List.of(ModuleSource.file(fom.toString())), null, ""));
         Files.delete(fom);
         owner.join("owner", "test", "tracks", List.of());
-        Session reader = new Session(Federations.ofProcess());
+        Session reader = new Session(federations);
         reader.connect(new Silence());
         reader.join("reader", "test", "tracks", List.of());
         int track = owner.call((federation, federate) -> federation.lookups().objectClassHandle("Track"));

@@ -2,7 +2,7 @@ import java.util.ArrayList;
 import java.util.List;
 import java.util.Random;
 import java.util.TreeMap;
-import tovu.local.model.HandleMap;
+import tovu.local.model.value.HandleMap;
 
 /** That a handle map holds what any map would, also where many handles want one place, or the last one. */
 final class HandleMapTest {

@@ -2,14 +2,14 @@ import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
 import java.util.List;
 import tovu.local.management.Manager;
-import tovu.local.model.Callback;
-import tovu.local.model.CallbackSink;
-import tovu.local.model.Federate;
-import tovu.local.model.FederateCallbacks;
-import tovu.local.model.Federation;
-import tovu.local.model.FederationPlan;
-import tovu.local.model.Federations;
-import tovu.local.model.Session;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.federation.Federation;
+import tovu.local.model.federation.FederationPlan;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Session;
+import tovu.local.model.port.Callback;
+import tovu.local.model.port.CallbackSink;
+import tovu.local.model.port.FederateCallbacks;
 
 /** What happens to a session while the federation's lock is somebody else's. */
 final class SessionTest {

@@ -2,10 +2,10 @@ package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.List;
-import tovu.local.model.Federate;
-import tovu.local.model.Federation;
-import tovu.local.model.ServiceCall;
-import tovu.local.model.Session;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.federation.Federation;
+import tovu.local.model.federation.Session;
+import tovu.local.model.value.ServiceCall;
 import tovu.local.remote.HubLink;
 import tovu.local.trace.Describer;
 import tovu.local.trace.Trace;

@@ -4,8 +4,8 @@ import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
 import tovu.local.delivery.CallbackDelivery;
 import tovu.local.management.Manager;
-import tovu.local.model.Federations;
-import tovu.local.model.Session;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Session;
 import tovu.local.remote.HubLink;
 
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */

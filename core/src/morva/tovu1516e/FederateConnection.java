@@ -10,7 +10,7 @@ import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.TimeUnit;
 import tovu.local.delivery.CallbackDelivery;
 import tovu.local.delivery.CallbackPort;
-import tovu.local.model.FederateCallbacks;
+import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
 import tovu.local.watch.ProcessPage;

@@ -7,8 +7,8 @@ import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.UnsupportedCallbackModel;
 import java.util.List;
 import java.util.Set;
-import tovu.local.model.FederationPlan;
-import tovu.local.model.ResignAction;
+import tovu.local.model.federation.FederationPlan;
+import tovu.local.model.value.ResignAction;
 
 /** Federation management. */
 abstract class FederationServices extends AmbassadorServices {

@@ -9,9 +9,9 @@ import java.util.function.Function;
 import java.util.function.IntFunction;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
-import tovu.local.model.CallbackSink;
-import tovu.local.model.Federations;
-import tovu.local.model.Session;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Session;
+import tovu.local.model.port.CallbackSink;
 
 /** An ambassador at a hub, whose federate is elsewhere: its services come as numbers and messages. */
 public final class HubAmbassador extends RegionServices {

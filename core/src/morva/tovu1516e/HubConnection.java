@@ -2,7 +2,7 @@ package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.function.IntFunction;
-import tovu.local.model.CallbackSink;
+import tovu.local.model.port.CallbackSink;
 
 /** The connection, at a hub, of an ambassador whose federate is elsewhere. */
 final class HubConnection extends Connection {

@@ -12,9 +12,9 @@ import java.util.List;
 import java.util.Set;
 import java.util.TreeSet;
 import tovu.local.fom.ModuleSource;
-import tovu.local.model.HandleValues;
-import tovu.local.model.RegionManagement;
-import tovu.local.model.Timing;
+import tovu.local.model.exchange.RegionManagement;
+import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.Timing;
 
 /** Reads the arguments of one service message in their order. A message shorter than its arguments is a fault. */
 class MessageReader {

@@ -5,8 +5,7 @@ import static morva.tovu1516e.Service.*;
 import hla.rti1516e.exceptions.RTIexception;
 import java.nio.ByteBuffer;
 import java.util.Set;
-import tovu.local.fom.OrderType;
-import tovu.local.model.Timing;
+import tovu.local.model.value.Timing;
 
 /** Object management. */
 abstract class ObjectServices extends DeclarationServices {

@@ -6,7 +6,7 @@ import java.util.List;
 import java.util.function.IntUnaryOperator;
 import tovu.local.delivery.CallbackMethod;
 import tovu.local.fom.ModuleSource;
-import tovu.local.model.FederationPlan;
+import tovu.local.model.federation.FederationPlan;
 import tovu.local.trace.Describer;
 
 /** Reads messages of services as a hub got them. */

@@ -3,7 +3,7 @@ package morva.tovu1516e;
 import static morva.tovu1516e.Service.*;
 
 import hla.rti1516e.exceptions.RTIexception;
-import tovu.local.model.Timing;
+import tovu.local.model.value.Timing;
 
 /** Data distribution management. */
 abstract class RegionServices extends TimeServices {

@@ -7,10 +7,10 @@ import java.util.List;
 import java.util.StringJoiner;
 import tovu.local.delivery.CallbackMethod;
 import tovu.local.fom.ModuleSource;
-import tovu.local.model.Federate;
-import tovu.local.model.RegionManagement;
-import tovu.local.model.ResignAction;
-import tovu.local.model.ServiceCall;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.exchange.RegionManagement;
+import tovu.local.model.value.ResignAction;
+import tovu.local.model.value.ServiceCall;
 import tovu.local.trace.Describer;
 import tovu.local.trace.Trace;
 

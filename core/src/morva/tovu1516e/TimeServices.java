@@ -4,8 +4,8 @@ import static morva.tovu1516e.Service.*;
 
 import hla.rti1516e.exceptions.RTIexception;
 import java.nio.ByteBuffer;
-import tovu.local.model.AdvanceKind;
-import tovu.local.model.LogicalTime;
+import tovu.local.model.time.AdvanceKind;
+import tovu.local.model.value.LogicalTime;
 
 /** Time management. */
 abstract class TimeServices extends OwnershipServices {

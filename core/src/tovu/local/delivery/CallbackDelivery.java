@@ -9,10 +9,10 @@ import java.util.Queue;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.locks.ReentrantLock;
 import java.util.function.Supplier;
-import tovu.local.model.Callback;
-import tovu.local.model.CallbackSink;
-import tovu.local.model.Federate;
-import tovu.local.model.FederateCallbacks;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.port.Callback;
+import tovu.local.model.port.CallbackSink;
+import tovu.local.model.port.FederateCallbacks;
 import tovu.local.trace.CallbackTrace;
 import tovu.local.trace.Trace;
 

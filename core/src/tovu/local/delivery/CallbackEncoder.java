@@ -7,17 +7,17 @@ import java.util.List;
 import java.util.Set;
 import tovu.local.fom.OrderType;
 import tovu.local.fom.Transportation;
-import tovu.local.model.FederateCallbacks;
-import tovu.local.model.FederateRestoreStatus;
-import tovu.local.model.FederateSaveStatus;
-import tovu.local.model.FederationInformation;
-import tovu.local.model.HandleValues;
-import tovu.local.model.LogicalTime;
-import tovu.local.model.RestoreFailureReason;
-import tovu.local.model.SaveFailureReason;
-import tovu.local.model.Stamp;
-import tovu.local.model.Supplement;
-import tovu.local.model.SynchronizationPointFailureReason;
+import tovu.local.model.port.FederateCallbacks;
+import tovu.local.model.value.FederateRestoreStatus;
+import tovu.local.model.value.FederateSaveStatus;
+import tovu.local.model.value.FederationInformation;
+import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.LogicalTime;
+import tovu.local.model.value.RestoreFailureReason;
+import tovu.local.model.value.SaveFailureReason;
+import tovu.local.model.value.Stamp;
+import tovu.local.model.value.Supplement;
+import tovu.local.model.value.SynchronizationPointFailureReason;
 
 /** Makes each callback a message and hands it on. */
 final class CallbackEncoder implements FederateCallbacks {

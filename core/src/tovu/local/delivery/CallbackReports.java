@@ -1,9 +1,9 @@
 package tovu.local.delivery;
 
 import java.util.List;
-import tovu.local.model.Federate;
-import tovu.local.model.ServiceCall;
-import tovu.local.model.Session;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.federation.Session;
+import tovu.local.model.value.ServiceCall;
 import tovu.local.trace.CallbackTrace;
 
 /** Has management report the callbacks to federates whose services are reported. */

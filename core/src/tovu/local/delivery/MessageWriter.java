@@ -9,9 +9,9 @@ import java.util.List;
 import java.util.function.BiConsumer;
 import tovu.local.fom.OrderType;
 import tovu.local.fom.Transportation;
-import tovu.local.model.HandleValues;
-import tovu.local.model.LogicalTime;
-import tovu.local.model.Supplement;
+import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.LogicalTime;
+import tovu.local.model.value.Supplement;
 
 /** Writes callback messages, one after the other, into a buffer of its own. Not for several threads at once. */
 final class MessageWriter {

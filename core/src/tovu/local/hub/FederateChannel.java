@@ -19,7 +19,7 @@ import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
 import morva.tovu1516e.MalformedMessage;
-import tovu.local.model.Federate;
+import tovu.local.model.exchange.Federate;
 import tovu.local.record.RecordedConnection;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;

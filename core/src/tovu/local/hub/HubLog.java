@@ -1,7 +1,7 @@
 package tovu.local.hub;
 
 import io.netty.channel.Channel;
-import tovu.local.watch.Journal;
+import tovu.local.management.Journal;
 
 /** What a hub says on its standard error stream: one line for each thing that whoever runs it may want to know. */
 final class HubLog {

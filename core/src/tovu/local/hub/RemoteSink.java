@@ -9,10 +9,10 @@ import java.util.List;
 import java.util.Map;
 import java.util.function.Consumer;
 import java.util.function.Supplier;
-import tovu.local.model.Callback;
-import tovu.local.model.CallbackSink;
-import tovu.local.model.Federate;
-import tovu.local.model.Message;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.port.Callback;
+import tovu.local.model.port.CallbackSink;
+import tovu.local.model.port.RetractableCallback;
 import tovu.local.record.RecordedConnection;
 import tovu.local.wire.CallbackFlags;
 import tovu.local.wire.FrameType;
@@ -81,7 +81,7 @@ final class RemoteSink implements CallbackSink {
         if (foresight != Callback.Foresight.CERTAIN) {
             Sent sent = new Sent(last, callback);
             unsettled.add(sent);
-            if (callback instanceof Message theMessage && theMessage.isRetractable()) {
+            if (callback instanceof RetractableCallback message && message.isRetractable()) {
                 retractable.put(callback, sent);
             }
         }
@@ -142,10 +142,10 @@ final class RemoteSink implements CallbackSink {
     }
 
     @Override
-    public synchronized void retract(List<? extends Message> messages, Callback instead) {
+    public synchronized void retract(List<? extends RetractableCallback> messages, Callback instead) {
         List<Long> numbers = new ArrayList<>(1);
         boolean known = false;
-        for (Message each : messages) {
+        for (RetractableCallback each : messages) {
             Sent sent = retractable.remove(each);
             boolean unseen = each.retract();
             if (sent == null) {

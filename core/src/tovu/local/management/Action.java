@@ -1,8 +1,8 @@
 package tovu.local.management;
 
 import hla.rti1516e.exceptions.RTIexception;
-import tovu.local.model.Federate;
-import tovu.local.model.Federation;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.federation.Federation;
 
 /** What an interaction asks for. */
 @FunctionalInterface

@@ -2,9 +2,9 @@ package tovu.local.management;
 
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.Map;
-import tovu.local.model.Federate;
-import tovu.local.model.Federation;
-import tovu.local.model.Oversight;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.exchange.Oversight;
+import tovu.local.model.federation.Federation;
 
 /** HLAadjust: changes to how management serves a federate or the federation. */
 final class Adjustments {

@@ -5,10 +5,9 @@ import java.util.Map;
 import java.util.function.Function;
 import tovu.local.fom.InteractionClass;
 import tovu.local.fom.OrderType;
-import tovu.local.fom.Transportation;
-import tovu.local.model.HandleValues;
-import tovu.local.model.ResignAction;
-import tovu.local.model.Timing;
+import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.ResignAction;
+import tovu.local.model.value.Timing;
 
 /** The parameters of a management interaction, by name. */
 final class Arguments {

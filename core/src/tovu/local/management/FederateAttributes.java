@@ -3,10 +3,10 @@ package tovu.local.management;
 import java.util.List;
 import java.util.function.BiConsumer;
 import java.util.function.Function;
-import tovu.local.model.Condition;
-import tovu.local.model.Federate;
-import tovu.local.model.Oversight;
-import tovu.local.model.Tally;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.exchange.Oversight;
+import tovu.local.model.exchange.Tally;
+import tovu.local.model.value.Condition;
 
 /** The attributes of HLAmanager.HLAfederate. */
 final class FederateAttributes {

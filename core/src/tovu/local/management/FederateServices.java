@@ -3,8 +3,8 @@ package tovu.local.management;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.HashMap;
 import java.util.Map;
-import tovu.local.model.AdvanceKind;
-import tovu.local.model.Federation;
+import tovu.local.model.federation.Federation;
+import tovu.local.model.time.AdvanceKind;
 
 /** HLAmanager.HLAfederate.HLAservice: services on behalf of the federate that the interaction names. */
 final class FederateServices {

@@ -1,8 +1,8 @@
 package tovu.local.management;
 
 import java.util.List;
-import tovu.local.model.Federate;
-import tovu.local.model.Federation;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.federation.Federation;
 
 /** The attributes of HLAmanager.HLAfederation. */
 final class FederationAttributes {

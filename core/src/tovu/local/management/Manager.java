@@ -17,19 +17,18 @@ import tovu.local.fom.Attribute;
 import tovu.local.fom.InteractionClass;
 import tovu.local.fom.ObjectClass;
 import tovu.local.fom.ObjectModel;
-import tovu.local.model.Callback;
-import tovu.local.model.CallbackSink;
-import tovu.local.model.Clock;
-import tovu.local.model.Federate;
-import tovu.local.model.FederateCallbacks;
-import tovu.local.model.Federation;
-import tovu.local.model.HandleValues;
-import tovu.local.model.Management;
-import tovu.local.model.RegionManagement;
-import tovu.local.model.ServiceCall;
-import tovu.local.model.Supplement;
-import tovu.local.model.Timing;
-import tovu.local.watch.Journal;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.exchange.Management;
+import tovu.local.model.exchange.RegionManagement;
+import tovu.local.model.federation.Federation;
+import tovu.local.model.port.Callback;
+import tovu.local.model.port.CallbackSink;
+import tovu.local.model.port.FederateCallbacks;
+import tovu.local.model.time.Clock;
+import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.ServiceCall;
+import tovu.local.model.value.Supplement;
+import tovu.local.model.value.Timing;
 
 /**
  * The management object model of one federation. It is the ambassador of the federation's own federate: what that is

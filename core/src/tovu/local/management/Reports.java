@@ -6,10 +6,10 @@ import java.util.TreeMap;
 import java.util.function.Consumer;
 import tovu.local.fom.Dimension;
 import tovu.local.fom.InteractionClass;
-import tovu.local.model.Federate;
-import tovu.local.model.Federation;
-import tovu.local.model.HandleValues;
-import tovu.local.model.Timing;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.federation.Federation;
+import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.Timing;
 
 /** Sends reports, to those who subscribe to them. */
 final class Reports {

@@ -10,11 +10,11 @@ import java.util.function.Function;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.Transportation;
 import tovu.local.management.Reports.Parameters;
-import tovu.local.model.Federate;
-import tovu.local.model.FederateStatus;
-import tovu.local.model.Federation;
-import tovu.local.model.Oversight;
-import tovu.local.model.Tally;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.exchange.FederateStatus;
+import tovu.local.model.exchange.Oversight;
+import tovu.local.model.exchange.Tally;
+import tovu.local.model.federation.Federation;
 
 /** HLArequest: each is answered with reports. */
 final class Requests {

@@ -6,7 +6,7 @@ import java.util.Collection;
 import java.util.List;
 import java.util.function.BiConsumer;
 import java.util.function.Consumer;
-import tovu.local.model.LogicalTime;
+import tovu.local.model.value.LogicalTime;
 
 /**
  * Writes values of the MIM's data types. All of them are made of 32-bit integers, most significant byte first, and of

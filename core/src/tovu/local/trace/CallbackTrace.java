@@ -6,10 +6,10 @@ import java.lang.reflect.Proxy;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.function.Supplier;
-import tovu.local.model.Federate;
-import tovu.local.model.FederateCallbacks;
-import tovu.local.model.HandleValues;
-import tovu.local.model.Supplement;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.port.FederateCallbacks;
+import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.Supplement;
 
 /** Puts callbacks into words. What a handle stands for is told by the parameter's name. */
 public final class CallbackTrace {

@@ -3,8 +3,8 @@ package tovu.local.trace;
 import java.util.StringJoiner;
 import java.util.function.IntFunction;
 import java.util.function.IntUnaryOperator;
-import tovu.local.model.Federate;
-import tovu.local.model.HandleValues;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.value.HandleValues;
 
 /** Writes handles as the names of what they stand for. */
 public final class Describer {

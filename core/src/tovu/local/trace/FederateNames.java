@@ -3,8 +3,8 @@ package tovu.local.trace;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.function.Supplier;
 import tovu.local.fom.ObjectModel;
-import tovu.local.model.Federate;
-import tovu.local.model.TimeFamily;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.value.TimeFamily;
 
 /** Names as one federate knows them. */
 final class FederateNames extends ModelNames {

@@ -1,6 +1,6 @@
 package tovu.local.trace;
 
-import tovu.local.model.TimeFamily;
+import tovu.local.model.value.TimeFamily;
 
 /** What handles stand for, each null where nothing is known of it. */
 public interface Names {

@@ -1,7 +1,7 @@
 package tovu.local.trace;
 
 import java.util.List;
-import tovu.local.model.Federate;
+import tovu.local.model.exchange.Federate;
 
 /**
  * The trace of service calls and callbacks on the standard error stream, for a federate's author to see what happens.

@@ -1,16 +1,16 @@
 package tovu.local.watch;
 
-import java.util.concurrent.TimeUnit;
 import java.util.Map;
 import java.util.TreeMap;
+import java.util.concurrent.TimeUnit;
 import java.util.function.IntFunction;
-import tovu.local.model.AdvanceKind;
-import tovu.local.model.Federate;
-import tovu.local.model.FederateStatus;
-import tovu.local.model.FederateStatus.Progress;
-import tovu.local.model.LogicalTime;
-import tovu.local.model.Oversight;
-import tovu.local.model.Tally;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.exchange.FederateStatus;
+import tovu.local.model.exchange.FederateStatus.Progress;
+import tovu.local.model.exchange.Oversight;
+import tovu.local.model.exchange.Tally;
+import tovu.local.model.time.AdvanceKind;
+import tovu.local.model.value.LogicalTime;
 
 /**
  * A federate at one moment. Times and intervals are null where there are none.
@@ -35,11 +35,10 @@ record FederateView(int handle, String name, String type, boolean regulating, bo
     static FederateView of(Federate federate, double silent) {
         FederateStatus status = federate.status();
         Oversight counted = federate.oversight();
-        Federate holder = status.heldBy();
         return new FederateView(federate.handle(), federate.name(), federate.type(), status.isRegulating(),
                 status.isConstrained(), status.lookahead(), status.logicalTime(), status.galt(), status.progress(),
                 status.advance() == null ? null : service(status.advance()), status.requested(),
-                status.unchangedFor() / (double) TimeUnit.SECONDS.toNanos(1), holder == null ? 0 : holder.handle(),
+                status.unchangedFor() / (double) TimeUnit.SECONDS.toNanos(1), status.heldBy(),
                 status.receiveOrderQueued(), status.timestampOrderQueued(), counted.services(), silent,
                 named(counted.updatesSent, handle -> federate.federation().objectModel().objectClass(handle).name()),
                 named(counted.interactionsSent,

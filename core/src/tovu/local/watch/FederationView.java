@@ -6,9 +6,9 @@ import java.util.Map;
 import java.util.TreeMap;
 import java.util.function.Function;
 import java.util.function.ToDoubleFunction;
-import tovu.local.model.Federate;
-import tovu.local.model.Federation;
-import tovu.local.model.LogicalTime;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.federation.Federation;
+import tovu.local.model.value.LogicalTime;
 
 /**
  * A federation at one moment, as its model and management tell. All that is shown of one, in whatever form, comes

@@ -4,7 +4,8 @@ import java.util.Locale;
 import java.util.Map;
 import java.util.function.BiConsumer;
 import java.util.function.Function;
-import tovu.local.model.FederateStatus.Progress;
+import tovu.local.management.Journal;
+import tovu.local.model.exchange.FederateStatus.Progress;
 
 /** A sample in the text format of Prometheus. */
 final class Metrics {

@@ -4,7 +4,7 @@ import java.io.IOException;
 import java.net.InetSocketAddress;
 import java.util.Collection;
 import java.util.function.Supplier;
-import tovu.local.model.Federation;
+import tovu.local.model.federation.Federation;
 
 /** The page of a process without a hub: where the system property tovu.web says. */
 public final class ProcessPage {

@@ -3,6 +3,7 @@ package tovu.local.watch;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
+import tovu.local.management.Journal;
 
 /**
  * All federations of the process at one moment.

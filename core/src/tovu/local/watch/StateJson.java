@@ -4,6 +4,7 @@ import java.time.Instant;
 import java.util.Locale;
 import java.util.Set;
 import java.util.TreeSet;
+import tovu.local.management.Journal;
 
 /** A sample as JSON; docs/watch.md tells what is in it. */
 final class StateJson {

@@ -6,7 +6,7 @@ import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
-import tovu.local.model.FederateStatus.Progress;
+import tovu.local.model.exchange.FederateStatus.Progress;
 
 /** Who holds the others up, in words. */
 final class Waits {

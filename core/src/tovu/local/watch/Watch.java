@@ -9,8 +9,8 @@ import java.util.Map;
 import java.util.WeakHashMap;
 import java.util.concurrent.TimeUnit;
 import java.util.function.Supplier;
-import tovu.local.model.Federate;
-import tovu.local.model.Federation;
+import tovu.local.model.exchange.Federate;
+import tovu.local.model.federation.Federation;
 
 /**
  * Looks at all federations once a second. However many look on, a federation's lock is taken no more often, and only

@@ -19,7 +19,7 @@ import java.util.concurrent.Semaphore;
 import java.util.function.Supplier;
 import javax.net.ssl.SSLContext;
 import javax.net.ssl.SSLParameters;
-import tovu.local.model.Federation;
+import tovu.local.model.federation.Federation;
 
 /** Shows the federations of this process to whoever asks, as a page and as figures. Nothing can be changed from there. */
 public final class WebServer {

@@ -1,0 +1,15 @@
+package tovu.local.model.value;
+
+/**
+ * Whether a message is sent with a time, and with which.
+ *
+ * @param isTimed whether it is
+ * @param bits    the bytes of the time
+ */
+public record Timing(boolean isTimed, long bits) {
+    public static final Timing NONE = new Timing(false, 0);
+
+    public static Timing at(long bits) {
+        return new Timing(true, bits);
+    }
+}
