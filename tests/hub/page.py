@@ -7,10 +7,11 @@ import os
 import re
 import subprocess
 import sys
-import threading
 import time
 import urllib.error
 import urllib.request
+
+from programs import Program, start, within
 
 hub_path, player_path, fom = sys.argv[1:4]
 pictures = sys.argv[4] if len(sys.argv) > 4 else None
@@ -26,39 +27,9 @@ if not all(map(os.path.exists, ("/usr/bin/chromium", "/usr/bin/chromedriver"))):
     sys.exit(77)
 
 
-class Program:
-    """A process and the lines that it prints."""
-
-    def __init__(self, *command):
-        self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        self.lines = []
-        threading.Thread(target=lambda: self.lines.extend(iter(self.process.stdout.readline, "")), daemon=True).start()
-
-    def line(self, pattern):
-        return next(filter(None, (re.match(pattern, each) for each in list(self.lines))), None)
-
-    def tell(self, *actions):
-        for action in actions:
-            self.lines.clear()
-            self.process.stdin.write(action + "\n")
-            self.process.stdin.flush()
-            assert within(30, lambda: self.line("(done|failed) ")), action
-            assert not self.line("failed "), self.lines
-
-
-def within(seconds, condition):
-    end = time.monotonic() + seconds
-    result = condition()
-    while not result and time.monotonic() < end:
-        time.sleep(0.02)
-        result = condition()
-    return result
-
-
-hub = Program(hub_path, "--listen", "127.0.0.1:0", "--web", "127.0.0.1:0")
-within(30, lambda: hub.line("listening on "))
+hub, address = start(hub_path, "--web", "127.0.0.1:0")
 page = hub.line("page at (.*)")[1]
-connect = "connect hub=" + hub.line("listening on (.*)")[1]
+connect = "connect hub=" + address
 
 
 def get(path, host=None, method="GET"):

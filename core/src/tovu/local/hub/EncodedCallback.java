@@ -58,9 +58,9 @@ final class EncodedCallback {
         return new FrameWriter(type, NUMBERS + (message == null ? 0 : message.length));
     }
 
-    /** Records what was made last. */
-    void record(RecordedConnection recording, long number) {
-        recording.callback(number, method.ordinal(), message);
+    /** Records what was made last; late is what was made when it was its turn. */
+    void record(RecordedConnection recording, long number, boolean late) {
+        recording.callback(number, late, method.ordinal(), message);
     }
 
     /** Puts what was made last to the end of a frame. */

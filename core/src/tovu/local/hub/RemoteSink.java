@@ -72,7 +72,7 @@ final class RemoteSink implements CallbackSink {
         if (foresight == Callback.Foresight.NONE) {
             out.accept(new FrameWriter(FrameType.LATE_CALLBACK).longInteger(++last).octet(flags).end());
         } else if (told.make(callback, callback::foretell)) {
-            told.record(recording, last + 1);
+            told.record(recording, last + 1, false);
             out.accept(told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
                     .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end());
         } else {
@@ -131,7 +131,7 @@ final class RemoteSink implements CallbackSink {
                 ? answer.make(callback, callback::deliver)
                 : callback.begin() && answer.make(callback, callback::foretell);
         if (something) {
-            answer.record(recording, number);
+            answer.record(recording, number, true);
         }
         return answer(request, something);
     }
@@ -160,7 +160,7 @@ final class RemoteSink implements CallbackSink {
             post(instead);
         } else if (!numbers.isEmpty() && told.make(instead, instead::foretell)) {
             recording.retracted(numbers);
-            told.record(recording, last + 1);
+            told.record(recording, last + 1, false);
             FrameWriter frame = told.frame(FrameType.RETRACT).integer(numbers.size());
             numbers.forEach(frame::longInteger);
             out.accept(told.put(frame.longInteger(++last)).end());

@@ -23,13 +23,15 @@ final class Comparison {
 
     private static final class Side implements AutoCloseable {
         final Path file;
+        final boolean isFirst;
         final RecordingReader in;
         final RecordedNames names = new RecordedNames();
         final Map<String, Deque<Line>> ahead = new HashMap<>(); // of the other side, by stream
         final Map<String, Integer> counts = new HashMap<>();
 
-        Side(Path file) throws IOException {
+        Side(Path file, boolean isFirst) throws IOException {
             this.file = file;
+            this.isFirst = isFirst;
             in = new RecordingReader(file);
         }
 
@@ -55,7 +57,7 @@ final class Comparison {
 
     /** The first difference in words, or null for none. */
     static String of(Path one, Path other) throws IOException {
-        try (Side first = new Side(one); Side second = new Side(other)) {
+        try (Side first = new Side(one, true); Side second = new Side(other, false)) {
             for (;;) {
                 Line left = first.next();
                 Line right = second.next();
@@ -73,10 +75,14 @@ final class Comparison {
         }
     }
 
-    /** Services and callbacks of one that is not joined have the name of an address, which differs from run to run. */
+    /**
+     * What is compared in order. One that is not joined has the name of an address, which differs from run to run; and
+     * callbacks have numbers, because some are recorded when they are left for a federate, and others when it is their
+     * turn.
+     */
     private static String stream(Line line) {
         String who = line.who().startsWith("/") ? "not joined" : line.who();
-        return who + (line.entry().kind() == Recording.Kind.CALLBACK ? " is told" : " calls");
+        return who + (line.isCallback() ? " is told as callback " + line.entry().number() : " calls");
     }
 
     private static String match(Line line, Side its, Side others) {
@@ -89,9 +95,12 @@ final class Comparison {
         Line counterpart = waiting.remove();
         int place = its.counts.merge(stream, 1, Integer::sum);
         others.counts.merge(stream, 1, Integer::sum);
-        return essence(counterpart).equals(essence(line)) ? null
-                : "what " + stream + " differs at its line " + place + ":\n" + said(its, line)
-                        + said(others, counterpart);
+        if (essence(counterpart).equals(essence(line))) {
+            return null;
+        }
+        String both = its.isFirst ? said(its, line) + said(others, counterpart)
+                : said(others, counterpart) + said(its, line);
+        return "what " + stream + " differs" + (line.isCallback() ? "" : " at its line " + place) + ":\n" + both;
     }
 
     private static String essence(Line line) {

@@ -15,6 +15,10 @@ import tovu.local.trace.Describer;
  * @param text      all of it
  */
 record Line(Entry entry, String who, String name, List<String> arguments, String text) {
+    boolean isCallback() {
+        return entry.kind() == Recording.Kind.CALLBACK || entry.kind() == Recording.Kind.LATE_CALLBACK;
+    }
+
     /** Says it, and has the names follow; null for what has nothing to say. */
     static Line of(Entry entry, RecordedNames names) {
         return switch (entry.kind()) {
@@ -32,7 +36,7 @@ record Line(Entry entry, String who, String name, List<String> arguments, String
                 yield call(entry, names.who(entry.connection()), "-> ", RecordedCalls.name(entry.code()),
                         RecordedCalls.arguments(names.describer(entry.connection()), entry.code(), entry.content()));
             }
-            case CALLBACK -> {
+            case CALLBACK, LATE_CALLBACK -> {
                 names.follow(entry);
                 CallbackMethod method = CallbackMethod.of(entry.code());
                 yield call(entry, names.who(entry.connection()), "<- ", method.name().replaceFirst("_.*", ""),

@@ -121,6 +121,7 @@ final class Player implements AutoCloseable {
                 case REQUEST -> serve(entry, line);
                 case RESULT, FAILURE -> compare(entry, request);
                 case CLOSED -> leave(entry);
+                case LATE_CALLBACK -> take(entry, line);
                 case CALLBACK -> {
                     Discovery then = RecordedCalls.discovery(CallbackMethod.of(entry.code()), entry.content());
                     if (then != null && parts.containsKey(entry.connection())) {
@@ -143,11 +144,7 @@ final class Player implements AutoCloseable {
             part = new Part(hub);
             parts.put(entry.connection(), part);
         }
-        if (!part.takeUntil(entry.number())) {
-            ++missing;
-            out.println(ReplayMain.stamp(in.begin(), line) + " " + line.text() + ": before this it had got "
-                    + entry.number() + " callbacks, and now only " + part.link.begun());
-        }
+        take(entry, line);
         Answer answer;
         try {
             ++services;
@@ -159,6 +156,16 @@ final class Player implements AutoCloseable {
             answer = new Answer(null, e);
         }
         answers.put(entry, answer);
+    }
+
+    /** Gives the federate as many callbacks as it had been given then. */
+    private void take(Entry entry, Line line) throws RTIexception, InterruptedException {
+        Part part = parts.get(entry.connection());
+        if (part != null && !part.takeUntil(entry.number())) {
+            ++missing;
+            out.println(ReplayMain.stamp(in.begin(), line) + " " + line.text() + ": then it had got callback "
+                    + entry.number() + ", and now only " + part.link.begun());
+        }
     }
 
     private void compare(Entry recorded, Entry request) {

@@ -26,12 +26,13 @@ public interface RecordedConnection {
     }
 
     /**
-     * A callback is left for the federate, or told when it was its turn.
+     * A callback is told.
      *
      * @param callback its number
+     * @param late     whether it is the federate's turn to be given it, and not only left for it
      * @param message  whole, with what is around it
      */
-    default void callback(long callback, int method, byte[] message) {
+    default void callback(long callback, boolean late, int method, byte[] message) {
     }
 
     /** Callbacks are taken back. */

@@ -111,7 +111,7 @@ final class RecordedNames {
                 }
             }
             case FAILURE -> its.requests.remove(entry.tag());
-            case CALLBACK -> {
+            case CALLBACK, LATE_CALLBACK -> {
                 Discovery discovery = RecordedCalls.discovery(CallbackMethod.of(entry.code()), entry.content());
                 if (discovery != null && its.federation != null) {
                     its.federation.objects.put(discovery.object(), discovery.name());

@@ -191,9 +191,9 @@ public final class Recorder implements AutoCloseable {
         }
 
         @Override
-        public void callback(long callback, int method, byte[] message) {
+        public void callback(long callback, boolean late, int method, byte[] message) {
             synchronized (Recorder.this) {
-                begin(Kind.CALLBACK, number);
+                begin(late ? Kind.LATE_CALLBACK : Kind.CALLBACK, number);
                 record.number(callback);
                 record.number(method);
                 record.bytes(message, Recording.ENVELOPE_BEGIN, message.length - Recording.ENVELOPE);

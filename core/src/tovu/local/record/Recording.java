@@ -13,7 +13,22 @@ final class Recording {
 
     /** What can be recorded. */
     enum Kind {
-        OPENED, REQUEST, RESULT, FAILURE, CALLBACK, RETRACTED, CLOSED;
+        /** A federate has connected. */
+        OPENED,
+        /** It calls a service. */
+        REQUEST,
+        /** The service has returned. */
+        RESULT,
+        /** The service has thrown. */
+        FAILURE,
+        /** A callback is left for the federate. */
+        CALLBACK,
+        /** A callback whose turn it is, and of which nothing certain was known before. */
+        LATE_CALLBACK,
+        /** Callbacks are taken back. */
+        RETRACTED,
+        /** The connection has ended. */
+        CLOSED;
 
         private static final Kind[] ALL = values();
 
