@@ -2,6 +2,7 @@
 // process of its own, so that it can be killed.
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
+#include <RTI/encoding/BasicDataElements.h>
 #include <RTI/time/HLAinteger64Interval.h>
 #include <RTI/time/HLAinteger64Time.h>
 
@@ -80,6 +81,8 @@ private:
       _greeting = rti.getInteractionClassHandle(L"Greeting");
       rti.publishInteractionClass(_greeting);
       rti.subscribeInteractionClass(_greeting);
+      _lost = rti.getInteractionClassHandle(L"HLAmanager.HLAfederate.HLAreport.HLAreportFederateLost");
+      rti.subscribeInteractionClass(_lost);
    }
 
    void update(int times)
@@ -105,10 +108,20 @@ private:
    {
       say(L"< remove");
    }
-   void receiveInteraction(InteractionClassHandle, ParameterHandleValueMap const&, VariableLengthData const&,
-                           OrderType, TransportationType, SupplementalReceiveInfo) override
+   void receiveInteraction(InteractionClassHandle theClass, ParameterHandleValueMap const& values,
+                           VariableLengthData const&, OrderType, TransportationType,
+                           SupplementalReceiveInfo) override
    {
-      ++_received;
+      if (theClass == _lost)
+         say(L"< lost " + in(values, L"HLAfederateName") + L": " + in(values, L"HLAfaultDescription"));
+      else
+         ++_received;
+   }
+   std::wstring in(ParameterHandleValueMap const& values, wchar_t const* parameter) const
+   {
+      HLAunicodeString text;
+      text.decode(values.at(_ambassador->getParameterHandle(_lost, parameter)));
+      return text.get();
    }
    void timeAdvanceGrant(LogicalTime const& time) override { say(L"< grant " + time.toString()); }
    void initiateFederateSave(std::wstring const& label) override { say(L"< save " + label); }
@@ -119,6 +132,7 @@ private:
    AttributeHandle _place;
    ObjectInstanceHandle _person;
    InteractionClassHandle _greeting;
+   InteractionClassHandle _lost;
    std::atomic<unsigned> _received{0};
 };
 

@@ -74,7 +74,7 @@ abstract class AmbassadorServices {
         Describer describer = new Describer(federate);
         List<String> arguments = ServiceTrace.arguments(describer, service, reader(message));
         if (Trace.ON) {
-            ServiceTrace.print(federate, service, arguments);
+            ServiceTrace.print(connection.memberName(), service, arguments);
         }
         List<String> results = List.of();
         String failure = "";
@@ -89,7 +89,7 @@ abstract class AmbassadorServices {
             ServiceCall served =
                     new ServiceCall(service.standardName(), service.group(), arguments, results, failure);
             if (Trace.ON) {
-                ServiceTrace.print(federate, served);
+                ServiceTrace.print(connection.memberName(), served);
             }
             Session.report(federate, served);
         }

@@ -2,6 +2,7 @@ package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.AlreadyConnected;
 import hla.rti1516e.exceptions.ConnectionFailed;
+import hla.rti1516e.exceptions.FederateInternalError;
 import hla.rti1516e.exceptions.FederateIsExecutionMember;
 import hla.rti1516e.exceptions.NotConnected;
 import hla.rti1516e.exceptions.RTIexception;
@@ -9,10 +10,12 @@ import hla.rti1516e.exceptions.RTIinternalError;
 import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.TimeUnit;
 import tovu.local.delivery.CallbackDelivery;
+import tovu.local.delivery.CallbackMethod;
 import tovu.local.delivery.CallbackPort;
 import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
+import tovu.local.trace.Trace;
 import tovu.local.watch.ProcessPage;
 
 /** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
@@ -20,6 +23,7 @@ final class FederateConnection extends Connection {
     private static final String DESTROYED = "Its ambassador was destroyed while it was joined";
 
     private final CallbackPort natives = new NativePort();
+    private volatile String nameAtHub;
     private volatile CallbackDelivery delivery;
     private volatile HubLink hub;
 
@@ -55,7 +59,8 @@ final class FederateConnection extends Connection {
             throws RTIexception {
         requireNotConnectedToHub();
         session.requireNotConnected();
-        HubLink link = HubLink.open(address, created, natives, fault -> lost(created, context, fault));
+        HubLink link = HubLink.open(address, created, Trace.ON ? this::trace : natives,
+                fault -> lost(created, context, fault));
         try {
             link.request(Service.connect_FA_CM_S.ordinal(), message);
         } catch (NotConnected e) {
@@ -65,6 +70,12 @@ final class FederateConnection extends Connection {
             throw e;
         }
         hub = link;
+    }
+
+    /** Names and values stand in the hub's own trace, and only there. */
+    private void trace(CallbackMethod method, byte[] message) throws FederateInternalError {
+        Trace.print(memberName(), "<- " + method.name().replaceFirst("_.*", "") + "(...)");
+        natives.call(method, message);
     }
 
     private void requireNotConnectedToHub() throws AlreadyConnected {
@@ -77,7 +88,7 @@ final class FederateConnection extends Connection {
     /** What came of a federation that the federate is no member of any more is not true any more, either. */
     private void lost(CallbackDelivery of, int context, String fault) {
         of.dropMembership();
-        FederateCallbacks federate = CallbackDelivery.encoder(context, natives);
+        FederateCallbacks federate = CallbackDelivery.encoder(context, natives, session::federate);
         of.postToConnection(nobody -> federate.connectionLost(fault));
     }
 
@@ -124,6 +135,7 @@ final class FederateConnection extends Connection {
         }
         HubLink link = hub;
         hub = null;
+        nameAtHub = null;
         if (link != null) {
             link.close(reason);
         }
@@ -150,6 +162,16 @@ final class FederateConnection extends Connection {
             current.request(service.ordinal(), AmbassadorServices.NO_ARGUMENTS);
         }
         delivery().setEnabled(on);
+    }
+
+    @Override
+    String memberName() {
+        return hub == null ? super.memberName() : nameAtHub;
+    }
+
+    @Override
+    void nameMember(String name) {
+        nameAtHub = name;
     }
 
     @Override

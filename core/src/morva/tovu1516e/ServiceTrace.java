@@ -69,11 +69,11 @@ final class ServiceTrace {
         return failure.getClass().getSimpleName() + ": " + failure.getMessage();
     }
 
-    static void print(Federate federate, Service service, List<String> arguments) {
+    static void print(String federate, Service service, List<String> arguments) {
         Trace.print(federate, "-> " + service.standardName() + "(" + String.join(", ", arguments) + ")");
     }
 
-    static void print(Federate federate, ServiceCall call) {
+    static void print(String federate, ServiceCall call) {
         if (!call.failure().isEmpty()) {
             Trace.print(federate, "   " + call.name() + " ! " + call.failure());
         } else if (!call.results().isEmpty()) {

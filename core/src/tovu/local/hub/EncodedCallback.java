@@ -32,7 +32,7 @@ final class EncodedCallback {
         encoder = CallbackDelivery.encoder(context, (theMethod, theMessage) -> {
             method = theMethod;
             message = theMessage;
-        });
+        }, member);
         reported = CallbackDelivery.reporting(encoder, member);
     }
 

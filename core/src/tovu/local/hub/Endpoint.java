@@ -29,10 +29,6 @@ record Endpoint(String host, int port) {
         }
     }
 
-    static Endpoint of(InetSocketAddress address) {
-        return new Endpoint(address.getAddress().getHostAddress(), address.getPort());
-    }
-
     @Override
     public String toString() {
         return (host.contains(":") ? "[" + host + "]" : host) + ":" + port;

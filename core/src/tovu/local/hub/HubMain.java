@@ -53,7 +53,8 @@ public final class HubMain {
         if (page != null) {
             System.out.println("page at " + page.url());
         }
-        System.out.println("listening on " + Endpoint.of(address));
+        // the system may say the same host in another way
+        System.out.println("listening on " + new Endpoint(settings.listen().host(), address.getPort()));
         System.out.flush();
     }
 
