@@ -10,6 +10,7 @@ import tovu.local.model.exchange.FederateStatus.Progress;
 import tovu.local.model.exchange.Oversight;
 import tovu.local.model.exchange.Tally;
 import tovu.local.model.time.AdvanceKind;
+import tovu.local.model.time.TimeManagement.GreatestAvailableTimes;
 import tovu.local.model.value.LogicalTime;
 
 /**
@@ -31,14 +32,18 @@ record FederateView(int handle, String name, String type, boolean regulating, bo
         double silent, Map<String, Long> updates, Map<String, Long> interactions, long reflectionsReceived,
         long interactionsReceived) {
 
-    /** @param silent seconds since it called a service */
-    static FederateView of(Federate federate, double silent) {
+    /**
+     * @param available how far its federation's members may get
+     * @param silent    seconds since it called a service
+     */
+    static FederateView of(Federate federate, GreatestAvailableTimes available, double silent) {
         FederateStatus status = federate.status();
+        int holder = status.waitsForOthers() && available.heldBy(federate) instanceof Federate other ? other.handle() : 0;
         Oversight counted = federate.oversight();
         return new FederateView(federate.handle(), federate.name(), federate.type(), status.isRegulating(),
-                status.isConstrained(), status.lookahead(), status.logicalTime(), status.galt(), status.progress(),
+                status.isConstrained(), status.lookahead(), status.logicalTime(), available.time(federate), status.progress(),
                 status.advance() == null ? null : service(status.advance()), status.requested(),
-                status.unchangedFor() / (double) TimeUnit.SECONDS.toNanos(1), status.heldBy(),
+                status.unchangedFor() / (double) TimeUnit.SECONDS.toNanos(1), holder,
                 status.receiveOrderQueued(), status.timestampOrderQueued(), counted.services(), silent,
                 named(counted.updatesSent, handle -> federate.federation().objectModel().objectClass(handle).name()),
                 named(counted.interactionsSent,

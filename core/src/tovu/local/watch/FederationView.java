@@ -1,6 +1,7 @@
 package tovu.local.watch;
 
 import java.util.ArrayList;
+import java.util.Collection;
 import java.util.List;
 import java.util.Map;
 import java.util.TreeMap;
@@ -8,17 +9,19 @@ import java.util.function.Function;
 import java.util.function.ToDoubleFunction;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.federation.Federation;
+import tovu.local.model.time.TimeManagement.GreatestAvailableTimes;
 import tovu.local.model.value.LogicalTime;
 
 /**
  * A federation at one moment, as its model and management tell. All that is shown of one, in whatever form, comes
  * from here.
  *
+ * @param members      its federates by handle
  * @param objects      how many there are, by class
  * @param updates      that its members have sent, by object class
  * @param interactions that its members have sent, by interaction class
  */
-record FederationView(String name, String timeImplementation, List<FederateView> federates,
+record FederationView(String name, String timeImplementation, Map<Integer, FederateView> members,
         Map<String, Long> objects, Map<String, Long> updates, Map<String, Long> interactions, List<Point> points,
         Undertaking save, Undertaking restore, Saves saves) {
     /**
@@ -56,13 +59,15 @@ record FederationView(String name, String timeImplementation, List<FederateView>
     /** @param silence seconds since a federate called a service */
     static FederationView of(Federation of, ToDoubleFunction<Federate> silence) {
         synchronized (of) {
-            List<FederateView> federates = of.members().stream()
-                    .map(each -> FederateView.of(each, silence.applyAsDouble(each))).toList();
+            GreatestAvailableTimes available = of.time().greatestAvailableTimes();
+            Map<Integer, FederateView> members = new TreeMap<>();
+            of.members().forEach(each ->
+                    members.put(each.handle(), FederateView.of(each, available, silence.applyAsDouble(each))));
             Map<String, Long> objects = new TreeMap<>();
             of.objects().counts().forEach((handle, count) ->
                     objects.put(of.objectModel().objectClass(handle).name(), (long) count));
-            return new FederationView(of.name(), of.timeFamily().implementationName(), federates, objects,
-                    sum(federates, FederateView::updates), sum(federates, FederateView::interactions), points(of),
+            return new FederationView(of.name(), of.timeFamily().implementationName(), members, objects,
+                    sum(members.values(), FederateView::updates), sum(members.values(), FederateView::interactions), points(of),
                     Undertaking.of(of.save().currentName(), of.save().awaited()),
                     Undertaking.of(of.restore().currentName(), of.restore().awaited()),
                     new Saves(of.save().lastName(), of.save().lastTime(), of.save().nextName(),
@@ -70,7 +75,7 @@ record FederationView(String name, String timeImplementation, List<FederateView>
         }
     }
 
-    private static Map<String, Long> sum(List<FederateView> federates,
+    private static Map<String, Long> sum(Collection<FederateView> federates,
             Function<FederateView, Map<String, Long>> counts) {
         Map<String, Long> sum = new TreeMap<>();
         federates.forEach(each -> counts.apply(each).forEach((name, count) -> sum.merge(name, count, Long::sum)));
@@ -89,8 +94,12 @@ record FederationView(String name, String timeImplementation, List<FederateView>
         return points;
     }
 
+    Collection<FederateView> federates() {
+        return members.values();
+    }
+
     /** The member with that handle, or null. */
     FederateView federate(int handle) {
-        return federates.stream().filter(each -> each.handle() == handle).findFirst().orElse(null);
+        return members.get(handle);
     }
 }

@@ -95,13 +95,9 @@ public final class FederateStatus {
         return federate.time.unchangedFor();
     }
 
-    /**
-     * The handle of who has to go on before it can be granted what it waits for; 0 when it does not wait for anyone's
-     * time.
-     */
-    public int heldBy() {
-        boolean waits = federate.time.isWaiting() && federate.time.isConstrained();
-        return waits && federation.time().heldBy(federate) instanceof Federate holder ? holder.handle() : 0;
+    /** Whether it has asked for an advance that depends on the times of others. */
+    public boolean waitsForOthers() {
+        return federate.time.isWaiting() && federate.time.isConstrained();
     }
 
     public LogicalTime galt() {

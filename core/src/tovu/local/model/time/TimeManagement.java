@@ -150,13 +150,12 @@ public final class TimeManagement implements Saved {
 
     /** The greatest available logical time, or null when nobody else regulates. */
     public LogicalTime galt(TimedFederate federate) {
-        long galt = new GreatestAvailableTimes().of(federate);
-        return galt == TimeFamily.NEVER ? null : time(galt);
+        return new GreatestAvailableTimes().time(federate);
     }
 
-    /** The regulating federate that the greatest available logical time comes from, or null when nobody else is one. */
-    public TimedFederate heldBy(TimedFederate federate) {
-        return new GreatestAvailableTimes().heldBy(federate);
+    /** How far each federate may get as things stand. */
+    public GreatestAvailableTimes greatestAvailableTimes() {
+        return new GreatestAvailableTimes();
     }
 
     /** The least incoming time stamp, or null when nothing can come in. */
@@ -248,7 +247,7 @@ public final class TimeManagement implements Saved {
     }
 
     /** The greatest available logical time of each federate: the least that any other regulating one may still send. */
-    private final class GreatestAvailableTimes {
+    public final class GreatestAvailableTimes {
         private TimedFederate slowest;
         private TimedFederate secondSlowest;
         private long least = TimeFamily.NEVER;
@@ -284,7 +283,13 @@ public final class TimeManagement implements Saved {
             return federate == slowest ? second : least;
         }
 
-        TimedFederate heldBy(TimedFederate federate) {
+        /** The federate's greatest available logical time, or null when nobody else regulates. */
+        public LogicalTime time(TimedFederate federate) {
+            return of(federate) == TimeFamily.NEVER ? null : TimeManagement.this.time(of(federate));
+        }
+
+        /** The regulating federate that it comes from, or null when nobody else is one. */
+        public TimedFederate heldBy(TimedFederate federate) {
             return federate == slowest ? secondSlowest : slowest;
         }
     }
