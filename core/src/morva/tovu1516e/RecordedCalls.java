@@ -1,6 +1,8 @@
 package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.RTIexception;
+import java.nio.BufferOverflowException;
+import java.nio.BufferUnderflowException;
 import java.nio.ByteBuffer;
 import java.util.List;
 import java.util.function.IntUnaryOperator;
@@ -100,9 +102,16 @@ public final class RecordedCalls {
         }
     }
 
-    /** The same message with other handles of what federates make. */
+    /** The same message with other handles of what federates make; one that is malformed stays what it is. */
     public static byte[] translated(int service, byte[] message, Handles to) {
-        ByteBuffer out = ByteBuffer.wrap(message.clone());
+        try {
+            return translate(service, ByteBuffer.wrap(message.clone()), to);
+        } catch (BufferUnderflowException | BufferOverflowException | IllegalArgumentException e) {
+            return message;
+        }
+    }
+
+    private static byte[] translate(int service, ByteBuffer out, Handles to) {
         boolean isSet = service(service).standardName().contains("Multiple"); // and all that there is
         for (String code : service(service).codes()) {
             switch (code) {

@@ -2,9 +2,9 @@ package tovu.local.hub;
 
 import java.io.IOException;
 import java.io.InputStream;
+import java.net.ConnectException;
 import java.net.HttpURLConnection;
 import java.net.MalformedURLException;
-import java.net.SocketException;
 import java.net.URL;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Path;
@@ -43,7 +43,7 @@ final class RemoteList {
             }
         } catch (MalformedURLException | IllegalArgumentException e) {
             throw new IOException("'" + page + "' is not HOST:PORT", e);
-        } catch (SocketException e) {
+        } catch (ConnectException e) {
             throw new IOException("there is no page at " + page + " (" + e.getMessage()
                     + "); start the hub with --web, and give the address of that", e);
         } catch (IOException | GeneralSecurityException e) {

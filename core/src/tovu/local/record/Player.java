@@ -1,11 +1,11 @@
 package tovu.local.record;
 
 import hla.rti1516e.exceptions.FederateInternalError;
-import hla.rti1516e.exceptions.NotConnected;
 import hla.rti1516e.exceptions.RTIexception;
 import java.io.IOException;
 import java.io.PrintStream;
 import java.util.HashMap;
+import java.util.List;
 import java.util.Map;
 import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.LinkedBlockingQueue;
@@ -78,10 +78,6 @@ final class Player implements AutoCloseable {
 
     /** What a service returned, or has thrown. */
     private record Answer(Object result, RTIexception exception) {
-        String words(String service) {
-            return service + (exception == null ? " succeeded" : ": " + exception.getClass().getSimpleName() + ": "
-                    + exception.getMessage());
-        }
     }
 
     private final RecordingReader in;
@@ -140,7 +136,7 @@ final class Player implements AutoCloseable {
 
     private void serve(Entry entry, Line line) throws RTIexception, InterruptedException {
         Part part = parts.get(entry.connection());
-        if (part == null || part.link.isLost()) {
+        if (part == null) {
             part = new Part(hub);
             parts.put(entry.connection(), part);
         }
@@ -150,9 +146,10 @@ final class Player implements AutoCloseable {
             ++services;
             answer = new Answer(part.link.request(entry.code(),
                     RecordedCalls.translated(entry.code(), entry.content(), handles)), null);
-        } catch (NotConnected e) {
-            throw e;
         } catch (RTIexception e) {
+            if (part.link.isLost()) {
+                throw e;
+            }
             answer = new Answer(null, e);
         }
         answers.put(entry, answer);
@@ -177,14 +174,16 @@ final class Player implements AutoCloseable {
                 : handles.agree(service, RecordedNames.result(recorded), now.result));
         if (!same) {
             ++different;
-            out.println(ReplayMain.stamp(in.begin(), recorded, names.who(recorded.connection())) + " then "
-                    + service + (failed ? ": " + recorded.text() : said(request, RecordedNames.result(recorded)))
-                    + "; now " + (now.exception != null ? now.words(service) : service + said(request, now.result)));
+            RTIexception thrown = now.exception;
+            out.println(ReplayMain.stamp(in.begin(), recorded, names.who(recorded.connection())) + " then " + service
+                    + (failed ? ": " + recorded.text() : said(request, RecordedNames.result(recorded))) + "; now "
+                    + service + (thrown == null ? said(request, now.result)
+                            : ": " + thrown.getClass().getSimpleName() + ": " + thrown.getMessage()));
         }
     }
 
     private String said(Entry request, Object result) {
-        var words = RecordedCalls.results(names.describer(request.connection()), request.code(), result);
+        List<String> words = RecordedCalls.results(names.describer(request.connection()), request.code(), result);
         return words.isEmpty() ? " succeeded" : " = " + words.get(0);
     }
 

@@ -38,11 +38,12 @@ record FederateView(int handle, String name, String type, boolean regulating, bo
      */
     static FederateView of(Federate federate, GreatestAvailableTimes available, double silent) {
         FederateStatus status = federate.status();
-        int holder = status.waitsForOthers() && available.heldBy(federate) instanceof Federate other ? other.handle() : 0;
+        boolean waits = status.waitsForOthers();
+        int holder = waits && available.heldBy(federate) instanceof Federate other ? other.handle() : 0;
         Oversight counted = federate.oversight();
         return new FederateView(federate.handle(), federate.name(), federate.type(), status.isRegulating(),
-                status.isConstrained(), status.lookahead(), status.logicalTime(), available.time(federate), status.progress(),
-                status.advance() == null ? null : service(status.advance()), status.requested(),
+                status.isConstrained(), status.lookahead(), status.logicalTime(), available.time(federate),
+                status.progress(), status.advance() == null ? null : service(status.advance()), status.requested(),
                 status.unchangedFor() / (double) TimeUnit.SECONDS.toNanos(1), holder,
                 status.receiveOrderQueued(), status.timestampOrderQueued(), counted.services(), silent,
                 named(counted.updatesSent, handle -> federate.federation().objectModel().objectClass(handle).name()),

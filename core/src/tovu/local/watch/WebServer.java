@@ -13,7 +13,6 @@ import java.net.InetSocketAddress;
 import java.nio.charset.StandardCharsets;
 import java.util.Collection;
 import java.util.Map;
-import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.Semaphore;
 import java.util.function.Supplier;
@@ -21,7 +20,7 @@ import javax.net.ssl.SSLContext;
 import javax.net.ssl.SSLParameters;
 import tovu.local.model.federation.Federation;
 
-/** Shows the federations of this process to whoever asks, as a page and as figures. Nothing can be changed from there. */
+/** Shows the federations of this process, as a page and as figures. Nothing can be changed from there. */
 public final class WebServer {
     public static final int DEFAULT_PORT = 15_161;
     private static final int PAGES = 32; // that may be open at once
@@ -31,11 +30,6 @@ public final class WebServer {
 
     private final Watch watch;
     private final HttpServer server;
-    private final ExecutorService threads = Executors.newFixedThreadPool(THREADS, task -> {
-        Thread thread = new Thread(task, "web");
-        thread.setDaemon(true);
-        return thread;
-    });
     private final Semaphore places = new Semaphore(PAGES);
     private final boolean localOnly;
     private final String scheme;
@@ -70,7 +64,11 @@ public final class WebServer {
         localOnly = tls == null && address.getAddress().isLoopbackAddress();
         scheme = tls == null ? "http" : "https";
         watch = new Watch(federations);
-        server.setExecutor(threads);
+        server.setExecutor(Executors.newFixedThreadPool(THREADS, task -> {
+            Thread thread = new Thread(task, "web");
+            thread.setDaemon(true);
+            return thread;
+        }));
         server.createContext("/", exchange -> {
             try (exchange) {
                 answer(exchange);
@@ -85,11 +83,6 @@ public final class WebServer {
         String text = host.getHostAddress();
         return scheme + "://" + (text.contains(":") ? "[" + text + "]" : text) + ":" + server.getAddress().getPort()
                 + "/";
-    }
-
-    public void stop() {
-        server.stop(0);
-        threads.shutdownNow();
     }
 
     private void answer(HttpExchange exchange) throws IOException {
