@@ -8,11 +8,12 @@ import tovu.local.model.exchange.Federate;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Session;
 import tovu.local.remote.HubLink;
+import tovu.local.saves.SaveFolder;
 
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
 abstract class Connection {
     /** Those that all ambassadors of this process share. */
-    static final Federations FEDERATIONS = new Federations(Manager::new);
+    static final Federations FEDERATIONS = new Federations(Manager::new, SaveFolder.stores());
 
     final Session session = new Session(FEDERATIONS);
 

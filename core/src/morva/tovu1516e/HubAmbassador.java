@@ -62,14 +62,13 @@ public final class HubAmbassador extends RegionServices {
         }
     }
 
-    /** Whether a service may take its time: it reads object models, or writes states. */
+    /** Whether a service may take its time: it reads object models, or writes and reads states. */
     public static boolean isLong(int service) {
         Service[] all = Service.values();
         return service >= 0 && service < all.length && switch (all[service]) {
             case createFederationExecution_S_URL_S, createFederationExecution_S_URLX_S,
                     createFederationExecution_S_URLX_URL_S, joinFederationExecution_S_S_S_URLX,
-                    joinFederationExecution_S_S_URLX, federateSaveComplete, federateRestoreComplete,
-                    requestFederationRestore_S -> true;
+                    joinFederationExecution_S_S_URLX, federateSaveComplete, requestFederationRestore_S -> true;
             default -> false;
         };
     }

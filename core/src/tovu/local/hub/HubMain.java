@@ -5,6 +5,7 @@ import java.net.InetSocketAddress;
 import java.security.GeneralSecurityException;
 import morva.tovu1516e.HubAmbassador;
 import tovu.local.remote.Tls;
+import tovu.local.saves.SaveFolder;
 import tovu.local.watch.WebServer;
 
 /** The command rti1516e-hub. */
@@ -42,6 +43,10 @@ public final class HubMain {
         if (settings.web() != null) {
             requireSecurity(settings, settings.web(), "sees all federations");
         }
+        if (settings.saves() != null) {
+            System.setProperty(SaveFolder.PROPERTY, settings.saves().toString()); // before anything else looks at it
+        }
+        SaveFolder.openConfigured();
         Hub hub = new Hub(settings);
         InetSocketAddress address = hub.start();
         WebServer page = settings.web() == null ? null : page(settings);

@@ -24,6 +24,7 @@ final class HubOptions {
               --key FILE              the private key of that, in PEM
               --client-ca FILE        lets in only federates with a certificate of this authority
               --insecure              lets other machines connect without TLS
+              --saves DIRECTORY       keeps what federations save in files there
               --lost-after SECONDS    a federate that is silent for so long is lost (20; 0 for never)
               --queue-limit MB        a federate that leaves so much unread, or takes no callbacks for so much, is lost (256)
               --connections NUMBER    how many there may be at once (1000)
@@ -38,8 +39,8 @@ final class HubOptions {
               --ca FILE               the authority of that hub's certificate; --certificate and --key are one's own
             """;
 
-    private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "lost-after",
-            "queue-limit", "connections", "greatest-message", "config", "web", "list", "ca", "record");
+    private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "saves",
+            "lost-after", "queue-limit", "connections", "greatest-message", "config", "web", "list", "ca", "record");
     private static final Set<String> FLAGS = Set.of("insecure", "help", "version", "json");
     private static final Map<String, String> DEFAULTS = Map.of("web", "127.0.0.1:" + WebServer.DEFAULT_PORT);
     private static final int MEGABYTE_BITS = 20;
@@ -140,7 +141,7 @@ final class HubOptions {
         }
         return new HubSettings(endpoint("listen", "127.0.0.1:" + Protocol.DEFAULT_PORT),
                 values.containsKey("web") ? endpoint("web", null) : null, file("record"),
-                file("certificate"), file("key"), file("client-ca"), values.containsKey("insecure"),
+                file("certificate"), file("key"), file("client-ca"), values.containsKey("insecure"), file("saves"),
                 number("lost-after", "20", 0, 86_400),
                 (long) number("queue-limit", "256", 1, 1 << MEGABYTE_BITS) << MEGABYTE_BITS,
                 number("connections", "1000", 1, 1_000_000),

@@ -12,11 +12,12 @@ import java.nio.file.Path;
  * @param key             the private key of that
  * @param clientCa        the authority whose certificates let federates in, or null for no such condition
  * @param insecure        whether others than this machine may connect without TLS
+ * @param saves           the folder of the federations' saves, or null for what system properties say
  * @param lostAfter       seconds of silence after which a federate is lost; 0 for never
  * @param queueLimit      bytes that may wait for a federate's process to read them
  * @param connections     how many there may be at once
  * @param greatestFrame   bytes
  */
-record HubSettings(Endpoint listen, Endpoint web, Path recording, Path certificate, Path key, Path clientCa, boolean insecure,
-        int lostAfter, long queueLimit, int connections, int greatestFrame) {
+record HubSettings(Endpoint listen, Endpoint web, Path recording, Path certificate, Path key, Path clientCa,
+        boolean insecure, Path saves, int lostAfter, long queueLimit, int connections, int greatestFrame) {
 }
