@@ -7,6 +7,7 @@ import tovu.local.model.federation.Federation;
 import tovu.local.model.federation.Session;
 import tovu.local.model.value.ServiceCall;
 import tovu.local.remote.HubLink;
+import tovu.local.trace.Describer;
 import tovu.local.trace.Trace;
 
 /**
@@ -70,7 +71,8 @@ abstract class AmbassadorServices {
     /** Serves, and tells whoever wants to know of it. */
     private <R> R tell(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         Federate federate = connection.session.federate();
-        List<String> arguments = ServiceTrace.arguments(federate, service, reader(message));
+        Describer describer = new Describer(federate);
+        List<String> arguments = ServiceTrace.arguments(describer, service, reader(message));
         if (Trace.ON) {
             ServiceTrace.print(connection.memberName(), service, arguments);
         }
@@ -78,7 +80,7 @@ abstract class AmbassadorServices {
         String failure = "";
         try {
             R result = call.serve(in);
-            results = ServiceTrace.results(federate, service, result);
+            results = ServiceTrace.results(describer, service, result);
             return result;
         } catch (RTIexception | RuntimeException e) {
             failure = ServiceTrace.failure(e);

@@ -13,7 +13,7 @@ import tovu.local.saves.SaveFolder;
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
 abstract class Connection {
     /** Those that all ambassadors of this process share. */
-    private static final Federations FEDERATIONS = new Federations(Manager::new, SaveFolder.stores());
+    static final Federations FEDERATIONS = new Federations(Manager::new, SaveFolder.stores());
 
     final Session session;
 

@@ -16,6 +16,7 @@ import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
 import tovu.local.trace.Trace;
+import tovu.local.watch.ProcessPage;
 import tovu.local.wire.Licence;
 
 /** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
@@ -52,6 +53,7 @@ final class FederateConnection extends Connection {
         requireNotConnectedToHub();
         session.connect(created);
         hub = null;
+        ProcessPage.show(FEDERATIONS::all);
     }
 
     private synchronized void connectToHub(HubAddress address, CallbackDelivery created, int context, byte[] message)

@@ -9,6 +9,7 @@ import java.util.function.Function;
 import java.util.function.IntFunction;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
+import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Session;
 import tovu.local.model.port.CallbackSink;
 import tovu.local.wire.Licence;
@@ -41,6 +42,11 @@ public final class HubAmbassador extends RegionServices {
         <R> R callOutsideSave(Session.Service<R> service) throws RTIexception {
             return session.callOutsideRestore(service);
         }
+    }
+
+    /** The federations that all of them meet in. */
+    public static Federations federations() {
+        return Connection.FEDERATIONS;
     }
 
     private static MethodHandle[] services() {
@@ -82,10 +88,11 @@ public final class HubAmbassador extends RegionServices {
      * Serves what a federate with a licence has sent and does not wait for. One after the other.
      *
      * @param number by which the federate may retract it, or 0
+     * @return what the service returns, or null
      */
-    public void serveUnderWay(int service, int number, byte[] message) throws RTIexception {
+    public Object serveUnderWay(int service, int number, byte[] message) throws RTIexception {
         underWay.retraction = number;
-        underWay.serve(service, message);
+        return underWay.serve(service, message);
     }
 
     /** What a federate elsewhere may be spared by a licence. */

@@ -22,6 +22,7 @@ import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
 import morva.tovu1516e.MalformedMessage;
 import tovu.local.model.exchange.Federate;
+import tovu.local.record.RecordedConnection;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
@@ -38,12 +39,14 @@ import tovu.local.wire.Result;
  */
 final class FederateChannel extends ChannelInboundHandlerAdapter {
     private static final int TOGETHER = 1 << 14; // bytes of frames that leave as one
+    private static final int UNDER_WAY = 0; // in recordings, the number of what waits for no answer
 
     private final Hub hub;
     private final Channel channel;
     private final HubAmbassador ambassador = new HubAmbassador(this::connect);
     private final Queue<byte[]> outgoing = new ConcurrentLinkedQueue<>();
     private final AtomicBoolean writing = new AtomicBoolean();
+    private RecordedConnection recording = RecordedConnection.NONE;
     private final Brake brake;
     private volatile RemoteSink sink; // once it has connected
     private boolean greeted;
@@ -65,7 +68,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     }
 
     private RemoteSink connect(int context) {
-        sink = new RemoteSink(context, ambassador.session()::federate, this::send);
+        sink = new RemoteSink(context, ambassador.session()::federate, recording, this::send);
         return sink;
     }
 
@@ -158,9 +161,11 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                 long begun = frame.longInteger();
                 long endedUpTo = frame.longInteger();
                 int service = frame.integer();
+                byte[] message = frame.rest();
                 serve(HubAmbassador.isLong(service), () -> {
                     progress(begun, endedUpTo);
-                    answer(request, service, frame.rest());
+                    recording.request(request, service, begun, endedUpTo, message);
+                    answer(request, service, message);
                 });
             }
             case SEND -> {
@@ -168,9 +173,11 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                 long endedUpTo = frame.longInteger();
                 int service = frame.integer();
                 int retraction = frame.integer();
+                byte[] message = frame.rest();
                 serve(false, () -> {
                     progress(begun, endedUpTo);
-                    serveUnderWay(service, retraction, frame.rest());
+                    recording.request(UNDER_WAY, service, begun, endedUpTo, message);
+                    serveUnderWay(service, retraction, message);
                 });
             }
             case FENCE -> {
@@ -219,6 +226,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             return;
         }
         greeted = true;
+        recording = hub.record(channel.remoteAddress().toString());
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
@@ -282,6 +290,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         try {
             long since = sink == null ? 0 : sink.licences().revocations();
             Object result = ambassador.serve(service, message);
+            recording.result(number, result);
             Licence licence = HubAmbassador.licence(service);
             if (licence == Licence.NONE || !mayRepeat(licence, message, result)) {
                 send(reply(number, result));
@@ -337,12 +346,13 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             throw new MalformedFrame("a message without a licence");
         }
         try {
-            ambassador.serveUnderWay(service, retraction, message);
+            recording.result(UNDER_WAY, ambassador.serveUnderWay(service, retraction, message));
             if (retraction != 0) {
                 setNumbersAside();
             }
         } catch (RTIexception e) {
             // nobody waits to hear of it
+            recording.failure(UNDER_WAY, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
         } catch (MalformedMessage e) {
             throw e;
         } catch (RuntimeException | Error e) {
@@ -359,7 +369,8 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         return reply.end();
     }
 
-    private static byte[] failure(int number, String exception, String text) {
+    private byte[] failure(int number, String exception, String text) {
+        recording.failure(number, exception, text);
         return new FrameWriter(FrameType.FAILURE).integer(number).text(exception).text(text).end();
     }
 
@@ -396,6 +407,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
         ended = true;
         hub.left(this);
+        recording.closed(reason);
         hub.serveApart(() -> ambassador.session().abandon(reason)); // one of its services may still run
         outgoing.clear();
         channel.writeAndFlush(Unpooled.wrappedBuffer(new FrameWriter(FrameType.CLOSING).text(reason).end()))

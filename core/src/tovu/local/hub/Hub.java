@@ -27,6 +27,8 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicInteger;
+import tovu.local.record.RecordedConnection;
+import tovu.local.record.Recorder;
 import tovu.local.wire.Identity;
 
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
@@ -46,11 +48,13 @@ final class Hub {
     private final AtomicInteger servingLong = new AtomicInteger();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
     private final AtomicInteger connections = new AtomicInteger();
+    private final Recorder recorder; // null for none
     private Channel server;
 
     Hub(HubSettings settings) throws IOException {
         this.settings = settings;
         tls = settings.certificate() == null ? null : tls();
+        recorder = settings.recording() == null ? null : new Recorder(settings.recording());
     }
 
     private SslContext tls() throws IOException {
@@ -84,14 +88,13 @@ final class Hub {
                         protected void initChannel(SocketChannel channel) {
                             begin(channel);
                         }
-                    }).bind(settings.host(), settings.port()).sync().channel();
+                    }).bind(settings.listen().socketAddress()).sync().channel();
             return (InetSocketAddress) server.localAddress();
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             throw new IOException(e);
         } catch (Exception e) { // the library throws what the system call has failed with, undeclared
-            throw new IOException("cannot listen on " + settings.host() + ":" + settings.port() + " (" + e.getMessage()
-                    + ")", e);
+            throw new IOException("cannot listen on " + settings.listen() + " (" + e.getMessage() + ")", e);
         }
     }
 
@@ -116,6 +119,11 @@ final class Hub {
     /** Whether a service runs that takes its time. Others may have to wait for what it holds. */
     boolean isServingLong() {
         return servingLong.get() > 0;
+    }
+
+    /** What takes what crosses the connection from that address. */
+    RecordedConnection record(String address) {
+        return recorder == null ? RecordedConnection.NONE : recorder.opened(address);
     }
 
     void serveLong(Runnable service) {
@@ -151,5 +159,8 @@ final class Hub {
         serving.shutdownGracefully(0, 2, TimeUnit.SECONDS).syncUninterruptibly();
         listening.shutdownGracefully(0, 1, TimeUnit.SECONDS).syncUninterruptibly();
         apart.shutdownNow();
+        if (recorder != null) {
+            recorder.close();
+        }
     }
 }

@@ -138,7 +138,7 @@ public final class HubLink {
                 return sent.result();
             }
         }
-        return ask(result -> licences.add(service, licence, message, result),
+        return ask(licence == Licence.NONE ? NO_LICENCE : result -> licences.add(service, licence, message, result),
                 number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24).integer(number))
                         .integer(service).rest(message).end()).result();
     }
@@ -387,6 +387,11 @@ public final class HubLink {
 
     private synchronized boolean isProgressNew() {
         return toldEnded != ended;
+    }
+
+    /** The number of the last callback that has begun. */
+    public synchronized long begun() {
+        return begun;
     }
 
     private synchronized void review(long number) {

@@ -127,6 +127,7 @@ public final class Session {
             synchronized (joined) {
                 if (federation == joined) { // meanwhile it may have resigned
                     Federate member = federate;
+                    member.oversight().served();
                     R result = service.serve(joined, member);
                     joined.settle(member);
                     return result;

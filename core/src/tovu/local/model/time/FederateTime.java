@@ -42,6 +42,11 @@ public final class FederateTime implements Saved {
         return stopwatch.take(advancing);
     }
 
+    /** Nanoseconds since it asked for an advance, or was told of the last one. */
+    public long unchangedFor() {
+        return stopwatch.running();
+    }
+
     /** Whether nobody has doubted yet that the federate uses times of the right class; from now on somebody has. */
     boolean isFirstDoubt() {
         boolean first = !doubted;
@@ -77,20 +82,20 @@ public final class FederateTime implements Saved {
         return time;
     }
 
-    boolean isAdvancing() {
+    public boolean isAdvancing() {
         return kind != null;
     }
 
     /** Asked for an advance and not yet to be granted it. */
-    boolean isWaiting() {
+    public boolean isWaiting() {
         return kind != null && !decided;
     }
 
-    AdvanceKind kind() {
+    public AdvanceKind kind() {
         return kind;
     }
 
-    long requested() {
+    public long requested() {
         return requested;
     }
 

@@ -161,8 +161,12 @@ public final class TimeManagement implements Saved {
 
     /** The greatest available logical time, or null when nobody else regulates. */
     public LogicalTime galt(TimedFederate federate) {
-        long galt = new GreatestAvailableTimes().of(federate);
-        return galt == TimeFamily.NEVER ? null : time(galt);
+        return new GreatestAvailableTimes().time(federate);
+    }
+
+    /** How far each federate may get as things stand. */
+    public GreatestAvailableTimes greatestAvailableTimes() {
+        return new GreatestAvailableTimes();
     }
 
     /** The least incoming time stamp, or null when nothing can come in. */
@@ -255,8 +259,9 @@ public final class TimeManagement implements Saved {
     }
 
     /** The greatest available logical time of each federate: the least that any other regulating one may still send. */
-    private final class GreatestAvailableTimes {
+    public final class GreatestAvailableTimes {
         private TimedFederate slowest;
+        private TimedFederate secondSlowest;
         private long least = TimeFamily.NEVER;
         private long second = TimeFamily.NEVER; // the least of all but the slowest
 
@@ -271,8 +276,12 @@ public final class TimeManagement implements Saved {
             for (TimedFederate each : regulating) {
                 if (each != slowest) {
                     // Who follows its messages may be sent one by the slowest, and answer that.
-                    second = Math.min(second, each.time().leastFutureSendTime(
-                            each.time().follows() ? Math.min(least, firstMessage(each)) : TimeFamily.NEVER));
+                    long own = each.time().leastFutureSendTime(
+                            each.time().follows() ? Math.min(least, firstMessage(each)) : TimeFamily.NEVER);
+                    if (secondSlowest == null || own < second) {
+                        secondSlowest = each;
+                        second = own;
+                    }
                 }
             }
         }
@@ -284,6 +293,16 @@ public final class TimeManagement implements Saved {
 
         long of(TimedFederate federate) {
             return federate == slowest ? second : least;
+        }
+
+        /** The federate's greatest available logical time, or null when nobody else regulates. */
+        public LogicalTime time(TimedFederate federate) {
+            return of(federate) == TimeFamily.NEVER ? null : TimeManagement.this.time(of(federate));
+        }
+
+        /** The regulating federate that it comes from, or null when nobody else is one. */
+        public TimedFederate heldBy(TimedFederate federate) {
+            return federate == slowest ? secondSlowest : slowest;
         }
     }
 
