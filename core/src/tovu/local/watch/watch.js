@@ -216,7 +216,7 @@ function place(labels, box) {
 }
 
 function fitting(name, width) {
-  const units = Math.max(3, Math.floor(width / 7.2));
+  const units = Math.max(3, Math.floor(width / 7.9));
   const all = Array.from(name);
   return all.length <= units ? name : all.slice(0, units - 1).join('') + '…';
 }
@@ -287,6 +287,8 @@ function showFederation(federation) {
   if (Array.from(byId('waits').children, each => each.textContent).join('\n') !== waits.join('\n')) {
     byId('waits').replaceChildren(...waits.map(each => element('li', {}, each)));
   }
+  const news = waits.map(each => each.replace(/ for \d+ s$| \d+ s ago/, '')).join('. '); // not read out every second
+  setText(byId('waits-text'), news);
   drawCharts(federation);
   const holding = holders(federation);
   fillTable('federates', [
@@ -357,11 +359,12 @@ events.addEventListener('history', event => {
 events.addEventListener('state', event => {
   state = JSON.parse(event.data);
   remember(state);
-  linked(true, 'Live, ' + clock(state.time));
+  linked(true, 'Live');
+  setText(byId('clock'), clock(state.time));
   show();
 });
 events.addEventListener('error', () => {
-  linked(false, state ? 'No connection: this is how it was at ' + clock(state.time) : 'No connection');
+  linked(false, state ? 'No connection: this is how it was at' : 'No connection');
 });
 
 byId('federates').addEventListener('pointerover', event => point(event.target.closest('tbody tr')));
