@@ -30,7 +30,7 @@ case ${1:-} in
     needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev"
       "/usr/include/google/protobuf/message.h libprotobuf-dev" "protoc protobuf-compiler"
       "/usr/include/capnp/message.h libcapnp-dev" "capnp capnproto"
-      "/usr/include/flatbuffers/flatbuffers.h libflatbuffers-dev" "flatc flatbuffers-compiler")
+      "/usr/include/flatbuffers/flatbuffers.h libflatbuffers-dev" "flatc flatbuffers-compiler" "openssl openssl")
     ;;
   fuzz)
     needs+=("clang++ clang"

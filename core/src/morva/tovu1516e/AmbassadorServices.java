@@ -55,7 +55,7 @@ abstract class AmbassadorServices {
     @SuppressWarnings("unchecked") // at the hub it is the result of the same service
     final <R> R hereOrAtHub(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         HubLink hub = connection.hub();
-        return hub == null ? call.serve(in) : (R) hub.request(service.ordinal(), message);
+        return hub == null ? call.serve(in) : (R) hub.serve(service.ordinal(), service.licence(), message);
     }
 
     /** Serves what names FOM modules, which are read in this process, wherever the federation is. */
@@ -110,7 +110,7 @@ abstract class AmbassadorServices {
 
     /** Serves members, but not while the federation saves or restores. */
     final <R> R ask(Service service, byte[] message, Query<R> query) throws RTIexception {
-        return serve(service, message, in -> connection.session.callOutsideSave((federation, federate) ->
+        return serve(service, message, in -> connection.callOutsideSave((federation, federate) ->
                 query.serve(federation, federate, in)));
     }
 

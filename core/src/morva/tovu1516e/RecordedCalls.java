@@ -54,7 +54,7 @@ public final class RecordedCalls {
     }
 
     public static List<String> arguments(Describer describer, int service, byte[] message) {
-        return ServiceTrace.arguments(describer, service(service), new HubMessages.Reader(message));
+        return ServiceTrace.arguments(describer, service(service), new HubMessages.Reader(message, 0));
     }
 
     /** @param message without what is around it */
@@ -69,7 +69,7 @@ public final class RecordedCalls {
 
     /** What a creation of a federation execution says. */
     public static FederationPlan plan(int service, byte[] message) {
-        MessageReader in = new HubMessages.Reader(message);
+        MessageReader in = new HubMessages.Reader(message, 0);
         String name = in.text();
         List<ModuleSource> modules = service(service) == Service.createFederationExecution_S_URL_S
                 ? List.of(in.module()) : in.modules();
@@ -78,7 +78,7 @@ public final class RecordedCalls {
     }
 
     public static Joining joining(int service, byte[] message) {
-        MessageReader in = new HubMessages.Reader(message);
+        MessageReader in = new HubMessages.Reader(message, 0);
         return new Joining(service(service) == Service.joinFederationExecution_S_S_S_URLX ? in.text() : null,
                 in.text(), in.text(), in.modules());
     }

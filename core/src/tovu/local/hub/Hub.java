@@ -6,6 +6,7 @@ import io.netty.channel.ChannelInitializer;
 import io.netty.channel.ChannelOption;
 import io.netty.channel.ChannelPipeline;
 import io.netty.channel.EventLoopGroup;
+import io.netty.channel.WriteBufferWaterMark;
 import io.netty.channel.nio.NioEventLoopGroup;
 import io.netty.channel.socket.SocketChannel;
 import io.netty.channel.socket.nio.NioServerSocketChannel;
@@ -35,11 +36,14 @@ final class Hub {
     private static final int GREETING_SECONDS = 10;
     private static final int GREATEST_GREETING = 1024;
     private static final int BACKLOG = 1024;
+    private static final WriteBufferWaterMark MUCH_TO_WRITE = new WriteBufferWaterMark(1 << 20, 1 << 22);
 
     private final HubSettings settings;
     private final SslContext tls;
     private final EventLoopGroup listening = new NioEventLoopGroup(1);
-    private final EventLoopGroup serving = new NioEventLoopGroup();
+    // A federation's services wait for each other, and frames that are written by one thread go together.
+    private final EventLoopGroup serving =
+            new NioEventLoopGroup(Math.max(1, Runtime.getRuntime().availableProcessors() / 2));
     private final ExecutorService apart = Executors.newCachedThreadPool();
     private final AtomicInteger servingLong = new AtomicInteger();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
@@ -78,6 +82,7 @@ final class Hub {
             server = new ServerBootstrap().group(listening, serving).channel(NioServerSocketChannel.class)
                     .option(ChannelOption.SO_BACKLOG, BACKLOG).option(ChannelOption.SO_REUSEADDR, true)
                     .childOption(ChannelOption.TCP_NODELAY, true)
+                    .childOption(ChannelOption.WRITE_BUFFER_WATER_MARK, MUCH_TO_WRITE)
                     .childHandler(new ChannelInitializer<SocketChannel>() {
                         @Override
                         protected void initChannel(SocketChannel channel) {

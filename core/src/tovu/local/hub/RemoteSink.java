@@ -42,11 +42,12 @@ final class RemoteSink implements CallbackSink {
 
     private final Consumer<byte[]> out;
     private final RecordedConnection recording;
+    private final IssuedLicences licences;
     private final Deque<Sent> unsettled = new ArrayDeque<>();
     private final Map<Callback, Sent> retractable = new IdentityHashMap<>();
     private final Map<Long, Sent> retracted = new HashMap<>(); // and maybe begun before the federate knew
     private long last;
-    private long remembered; // bytes
+    private volatile long remembered; // bytes; changes under the monitor only
     private final EncodedCallback told;
     private final EncodedCallback answer; // for the connection's own thread
 
@@ -58,8 +59,23 @@ final class RemoteSink implements CallbackSink {
     RemoteSink(int context, Supplier<Federate> member, RecordedConnection recording, Consumer<byte[]> out) {
         this.out = out;
         this.recording = recording;
+        licences = new IssuedLicences(out);
         told = new EncodedCallback(context, member);
         answer = new EncodedCallback(context, member);
+    }
+
+    IssuedLicences licences() {
+        return licences;
+    }
+
+    @Override
+    public void revoke(int object) {
+        licences.revoke(object);
+    }
+
+    @Override
+    public void limitTimes(long first, long last) {
+        licences.limit(first, last);
     }
 
     @Override
@@ -77,7 +93,7 @@ final class RemoteSink implements CallbackSink {
         byte[] frame;
         if (foresight == Callback.Foresight.NONE) {
             frame = new FrameWriter(FrameType.LATE_CALLBACK).longInteger(++last).octet(flags).end();
-        } else if (told.make(callback, callback::foretell)) {
+        } else if (told.foretell(callback)) {
             frame = told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
                     .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end();
             told.record(recording, last, false);
@@ -96,7 +112,7 @@ final class RemoteSink implements CallbackSink {
     }
 
     /** About how many bytes are kept of callbacks until the federate's code has been given them. */
-    synchronized long remembered() {
+    long remembered() {
         return remembered;
     }
 
@@ -144,9 +160,8 @@ final class RemoteSink implements CallbackSink {
             retractable.remove(sent.callback);
         }
         Callback callback = sent.callback;
-        boolean something = callback.foresight() == Callback.Foresight.NONE
-                ? answer.make(callback, callback::deliver)
-                : callback.begin() && answer.make(callback, callback::foretell);
+        boolean something = callback.foresight() == Callback.Foresight.NONE ? answer.deliver(callback)
+                : callback.begin() && answer.foretell(callback);
         if (something) {
             answer.record(recording, number, true);
         }
@@ -175,7 +190,7 @@ final class RemoteSink implements CallbackSink {
         }
         if (known) {
             post(instead);
-        } else if (!numbers.isEmpty() && told.make(instead, instead::foretell)) {
+        } else if (!numbers.isEmpty() && told.foretell(instead)) {
             recording.retracted(numbers);
             told.record(recording, last + 1, false);
             FrameWriter frame = told.frame(FrameType.RETRACT).integer(numbers.size());
@@ -207,6 +222,7 @@ final class RemoteSink implements CallbackSink {
         unsettled.clear();
         retractable.clear();
         retracted.clear();
+        licences.clear();
         remembered = 0;
         out.accept(new FrameWriter(FrameType.DROP).end());
     }

@@ -165,6 +165,14 @@ public final class Session {
         });
     }
 
+    /** A service that the federate called before it knew of a save, and does not wait for. */
+    public <R> R callOutsideRestore(Service<R> service) throws RTIexception {
+        return call((federation, member) -> {
+            federation.restore().requireNotInProgress();
+            return service.serve(federation, member);
+        });
+    }
+
     /** Fails while the federation that this ambassador is joined to saves or restores; being joined is not needed. */
     public void requireNoSaveOrRestore() throws RTIexception {
         if (federate != null) {

@@ -100,7 +100,10 @@ public final class FederationRestore {
         restored = snapshot;
         label = theLabel;
         failed = false;
-        successors.keySet().forEach(federate -> statuses.put(federate, RestoreStatus.RESTORING));
+        successors.keySet().forEach(federate -> {
+            statuses.put(federate, RestoreStatus.RESTORING);
+            federate.revokeLicences(0);
+        });
         federation.management().savesChanged();
         requester.post(to -> to.requestFederationRestoreSucceeded(theLabel));
         federation.postToAll(FederateCallbacks::federationRestoreBegun);

@@ -170,10 +170,11 @@ public final class FederationSave implements SaveBarrier {
         instructed = told;
         for (Federate each : federation.members()) {
             statuses.put(each, SaveStatus.INSTRUCTED_TO_SAVE);
+            each.revokeLicences(0);
         }
         federation.management().savesChanged();
         for (Federate each : federation.members()) {
-            each.postChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, theTime));
+            each.postForeseenChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, theTime));
         }
     }
 

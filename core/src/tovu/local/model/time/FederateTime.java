@@ -231,6 +231,11 @@ public final class FederateTime implements Saved {
         return kind == null ? leastSendTime(time, timeExcluded) : leastSendTime(requested, excludes(kind, requested));
     }
 
+    /** The least time from the initial one on that it may send with for sure. */
+    public long leastLicensedTime() {
+        return regulation == Switch.ON ? Math.max(0, leastSendTime()) : 0;
+    }
+
     /** The least time that it may send with from now on, if the first message for it is of that time. */
     long leastFutureSendTime(long firstMessage) {
         if (kind == null) {

@@ -78,7 +78,10 @@ public final class TimeManagement implements Saved {
         }
         own.beginRegulation(interval, start, promised);
         regulating.add(federate);
-        federate.postChange(own::completeRegulation, to -> to.timeRegulationEnabled(time(own.time())));
+        federate.postChange(() -> {
+            own.completeRegulation();
+            regulationChanged(federate);
+        }, to -> to.timeRegulationEnabled(time(own.time())));
     }
 
     public void disableRegulation(TimedFederate federate) throws TimeRegulationIsNotEnabled {
@@ -87,8 +90,15 @@ public final class TimeManagement implements Saved {
         evaluate();
     }
 
+    /** It depends on that whether what is sent may be retracted. */
+    private static void regulationChanged(TimedFederate federate) {
+        federate.revokeLicences(0);
+        federate.limitTimes();
+    }
+
     private void stopRegulating(TimedFederate federate) {
         federate.time().endRegulation();
+        regulationChanged(federate);
         regulating.remove(federate);
         federate.forgetRetractions();
     }
@@ -126,6 +136,7 @@ public final class TimeManagement implements Saved {
                     + " already; ask for that or a later one");
         }
         federate.time().request(kind, requested);
+        federate.limitTimes();
         federate.inbox().releaseHeld();
         waiting.add(federate);
         evaluate();
@@ -169,6 +180,7 @@ public final class TimeManagement implements Saved {
         requireNotAdvancing(federate);
         remindOfFamily(federate, lookahead);
         federate.time().modifyLookahead(family.lookahead(lookahead));
+        federate.limitTimes();
         evaluate();
     }
 
@@ -354,8 +366,9 @@ public final class TimeManagement implements Saved {
         federate.inbox().deliverUntil(last, target);
         own.decide(target);
         long reached = target;
-        federate.postChange(() -> {
+        federate.postForeseenChange(() -> {
             own.reach();
+            federate.limitTimes();
             federate.expireRetractions(own.leastSendTime());
         }, to -> to.timeAdvanceGrant(time(reached)));
     }
