@@ -88,11 +88,10 @@ public final class HubAmbassador extends RegionServices {
      * Serves what a federate with a licence has sent and does not wait for. One after the other.
      *
      * @param number by which the federate may retract it, or 0
-     * @return what the service returns, or null
      */
-    public Object serveUnderWay(int service, int number, byte[] message) throws RTIexception {
+    public void serveUnderWay(int service, int number, byte[] message) throws RTIexception {
         underWay.retraction = number;
-        return underWay.serve(service, message);
+        underWay.serve(service, message);
     }
 
     /** What a federate elsewhere may be spared by a licence. */

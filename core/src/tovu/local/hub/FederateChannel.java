@@ -39,15 +39,16 @@ import tovu.local.wire.Result;
  */
 final class FederateChannel extends ChannelInboundHandlerAdapter {
     private static final int TOGETHER = 1 << 14; // bytes of frames that leave as one
-    private static final int UNDER_WAY = 0; // in recordings, the number of what waits for no answer
+
+    private static final int UNDER_WAY = 0; // in a recording, the number of a request that has none
 
     private final Hub hub;
     private final Channel channel;
     private final HubAmbassador ambassador = new HubAmbassador(this::connect);
     private final Queue<byte[]> outgoing = new ConcurrentLinkedQueue<>();
     private final AtomicBoolean writing = new AtomicBoolean();
-    private RecordedConnection recording = RecordedConnection.NONE;
     private final Brake brake;
+    private RecordedConnection recording = RecordedConnection.NONE;
     private volatile RemoteSink sink; // once it has connected
     private boolean greeted;
     private volatile boolean ended;
@@ -204,6 +205,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             case PROGRESS -> {
                 long begun = frame.longInteger();
                 long endedUpTo = frame.longInteger();
+                recording.progress(begun);
                 serve(false, () -> progress(begun, endedUpTo));
             }
             case HEARTBEAT -> {
@@ -346,13 +348,14 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             throw new MalformedFrame("a message without a licence");
         }
         try {
-            recording.result(UNDER_WAY, ambassador.serveUnderWay(service, retraction, message));
+            ambassador.serveUnderWay(service, retraction, message);
+            recording.result(UNDER_WAY, retraction == 0 ? null
+                    : ByteBuffer.allocate(2 * Integer.BYTES).putInt(retraction).array());
             if (retraction != 0) {
                 setNumbersAside();
             }
         } catch (RTIexception e) {
-            // nobody waits to hear of it
-            recording.failure(UNDER_WAY, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
+            recording.failure(UNDER_WAY, e.getClass().getSimpleName(), String.valueOf(e.getMessage())); // nobody waits
         } catch (MalformedMessage e) {
             throw e;
         } catch (RuntimeException | Error e) {

@@ -41,8 +41,8 @@ final class RemoteSink implements CallbackSink {
     }
 
     private final Consumer<byte[]> out;
-    private final IssuedLicences licences;
     private final RecordedConnection recording;
+    private final IssuedLicences licences;
     private final Deque<Sent> unsettled = new ArrayDeque<>();
     private final Map<Callback, Sent> retractable = new IdentityHashMap<>();
     private final Map<Long, Sent> retracted = new HashMap<>(); // and maybe begun before the federate knew
@@ -58,8 +58,8 @@ final class RemoteSink implements CallbackSink {
      */
     RemoteSink(int context, Supplier<Federate> member, RecordedConnection recording, Consumer<byte[]> out) {
         this.out = out;
-        licences = new IssuedLicences(out);
         this.recording = recording;
+        licences = new IssuedLicences(out);
         told = new EncodedCallback(context, member);
         answer = new EncodedCallback(context, member);
     }
@@ -160,8 +160,7 @@ final class RemoteSink implements CallbackSink {
             retractable.remove(sent.callback);
         }
         Callback callback = sent.callback;
-        boolean something = callback.foresight() == Callback.Foresight.NONE
-                ? answer.deliver(callback)
+        boolean something = callback.foresight() == Callback.Foresight.NONE ? answer.deliver(callback)
                 : callback.begin() && answer.foretell(callback);
         if (something) {
             answer.record(recording, number, true);

@@ -19,7 +19,7 @@ record Line(Entry entry, String who, String name, List<String> arguments, String
         return entry.kind() == Recording.Kind.CALLBACK || entry.kind() == Recording.Kind.LATE_CALLBACK;
     }
 
-    /** Says it, and has the names follow; null for what has nothing to say. */
+    /** Says it, and has the names follow; null for what is not worth a line. */
     static Line of(Entry entry, RecordedNames names) {
         return switch (entry.kind()) {
             case OPENED -> {
@@ -43,6 +43,7 @@ record Line(Entry entry, String who, String name, List<String> arguments, String
                         RecordedCalls.arguments(names.describer(entry.connection()), method, entry.content()));
             }
             case RESULT, FAILURE -> answer(entry, names);
+            case PROGRESS -> null;
             case RETRACTED -> new Line(entry, names.who(entry.connection()), "", List.of(),
                     "callbacks are taken back");
         };

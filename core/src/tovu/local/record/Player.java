@@ -18,7 +18,6 @@ import tovu.local.model.port.CallbackSink;
 import tovu.local.record.RecordingReader.Entry;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
-import tovu.local.wire.Licence;
 
 /**
  * Plays a recording's federates at a hub: calls their services again, in the order in which the hub got them, each when
@@ -113,12 +112,18 @@ final class Player implements AutoCloseable {
             }
             Entry request = entry.kind() == Recording.Kind.RESULT || entry.kind() == Recording.Kind.FAILURE
                     ? names.requestOf(entry) : null;
-            Line line = Line.of(entry, names);
+            Line.of(entry, names); // has the names follow
             switch (entry.kind()) {
-                case REQUEST -> serve(entry, line);
+                case REQUEST -> serve(entry);
                 case RESULT, FAILURE -> compare(entry, request);
                 case CLOSED -> leave(entry);
-                case LATE_CALLBACK -> take(entry, line);
+                case LATE_CALLBACK, PROGRESS -> {
+                    take(entry);
+                    Part part = parts.get(entry.connection());
+                    if (part != null) {
+                        part.link.beHeard();
+                    }
+                }
                 case CALLBACK -> {
                     Discovery then = RecordedCalls.discovery(CallbackMethod.of(entry.code()), entry.content());
                     if (then != null && parts.containsKey(entry.connection())) {
@@ -135,17 +140,17 @@ final class Player implements AutoCloseable {
         return different + missing == 0;
     }
 
-    private void serve(Entry entry, Line line) throws RTIexception, InterruptedException {
+    private void serve(Entry entry) throws RTIexception, InterruptedException {
         Part part = parts.get(entry.connection());
         if (part == null) {
             part = new Part(hub);
             parts.put(entry.connection(), part);
         }
-        take(entry, line);
+        take(entry);
         Answer answer;
         try {
             ++services;
-            answer = new Answer(part.link.serve(entry.code(), Licence.NONE,
+            answer = new Answer(part.link.request(entry.code(),
                     RecordedCalls.translated(entry.code(), entry.content(), handles)), null);
         } catch (RTIexception e) {
             if (part.link.isLost()) {
@@ -157,11 +162,11 @@ final class Player implements AutoCloseable {
     }
 
     /** Gives the federate as many callbacks as it had been given then. */
-    private void take(Entry entry, Line line) throws RTIexception, InterruptedException {
+    private void take(Entry entry) throws RTIexception, InterruptedException {
         Part part = parts.get(entry.connection());
         if (part != null && !part.takeUntil(entry.number())) {
             ++missing;
-            out.println(ReplayMain.stamp(in.begin(), line) + " " + line.text() + ": then it had got callback "
+            out.println(ReplayMain.stamp(in.begin(), entry, names.who(entry.connection())) + " then had got callback "
                     + entry.number() + ", and now only " + part.link.begun());
         }
     }

@@ -39,6 +39,10 @@ public interface RecordedConnection {
     default void retracted(List<Long> callbacks) {
     }
 
+    /** @param begun the number of the last callback that has begun */
+    default void progress(long begun) {
+    }
+
     default void closed(String reason) {
     }
 }

@@ -211,6 +211,15 @@ public final class Recorder implements AutoCloseable {
         }
 
         @Override
+        public void progress(long begun) {
+            synchronized (Recorder.this) {
+                begin(Kind.PROGRESS, number);
+                record.number(begun);
+                end();
+            }
+        }
+
+        @Override
         public void closed(String reason) {
             synchronized (Recorder.this) {
                 begin(Kind.CLOSED, number);

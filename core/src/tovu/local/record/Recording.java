@@ -28,7 +28,9 @@ final class Recording {
         /** Callbacks are taken back. */
         RETRACTED,
         /** The connection has ended. */
-        CLOSED;
+        CLOSED,
+        /** Callbacks have begun that no service has told of yet. */
+        PROGRESS;
 
         private static final Kind[] ALL = values();
 

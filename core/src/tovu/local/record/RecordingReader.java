@@ -112,6 +112,7 @@ final class RecordingReader implements AutoCloseable {
                 yield new Entry(kind, micros, connection, tag, service, begun, rest());
             }
             case RESULT, FAILURE -> new Entry(kind, micros, connection, octet(), 0, 0, rest());
+            case PROGRESS -> new Entry(kind, micros, connection, 0, 0, number(), rest());
             case CALLBACK, LATE_CALLBACK -> {
                 long number = number();
                 yield new Entry(kind, micros, connection, 0, (int) number(), number, rest());

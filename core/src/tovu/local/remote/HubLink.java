@@ -138,9 +138,17 @@ public final class HubLink {
                 return sent.result();
             }
         }
-        return ask(licence == Licence.NONE ? NO_LICENCE : result -> licences.add(service, licence, message, result),
-                number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24).integer(number))
-                        .integer(service).rest(message).end()).result();
+        return request(service, message, result -> licences.add(service, licence, message, result));
+    }
+
+    /** A service that is waited for in any case. */
+    public Object request(int service, byte[] message) throws RTIexception {
+        return request(service, message, NO_LICENCE);
+    }
+
+    private Object request(int service, byte[] message, Consumer<Object> onLicence) throws RTIexception {
+        return ask(onLicence, number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24)
+                .integer(number)).integer(service).rest(message).end()).result();
     }
 
     private interface Request {
@@ -187,7 +195,8 @@ public final class HubLink {
         }
     }
 
-    private void beHeard() {
+    /** Returns when the hub knows what callbacks have begun and ended. */
+    public void beHeard() {
         try {
             askAlone(NO_LICENCE, number -> progress(new FrameWriter(FrameType.FENCE).integer(number)).end());
         } catch (RTIexception e) {
@@ -385,13 +394,13 @@ public final class HubLink {
         return frame.longInteger(begun).longInteger(ended);
     }
 
-    private synchronized boolean isProgressNew() {
-        return toldEnded != ended;
-    }
-
     /** The number of the last callback that has begun. */
     public synchronized long begun() {
         return begun;
+    }
+
+    private synchronized boolean isProgressNew() {
+        return toldEnded != ended;
     }
 
     private synchronized void review(long number) {
