@@ -10,7 +10,7 @@ get_target_property(core_jar localcore JAR_FILE)
 install(FILES ${core_jar} DESTINATION ${jar_dir} COMPONENT localcore)
 if(TARGET hub)
   get_target_property(hub_jar hub JAR_FILE)
-  install(PROGRAMS ${CMAKE_BINARY_DIR}/rti1516e-hub DESTINATION bin COMPONENT hub)
+  install(PROGRAMS ${CMAKE_BINARY_DIR}/rti1516e-hub ${CMAKE_BINARY_DIR}/rti1516e-replay DESTINATION bin COMPONENT hub)
   install(FILES ${hub_jar} DESTINATION ${jar_dir} COMPONENT hub)
   # For packages only, whose prefix is /usr: elsewhere there is no saying where the system's own files are.
   install(FILES cmake/hub/hub.conf DESTINATION ../etc/rti1516e COMPONENT hub EXCLUDE_FROM_ALL)

@@ -36,13 +36,16 @@ packages=(
   tovu.local.model.exchange
   tovu.local.model.synchronization
   tovu.local.model.save
+  tovu.local.saves
   tovu.local.model.federation
   tovu.local.management
+  tovu.local.watch
   tovu.local.trace
   tovu.local.wire
   tovu.local.delivery
   tovu.local.remote
   morva.tovu1516e
+  tovu.local.record
   tovu.local.hub
 )
 declare -A height

@@ -7,6 +7,7 @@ import tovu.local.model.federation.Federation;
 import tovu.local.model.federation.Session;
 import tovu.local.model.value.ServiceCall;
 import tovu.local.remote.HubLink;
+import tovu.local.trace.Describer;
 import tovu.local.trace.Trace;
 
 /**
@@ -54,7 +55,7 @@ abstract class AmbassadorServices {
     @SuppressWarnings("unchecked") // at the hub it is the result of the same service
     final <R> R hereOrAtHub(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         HubLink hub = connection.hub();
-        return hub == null ? call.serve(in) : (R) hub.request(service.ordinal(), message);
+        return hub == null ? call.serve(in) : (R) hub.serve(service.ordinal(), service.licence(), message);
     }
 
     /** Serves what names FOM modules, which are read in this process, wherever the federation is. */
@@ -70,7 +71,8 @@ abstract class AmbassadorServices {
     /** Serves, and tells whoever wants to know of it. */
     private <R> R tell(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         Federate federate = connection.session.federate();
-        List<String> arguments = ServiceTrace.arguments(federate, service, reader(message));
+        Describer describer = new Describer(federate);
+        List<String> arguments = ServiceTrace.arguments(describer, service, reader(message));
         if (Trace.ON) {
             ServiceTrace.print(connection.memberName(), service, arguments);
         }
@@ -78,7 +80,7 @@ abstract class AmbassadorServices {
         String failure = "";
         try {
             R result = call.serve(in);
-            results = ServiceTrace.results(federate, service, result);
+            results = ServiceTrace.results(describer, service, result);
             return result;
         } catch (RTIexception | RuntimeException e) {
             failure = ServiceTrace.failure(e);
@@ -108,7 +110,7 @@ abstract class AmbassadorServices {
 
     /** Serves members, but not while the federation saves or restores. */
     final <R> R ask(Service service, byte[] message, Query<R> query) throws RTIexception {
-        return serve(service, message, in -> connection.session.callOutsideSave((federation, federate) ->
+        return serve(service, message, in -> connection.callOutsideSave((federation, federate) ->
                 query.serve(federation, federate, in)));
     }
 

@@ -8,13 +8,22 @@ import tovu.local.model.exchange.Federate;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Session;
 import tovu.local.remote.HubLink;
+import tovu.local.saves.SaveFolder;
 
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
 abstract class Connection {
     /** Those that all ambassadors of this process share. */
-    private static final Federations FEDERATIONS = new Federations(Manager::new);
+    static final Federations FEDERATIONS = new Federations(Manager::new, SaveFolder.stores());
 
-    final Session session = new Session(FEDERATIONS);
+    final Session session;
+
+    Connection() {
+        this(new Session(FEDERATIONS));
+    }
+
+    Connection(Session session) {
+        this.session = session;
+    }
 
     /**
      * @param designator  the local settings designator
@@ -36,6 +45,11 @@ abstract class Connection {
     /** Of the callbacks that wait in this process. */
     CallbackDelivery delivery() throws RTIexception {
         throw new RTIinternalError("This ambassador's callbacks are delivered where its federate runs");
+    }
+
+    /** A service that has to wait for the end of a save or restore. */
+    <R> R callOutsideSave(Session.Service<R> service) throws RTIexception {
+        return session.callOutsideSave(service);
     }
 
     /** What the federate is called that the ambassador is joined as, or null. */

@@ -16,6 +16,8 @@ import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
 import tovu.local.trace.Trace;
+import tovu.local.watch.ProcessPage;
+import tovu.local.wire.Licence;
 
 /** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
 final class FederateConnection extends Connection {
@@ -51,6 +53,7 @@ final class FederateConnection extends Connection {
         requireNotConnectedToHub();
         session.connect(created);
         hub = null;
+        ProcessPage.show(FEDERATIONS::all);
     }
 
     private synchronized void connectToHub(HubAddress address, CallbackDelivery created, int context, byte[] message)
@@ -60,7 +63,7 @@ final class FederateConnection extends Connection {
         HubLink link = HubLink.open(address, created, Trace.ON ? this::trace : natives,
                 fault -> lost(created, context, fault));
         try {
-            link.request(Service.connect_FA_CM_S.ordinal(), message);
+            link.serve(Service.connect_FA_CM_S.ordinal(), Licence.NONE, message);
         } catch (NotConnected e) {
             throw new ConnectionFailed(e.getMessage());
         } catch (RTIexception e) {
@@ -97,7 +100,7 @@ final class FederateConnection extends Connection {
             if (current == null) {
                 session.disconnect();
             } else if (!current.isLost()) {
-                current.request(Service.disconnect.ordinal(), AmbassadorServices.NO_ARGUMENTS);
+                current.serve(Service.disconnect.ordinal(), Licence.NONE, AmbassadorServices.NO_ARGUMENTS);
             }
         } catch (FederateIsExecutionMember e) {
             suspectDestruction();
@@ -157,7 +160,7 @@ final class FederateConnection extends Connection {
             session.requireNoSaveOrRestore();
         } else {
             Service service = on ? Service.enableCallbacks : Service.disableCallbacks;
-            current.request(service.ordinal(), AmbassadorServices.NO_ARGUMENTS);
+            current.serve(service.ordinal(), Licence.NONE, AmbassadorServices.NO_ARGUMENTS);
         }
         delivery().setEnabled(on);
     }

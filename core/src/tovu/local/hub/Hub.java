@@ -6,6 +6,7 @@ import io.netty.channel.ChannelInitializer;
 import io.netty.channel.ChannelOption;
 import io.netty.channel.ChannelPipeline;
 import io.netty.channel.EventLoopGroup;
+import io.netty.channel.WriteBufferWaterMark;
 import io.netty.channel.nio.NioEventLoopGroup;
 import io.netty.channel.socket.SocketChannel;
 import io.netty.channel.socket.nio.NioServerSocketChannel;
@@ -26,6 +27,8 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicInteger;
+import tovu.local.record.RecordedConnection;
+import tovu.local.record.Recorder;
 import tovu.local.wire.Identity;
 
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
@@ -33,20 +36,25 @@ final class Hub {
     private static final int GREETING_SECONDS = 10;
     private static final int GREATEST_GREETING = 1024;
     private static final int BACKLOG = 1024;
+    private static final WriteBufferWaterMark MUCH_TO_WRITE = new WriteBufferWaterMark(1 << 20, 1 << 22);
 
     private final HubSettings settings;
     private final SslContext tls;
     private final EventLoopGroup listening = new NioEventLoopGroup(1);
-    private final EventLoopGroup serving = new NioEventLoopGroup();
+    // A federation's services wait for each other, and frames that are written by one thread go together.
+    private final EventLoopGroup serving =
+            new NioEventLoopGroup(Math.max(1, Runtime.getRuntime().availableProcessors() / 2));
     private final ExecutorService apart = Executors.newCachedThreadPool();
     private final AtomicInteger servingLong = new AtomicInteger();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
     private final AtomicInteger connections = new AtomicInteger();
+    private final Recorder recorder; // null for none
     private Channel server;
 
     Hub(HubSettings settings) throws IOException {
         this.settings = settings;
         tls = settings.certificate() == null ? null : tls();
+        recorder = settings.recording() == null ? null : new Recorder(settings.recording());
     }
 
     private SslContext tls() throws IOException {
@@ -74,19 +82,19 @@ final class Hub {
             server = new ServerBootstrap().group(listening, serving).channel(NioServerSocketChannel.class)
                     .option(ChannelOption.SO_BACKLOG, BACKLOG).option(ChannelOption.SO_REUSEADDR, true)
                     .childOption(ChannelOption.TCP_NODELAY, true)
+                    .childOption(ChannelOption.WRITE_BUFFER_WATER_MARK, MUCH_TO_WRITE)
                     .childHandler(new ChannelInitializer<SocketChannel>() {
                         @Override
                         protected void initChannel(SocketChannel channel) {
                             begin(channel);
                         }
-                    }).bind(settings.host(), settings.port()).sync().channel();
+                    }).bind(settings.listen().socketAddress()).sync().channel();
             return (InetSocketAddress) server.localAddress();
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             throw new IOException(e);
         } catch (Exception e) { // the library throws what the system call has failed with, undeclared
-            throw new IOException("cannot listen on " + settings.host() + ":" + settings.port() + " (" + e.getMessage()
-                    + ")", e);
+            throw new IOException("cannot listen on " + settings.listen() + " (" + e.getMessage() + ")", e);
         }
     }
 
@@ -111,6 +119,11 @@ final class Hub {
     /** Whether a service runs that takes its time. Others may have to wait for what it holds. */
     boolean isServingLong() {
         return servingLong.get() > 0;
+    }
+
+    /** What takes what crosses the connection from that address. */
+    RecordedConnection record(String address) {
+        return recorder == null ? RecordedConnection.NONE : recorder.opened(address);
     }
 
     void serveLong(Runnable service) {
@@ -146,5 +159,8 @@ final class Hub {
         serving.shutdownGracefully(0, 2, TimeUnit.SECONDS).syncUninterruptibly();
         listening.shutdownGracefully(0, 1, TimeUnit.SECONDS).syncUninterruptibly();
         apart.shutdownNow();
+        if (recorder != null) {
+            recorder.close();
+        }
     }
 }

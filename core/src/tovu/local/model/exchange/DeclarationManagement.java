@@ -13,7 +13,7 @@ import tovu.local.model.exchange.Interest.Terms;
 import tovu.local.model.value.Saved;
 
 /** Publication and subscription. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class DeclarationManagement implements Saved {
     private final Exchange federation;
     private final Audience<ObjectClass> objectAudience = new Audience<>();
@@ -79,6 +79,7 @@ public final class DeclarationManagement implements Saved {
     public void unpublishInteractionClass(Federate federate, int classHandle) throws RTIexception {
         InteractionClass theClass = federation.lookup().interactionClass(classHandle);
         federate.publications.interactionClasses.remove(theClass);
+        federate.revokeLicences(0);
         federate.publications.interactionsOn.remove(theClass);
     }
 

@@ -12,7 +12,7 @@ import tovu.local.fom.Transportation;
 import tovu.local.model.value.Saved;
 
 /** One attribute of one object instance: who owns it, who wants it, and how its updates travel. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class InstanceAttribute implements Saved {
     /** What an owner who wants to be rid of the attribute has come to; abandoned is what has an owner no more. */
     enum Divestiture {
@@ -83,6 +83,7 @@ final class InstanceAttribute implements Saved {
     void giveTo(Federate newOwner) {
         if (owner != null) {
             associate(owner, Set.of());
+            owner.revokeLicences(object.handle);
         }
         owner = newOwner;
         ++tenure;
@@ -126,6 +127,7 @@ final class InstanceAttribute implements Saved {
     }
 
     void orderBy(OrderType type) {
+        owner.revokeLicences(object.handle);
         delivery = new Delivery(transportation(), type, isTransportationChanging());
     }
 

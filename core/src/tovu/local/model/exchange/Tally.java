@@ -10,9 +10,9 @@ import tovu.local.model.value.Saved;
  * How often something has happened, by class and transportation type. One thread at a time counts; whoever reads may be
  * behind by what is happening just then.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class Tally implements Saved {
-    @SuppressWarnings("serial") // kept in memory only
+    @SuppressWarnings("serial") // read by what wrote it
     private static final class Row implements Saved {
         private final Transportation type;
         private volatile int[] counts = {}; // by the class's handle
@@ -67,6 +67,18 @@ public final class Tally implements Saved {
             }
         }
         return byClass;
+    }
+
+    /** Adds the counts of each class, whatever the transportation. */
+    public void addTo(Map<Integer, Long> totals) {
+        for (Row row : rows) {
+            int[] current = row.counts;
+            for (int theClass = 0; theClass < current.length; ++theClass) {
+                if (current[theClass] != 0) {
+                    totals.merge(theClass, Integer.toUnsignedLong(current[theClass]), Long::sum);
+                }
+            }
+        }
     }
 
     public Map<Integer, Integer> byClass() {

@@ -4,6 +4,7 @@ import hla.rti1516e.exceptions.DesignatorIsHLAstandardMIM;
 import hla.rti1516e.exceptions.FederationExecutionAlreadyExists;
 import hla.rti1516e.exceptions.FederationExecutionDoesNotExist;
 import hla.rti1516e.exceptions.RTIexception;
+import java.util.Collection;
 import java.util.List;
 import java.util.Map;
 import java.util.concurrent.ConcurrentSkipListMap;
@@ -12,6 +13,7 @@ import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
 import tovu.local.model.exchange.Management;
+import tovu.local.model.port.SaveStore;
 import tovu.local.model.value.FederationInformation;
 import tovu.local.model.value.TimeFamily;
 
@@ -20,10 +22,15 @@ public final class Federations {
     private static final String STANDARD_MIM = "HLAstandardMIM";
     private final Map<String, Federation> byName = new ConcurrentSkipListMap<>();
     private final Function<Federation, Management> management;
+    private final Function<String, SaveStore> saves;
 
-    /** @param management makes the management of a federation */
-    public Federations(Function<Federation, Management> management) {
+    /**
+     * @param management makes the management of a federation
+     * @param saves      tells where the saves of a federation of that name are
+     */
+    public Federations(Function<Federation, Management> management, Function<String, SaveStore> saves) {
         this.management = management;
+        this.saves = saves;
     }
 
     void create(FederationPlan plan) throws RTIexception {
@@ -38,7 +45,9 @@ public final class Federations {
         List<FomModule> modules = FomReader.ofModules().readAll(plan.fomModules());
         ObjectModel objectModel = ObjectModel.of(mim, modules);
         TimeFamily timeFamily = TimeFamily.named(plan.timeImplementation());
-        if (byName.putIfAbsent(plan.name(), new Federation(plan.name(), objectModel, timeFamily, management)) != null) {
+        Federation federation = new Federation(plan.name(), objectModel, timeFamily, saves.apply(plan.name()),
+                management);
+        if (byName.putIfAbsent(plan.name(), federation) != null) {
             throw alreadyExists(plan);
         }
     }
@@ -61,6 +70,10 @@ public final class Federations {
                     + "' in this process; create it first");
         }
         return federation;
+    }
+
+    public Collection<Federation> all() {
+        return byName.values();
     }
 
     List<FederationInformation> list() {
