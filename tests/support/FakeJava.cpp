@@ -42,7 +42,7 @@ std::string const& methodOf(jmethodID id) { return *reinterpret_cast<std::string
 
 Object* newObject(std::string const& className)
 {
-   return state.objects.emplace_back(new Object{className}).get();
+   return state.objects.emplace_back(std::make_unique<Object>(Object{className})).get();
 }
 
 template <class Reference>
