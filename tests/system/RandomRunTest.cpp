@@ -608,6 +608,10 @@ private:
             perform(who, "federateSaveComplete", "");
          } else if (news.rfind("initiateFederateRestore", 0) == 0) {
             perform(who, "federateRestoreComplete", "");
+         } else if (news == "federationRestored") {
+            // To whenever that save was, maybe of a member that this one has taken the place of.
+            life(who).time =
+               std::strtod(serve(*_stage, federate(who), {"queryLogicalTime"}).result.c_str(), nullptr);
          }
       }
    }
