@@ -6,6 +6,7 @@ import tovu.local.model.exchange.Federate;
 import tovu.local.model.federation.Federation;
 import tovu.local.model.federation.FederationPlan;
 import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Placement;
 import tovu.local.model.federation.Session;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
@@ -58,7 +59,7 @@ final class SessionTest {
     }
 
     private static void lossWhileARestoreCompletes() throws Exception {
-        Federations federations = new Federations(Manager::new);
+        Federations federations = new Federations(Manager::new, Placement.ALONE);
         List<Session> members = new ArrayList<>();
         for (String name : List.of("alpha", "beta")) {
             Session session = new Session(federations);

@@ -6,10 +6,15 @@ import hla.rti1516e.exceptions.FederateIsExecutionMember;
 import hla.rti1516e.exceptions.NotConnected;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
+import java.util.List;
 import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.TimeUnit;
 import tovu.local.delivery.CallbackDelivery;
 import tovu.local.delivery.CallbackPort;
+import tovu.local.management.Manager;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Placement;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
@@ -18,20 +23,33 @@ import tovu.local.remote.HubLink;
 final class FederateConnection extends Connection {
     private static final String DESTROYED = "Its ambassador was destroyed while it was joined";
 
+    /** Those that all ambassadors of this process share. */
+    private static final Federations FEDERATIONS = new Federations(Manager::new, Placement.ALONE);
+    private static final int MOST_HUBS_ASKED = 8;
+
+    /** How it came to a hub, to come to another one in the same way. */
+    private record Way(CallbackDelivery delivery, int context, byte[] message) {
+    }
+
     private final CallbackPort natives = new NativePort();
     private volatile CallbackDelivery delivery;
     private volatile HubLink hub;
+    private Way way;
+
+    FederateConnection() {
+        super(FEDERATIONS);
+    }
 
     @Override
     void connect(int context, boolean immediate, String designator, byte[] message) throws RTIexception {
-        HubAddress address = HubAddress.of(designator);
+        List<HubAddress> hubs = HubAddress.of(designator);
         CallbackDelivery created;
-        if (address == null) {
+        if (hubs.isEmpty()) {
             created = CallbackDelivery.toContext(context, natives, session::federate);
             connectHere(created);
         } else {
-            created = CallbackDelivery.ofSelfDelivering(() -> "The federate at the hub " + address);
-            connectToHub(address, created, context, message);
+            created = CallbackDelivery.ofSelfDelivering(() -> "The federate at the hub " + hubs);
+            connectToHub(hubs, new Way(created, context, message));
         }
         CallbackDelivery previous = delivery; // of a hub that was lost
         delivery = created;
@@ -49,20 +67,70 @@ final class FederateConnection extends Connection {
         hub = null;
     }
 
-    private synchronized void connectToHub(HubAddress address, CallbackDelivery created, int context, byte[] message)
-            throws RTIexception {
+    private synchronized void connectToHub(List<HubAddress> hubs, Way theWay) throws RTIexception {
         requireNotConnectedToHub();
         session.requireNotConnected();
-        HubLink link = HubLink.open(address, created, natives, fault -> lost(created, context, fault));
+        hub = introduced(HubLink.open(hubs, theWay.delivery, natives, fault -> lost(theWay, fault)), theWay);
+        way = theWay;
+    }
+
+    private static HubLink introduced(HubLink link, Way way) throws RTIexception {
         try {
-            link.request(Service.connect_FA_CM_S.ordinal(), message);
+            link.request(Service.connect_FA_CM_S.ordinal(), way.message);
+            return link;
         } catch (NotConnected e) {
             throw new ConnectionFailed(e.getMessage());
         } catch (RTIexception e) {
             link.close(e.getMessage());
             throw e;
         }
-        hub = link;
+    }
+
+    /** Who joins stays where the federation is; for anything else going there and back is enough. */
+    @Override
+    Object requestElsewhere(Elsewhere first, Service service, byte[] message) throws RTIexception {
+        Elsewhere next = first;
+        for (int left = MOST_HUBS_ASKED; left > 0; --left) {
+            try {
+                return service.isJoin() ? move(next).request(service.ordinal(), message)
+                        : runErrand(next, service, message);
+            } catch (Elsewhere e) {
+                next = e;
+            } catch (ConnectionFailed e) {
+                throw new RTIinternalError("What this service asks for is at another hub. " + e.getMessage());
+            }
+        }
+        throw new RTIinternalError("One hub after the other says that it is the next one that serves this; try again");
+    }
+
+    private synchronized HubLink move(Elsewhere to) throws RTIexception {
+        HubLink from = hub;
+        if (from == null) {
+            throw new NotConnected("This ambassador has been disconnected meanwhile; connect again");
+        }
+        Way theWay = way;
+        hub = introduced(from.openElsewhere(to.address(), theWay.delivery, natives, fault -> lost(theWay, fault)),
+                theWay);
+        from.close("it joins at " + to.address());
+        return hub;
+    }
+
+    private Object runErrand(Elsewhere to, Service service, byte[] message) throws RTIexception {
+        HubLink from;
+        Way theWay;
+        synchronized (this) {
+            from = hub;
+            theWay = way;
+        }
+        if (from == null) {
+            throw new NotConnected("This ambassador has been disconnected meanwhile; connect again");
+        }
+        HubLink there = introduced(from.openElsewhere(to.address(), theWay.delivery, natives, fault -> { }), theWay);
+        try {
+            return there.request(service.ordinal(), message);
+        } finally {
+            there.close("its errand is done");
+        }
     }
 
     private void requireNotConnectedToHub() throws AlreadyConnected {
@@ -73,10 +141,10 @@ final class FederateConnection extends Connection {
     }
 
     /** What came of a federation that the federate is no member of any more is not true any more, either. */
-    private void lost(CallbackDelivery of, int context, String fault) {
-        of.dropMembership();
-        FederateCallbacks federate = CallbackDelivery.encoder(context, natives);
-        of.postToConnection(nobody -> federate.connectionLost(fault));
+    private void lost(Way theWay, String fault) {
+        theWay.delivery.dropMembership();
+        FederateCallbacks federate = CallbackDelivery.encoder(theWay.context, natives);
+        theWay.delivery.postToConnection(nobody -> federate.connectionLost(fault));
     }
 
     @Override

@@ -9,6 +9,7 @@ import java.util.function.Function;
 import java.util.function.IntFunction;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
+import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Session;
 import tovu.local.model.port.CallbackSink;
 
@@ -16,9 +17,12 @@ import tovu.local.model.port.CallbackSink;
 public final class HubAmbassador extends RegionServices {
     private static final MethodHandle[] SERVICES = services();
 
-    /** @param sink makes what takes the callbacks of a federate with that callback context */
-    public HubAmbassador(IntFunction<CallbackSink> sink) {
-        super(new HubConnection(sink));
+    /**
+     * @param sink        makes what takes the callbacks of a federate with that callback context
+     * @param federations those of the hub
+     */
+    public HubAmbassador(IntFunction<CallbackSink> sink, Federations federations) {
+        super(new HubConnection(sink, federations));
     }
 
     private static MethodHandle[] services() {
@@ -56,12 +60,21 @@ public final class HubAmbassador extends RegionServices {
         }
     }
 
-    /** Whether a service may take its time: it reads object models, or writes states. */
-    public static boolean isLong(int service) {
+    /** Whether a service creates a federation. */
+    public static boolean isCreation(int service) {
         Service[] all = Service.values();
         return service >= 0 && service < all.length && switch (all[service]) {
             case createFederationExecution_S_URL_S, createFederationExecution_S_URLX_S,
-                    createFederationExecution_S_URLX_URL_S, joinFederationExecution_S_S_S_URLX,
+                    createFederationExecution_S_URLX_URL_S -> true;
+            default -> false;
+        };
+    }
+
+    /** Whether a service may take its time: it reads object models, writes states, or asks which hub has what. */
+    public static boolean isLong(int service) {
+        Service[] all = Service.values();
+        return isCreation(service) || service >= 0 && service < all.length && switch (all[service]) {
+            case destroyFederationExecution_S, listFederationExecutions, joinFederationExecution_S_S_S_URLX,
                     joinFederationExecution_S_S_URLX, federateSaveComplete, federateRestoreComplete,
                     requestFederationRestore_S -> true;
             default -> false;

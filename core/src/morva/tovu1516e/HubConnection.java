@@ -2,13 +2,15 @@ package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.function.IntFunction;
+import tovu.local.model.federation.Federations;
 import tovu.local.model.port.CallbackSink;
 
 /** The connection, at a hub, of an ambassador whose federate is elsewhere. */
 final class HubConnection extends Connection {
     private final IntFunction<CallbackSink> sinkOf;
 
-    HubConnection(IntFunction<CallbackSink> sinkOf) {
+    HubConnection(IntFunction<CallbackSink> sinkOf, Federations federations) {
+        super(federations);
         this.sinkOf = sinkOf;
     }
 

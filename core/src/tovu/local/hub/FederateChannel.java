@@ -20,6 +20,7 @@ import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
 import morva.tovu1516e.MalformedMessage;
 import tovu.local.model.exchange.Federate;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
@@ -35,11 +36,12 @@ import tovu.local.wire.Result;
 final class FederateChannel extends ChannelInboundHandlerAdapter {
     private final Hub hub;
     private final Channel channel;
-    private final HubAmbassador ambassador = new HubAmbassador(this::connect);
+    private final HubAmbassador ambassador;
     private final Queue<byte[]> outgoing = new ConcurrentLinkedQueue<>();
     private final AtomicBoolean writing = new AtomicBoolean();
     private RemoteSink sink; // once it has connected
     private boolean greeted;
+    private boolean sent; // by another hub: what it wants is to be here
     private boolean ended;
     private long heard = System.nanoTime();
     private volatile boolean said;
@@ -47,6 +49,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     FederateChannel(Hub hub, Channel channel) {
         this.hub = hub;
         this.channel = channel;
+        ambassador = new HubAmbassador(this::connect, hub.federations());
     }
 
     private RemoteSink connect(int context) {
@@ -139,6 +142,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                     + "; install the same release on both sides");
             return;
         }
+        sent = frame.flag();
         greeted = true;
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
                 .integer(hub.settings().greatestFrame()).end());
@@ -202,9 +206,14 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     private byte[] serve(int number, int service, byte[] message) {
         try {
+            if (!sent && HubAmbassador.isCreation(service)) {
+                hub.place();
+            }
             FrameWriter reply = new FrameWriter(FrameType.REPLY).integer(number);
             Result.write(reply, ambassador.serve(service, message));
             return reply.end();
+        } catch (Elsewhere e) {
+            return new FrameWriter(FrameType.ELSEWHERE).integer(number).text(e.address()).end();
         } catch (RTIexception e) {
             return failure(number, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
         } catch (MalformedMessage e) {

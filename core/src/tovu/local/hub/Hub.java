@@ -25,6 +25,9 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicInteger;
+import tovu.local.management.Manager;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.wire.Protocol;
 
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
@@ -40,10 +43,14 @@ final class Hub {
     private final ExecutorService longServices = Executors.newCachedThreadPool();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
     private final AtomicInteger connections = new AtomicInteger();
+    private final Cluster cluster;
+    private final Federations federations;
     private Channel server;
 
-    Hub(HubSettings settings) throws IOException {
+    Hub(HubSettings settings, Cluster cluster) throws IOException {
         this.settings = settings;
+        this.cluster = cluster;
+        federations = new Federations(Manager::new, cluster.placement());
         tls = settings.certificate() == null ? null : tls();
     }
 
@@ -61,6 +68,10 @@ final class Hub {
 
     HubSettings settings() {
         return settings;
+    }
+
+    Federations federations() {
+        return federations;
     }
 
     /** @return where it listens */
@@ -107,6 +118,23 @@ final class Hub {
         return new LengthFieldBasedFrameDecoder(greatest, 0, Protocol.LENGTH_BYTES, 0, Protocol.LENGTH_BYTES);
     }
 
+    /** @param address where federates reach it */
+    void enterCluster(String address) throws IOException {
+        cluster.enter(new Cluster.Member(address, federations, federates::size, this::expel));
+    }
+
+    /** A federation is to be created. */
+    void place() throws Elsewhere {
+        String other = cluster.leastLoaded();
+        if (other != null) {
+            throw new Elsewhere(other);
+        }
+    }
+
+    private void expel(String reason) {
+        List.copyOf(federates).forEach(each -> each.end(reason));
+    }
+
     void serveLong(Runnable service) {
         longServices.execute(service);
     }
@@ -124,9 +152,10 @@ final class Hub {
     /** Tells the federates that it ends, and ends. */
     void stop() {
         server.close().syncUninterruptibly();
-        List.copyOf(federates).forEach(each -> each.end("the hub was shut down"));
+        expel("the hub was shut down");
         serving.shutdownGracefully(0, 2, TimeUnit.SECONDS).syncUninterruptibly();
         listening.shutdownGracefully(0, 1, TimeUnit.SECONDS).syncUninterruptibly();
         longServices.shutdownNow();
+        cluster.leave();
     }
 }

@@ -4,6 +4,7 @@ import java.io.IOException;
 import java.net.InetAddress;
 import java.net.InetSocketAddress;
 import java.net.UnknownHostException;
+import java.util.ServiceLoader;
 
 /** The command rti1516e-hub. */
 public final class HubMain {
@@ -35,7 +36,7 @@ public final class HubMain {
 
     private static void run(HubSettings settings) throws IOException {
         requireSecurity(settings);
-        Hub hub = new Hub(settings);
+        Hub hub = new Hub(settings, cluster(settings.cluster()));
         InetSocketAddress address = hub.start();
         // SIGTERM and SIGINT run this; the VM's own exit status would call an orderly end a failure.
         Runtime.getRuntime().addShutdownHook(new Thread(() -> {
@@ -43,8 +44,24 @@ public final class HubMain {
             Runtime.getRuntime().halt(0);
         }, "end"));
         String host = address.getAddress().getHostAddress();
-        System.out.println("listening on " + (host.contains(":") ? "[" + host + "]" : host) + ":" + address.getPort());
+        String listening = (host.contains(":") ? "[" + host + "]" : host) + ":" + address.getPort();
+        hub.enterCluster(listening);
+        System.out.println("listening on " + listening);
         System.out.flush();
+    }
+
+    private static Cluster cluster(ClusterSettings settings) throws IOException {
+        if (settings == null) {
+            return new Alone();
+        }
+        try {
+            return ServiceLoader.load(Cluster.Provider.class).findFirst().orElseThrow(() ->
+                    new IOException("this hub was built without what --cluster needs: rti1516e-hub-cluster.jar is missing"))
+                    .find(settings);
+        } catch (NoClassDefFoundError e) {
+            throw new IOException("--cluster needs the packages libcurator-recipes-java and libzookeeper-java ("
+                    + e.getMessage() + " is missing)", e);
+        }
     }
 
     private static void requireSecurity(HubSettings settings) throws IOException {

@@ -5,6 +5,7 @@ import hla.rti1516e.exceptions.RTIinternalError;
 import java.lang.reflect.Constructor;
 import java.util.Map;
 import java.util.concurrent.ConcurrentHashMap;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.Result;
@@ -20,6 +21,9 @@ final class HubAnswers {
     static Object result(FrameReader answer) throws RTIexception {
         if (answer.type() == FrameType.REPLY) {
             return Result.read(answer);
+        }
+        if (answer.type() == FrameType.ELSEWHERE) {
+            throw new Elsewhere(answer.text());
         }
         throw exception(answer.text(), answer.text());
     }

@@ -10,7 +10,9 @@ import java.io.DataInputStream;
 import java.io.EOFException;
 import java.io.IOException;
 import java.io.OutputStream;
+import java.util.ArrayList;
 import java.util.HashSet;
+import java.util.List;
 import java.util.Map;
 import java.util.Set;
 import java.util.concurrent.ConcurrentHashMap;
@@ -39,6 +41,7 @@ import tovu.local.wire.MalformedFrame;
 public final class HubLink {
     private static final int STREAM_BUFFER = 1 << 16;
     private static final long TELL_IDLE_MILLIS = 5;
+    private static final long PATIENCE_MILLIS = 4_500; // until one has let it in
     private static final long FAREWELL_MILLIS = 1_000; // for what an end needs of the other side
 
     private final HubAddress hub;
@@ -63,17 +66,39 @@ public final class HubLink {
     private volatile String lost; // why, or null
 
     /**
-     * Returns when the hub has let it in.
+     * Returns when a hub has let it in, or none does.
      *
+     * @param hubs     tried in turn
      * @param queue    takes the callbacks that come
      * @param federate is called with them when it is their turn
      * @param onLoss   is told, once, how the connection has ended if that is before it is closed
      */
-    public static HubLink open(HubAddress hub, CallbackSink queue, CallbackPort federate, Consumer<String> onLoss)
-            throws ConnectionFailed {
-        HubSocket socket = HubSocket.connect(hub);
+    public static HubLink open(List<HubAddress> hubs, CallbackSink queue, CallbackPort federate,
+            Consumer<String> onLoss) throws ConnectionFailed {
+        long deadline = System.nanoTime() + TimeUnit.MILLISECONDS.toNanos(PATIENCE_MILLIS);
+        List<String> failures = new ArrayList<>();
+        for (HubAddress each : hubs) {
+            long left = TimeUnit.NANOSECONDS.toMillis(deadline - System.nanoTime());
+            try {
+                return open(each, Math.max(1, left / (hubs.size() - failures.size())), false, queue, federate, onLoss);
+            } catch (ConnectionFailed e) {
+                failures.add(e.getMessage());
+            }
+        }
+        throw new ConnectionFailed(String.join("; ", failures));
+    }
+
+    /** Opens a connection to another hub of the same service, to which this one has sent the federate. */
+    public HubLink openElsewhere(String address, CallbackSink theQueue, CallbackPort theFederate,
+            Consumer<String> toldOfLoss) throws ConnectionFailed {
+        return open(hub.at(address), PATIENCE_MILLIS, true, theQueue, theFederate, toldOfLoss);
+    }
+
+    private static HubLink open(HubAddress hub, long patienceMillis, boolean sent, CallbackSink queue,
+            CallbackPort federate, Consumer<String> onLoss) throws ConnectionFailed {
+        HubSocket socket = HubSocket.connect(hub, patienceMillis);
         try {
-            HubLink link = new HubLink(hub, socket, queue, federate, onLoss);
+            HubLink link = new HubLink(hub, socket, sent, queue, federate, onLoss);
             Thread reader = new Thread(link::read, "hub " + hub);
             reader.setDaemon(true);
             reader.start();
@@ -83,7 +108,7 @@ public final class HubLink {
         }
     }
 
-    private HubLink(HubAddress hub, HubSocket socket, CallbackSink queue, CallbackPort federate,
+    private HubLink(HubAddress hub, HubSocket socket, boolean sent, CallbackSink queue, CallbackPort federate,
             Consumer<String> onLoss) throws IOException, ConnectionFailed {
         this.hub = hub;
         this.socket = socket;
@@ -92,7 +117,7 @@ public final class HubLink {
         this.onLoss = onLoss;
         in = new DataInputStream(new BufferedInputStream(socket.input(), STREAM_BUFFER));
         out = socket.output();
-        HubSocket.Welcome welcome = socket.greet(in);
+        HubSocket.Welcome welcome = socket.greet(in, sent);
         greatestFrame = welcome.greatestFrame();
         silenceNanos = TimeUnit.SECONDS.toNanos(welcome.lostAfterSeconds());
         long period = Math.max(1, silenceNanos / 4);
@@ -188,7 +213,7 @@ public final class HubLink {
 
     private void take(FrameReader frame) {
         switch (frame.type()) {
-            case REPLY, FAILURE, RESOLVED -> {
+            case REPLY, FAILURE, ELSEWHERE, RESOLVED -> {
                 Answer answer = awaited.get(frame.integer());
                 if (answer != null) {
                     answer.give(frame);

@@ -2,7 +2,7 @@ package tovu.local.wire;
 
 /** What a frame says. Its code on the wire is its ordinal: new ones go to the end. */
 public enum FrameType {
-    /** Federate: the first frame. Magic number, version of the protocol, name of the program. */
+    /** Federate: the first frame. Magic number, version of the protocol, whether another hub has sent it here. */
     HELLO,
     /** Hub: the federate is in. Version, seconds of silence after which either side is lost, greatest frame. */
     WELCOME,
@@ -38,7 +38,9 @@ public enum FrameType {
     /** Either side, when it has had nothing else to say. */
     HEARTBEAT,
     /** Federate: it leaves, and why. */
-    GOODBYE;
+    GOODBYE,
+    /** Hub: another hub serves this. Number of the request, the address of that hub. */
+    ELSEWHERE;
 
     private static final FrameType[] ALL = values();
 

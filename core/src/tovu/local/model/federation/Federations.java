@@ -8,6 +8,7 @@ import java.util.List;
 import java.util.Map;
 import java.util.concurrent.ConcurrentSkipListMap;
 import java.util.function.Function;
+import java.util.stream.Stream;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
@@ -20,16 +21,53 @@ public final class Federations {
     private static final String STANDARD_MIM = "HLAstandardMIM";
     private final Map<String, Federation> byName = new ConcurrentSkipListMap<>();
     private final Function<Federation, Management> management;
+    private final Placement placement;
 
-    /** @param management makes the management of a federation */
-    public Federations(Function<Federation, Management> management) {
+    /**
+     * @param management makes the management of a federation
+     * @param placement  whom the name of a federation belongs to
+     */
+    public Federations(Function<Federation, Management> management, Placement placement) {
         this.management = management;
+        this.placement = placement;
     }
 
     void create(FederationPlan plan) throws RTIexception {
         if (byName.containsKey(plan.name())) {
-            throw alreadyExists(plan);
+            throw alreadyExists(plan.name());
         }
+        Federation federation = make(plan);
+        synchronized (this) { // what is claimed is here when anybody looks
+            placement.claim(plan);
+            put(federation);
+        }
+    }
+
+    /** Has a federation here that is claimed already. */
+    public synchronized void host(FederationPlan plan) throws RTIexception {
+        put(make(plan));
+    }
+
+    public synchronized boolean hosts(String name) {
+        return byName.containsKey(name);
+    }
+
+    public int count() {
+        return byName.size();
+    }
+
+    /** Forgets all federations. Who is joined is still to be told. */
+    public synchronized void clear() {
+        byName.clear();
+    }
+
+    private void put(Federation federation) throws FederationExecutionAlreadyExists {
+        if (byName.putIfAbsent(federation.name(), federation) != null) {
+            throw alreadyExists(federation.name());
+        }
+    }
+
+    private Federation make(FederationPlan plan) throws RTIexception {
         if (plan.mim() != null && STANDARD_MIM.equals(plan.mim().designator())) {
             throw new DesignatorIsHLAstandardMIM("'" + STANDARD_MIM
                     + "' designates the built-in MIM; name another one, or create the federation without a MIM");
@@ -38,33 +76,36 @@ public final class Federations {
         List<FomModule> modules = FomReader.ofModules().readAll(plan.fomModules());
         ObjectModel objectModel = ObjectModel.of(mim, modules);
         TimeFamily timeFamily = TimeFamily.named(plan.timeImplementation());
-        if (byName.putIfAbsent(plan.name(), new Federation(plan.name(), objectModel, timeFamily, management)) != null) {
-            throw alreadyExists(plan);
-        }
+        return new Federation(plan.name(), objectModel, timeFamily, management);
     }
 
-    private static FederationExecutionAlreadyExists alreadyExists(FederationPlan plan) {
-        return new FederationExecutionAlreadyExists("Federation execution '" + plan.name()
+    /** What to throw when a name is taken. */
+    public static FederationExecutionAlreadyExists alreadyExists(String name) {
+        return new FederationExecutionAlreadyExists("Federation execution '" + name
                 + "' exists already; join it, or choose another name");
     }
 
     void destroy(String name) throws RTIexception {
         Federation federation = find(name);
-        federation.close();
-        byName.remove(name, federation);
+        synchronized (this) {
+            federation.close();
+            byName.remove(name, federation);
+            placement.release(name);
+        }
     }
 
-    Federation find(String name) throws FederationExecutionDoesNotExist {
+    Federation find(String name) throws RTIexception {
         Federation federation = byName.get(name);
         if (federation == null) {
+            placement.seek(name);
             throw new FederationExecutionDoesNotExist("There is no federation execution '" + name
                     + "' in this process; create it first");
         }
         return federation;
     }
 
-    List<FederationInformation> list() {
-        return byName.values().stream()
-                .map(each -> new FederationInformation(each.name(), each.timeFamily().implementationName())).toList();
+    List<FederationInformation> list() throws RTIexception {
+        return Stream.concat(placement.others().stream(), byName.values().stream()
+                .map(each -> new FederationInformation(each.name(), each.timeFamily().implementationName()))).toList();
     }
 }
