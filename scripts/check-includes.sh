@@ -44,6 +44,7 @@ packages=(
   tovu.local.remote
   morva.tovu1516e
   tovu.local.hub
+  tovu.local.cluster
 )
 declare -A height
 for i in "${!packages[@]}"; do

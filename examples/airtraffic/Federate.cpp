@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <stdexcept>
+#include <thread>
 
 namespace airtraffic {
 
@@ -17,6 +18,22 @@ std::wstring const ready = L"everybody is ready";
 std::wstring const over = L"everybody has seen everything";
 
 std::chrono::seconds const patience{20};
+
+// Others, who may be in processes of their own, come and go when they do.
+template <class Refusal, class Service>
+void retry(Service&& service)
+{
+   for (auto const deadline = std::chrono::steady_clock::now() + patience;;) {
+      try {
+         return service();
+      } catch (Refusal const&) {
+         if (std::chrono::steady_clock::now() > deadline) {
+            throw;
+         }
+         std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      }
+   }
+}
 
 } // namespace
 
@@ -37,7 +54,9 @@ void Federate::createFederation(std::wstring const& fomModule)
 
 void Federate::join()
 {
-   _rti->joinFederationExecution(_name, L"air traffic", federation);
+   retry<FederationExecutionDoesNotExist>(
+      [this] { _rti->joinFederationExecution(_name, L"air traffic", federation); });
+   _rti->setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
    _fom.reset(new Vocabulary(*_rti));
 }
 
@@ -48,7 +67,10 @@ void Federate::callTogether()
    }
 }
 
-void Federate::destroyFederation() { _rti->destroyFederationExecution(federation); }
+void Federate::destroyFederation()
+{
+   retry<FederatesCurrentlyJoined>([this] { _rti->destroyFederationExecution(federation); });
+}
 
 void Federate::run()
 {

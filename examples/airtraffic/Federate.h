@@ -26,8 +26,9 @@ public:
    Federate(Federate const&) = delete;
    Federate& operator=(Federate const&) = delete;
 
-   // One federate creates the federation execution before all join, and calls them together afterwards; one
-   // destroys it when all have run.
+   // One federate creates the federation execution, which the others wait for to join, and calls them
+   // together afterwards; one destroys it when all have run. Who is lost meanwhile takes his aircraft with
+   // him.
    void createFederation(std::wstring const& fomModule);
    void join();
    void callTogether();

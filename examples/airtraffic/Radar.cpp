@@ -2,6 +2,7 @@
 
 #include "Encoding.h"
 
+#include <iostream>
 #include <vector>
 
 namespace airtraffic {
@@ -15,6 +16,13 @@ void Radar::prepare()
    rti().subscribeObjectClassAttributesWithRegions(fom().aircraft, positionIn(createRegion(radarCoverage)));
    rti().subscribeObjectClassAttributes(fom().aircraft, {fom().controller});
    rti().subscribeObjectClassAttributes(fom().member, {fom().memberName, fom().memberTime});
+   rti().subscribeInteractionClass(fom().lost);
+}
+
+void Radar::awaitMembers(std::size_t number)
+{
+   rti().subscribeObjectClassAttributes(fom().member, {fom().memberName, fom().memberTime});
+   await("the other federates", [&] { return _members.size() == number; });
 }
 
 // Shows who has reported last.
@@ -69,6 +77,16 @@ void Radar::reflectedWithoutTime(ObjectInstanceHandle member, AttributeHandleVal
    }
 }
 
-void Radar::removed(ObjectInstanceHandle aircraft) { _tracks.erase(aircraft); }
+void Radar::received(InteractionClassHandle, ParameterHandleValueMap const& values)
+{
+   std::wcout << decodeText(values.at(fom().lostName)) << L" is lost: "
+              << decodeText(values.at(fom().lostFault)) << std::endl;
+}
+
+void Radar::removed(ObjectInstanceHandle aircraftOrMember)
+{
+   _tracks.erase(aircraftOrMember);
+   _members.erase(aircraftOrMember);
+}
 
 } // namespace airtraffic

@@ -15,6 +15,9 @@ class Radar : public Federate
 public:
    Radar();
 
+   // Returns when so many federates have joined.
+   void awaitMembers(std::size_t number);
+
    long positionsSeen() const { return _positionsSeen; }
    long positionsElsewhere() const { return _positionsElsewhere; }
 
@@ -26,7 +29,8 @@ private:
                   rti1516e::AttributeHandleValueMap const& values) override;
    void reflectedWithoutTime(rti1516e::ObjectInstanceHandle member,
                              rti1516e::AttributeHandleValueMap const& values) override;
-   void removed(rti1516e::ObjectInstanceHandle aircraft) override;
+   void received(rti1516e::InteractionClassHandle, rti1516e::ParameterHandleValueMap const& values) override;
+   void removed(rti1516e::ObjectInstanceHandle aircraftOrMember) override;
 
    std::map<rti1516e::ObjectInstanceHandle, Track> _tracks;
    std::map<rti1516e::ObjectInstanceHandle, Member> _members;

@@ -20,7 +20,11 @@ struct Vocabulary
         northing(rti.getDimensionHandle(L"Northing")),
         member(rti.getObjectClassHandle(L"HLAobjectRoot.HLAmanager.HLAfederate")),
         memberName(rti.getAttributeHandle(member, L"HLAfederateName")),
-        memberTime(rti.getAttributeHandle(member, L"HLAlogicalTime"))
+        memberTime(rti.getAttributeHandle(member, L"HLAlogicalTime")),
+        lost(rti.getInteractionClassHandle(
+           L"HLAinteractionRoot.HLAmanager.HLAfederate.HLAreport.HLAreportFederateLost")),
+        lostName(rti.getParameterHandle(lost, L"HLAfederateName")),
+        lostFault(rti.getParameterHandle(lost, L"HLAfaultDescription"))
    {}
 
    rti1516e::ObjectClassHandle const aircraft;
@@ -34,6 +38,9 @@ struct Vocabulary
    rti1516e::ObjectClassHandle const member;
    rti1516e::AttributeHandle const memberName;
    rti1516e::AttributeHandle const memberTime;
+   rti1516e::InteractionClassHandle const lost;
+   rti1516e::ParameterHandle const lostName;
+   rti1516e::ParameterHandle const lostFault;
 };
 
 } // namespace airtraffic

@@ -2,6 +2,7 @@
 // process of its own, so that it can be killed.
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
+#include <RTI/encoding/BasicDataElements.h>
 #include <RTI/time/HLAinteger64Interval.h>
 #include <RTI/time/HLAinteger64Time.h>
 
@@ -38,7 +39,13 @@ public:
       if (action == L"connect" || action == L"evoked")
          rti.connect(*this, action == L"evoked" ? HLA_EVOKED : HLA_IMMEDIATE, text);
       else if (action == L"create")
-         rti.createFederationExecution(L"Meeting", text, L"HLAinteger64Time");
+         rti.createFederationExecution(_federation, text, L"HLAinteger64Time");
+      else if (action == L"federation")
+         _federation = text;
+      else if (action == L"destroy")
+         rti.destroyFederationExecution(_federation);
+      else if (action == L"list")
+         rti.listFederationExecutions();
       else if (action == L"join")
          join(text);
       else if (action == L"person")
@@ -69,7 +76,7 @@ private:
    void join(std::wstring const& name)
    {
       RTIambassador& rti = *_ambassador;
-      rti.joinFederationExecution(name, L"participant", L"Meeting");
+      rti.joinFederationExecution(name, L"participant", _federation);
       rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
       ObjectClassHandle const person = rti.getObjectClassHandle(L"Person");
       AttributeHandleSet const place{rti.getAttributeHandle(person, L"Place")};
@@ -78,6 +85,8 @@ private:
       _greeting = rti.getInteractionClassHandle(L"Greeting");
       rti.publishInteractionClass(_greeting);
       rti.subscribeInteractionClass(_greeting);
+      _lost = rti.getInteractionClassHandle(L"HLAmanager.HLAfederate.HLAreport.HLAreportFederateLost");
+      rti.subscribeInteractionClass(_lost);
    }
 
    void greet(int times, unsigned size)
@@ -87,6 +96,13 @@ private:
          _ambassador->sendInteraction(_greeting, {}, VariableLengthData(tag.data(), size));
    }
 
+   void reportFederationExecutions(FederationExecutionInformationVector const& all) override
+   {
+      std::wstring names;
+      for (FederationExecutionInformation const& each : all)
+         names += L" " + each.federationExecutionName;
+      say(L"< executions" + names);
+   }
    void connectionLost(std::wstring const& fault) override { say(L"< connectionLost " + fault); }
    void discoverObjectInstance(ObjectInstanceHandle, ObjectClassHandle, std::wstring const& name) override
    {
@@ -97,17 +113,29 @@ private:
    {
       say(L"< remove");
    }
-   void receiveInteraction(InteractionClassHandle, ParameterHandleValueMap const&, VariableLengthData const&,
-                           OrderType, TransportationType, SupplementalReceiveInfo) override
+   void receiveInteraction(InteractionClassHandle theClass, ParameterHandleValueMap const& values,
+                           VariableLengthData const&, OrderType, TransportationType,
+                           SupplementalReceiveInfo) override
    {
-      ++_received;
+      if (theClass == _lost)
+         say(L"< lost " + in(values, L"HLAfederateName") + L": " + in(values, L"HLAfaultDescription"));
+      else
+         ++_received;
+   }
+   std::wstring in(ParameterHandleValueMap const& values, wchar_t const* parameter) const
+   {
+      HLAunicodeString text;
+      text.decode(values.at(_ambassador->getParameterHandle(_lost, parameter)));
+      return text.get();
    }
    void timeAdvanceGrant(LogicalTime const& time) override { say(L"< grant " + time.toString()); }
    void initiateFederateSave(std::wstring const& label) override { say(L"< save " + label); }
    void federationNotSaved(SaveFailureReason) override { say(L"< notSaved"); }
 
    std::unique_ptr<RTIambassador> const _ambassador{RTIambassadorFactory().createRTIambassador()};
+   std::wstring _federation{L"Meeting"};
    InteractionClassHandle _greeting;
+   InteractionClassHandle _lost;
    std::atomic<unsigned> _received{0};
 };
 

@@ -69,6 +69,7 @@ renew() { for each in "$@"; do : >"$each.out"; done; }
 echo "--- the command line"
 openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -days 2 -keyout hub.key -out hub.pem \
   -subj /CN=hub -addext subjectAltName=IP:127.0.0.1 2>/dev/null
+openssl req -x509 -newkey rsa:2048 -nodes -keyout other.key -out other.pem -subj /CN=other 2>/dev/null
 start plain --connections 20 --queue-limit 8 --lost-after 0
 plain=$address
 while read -r expected options; do
@@ -81,6 +82,8 @@ done <<END
 cannot_listen_on_$plain --listen $plain
 unknown_option_'--nonsense' --nonsense
 no-such-file --certificate no-such-file --key hub.key
+not_that_of_the_certificate --certificate hub.pem --key other.key
+no-such-file --certificate hub.pem --key hub.key --client-ca no-such-file
 needs_its_key --certificate hub.pem
 only_with_TLS --listen 0.0.0.0:0
 END
@@ -122,6 +125,7 @@ sleep 0.3
 tell ada "save now"
 within 10 ben.out '< save'
 kill -KILL "${pid[ben]}"
+within 10 ada.out '< lost ben: (its connection is closed|Connection reset)'
 within 10 ada.out '< notSaved'
 within 10 ada.out '< remove'
 within 10 ada.out '< grant'
@@ -164,9 +168,9 @@ echo "--- the hub ends, in order and otherwise"
 end plain TERM
 within 10 ada.out '< connectionLost .*the hub was shut down'
 for how in KILL STOP; do
-  start second --lost-after 2
+  start second --listen "$plain" --lost-after 2 # in the place of the one before
   renew ada
-  tell ada "connect hub=$address" "create $fom" "join ada" "evoke 0"
+  tell ada "connect hub=$plain" "create $fom" "join ada" person "evoke 0"
   kill -$how "${pid[second]}"
   [ $how = KILL ] || say ada "flood 10000" # waits in a service, with all that the line takes on its way
   within 10 ada.out '< connectionLost'

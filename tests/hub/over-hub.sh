@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs a program whose federates meet at a hub that is there for it alone: over-hub.sh HUB PROGRAM [ARGUMENT]...
+# Runs a program whose federates meet at a hub that is there for it alone, or as many processes of it as
+# SYSTEM_TESTS_SHARES says: over-hub.sh HUB PROGRAM [ARGUMENT]...
 set -euo pipefail
 
 scratch=$(mktemp -d)
@@ -13,4 +14,9 @@ for ((i = 0; i < 300; ++i)); do
 done
 export TOVU1516_OPTION2=-Dtovu.hub=${address:?the hub does not say where it listens}
 shift
-"$@"
+pids=()
+for ((share = 0; share < ${SYSTEM_TESTS_SHARES:-1}; ++share)); do
+  SYSTEM_TESTS_SHARE=$share "$@" &
+  pids+=($!)
+done
+for each in "${pids[@]}"; do wait "$each"; done

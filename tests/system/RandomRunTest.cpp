@@ -2,15 +2,18 @@
 // that has to do with time is as the oracle says; an attribute has the owner that was told so, and no other;
 // objects and points are known from when they are told of; no service is refused for a reason that the
 // standard does not give it; and what is restored is what was saved. When each acts on a thread of its own,
-// nothing fails and time goes on. SYSTEM_TESTS_SEED and SYSTEM_TESTS_CALLS make it another run, or a longer
-// one.
+// nothing fails and time goes on; so it is when they are in processes of their own, each with its share of
+// them, SYSTEM_TESTS_SHARE of SYSTEM_TESTS_SHARES. SYSTEM_TESTS_SEED and SYSTEM_TESTS_CALLS make it another
+// run, or a longer one.
 #include "Services.h"
 #include "Steps.h"
 #include "Story.h"
 #include "TimeOracle.h"
 
 #include <array>
+#include <chrono>
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -22,6 +25,7 @@ using namespace system_tests;
 using Texts = std::vector<std::string>;
 
 constexpr std::size_t playerCount = 5;
+constexpr std::chrono::seconds patience{60}; // with others
 
 std::map<std::string, Texts> const attributesOf = {
    {"Vehicle", {"Position", "Speed", "Fuel", "Privilege"}},
@@ -47,6 +51,7 @@ struct Life
    std::map<std::string, std::string> toConfirm; // the attributes of objects
    std::set<std::string> toAchieve;
    std::set<std::string> achieved;
+   std::set<std::string> passed;
    Texts regions;
    std::set<std::string> reflected; // each attribute of each message
    Texts news;                      // of a save or restore
@@ -142,7 +147,10 @@ protected:
    {
       begin(true);
       std::vector<std::thread> threads;
-      for (std::size_t who = 0; who < playerCount; ++who) {
+      if (_shares > 1) {
+         awaitAll();
+      }
+      for (std::size_t who = _share; who < playerCount; who += _shares) {
          threads.emplace_back([this, who, all = randomSteps(seed + static_cast<std::uint32_t>(who), steps)] {
             for (auto const step : all) {
                hear(who);
@@ -181,18 +189,49 @@ private:
       _saved.reset();
       _now = {TimeOracle(playerCount, _integers), {}};
       _stage = std::make_unique<Stage>(_model, _integers);
-      _stage->createFederation("Road.xml", _integers ? "integer" : "float");
-      for (std::size_t who = 0; who < playerCount; ++who) {
+      if (_share == 0) {
+         _stage->createFederation("Road.xml", _integers ? "integer" : "float");
+      }
+      for (std::size_t who = _share; who < playerCount; who += _shares) {
          federate(who);
       }
-      join(0);
+      joinAtLast(_share);
       auto const road = storiesIn(SYSTEM_TESTS_STORIES "/Road.include").passages.at("name-the-road");
       for (auto const& line : road.lines) {
          for (auto const& step : split(line.text.substr(line.text.find(':') + 1), ';')) {
-            serve(*_stage, federate(0), wordsOf(step));
+            serve(*_stage, federate(_share), wordsOf(step));
          }
       }
-      prepare(0);
+      prepare(_share);
+   }
+
+   // Nobody begins, and maybe leaves, before those of all processes are there.
+   void awaitAll()
+   {
+      for (std::size_t who = _share + _shares; who < playerCount; who += _shares) {
+         joinAtLast(who);
+         prepare(who);
+      }
+      for (std::size_t who = 0; _share == 0 && who < playerCount; ++who) {
+         awaits(0, [&] {
+            return serve(*_stage, federate(0), {"getFederateHandle", nameOf(who)}).exception == "nothing";
+         });
+      }
+      if (_share == 0) {
+         perform(0, "registerFederationSynchronizationPoint all", "nothing");
+      }
+      everybody([&](std::size_t who) {
+         awaits(who, [&] { return hear(who), life(who).toAchieve.erase("all") != 0; });
+         perform(who, "synchronizationPointAchieved all", "nothing");
+      });
+      everybody([&](std::size_t who) {
+         awaits(who, [&] { return hear(who), life(who).passed.count("all") != 0; });
+      });
+   }
+
+   void awaits(std::size_t who, std::function<bool()> const& condition)
+   {
+      demand(federate(who).await(condition, patience), who, "waits in vain for the others");
    }
 
    // Nobody owns what another owns too, or other than he was told; and everybody can leave.
@@ -406,14 +445,22 @@ private:
       _log.push_back("   " + nameOf(who) + ": destroyAmbassador");
       _stage->forget(nameOf(who));
       leave(who);
-      federate(who).await([&] {
-         refusal([&] { federate(who).connect(); });
-         Outcome const outcome = serve(*_stage, federate(who), {"join"});
-         return outcome.exception == "nothing";
-      });
-      life(who).joined = true;
-      _now.oracle.join(who);
+      joinAtLast(who);
       prepare(who);
+   }
+
+   // When there is a federation, and the name is free.
+   void joinAtLast(std::size_t who)
+   {
+      awaits(who, [&] {
+         refusal([&] { federate(who).connect(); });
+         return serve(*_stage, federate(who), {"join"}).exception == "nothing";
+      });
+      life(who) = Life();
+      life(who).joined = true;
+      if (!_together) {
+         _now.oracle.join(who);
+      }
    }
 
    void actInTime(std::size_t who, Dice& dice)
@@ -577,7 +624,8 @@ private:
    {
       auto const isThere = [&](std::size_t who) { return life(who).time >= 100000; };
       bool missing = true;
-      for (int round = 0; round < 100 && missing; ++round) {
+      auto const deadline = std::chrono::steady_clock::now() + patience;
+      while (missing && std::chrono::steady_clock::now() < deadline) {
          missing = false;
          everybody([&](std::size_t who) {
             hear(who);
@@ -627,7 +675,13 @@ private:
       } else if (callback == "timeConstrainedEnabled") {
          its.constrained = true;
       } else if (callback == "discover") {
-         bool const isNamed = object.find('<') == std::string::npos; // by who is still registering it
+         // By who is still registering it, or in another process.
+         bool const isNamed = object.find('<') == std::string::npos;
+         if (!isNamed && _shares > 1) {
+            Outcome const found =
+               serve(*_stage, federate(who), {words[3], "=", "getObjectInstanceHandle", words[3]});
+            found.exception == "nothing" ? void(its.known.emplace(words[3], words[2])) : void();
+         }
          demandInTurns(!isNamed || its.known.emplace(object, words[2]).second, who,
                        "discovers again " + object);
       } else if (callback == "remove") {
@@ -656,6 +710,7 @@ private:
          demandInTurns(its.toAchieve.insert(object).second, who, "is told again of " + object);
       } else if (callback == "federationSynchronized") {
          demandInTurns(its.achieved.erase(object) != 0, who, "has not achieved " + object);
+         its.passed.insert(object);
       } else if (callback.find("Save") != std::string::npos ||
                  callback.find("Restore") != std::string::npos) {
          its.news.push_back(joined(words));
@@ -663,6 +718,8 @@ private:
    }
 
    bool const _integers = std::get<1>(GetParam());
+   std::size_t const _share = static_cast<std::size_t>(fromEnvironment("SYSTEM_TESTS_SHARE", 0));
+   std::size_t const _shares = static_cast<std::size_t>(fromEnvironment("SYSTEM_TESTS_SHARES", 1));
    bool _together = false;
    std::unique_ptr<Stage> _stage;
    State _now{TimeOracle(0, true), {}};

@@ -78,12 +78,15 @@ void Stage::end()
    Federate destroyer("destroyer", HLA_EVOKED, _names);
    destroyer.connect();
    for (auto const name : {"$federation", "$other"}) {
-      // It takes a moment to notice that a federate is gone without resigning.
+      // It takes a moment to notice that a federate is gone without resigning, and one of another process may
+      // still be at work.
       std::string destroyed;
-      bool const isGone = destroyer.await([&] {
-         destroyed = refusal([&] { destroyer->destroyFederationExecution(text(name)); });
-         return destroyed == "nothing" || destroyed == "FederationExecutionDoesNotExist";
-      });
+      bool const isGone = destroyer.await(
+         [&] {
+            destroyed = refusal([&] { destroyer->destroyFederationExecution(text(name)); });
+            return destroyed == "nothing" || destroyed == "FederationExecutionDoesNotExist";
+         },
+         std::chrono::seconds(60));
       if (!isGone) {
          throw std::runtime_error("the federation stays: " + destroyed);
       }

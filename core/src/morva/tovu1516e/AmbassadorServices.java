@@ -78,9 +78,9 @@ abstract class AmbassadorServices {
     /** Serves, and tells whoever wants to know of it. */
     private <R> R tell(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         Federate federate = connection.session.federate();
-        List<String> arguments = ServiceTrace.arguments(federate, service, message);
+        List<String> arguments = ServiceTrace.arguments(federate, service, reader(message));
         if (Trace.ON) {
-            ServiceTrace.print(federate, service, arguments);
+            ServiceTrace.print(connection.memberName(), service, arguments);
         }
         List<String> results = List.of();
         String failure = "";
@@ -95,7 +95,7 @@ abstract class AmbassadorServices {
             ServiceCall served =
                     new ServiceCall(service.standardName(), service.group(), arguments, results, failure);
             if (Trace.ON) {
-                ServiceTrace.print(federate, served);
+                ServiceTrace.print(connection.memberName(), served);
             }
             Session.report(federate, served);
         }

@@ -3,6 +3,7 @@ package morva.tovu1516e;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
 import tovu.local.delivery.CallbackDelivery;
+import tovu.local.model.exchange.Federate;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Session;
 import tovu.local.model.port.Elsewhere;
@@ -42,6 +43,17 @@ abstract class Connection {
     /** Of the callbacks that wait in this process. */
     CallbackDelivery delivery() throws RTIexception {
         throw new RTIinternalError("This ambassador's callbacks are delivered where its federate runs");
+    }
+
+    /** What the federate is called that the ambassador is joined as, or null. */
+    String memberName() {
+        Federate member = session.federate();
+        return member == null ? null : member.name();
+    }
+
+    /** It has joined, or, with null for a name, resigned. */
+    void nameMember(String name) {
+        // the session knows
     }
 
     void requireOutsideCallback(String service) throws RTIexception {

@@ -2,6 +2,7 @@ package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.AlreadyConnected;
 import hla.rti1516e.exceptions.ConnectionFailed;
+import hla.rti1516e.exceptions.FederateInternalError;
 import hla.rti1516e.exceptions.FederateIsExecutionMember;
 import hla.rti1516e.exceptions.NotConnected;
 import hla.rti1516e.exceptions.RTIexception;
@@ -10,6 +11,7 @@ import java.util.List;
 import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.TimeUnit;
 import tovu.local.delivery.CallbackDelivery;
+import tovu.local.delivery.CallbackMethod;
 import tovu.local.delivery.CallbackPort;
 import tovu.local.management.Manager;
 import tovu.local.model.federation.Federations;
@@ -18,6 +20,7 @@ import tovu.local.model.port.Elsewhere;
 import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
+import tovu.local.trace.Trace;
 
 /** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
 final class FederateConnection extends Connection {
@@ -32,6 +35,7 @@ final class FederateConnection extends Connection {
     }
 
     private final CallbackPort natives = new NativePort();
+    private volatile String nameAtHub;
     private volatile CallbackDelivery delivery;
     private volatile HubLink hub;
     private Way way;
@@ -70,8 +74,12 @@ final class FederateConnection extends Connection {
     private synchronized void connectToHub(List<HubAddress> hubs, Way theWay) throws RTIexception {
         requireNotConnectedToHub();
         session.requireNotConnected();
-        hub = introduced(HubLink.open(hubs, theWay.delivery, natives, fault -> lost(theWay, fault)), theWay);
+        hub = introduced(HubLink.open(hubs, theWay.delivery, callbacks(), fault -> lost(theWay, fault)), theWay);
         way = theWay;
+    }
+
+    private CallbackPort callbacks() {
+        return Trace.ON ? this::trace : natives;
     }
 
     private static HubLink introduced(HubLink link, Way way) throws RTIexception {
@@ -109,7 +117,7 @@ final class FederateConnection extends Connection {
             throw new NotConnected("This ambassador has been disconnected meanwhile; connect again");
         }
         Way theWay = way;
-        hub = introduced(from.openElsewhere(to.address(), theWay.delivery, natives, fault -> lost(theWay, fault)),
+        hub = introduced(from.openElsewhere(to.address(), theWay.delivery, callbacks(), fault -> lost(theWay, fault)),
                 theWay);
         from.close("it joins at " + to.address());
         return hub;
@@ -133,6 +141,12 @@ final class FederateConnection extends Connection {
         }
     }
 
+    /** Names and values stand in the hub's own trace, and only there. */
+    private void trace(CallbackMethod method, byte[] message) throws FederateInternalError {
+        Trace.print(memberName(), "<- " + method.name().replaceFirst("_.*", "") + "(...)");
+        natives.call(method, message);
+    }
+
     private void requireNotConnectedToHub() throws AlreadyConnected {
         HubLink current = hub;
         if (current != null && !current.isLost()) {
@@ -143,7 +157,7 @@ final class FederateConnection extends Connection {
     /** What came of a federation that the federate is no member of any more is not true any more, either. */
     private void lost(Way theWay, String fault) {
         theWay.delivery.dropMembership();
-        FederateCallbacks federate = CallbackDelivery.encoder(theWay.context, natives);
+        FederateCallbacks federate = CallbackDelivery.encoder(theWay.context, natives, session::federate);
         theWay.delivery.postToConnection(nobody -> federate.connectionLost(fault));
     }
 
@@ -190,6 +204,7 @@ final class FederateConnection extends Connection {
         }
         HubLink link = hub;
         hub = null;
+        nameAtHub = null;
         if (link != null) {
             link.close(reason);
         }
@@ -216,6 +231,16 @@ final class FederateConnection extends Connection {
             current.request(service.ordinal(), AmbassadorServices.NO_ARGUMENTS);
         }
         delivery().setEnabled(on);
+    }
+
+    @Override
+    String memberName() {
+        return hub == null ? super.memberName() : nameAtHub;
+    }
+
+    @Override
+    void nameMember(String name) {
+        nameAtHub = name;
     }
 
     @Override

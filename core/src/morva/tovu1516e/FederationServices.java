@@ -1,7 +1,6 @@
 package morva.tovu1516e;
 
 import static morva.tovu1516e.Service.*;
-
 import hla.rti1516e.exceptions.InvalidResignAction;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.UnsupportedCallbackModel;
@@ -86,11 +85,14 @@ abstract class FederationServices extends AmbassadorServices {
     }
 
     private int join(Service service, byte[] message, Call<String> federateName) throws RTIexception {
-        return serveHere(service, message, in -> {
+        int handle = serveHere(service, message, in -> {
             connection.requireOutsideCallback("joinFederationExecution");
             return hereOrWithModulesAtHub(service, in, here -> connection.session
                     .join(federateName.serve(here), here.text(), here.text(), here.modules()).handle());
         });
+        String name = federateName.serve(reader(message));
+        connection.nameMember(name == null ? "federate " + handle : name);
+        return handle;
     }
 
     public final void resignFederationExecution_RA(byte[] message) throws RTIexception {
@@ -101,6 +103,7 @@ abstract class FederationServices extends AmbassadorServices {
                 return null;
             });
         });
+        connection.nameMember(null);
     }
 
     static ResignAction resignAction(int code) throws InvalidResignAction {

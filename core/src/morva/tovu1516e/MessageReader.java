@@ -7,7 +7,6 @@ import java.lang.invoke.VarHandle;
 import java.nio.ByteOrder;
 import java.util.ArrayList;
 import java.util.Arrays;
-import java.util.Collection;
 import java.util.List;
 import java.util.Set;
 import java.util.TreeSet;
@@ -82,17 +81,6 @@ class MessageReader {
         return new String(characters);
     }
 
-    private <T extends Collection<String>> T texts(T texts) {
-        for (int left = count(Integer.BYTES); left > 0; --left) {
-            texts.add(text());
-        }
-        return texts;
-    }
-
-    List<String> textList() {
-        return texts(new ArrayList<>());
-    }
-
     /** A FOM module or MIM that is read in this process. */
     ModuleSource module() {
         return ModuleSource.file(text());
@@ -107,7 +95,11 @@ class MessageReader {
     }
 
     Set<String> textSet() {
-        return texts(new TreeSet<>());
+        Set<String> texts = new TreeSet<>();
+        for (int left = count(Integer.BYTES); left > 0; --left) {
+            texts.add(text());
+        }
+        return texts;
     }
 
     byte[] bytes() {
@@ -136,7 +128,7 @@ class MessageReader {
         return set;
     }
 
-    /** Values stay where they are: the message is theirs from now on. */
+    /** Values, if there are any, stay where they are: the message is theirs from now on. */
     HandleValues values() {
         int count = count(2 * Integer.BYTES);
         int[] rows = new int[Math.multiplyExact(count, 3)];
@@ -146,7 +138,7 @@ class MessageReader {
             rows[3 * i + 1] = advance(length);
             rows[3 * i + 2] = length;
         }
-        return new HandleValues(message, rows, count);
+        return new HandleValues(count == 0 ? NO_BYTES : message, rows, count);
     }
 
     List<RegionManagement.Pair> regionPairs() {

@@ -4,6 +4,7 @@ import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import tovu.local.fom.ModuleSource;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.exchange.RegionManagement;
 import tovu.local.model.value.ResignAction;
@@ -16,14 +17,14 @@ final class ServiceTrace {
     private final Describer describer;
     private final MessageReader in;
 
-    private ServiceTrace(Federate federate, byte[] message) {
+    private ServiceTrace(Federate federate, MessageReader in) {
         describer = new Describer(federate);
-        in = new MessageReader(message);
+        this.in = in;
     }
 
     /** What a service is given. */
-    static List<String> arguments(Federate federate, Service service, byte[] message) {
-        ServiceTrace trace = new ServiceTrace(federate, message);
+    static List<String> arguments(Federate federate, Service service, MessageReader in) {
+        ServiceTrace trace = new ServiceTrace(federate, in);
         List<String> arguments = new ArrayList<>();
         try {
             for (String code : service.codes()) {
@@ -50,11 +51,11 @@ final class ServiceTrace {
         return failure.getClass().getSimpleName() + ": " + failure.getMessage();
     }
 
-    static void print(Federate federate, Service service, List<String> arguments) {
+    static void print(String federate, Service service, List<String> arguments) {
         Trace.print(federate, "-> " + service.standardName() + "(" + String.join(", ", arguments) + ")");
     }
 
-    static void print(Federate federate, ServiceCall call) {
+    static void print(String federate, ServiceCall call) {
         if (!call.failure().isEmpty()) {
             Trace.print(federate, "   " + call.name() + " ! " + call.failure());
         } else if (!call.results().isEmpty()) {
@@ -64,15 +65,16 @@ final class ServiceTrace {
 
     /** A query gives a time; what is sent gives a retraction handle. */
     private static String result(Federate federate, Service service, byte[] result) {
-        ServiceTrace trace = new ServiceTrace(federate, result);
+        ServiceTrace trace = new ServiceTrace(federate, new MessageReader(result));
         return service.standardName().startsWith("query") ? trace.describer.time(trace.in.longInteger())
                 : "retraction " + trace.in.integer();
     }
 
     private String argument(String code) throws RTIexception {
         return switch (code) {
-            case "S", "URL" -> describer.text(in.text());
-            case "URLX" -> in.textList().toString();
+            case "S" -> describer.text(in.text());
+            case "URL" -> describer.text(in.module().designator());
+            case "URLX" -> in.modules().stream().map(ModuleSource::designator).toList().toString();
             case "BX" -> "tag " + describer.bytes(in.bytes());
             case "Z" -> Boolean.toString(in.flag());
             case "D" -> in.real() + " s";

@@ -14,6 +14,7 @@ import org.apache.curator.framework.CuratorFramework;
 import org.apache.curator.framework.CuratorFrameworkFactory;
 import org.apache.curator.framework.api.ACLProvider;
 import org.apache.curator.framework.state.ConnectionState;
+import org.apache.curator.utils.ZookeeperFactory;
 import org.apache.zookeeper.KeeperException;
 import org.apache.zookeeper.ZooDefs;
 import org.apache.zookeeper.client.ZKClientConfig;
@@ -50,7 +51,6 @@ final class Ensemble {
 
     private static final int FIRST_SECONDS = 10;
     private static final int PATIENCE_SECONDS = 5;
-    private static final int NEVER_MILLIS = Integer.MAX_VALUE; // the library's own idea of a lost session
 
     private final String servers;
     private final CuratorFramework zookeeper;
@@ -68,9 +68,9 @@ final class Ensemble {
         CuratorFrameworkFactory.Builder builder = CuratorFrameworkFactory.builder().connectString(servers)
                 .namespace(path).dontUseContainerParents()
                 .sessionTimeoutMs((int) TimeUnit.SECONDS.toMillis(settings.takeoverAfter()))
-                .connectionTimeoutMs(NEVER_MILLIS).simulatedSessionExpirationPercent(0)
-                .retryPolicy((count, elapsed, sleeper) -> false)
-                .zkClientConfig(security(settings));
+                .connectionTimeoutMs((int) TimeUnit.SECONDS.toMillis(PATIENCE_SECONDS))
+                .simulatedSessionExpirationPercent(LastingSession.CURATOR_PERCENT)
+                .retryPolicy((count, elapsed, sleeper) -> false).zookeeperFactory(sessions(security(settings)));
         boolean named = settings.login() != null || System.getProperty("java.security.auth.login.config") != null;
         if (settings.login() != null) {
             builder.authorization("digest", Files.readString(settings.login()).strip().getBytes(StandardCharsets.UTF_8));
@@ -87,6 +87,11 @@ final class Ensemble {
                 return rights;
             }
         }).build();
+    }
+
+    private static ZookeeperFactory sessions(ZKClientConfig config) {
+        return (servers, timeout, watcher, readOnly) ->
+                new LastingSession(servers, timeout, watcher, readOnly, config);
     }
 
     private static ZKClientConfig security(ClusterSettings settings) {
@@ -128,7 +133,7 @@ final class Ensemble {
 
     /** What ZooKeeper has made of the time after which a hub is dead. */
     int sessionMillis() throws Exception {
-        return zookeeper.getZookeeperClient().getZooKeeper().getSessionTimeout();
+        return ((LastingSession) zookeeper.getZookeeperClient().getZooKeeper()).negotiatedTimeout();
     }
 
     boolean isReachable() {

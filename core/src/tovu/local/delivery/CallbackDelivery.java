@@ -67,9 +67,7 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
      * @param member who that is at the moment, or null; asked for to name it in what is printed
      */
     public static CallbackDelivery toContext(int context, CallbackPort port, Supplier<Federate> member) {
-        CallbackEncoder encoder = new CallbackEncoder(context, port);
-        FederateCallbacks federate =
-                Trace.ON ? CallbackTrace.around(encoder, member, Trace.CALLBACKS) : encoder;
+        FederateCallbacks federate = encoder(context, port, member);
         return new CallbackDelivery(federate, reporting(federate, member), member);
     }
 
@@ -79,8 +77,9 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     }
 
     /** What makes messages of callbacks, and hands them on. */
-    public static FederateCallbacks encoder(int context, CallbackPort port) {
-        return new CallbackEncoder(context, port);
+    public static FederateCallbacks encoder(int context, CallbackPort port, Supplier<Federate> member) {
+        CallbackEncoder encoder = new CallbackEncoder(context, port);
+        return Trace.ON ? CallbackTrace.around(encoder, member, Trace.CALLBACKS) : encoder;
     }
 
     /**

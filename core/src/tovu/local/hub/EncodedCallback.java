@@ -31,7 +31,7 @@ final class EncodedCallback {
         encoder = CallbackDelivery.encoder(context, (theMethod, theMessage) -> {
             method = theMethod;
             message = theMessage;
-        });
+        }, member);
         reported = CallbackDelivery.reporting(encoder, member);
     }
 

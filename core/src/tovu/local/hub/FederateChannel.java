@@ -8,13 +8,14 @@ import io.netty.channel.Channel;
 import io.netty.channel.ChannelFutureListener;
 import io.netty.channel.ChannelHandlerContext;
 import io.netty.channel.ChannelInboundHandlerAdapter;
+import io.netty.channel.ChannelOutboundBuffer;
 import io.netty.handler.codec.CorruptedFrameException;
 import io.netty.handler.codec.TooLongFrameException;
 import io.netty.handler.ssl.NotSslRecordException;
 import io.netty.util.ReferenceCountUtil;
+import io.netty.util.concurrent.Future;
 import java.util.Queue;
 import java.util.concurrent.ConcurrentLinkedQueue;
-import java.util.concurrent.Future;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
@@ -26,12 +27,13 @@ import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
 import tovu.local.wire.MalformedFrame;
 import tovu.local.wire.Protocol;
+import tovu.local.wire.Pulse;
 import tovu.local.wire.Result;
 
 /**
  * One connection: an ambassador at the hub, and the stream to its federate. Requests are served one after the other in
- * the thread of the connection, but for those that take long; what goes out is left in a queue by whoever has it, and
- * written by that thread.
+ * the thread of the connection, but for those that take long and what comes meanwhile; what goes out is left in a queue
+ * by whoever has it, and written by that thread.
  */
 final class FederateChannel extends ChannelInboundHandlerAdapter {
     private final Hub hub;
@@ -42,14 +44,20 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     private RemoteSink sink; // once it has connected
     private boolean greeted;
     private boolean sent; // by another hub: what it wants is to be here
-    private boolean ended;
-    private long heard = System.nanoTime();
-    private volatile boolean said;
+    private volatile boolean ended;
+    private final Pulse pulse = new Pulse();
+    private FrameDecoder decoder;
 
     FederateChannel(Hub hub, Channel channel) {
         this.hub = hub;
         this.channel = channel;
         ambassador = new HubAmbassador(this::connect, hub.federations());
+    }
+
+    /** @param greatestFrame in bytes, for now */
+    FrameDecoder decoder(int greatestFrame) {
+        decoder = new FrameDecoder(greatestFrame, pulse);
+        return decoder;
     }
 
     private RemoteSink connect(int context) {
@@ -59,6 +67,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     /** Leaves a frame for the federate. From any thread. */
     private void send(byte[] frame) {
+        if (ended) {
+            return; // nobody takes it any more
+        }
         outgoing.add(frame);
         if (!writing.get() && writing.compareAndSet(false, true)) {
             channel.eventLoop().execute(this::write);
@@ -73,30 +84,40 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             any = true;
         }
         if (any) {
-            said = true;
+            pulse.say();
             channel.flush();
-            if (channel.unsafe().outboundBuffer() != null
-                    && channel.unsafe().outboundBuffer().totalPendingWriteBytes() > hub.settings().queueLimit()) {
-                lose("its process does not read: " + (hub.settings().queueLimit() >> 20) + " MB wait for it");
-            }
+            limitWhatWaits();
         }
     }
 
-    void requireGreeting() {
-        if (!greeted && !ended) {
-            refuse("it has not said what it is");
+    private void limitWhatWaits() {
+        ChannelOutboundBuffer unread = channel.unsafe().outboundBuffer();
+        long limit = hub.settings().queueLimit();
+        if (unread != null && unread.totalPendingWriteBytes() > limit || sink != null && sink.remembered() > limit) {
+            lose((channel.isWritable() ? "its program takes no callbacks: " : "its process does not read: ")
+                    + (limit >> 20) + " MB wait for it");
         }
+    }
+
+    /** A timer would keep a connection that has ended. */
+    private void untilClosed(Future<?> timer) {
+        channel.closeFuture().addListener(closed -> timer.cancel(false));
+    }
+
+    void requireGreeting(int seconds) {
+        untilClosed(channel.eventLoop().schedule(() -> {
+            if (!greeted && !ended) {
+                refuse("it has not said what it is");
+            }
+        }, seconds, TimeUnit.SECONDS));
     }
 
     @Override
     public void channelRead(ChannelHandlerContext context, Object read) {
         try {
-            heard = System.nanoTime();
             if (!ended) {
                 take(new FrameReader(ByteBufUtil.getBytes((ByteBuf) read)));
             }
-        } catch (MalformedFrame | MalformedMessage e) {
-            lose("it sent " + e.getMessage());
         } finally {
             ReferenceCountUtil.release(read);
         }
@@ -108,13 +129,21 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             return;
         }
         switch (frame.type()) {
-            case REQUEST -> request(frame.integer(), frame.longInteger(), frame.longInteger(), frame.integer(),
-                    frame.rest());
+            case REQUEST -> {
+                int request = frame.integer();
+                long begun = frame.longInteger();
+                long endedUpTo = frame.longInteger();
+                int service = frame.integer();
+                serve(HubAmbassador.isLong(service), () -> {
+                    progress(begun, endedUpTo);
+                    send(answer(request, service, frame.rest()));
+                });
+            }
             case RESOLVE -> {
                 int request = frame.integer();
                 long number = frame.longInteger();
                 if (sink != null) {
-                    send(sink.resolve(request, number));
+                    serve(false, () -> send(sink.resolve(request, number)));
                 }
             }
             case RETRACTED -> {
@@ -122,7 +151,11 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                     retracted(frame.longInteger(), frame.flag());
                 }
             }
-            case PROGRESS -> progress(frame.longInteger(), frame.longInteger());
+            case PROGRESS -> {
+                long begun = frame.longInteger();
+                long endedUpTo = frame.longInteger();
+                serve(false, () -> progress(begun, endedUpTo));
+            }
             case HEARTBEAT -> {
                 // that it came is what it says
             }
@@ -147,26 +180,23 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
-            long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / 4;
-            Future<?> pulse = channel.eventLoop().scheduleAtFixedRate(this::pulse, period, period,
-                    TimeUnit.MILLISECONDS);
-            channel.closeFuture().addListener(closed -> pulse.cancel(false)); // or the timer would keep it for ever
+            long period = TimeUnit.SECONDS.toMillis(hub.settings().lostAfter()) / Pulse.BEATS;
+            untilClosed(channel.eventLoop().scheduleWithFixedDelay(this::beat, period, period, TimeUnit.MILLISECONDS));
         }
-        hub.entered(this, channel);
+        hub.entered(this);
+        channel.pipeline().replace(decoder, null, decoder(hub.settings().greatestFrame())); // takes what has come already
     }
 
-    private void pulse() {
+    private void beat() {
         if (!channel.config().isAutoRead()) {
-            heard = System.nanoTime(); // it is the hub that does not listen, for as long as a service takes
+            pulse.hear(); // it is the hub that does not listen, for as long as a service takes
         }
-        long limit = TimeUnit.SECONDS.toNanos(hub.settings().lostAfter());
-        boolean listens = channel.config().isAutoRead();
-        if (!ended && listens && System.nanoTime() - heard > limit) {
+        Pulse.Next next = pulse.beat();
+        if (!ended && next == Pulse.Next.LOST) {
             lose("it has been silent for " + hub.settings().lostAfter() + " s");
-        } else if (!ended && !said) {
+        } else if (!ended && next == Pulse.Next.SAY_SOMETHING) {
             send(new FrameWriter(FrameType.HEARTBEAT).end());
         }
-        said = false;
     }
 
     private void progress(long begun, long endedUpTo) {
@@ -181,30 +211,31 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
     }
 
-    private void request(int number, long begun, long endedUpTo, int service, byte[] message) {
-        progress(begun, endedUpTo);
-        if (!HubAmbassador.isLong(service)) {
-            send(serve(number, service, message));
+    /** Serves what may take the locks of the model: at once, or, where that may take its time, apart. */
+    private void serve(boolean isLong, Runnable service) {
+        if (!isLong && !hub.isServingLong()) {
+            service.run();
             return;
         }
-        channel.config().setAutoRead(false); // what comes behind it waits
-        hub.serveLong(() -> {
-            byte[] answer;
+        decoder.pause(); // what comes behind it waits
+        Runnable served = () -> {
             try {
-                answer = serve(number, service, message);
-            } catch (MalformedMessage e) {
-                channel.eventLoop().execute(() -> lose("it sent " + e.getMessage()));
-                return;
+                service.run();
+                if (!ended) {
+                    channel.eventLoop().execute(decoder::resume);
+                }
+            } catch (RuntimeException | Error e) {
+                channel.pipeline().fireExceptionCaught(e);
             }
-            send(answer);
-            channel.eventLoop().execute(() -> {
-                heard = System.nanoTime();
-                channel.config().setAutoRead(true);
-            });
-        });
+        };
+        if (isLong) {
+            hub.serveLong(served);
+        } else {
+            hub.serveApart(served);
+        }
     }
 
-    private byte[] serve(int number, int service, byte[] message) {
+    private byte[] answer(int number, int service, byte[] message) {
         try {
             if (!sent && HubAmbassador.isCreation(service)) {
                 hub.place();
@@ -251,8 +282,8 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     }
 
     /** Ends the connection, telling the federate why. From any thread. */
-    void end(String reason) {
-        channel.eventLoop().execute(() -> close(reason));
+    Future<?> end(String reason) {
+        return channel.eventLoop().submit(() -> close(reason));
     }
 
     private void close(String reason) {
@@ -261,11 +292,11 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
         ended = true;
         hub.left(this);
-        ambassador.session().abandon(reason);
+        hub.serveApart(() -> ambassador.session().abandon(reason)); // one of its services may still run
         outgoing.clear();
         channel.writeAndFlush(Unpooled.wrappedBuffer(new FrameWriter(FrameType.CLOSING).text(reason).end()))
                 .addListener(ChannelFutureListener.CLOSE);
-        channel.eventLoop().schedule(() -> channel.close(), 1, TimeUnit.SECONDS); // it may not read any more
+        untilClosed(channel.eventLoop().schedule(() -> channel.close(), 1, TimeUnit.SECONDS)); // it may not read any more
     }
 
     @Override
@@ -287,6 +318,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     }
 
     private String reason(Throwable cause) {
+        if (cause instanceof MalformedFrame || cause instanceof MalformedMessage) {
+            return "it sent " + cause.getMessage();
+        }
         if (cause instanceof NotSslRecordException || cause.getCause() instanceof NotSslRecordException) {
             return "it does not use TLS";
         }

@@ -9,15 +9,16 @@ import io.netty.channel.EventLoopGroup;
 import io.netty.channel.nio.NioEventLoopGroup;
 import io.netty.channel.socket.SocketChannel;
 import io.netty.channel.socket.nio.NioServerSocketChannel;
-import io.netty.handler.codec.LengthFieldBasedFrameDecoder;
 import io.netty.handler.ssl.ClientAuth;
 import io.netty.handler.ssl.SslContext;
 import io.netty.handler.ssl.SslContextBuilder;
 import io.netty.handler.ssl.SslHandler;
 import io.netty.handler.ssl.SslProvider;
-import java.io.File;
+import io.netty.util.concurrent.Future;
 import java.io.IOException;
 import java.net.InetSocketAddress;
+import java.security.GeneralSecurityException;
+import java.security.cert.X509Certificate;
 import java.util.List;
 import java.util.Set;
 import java.util.concurrent.ConcurrentHashMap;
@@ -28,7 +29,7 @@ import java.util.concurrent.atomic.AtomicInteger;
 import tovu.local.management.Manager;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.port.Elsewhere;
-import tovu.local.wire.Protocol;
+import tovu.local.wire.Identity;
 
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
 final class Hub {
@@ -40,7 +41,8 @@ final class Hub {
     private final SslContext tls;
     private final EventLoopGroup listening = new NioEventLoopGroup(1);
     private final EventLoopGroup serving = new NioEventLoopGroup();
-    private final ExecutorService longServices = Executors.newCachedThreadPool();
+    private final ExecutorService apart = Executors.newCachedThreadPool();
+    private final AtomicInteger servingLong = new AtomicInteger();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
     private final AtomicInteger connections = new AtomicInteger();
     private final Cluster cluster;
@@ -57,11 +59,14 @@ final class Hub {
     private SslContext tls() throws IOException {
         try {
             SslContextBuilder builder = SslContextBuilder
-                    .forServer(settings.certificate().toFile(), settings.key().toFile())
+                    .forServer(Identity.of(settings.certificate(), settings.key()))
                     .sslProvider(SslProvider.JDK).protocols("TLSv1.3", "TLSv1.2");
-            File clientCa = settings.clientCa() == null ? null : settings.clientCa().toFile();
-            return (clientCa == null ? builder : builder.trustManager(clientCa).clientAuth(ClientAuth.REQUIRE)).build();
-        } catch (IllegalArgumentException e) {
+            if (settings.clientCa() != null) {
+                builder.trustManager(Identity.certificates(settings.clientCa()).toArray(X509Certificate[]::new))
+                        .clientAuth(ClientAuth.REQUIRE);
+            }
+            return builder.build();
+        } catch (GeneralSecurityException e) {
             throw new IOException(e.getMessage(), e);
         }
     }
@@ -105,17 +110,18 @@ final class Hub {
             handler.setHandshakeTimeout(GREETING_SECONDS, TimeUnit.SECONDS);
             pipeline.addLast(handler);
         }
-        pipeline.addLast(frames(GREATEST_GREETING)); // who is not in yet makes the hub keep no more than that
         FederateChannel federate = new FederateChannel(this, channel);
+        pipeline.addLast(federate.decoder(GREATEST_GREETING)); // who is not in yet makes the hub keep no more than that
         pipeline.addLast(federate);
         if (isOneTooMany) {
             federate.refuse("there are " + settings.connections() + " connections already");
         }
-        channel.eventLoop().schedule(federate::requireGreeting, GREETING_SECONDS, TimeUnit.SECONDS);
+        federate.requireGreeting(GREETING_SECONDS);
     }
 
-    private static LengthFieldBasedFrameDecoder frames(int greatest) {
-        return new LengthFieldBasedFrameDecoder(greatest, 0, Protocol.LENGTH_BYTES, 0, Protocol.LENGTH_BYTES);
+    /** Whether a service runs that takes its time. Others may have to wait for what it holds. */
+    boolean isServingLong() {
+        return servingLong.get() > 0;
     }
 
     /** @param address where federates reach it */
@@ -131,18 +137,28 @@ final class Hub {
         }
     }
 
-    private void expel(String reason) {
-        List.copyOf(federates).forEach(each -> each.end(reason));
+    private List<Future<?>> expel(String reason) {
+        return List.copyOf(federates).stream().<Future<?>>map(each -> each.end(reason)).toList();
     }
 
     void serveLong(Runnable service) {
-        longServices.execute(service);
+        servingLong.incrementAndGet();
+        serveApart(() -> {
+            try {
+                service.run();
+            } finally {
+                servingLong.decrementAndGet();
+            }
+        });
     }
 
-    /** @param channel the connection of that, which may send frames of full size from now on */
-    void entered(FederateChannel federate, Channel channel) {
+    /** For what may have to wait, which a thread of connections never does: others have the same thread. */
+    void serveApart(Runnable service) {
+        apart.execute(service);
+    }
+
+    void entered(FederateChannel federate) {
         federates.add(federate);
-        channel.pipeline().replace(LengthFieldBasedFrameDecoder.class, null, frames(settings.greatestFrame()));
     }
 
     void left(FederateChannel federate) {
@@ -152,10 +168,10 @@ final class Hub {
     /** Tells the federates that it ends, and ends. */
     void stop() {
         server.close().syncUninterruptibly();
-        expel("the hub was shut down");
+        expel("the hub was shut down").forEach(each -> each.awaitUninterruptibly(1_000)); // or the end might come before
         serving.shutdownGracefully(0, 2, TimeUnit.SECONDS).syncUninterruptibly();
         listening.shutdownGracefully(0, 1, TimeUnit.SECONDS).syncUninterruptibly();
-        longServices.shutdownNow();
+        apart.shutdownNow();
         cluster.leave();
     }
 }

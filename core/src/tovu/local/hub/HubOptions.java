@@ -23,7 +23,7 @@ final class HubOptions {
               --client-ca FILE        lets in only federates with a certificate of this authority
               --insecure              lets other machines connect without TLS
               --lost-after SECONDS    a federate that is silent for so long is lost (20; 0 for never)
-              --queue-limit MB        a federate whose process leaves so much unread is lost (256)
+              --queue-limit MB        a federate that leaves so much unread, or takes no callbacks for so much, is lost (256)
               --connections NUMBER    how many there may be at once (1000)
               --greatest-message MB   a message that is greater ends its connection (64)
               --cluster SERVERS       is one of several hubs that ZooKeeper keeps together: HOST:PORT[,HOST:PORT...][/PATH]

@@ -23,15 +23,19 @@ import tovu.local.wire.FrameWriter;
  * its turn will show is asked for then.
  */
 final class RemoteSink implements CallbackSink {
+    private static final int REMEMBERING = 200; // bytes, about, beside what the callback tells
+
     /** A callback that was sent and may still matter to the model. */
     private static final class Sent {
         final long number;
         final Callback callback;
+        final int size;
         boolean begun;
 
-        Sent(long number, Callback callback) {
+        Sent(long number, Callback callback, int size) {
             this.number = number;
             this.callback = callback;
+            this.size = size;
         }
     }
 
@@ -40,6 +44,7 @@ final class RemoteSink implements CallbackSink {
     private final Map<Callback, Sent> retractable = new IdentityHashMap<>();
     private final Map<Long, Sent> retracted = new HashMap<>(); // and maybe begun before the federate knew
     private long last;
+    private long remembered; // bytes
     private final EncodedCallback told;
     private final EncodedCallback answer; // for the connection's own thread
 
@@ -66,21 +71,29 @@ final class RemoteSink implements CallbackSink {
 
     private void send(Callback callback, int flags) {
         Callback.Foresight foresight = callback.foresight();
+        byte[] frame;
         if (foresight == Callback.Foresight.NONE) {
-            out.accept(new FrameWriter(FrameType.LATE_CALLBACK).longInteger(++last).octet(flags).end());
+            frame = new FrameWriter(FrameType.LATE_CALLBACK).longInteger(++last).octet(flags).end();
         } else if (told.make(callback, callback::foretell)) {
-            out.accept(told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
-                    .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end());
+            frame = told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
+                    .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end();
         } else {
             return;
         }
         if (foresight != Callback.Foresight.CERTAIN) {
-            Sent sent = new Sent(last, callback);
+            Sent sent = new Sent(last, callback, frame.length + REMEMBERING);
             unsettled.add(sent);
+            remembered += sent.size;
             if (callback instanceof RetractableCallback message && message.isRetractable()) {
                 retractable.put(callback, sent);
             }
         }
+        out.accept(frame);
+    }
+
+    /** About how many bytes are kept of callbacks until the federate's code has been given them. */
+    synchronized long remembered() {
+        return remembered;
     }
 
     /** The federate's code has been given the callbacks up to one number, and has returned from those up to another. */
@@ -103,7 +116,11 @@ final class RemoteSink implements CallbackSink {
             return null; // nobody, or it has learnt all there is
         }
         retractable.remove(first.callback);
-        return first.number <= ended ? unsettled.poll() : first;
+        if (first.number <= ended) {
+            unsettled.remove();
+            remembered -= first.size;
+        }
+        return first;
     }
 
     /**
@@ -164,6 +181,8 @@ final class RemoteSink implements CallbackSink {
         if (sent != null && begun) {
             sent.begun = true;
             unsettled.addFirst(sent); // it has still to end
+        } else if (sent != null) {
+            remembered -= sent.size;
         }
     }
 
@@ -179,6 +198,7 @@ final class RemoteSink implements CallbackSink {
         unsettled.clear();
         retractable.clear();
         retracted.clear();
+        remembered = 0;
         out.accept(new FrameWriter(FrameType.DROP).end());
     }
 }

@@ -7,12 +7,12 @@ import java.util.concurrent.ScheduledThreadPoolExecutor;
 import java.util.concurrent.ThreadFactory;
 
 /**
- * The one timer of all connections to hubs, made when the first of them is. It never waits for a hub: what is to be
- * written is written by threads of its own.
+ * The one timer of all connections to hubs, made when the first of them is. It never waits for a hub: what may have to
+ * wait does so in threads of its own.
  */
 final class HubClock {
     static final ScheduledExecutorService INSTANCE = make();
-    static final Executor WRITERS = Executors.newCachedThreadPool(daemons("hub writer"));
+    static final Executor WAITERS = Executors.newCachedThreadPool(daemons("hub waiter"));
 
     private HubClock() {
     }

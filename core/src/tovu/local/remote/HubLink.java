@@ -8,6 +8,7 @@ import hla.rti1516e.exceptions.RTIinternalError;
 import java.io.BufferedInputStream;
 import java.io.DataInputStream;
 import java.io.EOFException;
+import java.io.FilterInputStream;
 import java.io.IOException;
 import java.io.OutputStream;
 import java.util.ArrayList;
@@ -32,6 +33,7 @@ import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
 import tovu.local.wire.MalformedFrame;
+import tovu.local.wire.Pulse;
 
 /**
  * An ambassador's connection to a hub. Requests of several threads run side by side; callbacks come numbered, in one
@@ -49,7 +51,7 @@ public final class HubLink {
     private final DataInputStream in;
     private final OutputStream out;
     private final int greatestFrame;
-    private final long silenceNanos; // after which the other side is lost; 0 for never
+    private final int silence; // after so many seconds the other side is lost; 0 for never
     private final CallbackSink queue;
     private final CallbackPort federate;
     private final Consumer<String> onLoss;
@@ -60,9 +62,8 @@ public final class HubLink {
     private long ended; // the last callback that has returned
     private long reviewed;
     private final AtomicBoolean tellingProgress = new AtomicBoolean();
-    private final ScheduledFuture<?> pulse;
-    private volatile long heard = System.nanoTime();
-    private volatile boolean said;
+    private final Pulse pulse = new Pulse();
+    private final ScheduledFuture<?> beats;
     private volatile String lost; // why, or null
 
     /**
@@ -115,14 +116,21 @@ public final class HubLink {
         this.queue = queue;
         this.federate = federate;
         this.onLoss = onLoss;
-        in = new DataInputStream(new BufferedInputStream(socket.input(), STREAM_BUFFER));
+        in = new DataInputStream(new BufferedInputStream(new FilterInputStream(socket.input()) {
+            @Override
+            public int read(byte[] to, int from, int length) throws IOException {
+                int count = super.read(to, from, length);
+                pulse.hear(); // also of a frame that takes long to come
+                return count;
+            }
+        }, STREAM_BUFFER));
         out = socket.output();
         HubSocket.Welcome welcome = socket.greet(in, sent);
         greatestFrame = welcome.greatestFrame();
-        silenceNanos = TimeUnit.SECONDS.toNanos(welcome.lostAfterSeconds());
-        long period = Math.max(1, silenceNanos / 4);
-        pulse = silenceNanos == 0 ? null
-                : HubClock.INSTANCE.scheduleAtFixedRate(this::pulse, period, period, TimeUnit.NANOSECONDS);
+        silence = welcome.lostAfterSeconds();
+        long period = TimeUnit.SECONDS.toMillis(silence) / Pulse.BEATS;
+        beats = silence == 0 ? null
+                : HubClock.INSTANCE.scheduleWithFixedDelay(this::beat, period, period, TimeUnit.MILLISECONDS);
     }
 
     /**
@@ -172,7 +180,7 @@ public final class HubLink {
                 out.write(frame);
                 out.flush();
             }
-            said = true;
+            pulse.say();
         } catch (IOException e) {
             // the hub may have said why it ends the connection, which is still to be read
             HubClock.INSTANCE.schedule(() -> lose("sending failed: " + HubSocket.reason(e)),
@@ -199,7 +207,6 @@ public final class HubLink {
                 if (frame.length < length) {
                     throw new EOFException();
                 }
-                heard = System.nanoTime();
                 take(new FrameReader(frame));
             }
         } catch (EOFException e) {
@@ -360,20 +367,21 @@ public final class HubLink {
     /** So that others need not wait until this federate has a request. */
     private void tellProgressSoon() {
         if (!tellingProgress.get() && tellingProgress.compareAndSet(false, true)) {
-            HubClock.INSTANCE.schedule(() -> HubClock.WRITERS.execute(() -> {
+            HubClock.INSTANCE.schedule(() -> HubClock.WAITERS.execute(() -> {
                 tellingProgress.set(false);
                 tell(progress(new FrameWriter(FrameType.PROGRESS)).end());
             }), TELL_IDLE_MILLIS, TimeUnit.MILLISECONDS);
         }
     }
 
-    private void pulse() {
-        if (System.nanoTime() - heard > silenceNanos) {
-            lose("the hub has been silent for " + TimeUnit.NANOSECONDS.toSeconds(silenceNanos) + " s");
-        } else if (!said) {
-            HubClock.WRITERS.execute(() -> tell(new FrameWriter(FrameType.HEARTBEAT).end()));
+    private void beat() {
+        switch (pulse.beat()) {
+            case LOST -> lose("the hub has been silent for " + silence + " s");
+            case SAY_SOMETHING -> HubClock.WAITERS.execute(() -> tell(new FrameWriter(FrameType.HEARTBEAT).end()));
+            default -> {
+                // all is well
+            }
         }
-        said = false;
     }
 
     private void lose(String reason) {
@@ -403,8 +411,8 @@ public final class HubLink {
             }
             lost = reason;
         }
-        if (pulse != null) {
-            pulse.cancel(false);
+        if (beats != null) {
+            beats.cancel(false);
         }
         socket.close();
         awaited.values().forEach(each -> each.give(null));

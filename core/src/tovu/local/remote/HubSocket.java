@@ -5,8 +5,10 @@ import java.io.DataInputStream;
 import java.io.EOFException;
 import java.io.IOException;
 import java.io.InputStream;
+import java.io.InterruptedIOException;
 import java.io.OutputStream;
 import java.net.ConnectException;
+import java.net.InetAddress;
 import java.net.InetSocketAddress;
 import java.net.Socket;
 import java.net.SocketTimeoutException;
@@ -14,8 +16,11 @@ import java.net.StandardSocketOptions;
 import java.net.UnknownHostException;
 import java.security.GeneralSecurityException;
 import java.security.cert.CertificateException;
+import java.util.concurrent.ExecutionException;
 import java.util.concurrent.Future;
+import java.util.concurrent.FutureTask;
 import java.util.concurrent.TimeUnit;
+import java.util.concurrent.TimeoutException;
 import javax.net.ssl.SSLException;
 import javax.net.ssl.SSLHandshakeException;
 import javax.net.ssl.SSLParameters;
@@ -62,10 +67,7 @@ final class HubSocket {
     }
 
     private void connect() throws IOException, GeneralSecurityException {
-        InetSocketAddress address = new InetSocketAddress(hub.host(), hub.port());
-        if (address.isUnresolved()) {
-            throw new UnknownHostException(hub.host());
-        }
+        InetSocketAddress address = new InetSocketAddress(resolve(), hub.port());
         plain.setOption(StandardSocketOptions.TCP_NODELAY, true);
         plain.connect(address, left());
         if (hub.isSecured()) {
@@ -78,6 +80,22 @@ final class HubSocket {
             socket = secured;
             secured.startHandshake();
             secure = true;
+        }
+    }
+
+    /** A name service that does not answer holds up no longer than a hub. */
+    private InetAddress resolve() throws IOException {
+        FutureTask<InetAddress> resolution = new FutureTask<>(() -> InetAddress.getByName(hub.host()));
+        HubClock.WAITERS.execute(resolution);
+        try {
+            return resolution.get(left(), TimeUnit.MILLISECONDS);
+        } catch (ExecutionException e) {
+            throw new UnknownHostException(hub.host());
+        } catch (TimeoutException e) {
+            throw new IOException("no name service has told within " + patienceMillis / 1_000.0 + " s where it is", e);
+        } catch (InterruptedException e) {
+            Thread.currentThread().interrupt();
+            throw new InterruptedIOException("connecting was interrupted");
         }
     }
 

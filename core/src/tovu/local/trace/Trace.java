@@ -17,12 +17,12 @@ public final class Trace {
     public static final CallbackTrace.Listener CALLBACKS = new CallbackTrace.Listener() {
         @Override
         public void called(Federate federate, String callback, List<String> arguments) {
-            print(federate, "<- " + callback + "(" + String.join(", ", arguments) + ")");
+            print(federate == null ? null : federate.name(), "<- " + callback + "(" + String.join(", ", arguments) + ")");
         }
     };
 
     /** @param federate who calls or is called; null for an ambassador that is not joined */
-    public static void print(Federate federate, String line) {
-        System.err.println("[" + (federate == null ? "not joined" : federate.name()) + "] " + line);
+    public static void print(String federate, String line) {
+        System.err.println("[" + (federate == null ? "not joined" : federate) + "] " + line);
     }
 }

@@ -1,0 +1,347 @@
+package tovu.local.cluster;
+
+import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.RTIinternalError;
+import java.io.IOException;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.UUID;
+import java.util.concurrent.Executors;
+import java.util.concurrent.ScheduledExecutorService;
+import java.util.concurrent.TimeUnit;
+import org.apache.curator.framework.CuratorFramework;
+import org.apache.zookeeper.CreateMode;
+import org.apache.zookeeper.KeeperException;
+import org.apache.zookeeper.data.Stat;
+import tovu.local.hub.Cluster;
+import tovu.local.hub.ClusterSettings;
+import tovu.local.hub.HubLog;
+import tovu.local.model.federation.FederationPlan;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Placement;
+import tovu.local.model.port.Elsewhere;
+import tovu.local.model.value.FederationInformation;
+
+/**
+ * The cluster as ZooKeeper knows it: a node for each hub, which lives as long as the hub's session, and a node for each
+ * federation, which names the hub that has it. A hub's node has a name that never comes again, and every change is made
+ * together with one of the hub's own node: who is dead for the others changes nothing any more, and does not come back.
+ */
+final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
+    private static final String HUBS = "/hubs";
+    private static final String FEDERATIONS = "/federations";
+    private static final long SWEEP_SECONDS = 10; // when nothing has happened that calls for one
+    private static final long LOAD_SECONDS = 2;
+
+    /** A federation's node as it was seen. */
+    private record Seen(String federation, FederationNode node, int version) {
+    }
+
+    private final ClusterSettings settings;
+    private final Ensemble ensemble;
+    private final ScheduledExecutorService clock = Executors.newSingleThreadScheduledExecutor();
+    private Member hub;
+    private Federations federations;
+    private int told; // the load that the others know
+    private volatile String me; // this hub's node, or null
+
+    ZooKeeperCluster(ClusterSettings settings) throws IOException {
+        this.settings = settings;
+        ensemble = new Ensemble(settings);
+    }
+
+    @Override
+    public Placement placement() {
+        return this;
+    }
+
+    @Override
+    public void enter(Member theHub) throws IOException {
+        hub = theHub;
+        federations = theHub.federations();
+        if (address().matches("(0\\.0\\.0\\.0|\\[[0:]*]):.*")) {
+            throw new IOException("other machines cannot connect to " + address()
+                    + ": give --advertise HOST:PORT, where federates reach this hub");
+        }
+        ensemble.connect(this);
+        clock.scheduleWithFixedDelay(guarded(this::tellLoad), LOAD_SECONDS, LOAD_SECONDS, TimeUnit.SECONDS);
+        clock.scheduleWithFixedDelay(guarded(this::sweep), SWEEP_SECONDS, SWEEP_SECONDS, TimeUnit.SECONDS);
+        try {
+            clock.submit(this::settle).get();
+            int session = ensemble.sessionMillis();
+            if (session > TimeUnit.SECONDS.toMillis(settings.takeoverAfter())) {
+                HubLog.say("warning: ZooKeeper takes a hub for dead after " + session / 1_000.0 + " s, not after "
+                        + settings.takeoverAfter() + "; its tickTime is too great for that");
+            }
+        } catch (Exception e) {
+            throw new IOException("this hub cannot become one of the cluster: "
+                    + (e.getCause() == null ? e : e.getCause().getMessage()), e);
+        }
+    }
+
+    private String address() {
+        return settings.advertised() == null ? hub.address() : settings.advertised();
+    }
+
+    private String name() {
+        return settings.name() == null ? address() : settings.name();
+    }
+
+    @Override
+    public void connected() {
+        clock.execute(guarded(this::settle));
+    }
+
+    @Override
+    public void expired() {
+        clock.execute(guarded(() -> lose("the others took this hub for dead, because ZooKeeper had not heard of it in time")));
+    }
+
+    private interface Task {
+        void run() throws Exception;
+    }
+
+    /** What fails is tried again when something happens. */
+    private static Runnable guarded(Task task) {
+        return () -> {
+            try {
+                task.run();
+            } catch (Ensemble.Unreachable | KeeperException.NoNodeException e) {
+                // when it is reachable again all this is looked at anew
+            } catch (Exception | Error e) {
+                HubLog.fault(e);
+            }
+        };
+    }
+
+    /** What this hub has may be another one's by now. */
+    private void lose(String reason) {
+        if (me == null) {
+            return;
+        }
+        me = null;
+        HubLog.say("left the cluster: " + reason);
+        federations.clear();
+        hub.expel().accept(reason);
+    }
+
+    private Void settle() throws Exception {
+        String mine = me;
+        if (mine != null && ensemble.ask(zookeeper -> zookeeper.checkExists().forPath(hubPath(mine))) == null) {
+            lose("its place in the cluster was removed");
+        }
+        if (me == null) {
+            register();
+        }
+        sweep();
+        return null;
+    }
+
+    private void register() throws Exception {
+        String node = NodeName.of(name()) + "~" + UUID.randomUUID().toString().substring(0, 8);
+        told = load();
+        ensemble.ask(zookeeper -> {
+            for (String each : List.of(HUBS, FEDERATIONS)) {
+                if (zookeeper.checkExists().forPath(each) == null) {
+                    zookeeper.create().orSetData().creatingParentsIfNeeded().forPath(each, new byte[0]);
+                }
+            }
+            return zookeeper.create().withMode(CreateMode.EPHEMERAL).forPath(hubPath(node), content(told));
+        });
+        me = node;
+        HubLog.say("entered the cluster as " + name() + ", which federates reach at " + address());
+    }
+
+    private static String hubPath(String node) {
+        return HUBS + "/" + node;
+    }
+
+    private static String federationPath(String federation) {
+        return FEDERATIONS + "/" + NodeName.of(federation);
+    }
+
+    private int load() {
+        return federations.count() + hub.connections().getAsInt();
+    }
+
+    private byte[] content(int load) {
+        String version = ZooKeeperCluster.class.getPackage().getImplementationVersion();
+        return new HubNode(name(), address(), load, version == null ? "" : version).content();
+    }
+
+    private void tellLoad() throws Exception {
+        String mine = me;
+        int load = load();
+        if (mine != null && load != told) {
+            ensemble.ask(zookeeper -> zookeeper.setData().forPath(hubPath(mine), content(load)));
+            told = load;
+        }
+    }
+
+    private RTIinternalError unreachable(Exception why) {
+        return new RTIinternalError((why instanceof Ensemble.Unreachable ? why.getMessage()
+                : "This hub is not one of the cluster at the moment (" + why + ")")
+                + ": what runs at this hub goes on, and all else has to wait; try again later");
+    }
+
+    @Override
+    public String leastLoaded() {
+        String least = null;
+        int leastLoad = load() - 1; // who asks is here already
+        try {
+            List<String> nodes = ensemble.ask(zookeeper -> read(zookeeper).getChildren().forPath(HUBS));
+            for (String each : nodes) {
+                HubNode other = each.equals(me) ? null : hub(each);
+                if (other != null && other.load() < leastLoad) {
+                    least = other.address();
+                    leastLoad = other.load();
+                }
+            }
+        } catch (Ensemble.Unreachable | KeeperException e) {
+            return null; // the claim says what is wrong
+        }
+        return least;
+    }
+
+    /** What is read next is no older than now. */
+    private static CuratorFramework read(CuratorFramework zookeeper) throws Exception {
+        zookeeper.getZookeeperClient().getZooKeeper().sync("/", (code, path, context) -> { }, null);
+        return zookeeper;
+    }
+
+    /** @return null when it lives no longer */
+    private HubNode hub(String node) throws Ensemble.Unreachable, KeeperException {
+        try {
+            return HubNode.of(ensemble.ask(zookeeper -> zookeeper.getData().forPath(hubPath(node))));
+        } catch (KeeperException.NoNodeException e) {
+            return null;
+        }
+    }
+
+    /** @return null when there is none */
+    private Seen federation(String name) throws Ensemble.Unreachable, KeeperException {
+        Stat stat = new Stat();
+        try {
+            byte[] content = ensemble.ask(zookeeper ->
+                    read(zookeeper).getData().storingStatIn(stat).forPath(federationPath(name)));
+            return new Seen(name, FederationNode.of(content), stat.getVersion());
+        } catch (KeeperException.NoNodeException e) {
+            return null;
+        }
+    }
+
+    @Override
+    public void claim(FederationPlan plan) throws RTIexception {
+        String mine = me;
+        try {
+            if (mine == null) {
+                throw new Ensemble.Unreachable();
+            }
+            FederationNode node = new FederationNode(mine, name(), 1, plan.timeImplementation());
+            change(mine, zookeeper -> zookeeper.transactionOp().create()
+                    .forPath(federationPath(plan.name()), node.content()));
+        } catch (KeeperException.NodeExistsException e) {
+            throw Federations.alreadyExists(plan.name());
+        } catch (Ensemble.Unreachable | KeeperException e) {
+            throw unreachable(e);
+        }
+    }
+
+    /** Changes something as this hub, which it is no longer when its node is gone. */
+    private void change(String mine, Ensemble.Work<org.apache.curator.framework.api.transaction.CuratorOp> change)
+            throws Ensemble.Unreachable, KeeperException {
+        ensemble.ask(zookeeper -> zookeeper.transaction().forOperations(
+                zookeeper.transactionOp().setData().forPath(hubPath(mine), content(load())), change.in(zookeeper)));
+    }
+
+    @Override
+    public void release(String federation) {
+        String mine = me;
+        if (mine != null) {
+            guarded(() -> change(mine, zookeeper ->
+                    zookeeper.transactionOp().delete().forPath(federationPath(federation)))).run();
+        }
+    }
+
+    @Override
+    public void seek(String federation) throws RTIexception {
+        try {
+            Seen seen = federation(federation);
+            if (seen == null || seen.node.hub().equals(me)) {
+                return;
+            }
+            HubNode other = hub(seen.node.hub());
+            if (other != null) {
+                throw new Elsewhere(other.address());
+            }
+            throw new RTIinternalError("Federation execution '" + federation + "' was at the hub " + seen.node.hubName()
+                    + ", which is lost; another one is about to take over: try again in a few seconds");
+        } catch (Ensemble.Unreachable | KeeperException e) {
+            throw unreachable(e);
+        }
+    }
+
+    @Override
+    public List<FederationInformation> others() throws RTIexception {
+        try {
+            return seen().stream().filter(each -> !each.node.hub().equals(me))
+                    .map(each -> new FederationInformation(each.federation, each.node.timeImplementation())).toList();
+        } catch (Ensemble.Unreachable | KeeperException e) {
+            throw unreachable(e);
+        }
+    }
+
+    private List<Seen> seen() throws Ensemble.Unreachable, KeeperException {
+        List<Seen> all = new ArrayList<>();
+        for (String each : ensemble.ask(zookeeper -> read(zookeeper).getChildren().forPath(FEDERATIONS))) {
+            Seen seen = federation(NodeName.original(each));
+            if (seen != null) {
+                all.add(seen);
+            }
+        }
+        return all;
+    }
+
+    /**
+     * Looks after what no hub has. Federations are read before the hubs: whose hub is not there then has lost it.
+     */
+    private void sweep() throws Exception {
+        String mine = me;
+        if (mine == null) {
+            return;
+        }
+        List<Seen> seen = seen();
+        List<String> living = ensemble.ask(zookeeper -> zookeeper.getChildren()
+                .usingWatcher((org.apache.curator.framework.api.CuratorWatcher) event -> clock.execute(guarded(this::sweep)))
+                .forPath(HUBS));
+        for (Seen each : seen) {
+            if (each.node.hub().equals(mine)) {
+                synchronized (federations) { // or it might be one that is just being created
+                    Seen again = federation(each.federation);
+                    if (again != null && again.node.hub().equals(mine) && !federations.hosts(each.federation)) {
+                        change(mine, zookeeper -> zookeeper.transactionOp().delete()
+                                .forPath(federationPath(each.federation)));
+                    }
+                }
+            } else if (!living.contains(each.node.hub())) {
+                takeOver(mine, each);
+            }
+        }
+    }
+
+    private void takeOver(String mine, Seen lost) throws Exception {
+        try {
+            change(mine, zookeeper -> zookeeper.transactionOp().delete().withVersion(lost.version)
+                    .forPath(federationPath(lost.federation)));
+            HubLog.say("federation " + lost.federation + " of the lost hub " + lost.node.hubName() + " is over");
+        } catch (KeeperException.BadVersionException | KeeperException.NoNodeException e) {
+            // another hub was quicker, or this one is lost itself
+        }
+    }
+
+    @Override
+    public void leave() {
+        ensemble.close();
+        clock.shutdownNow();
+    }
+}

@@ -1,0 +1,50 @@
+package tovu.local.hub;
+
+import io.netty.buffer.ByteBuf;
+import io.netty.buffer.Unpooled;
+import io.netty.channel.ChannelHandlerContext;
+import io.netty.handler.codec.LengthFieldBasedFrameDecoder;
+import tovu.local.wire.Protocol;
+import tovu.local.wire.Pulse;
+
+/** Cuts what comes into frames, and lets none out while its connection is not to be read. */
+final class FrameDecoder extends LengthFieldBasedFrameDecoder {
+    private final Pulse pulse;
+    private ChannelHandlerContext context;
+
+    FrameDecoder(int greatestFrame, Pulse pulse) {
+        super(greatestFrame, 0, Protocol.LENGTH_BYTES, 0, Protocol.LENGTH_BYTES);
+        this.pulse = pulse;
+    }
+
+    @Override
+    public void handlerAdded(ChannelHandlerContext theContext) throws Exception {
+        super.handlerAdded(theContext);
+        context = theContext;
+    }
+
+    @Override
+    public void channelRead(ChannelHandlerContext from, Object read) throws Exception {
+        pulse.hear();
+        super.channelRead(from, read);
+    }
+
+    @Override
+    protected Object decode(ChannelHandlerContext from, ByteBuf in) throws Exception {
+        return from.channel().config().isAutoRead() ? super.decode(from, in) : null;
+    }
+
+    void pause() {
+        context.channel().config().setAutoRead(false);
+    }
+
+    /** Goes on with what has come already. In the connection's thread. */
+    void resume() {
+        context.channel().config().setAutoRead(true);
+        try {
+            channelRead(context, Unpooled.EMPTY_BUFFER);
+        } catch (Exception e) {
+            context.pipeline().fireExceptionCaught(e);
+        }
+    }
+}
