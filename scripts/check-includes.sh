@@ -36,6 +36,7 @@ packages=(
   tovu.local.model.exchange
   tovu.local.model.synchronization
   tovu.local.model.save
+  tovu.local.saves
   tovu.local.model.federation
   tovu.local.management
   tovu.local.trace

@@ -49,7 +49,7 @@ public:
       else if (action == L"join")
          join(text);
       else if (action == L"person")
-         rti.registerObjectInstance(rti.getObjectClassHandle(L"Person"));
+         _person = rti.registerObjectInstance(_personClass);
       else if (action == L"regulate")
          rti.enableTimeRegulation(HLAinteger64Interval(1));
       else if (action == L"constrain")
@@ -58,6 +58,18 @@ public:
          rti.timeAdvanceRequest(HLAinteger64Time(std::stoll(text)));
       else if (action == L"save")
          rti.requestFederationSave(text);
+      else if (action == L"answer")
+         _answers = true;
+      else if (action == L"restore")
+         rti.requestFederationRestore(text);
+      else if (action == L"chain")
+         chain(std::stol(text));
+      else if (action == L"later")
+         later(std::stoi(text));
+      else if (action == L"time")
+         showTime();
+      else if (action == L"knows")
+         say(L"knows " + text + L" as " + rti.getObjectInstanceHandle(text).toString());
       else if (action == L"greet")
          greet(std::stoi(text), 1);
       else if (action == L"flood")
@@ -78,10 +90,10 @@ private:
       RTIambassador& rti = *_ambassador;
       rti.joinFederationExecution(name, L"participant", _federation);
       rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
-      ObjectClassHandle const person = rti.getObjectClassHandle(L"Person");
-      AttributeHandleSet const place{rti.getAttributeHandle(person, L"Place")};
-      rti.publishObjectClassAttributes(person, place);
-      rti.subscribeObjectClassAttributes(person, place);
+      _personClass = rti.getObjectClassHandle(L"Person");
+      _place = rti.getAttributeHandle(_personClass, L"Place");
+      rti.publishObjectClassAttributes(_personClass, {_place});
+      rti.subscribeObjectClassAttributes(_personClass, {_place});
       _greeting = rti.getInteractionClassHandle(L"Greeting");
       rti.publishInteractionClass(_greeting);
       rti.subscribeInteractionClass(_greeting);
@@ -96,6 +108,30 @@ private:
          _ambassador->sendInteraction(_greeting, {}, VariableLengthData(tag.data(), size));
    }
 
+   // What waits for its time is part of the federation's state.
+   void later(int times)
+   {
+      unsigned const size = 1 << 16;
+      std::vector<char> const value(size);
+      for (int i = 0; i < times; ++i)
+         _ambassador->updateAttributeValues(_person, {{_place, VariableLengthData(value.data(), size)}}, {},
+                                            HLAinteger64Time(1000000));
+   }
+
+   // Saves again and again, each save named after the time that it is made at.
+   void chain(long label)
+   {
+      _next = label;
+      _ambassador->timeAdvanceRequest(HLAinteger64Time(label));
+   }
+
+   void showTime()
+   {
+      HLAinteger64Time now;
+      _ambassador->queryLogicalTime(now);
+      say(L"time " + now.toString());
+   }
+
    void reportFederationExecutions(FederationExecutionInformationVector const& all) override
    {
       std::wstring names;
@@ -103,7 +139,11 @@ private:
          names += L" " + each.federationExecutionName;
       say(L"< executions" + names);
    }
-   void connectionLost(std::wstring const& fault) override { say(L"< connectionLost " + fault); }
+   void connectionLost(std::wstring const& fault) override
+   {
+      _next = 0;
+      say(L"< connectionLost " + fault);
+   }
    void discoverObjectInstance(ObjectInstanceHandle, ObjectClassHandle, std::wstring const& name) override
    {
       say(L"< discover " + name);
@@ -128,15 +168,53 @@ private:
       text.decode(values.at(_ambassador->getParameterHandle(_lost, parameter)));
       return text.get();
    }
-   void timeAdvanceGrant(LogicalTime const& time) override { say(L"< grant " + time.toString()); }
-   void initiateFederateSave(std::wstring const& label) override { say(L"< save " + label); }
+   void reflectAttributeValues(ObjectInstanceHandle, AttributeHandleValueMap const&,
+                               VariableLengthData const&, OrderType, TransportationType, LogicalTime const&,
+                               OrderType, MessageRetractionHandle, SupplementalReflectInfo) override
+   {
+      ++_received;
+   }
+   void timeAdvanceGrant(LogicalTime const& time) override
+   {
+      say(L"< grant " + time.toString());
+      if (_next != 0)
+         _ambassador->requestFederationSave(std::to_wstring(_next));
+   }
+   void initiateFederateSave(std::wstring const& label) override
+   {
+      say(L"< save " + label);
+      if (_answers) {
+         _ambassador->federateSaveBegun();
+         _ambassador->federateSaveComplete();
+      }
+   }
+   void federationSaved() override
+   {
+      say(L"< saved " + std::to_wstring(_next));
+      if (_next != 0)
+         chain(_next + 1);
+   }
    void federationNotSaved(SaveFailureReason) override { say(L"< notSaved"); }
+   void requestFederationRestoreFailed(std::wstring const& label) override
+   {
+      say(L"< notRestorable " + label);
+   }
+   void initiateFederateRestore(std::wstring const&, std::wstring const&, FederateHandle) override
+   {
+      _ambassador->federateRestoreComplete();
+   }
+   void federationRestored() override { say(L"< restored"); }
 
    std::unique_ptr<RTIambassador> const _ambassador{RTIambassadorFactory().createRTIambassador()};
+   ObjectClassHandle _personClass;
+   AttributeHandle _place;
+   ObjectInstanceHandle _person;
    std::wstring _federation{L"Meeting"};
    InteractionClassHandle _greeting;
    InteractionClassHandle _lost;
    std::atomic<unsigned> _received{0};
+   std::atomic<bool> _answers{false};
+   std::atomic<long> _next{0}; // the label of the next save; 0 for no more
 };
 
 } // namespace

@@ -4,67 +4,8 @@
 set -euo pipefail
 hub=$1 player=$2 fom=$3 java=$4
 here=$(cd "$(dirname "$0")" && pwd)
-cd "$(mktemp -d)"
-declare -A pid
-trap 'kill -KILL "${pid[@]}" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$PWD"' EXIT
-
-fail() {
-  echo "FAILED: $*" >&2
-  tail -n 20 ./*.out ./*.err >&2
-  exit 1
-}
-
-# within SECONDS FILE PATTERN: waits until the file has such a line, and says how long that took. The seconds leave room
-# for a busy machine: what is printed tells how quick it was.
-within() {
-  local begin=${EPOCHREALTIME/./}
-  until grep -qE -- "$3" "$2"; do
-    ((${EPOCHREALTIME/./} - begin < $1 * 1000000)) || fail "$2 has no '$3' within $1 s"
-    sleep 0.02
-  done
-  echo "$2: '$3' after $(((${EPOCHREALTIME/./} - begin) / 1000)) ms"
-}
-
-# start NAME [OPTION]...: a hub; $address is where it listens.
-start() {
-  local name=$1
-  : >"$name.out"
-  env --default-signal=INT "$hub" --listen 127.0.0.1:0 "${@:2}" >"$name.out" 2>"$name.err" &
-  pid[$name]=$!
-  within 30 "$name.out" '^listening on '
-  address=$(sed -n 's/^listening on //p' "$name.out")
-}
-
-# end NAME SIGNAL: the status is that of an orderly end.
-end() {
-  kill "-$2" "${pid[$1]}"
-  wait "${pid[$1]}" || fail "$1 ends with status $? at $2"
-  unset "pid[$1]"
-}
-
-# play NAME: a federate. tell NAME LINE...: has it do something, and waits for that.
-play() {
-  mkfifo "$1.in"
-  "$player" <"$1.in" >>"$1.out" 2>"$1.err" &
-  pid[$1]=$!
-  local opened
-  exec {opened}>"$1.in"
-  eval "in_$1=$opened"
-}
-say() {
-  local to=in_$1
-  echo "$2" >&"${!to}"
-}
-tell() {
-  local name=$1 line
-  for line in "${@:2}"; do
-    : >"$name.done"
-    say "$name" "$line"
-    within 30 "$name.out" "^(done|failed) ${line//./\\.}" >"$name.done"
-    ! grep -E "^failed $line" "$name.out" || fail "$name: $line"
-  done
-}
-renew() { for each in "$@"; do : >"$each.out"; done; }
+# shellcheck source-path=SCRIPTDIR
+. "$here/players.sh"
 
 echo "--- the command line"
 openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -days 2 -keyout hub.key -out hub.pem \

@@ -11,6 +11,7 @@ import tovu.local.model.federation.Session;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
 import tovu.local.model.port.FederateCallbacks;
+import tovu.local.model.save.MemorySaves;
 
 /** What happens to a session while the federation's lock is somebody else's. */
 final class SessionTest {
@@ -59,7 +60,7 @@ final class SessionTest {
     }
 
     private static void lossWhileARestoreCompletes() throws Exception {
-        Federations federations = new Federations(Manager::new, Placement.ALONE);
+        Federations federations = new Federations(Manager::new, Placement.alone(name -> new MemorySaves()));
         List<Session> members = new ArrayList<>();
         for (String name : List.of("alpha", "beta")) {
             Session session = new Session(federations);

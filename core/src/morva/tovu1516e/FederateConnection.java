@@ -20,6 +20,7 @@ import tovu.local.model.port.Elsewhere;
 import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
+import tovu.local.saves.SaveFolder;
 import tovu.local.trace.Trace;
 
 /** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
@@ -27,7 +28,7 @@ final class FederateConnection extends Connection {
     private static final String DESTROYED = "Its ambassador was destroyed while it was joined";
 
     /** Those that all ambassadors of this process share. */
-    private static final Federations FEDERATIONS = new Federations(Manager::new, Placement.ALONE);
+    private static final Federations FEDERATIONS = new Federations(Manager::new, Placement.alone(SaveFolder.stores()));
     private static final int MOST_HUBS_ASKED = 8;
 
     /** How it came to a hub, to come to another one in the same way. */

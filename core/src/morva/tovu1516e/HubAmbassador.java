@@ -70,13 +70,12 @@ public final class HubAmbassador extends RegionServices {
         };
     }
 
-    /** Whether a service may take its time: it reads object models, writes states, or asks which hub has what. */
+    /** Whether a service may take its time: it reads object models, writes and reads states, or asks which hub has what. */
     public static boolean isLong(int service) {
         Service[] all = Service.values();
         return isCreation(service) || service >= 0 && service < all.length && switch (all[service]) {
             case destroyFederationExecution_S, listFederationExecutions, joinFederationExecution_S_S_S_URLX,
-                    joinFederationExecution_S_S_URLX, federateSaveComplete, federateRestoreComplete,
-                    requestFederationRestore_S -> true;
+                    joinFederationExecution_S_S_URLX, federateSaveComplete, requestFederationRestore_S -> true;
             default -> false;
         };
     }

@@ -20,7 +20,10 @@ import tovu.local.model.federation.FederationPlan;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Placement;
 import tovu.local.model.port.Elsewhere;
+import tovu.local.model.port.SaveStore;
+import tovu.local.model.save.MemorySaves;
 import tovu.local.model.value.FederationInformation;
+import tovu.local.saves.SharedSaves;
 
 /**
  * The cluster as ZooKeeper knows it: a node for each hub, which lives as long as the hub's session, and a node for each
@@ -39,6 +42,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     private final ClusterSettings settings;
     private final Ensemble ensemble;
+    private final SharedSaves saves; // or null
     private final ScheduledExecutorService clock = Executors.newSingleThreadScheduledExecutor();
     private Member hub;
     private Federations federations;
@@ -48,6 +52,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     ZooKeeperCluster(ClusterSettings settings) throws IOException {
         this.settings = settings;
         ensemble = new Ensemble(settings);
+        saves = settings.saves() == null ? null : new SharedSaves(settings.saves());
     }
 
     @Override
@@ -64,7 +69,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
                     + ": give --advertise HOST:PORT, where federates reach this hub");
         }
         ensemble.connect(this);
-        clock.scheduleWithFixedDelay(guarded(this::tellLoad), LOAD_SECONDS, LOAD_SECONDS, TimeUnit.SECONDS);
+        clock.scheduleWithFixedDelay(guarded(this::lookAround), LOAD_SECONDS, LOAD_SECONDS, TimeUnit.SECONDS);
         clock.scheduleWithFixedDelay(guarded(this::sweep), SWEEP_SECONDS, SWEEP_SECONDS, TimeUnit.SECONDS);
         try {
             clock.submit(this::settle).get();
@@ -122,6 +127,9 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         me = null;
         HubLog.say("left the cluster: " + reason);
         federations.clear();
+        if (saves != null) {
+            saves.clear();
+        }
         hub.expel().accept(reason);
     }
 
@@ -167,6 +175,15 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     private byte[] content(int load) {
         String version = ZooKeeperCluster.class.getPackage().getImplementationVersion();
         return new HubNode(name(), address(), load, version == null ? "" : version).content();
+    }
+
+    /** Cut off from ZooKeeper, it may yet see in the folder of saves that it was taken for dead. */
+    private void lookAround() throws Exception {
+        if (ensemble.isReachable()) {
+            tellLoad();
+        } else if (saves != null && saves.isTakenOver()) {
+            lose("the others took this hub for dead, because it cannot reach ZooKeeper");
+        }
     }
 
     private void tellLoad() throws Exception {
@@ -231,17 +248,28 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     }
 
     @Override
-    public void claim(FederationPlan plan) throws RTIexception {
+    public SaveStore claim(FederationPlan plan) throws RTIexception {
         String mine = me;
+        String name = plan.name();
         try {
             if (mine == null) {
                 throw new Ensemble.Unreachable();
             }
-            FederationNode node = new FederationNode(mine, name(), 1, plan.timeImplementation());
-            change(mine, zookeeper -> zookeeper.transactionOp().create()
-                    .forPath(federationPath(plan.name()), node.content()));
+            long epoch = saves == null ? 1 : saves.lastEpoch(name) + 1;
+            byte[] node = new FederationNode(mine, name(), epoch, plan.timeImplementation()).content();
+            change(mine, zookeeper -> zookeeper.transactionOp().create().forPath(federationPath(name), node));
+            SaveStore store = saves == null ? new MemorySaves() : saves.take(name, epoch);
+            if (saves != null) {
+                saves.keepPlan(name, PlanFile.content(plan));
+            }
+            HubLog.say("federation " + name + " is here, in epoch " + epoch);
+            return store;
+        } catch (IOException e) {
+            release(name);
+            throw new RTIinternalError("Federation execution '" + name + "' cannot be created, because its saves could not "
+                    + "be kept: " + SaveStore.reason(e) + "; see to the folder that the hubs share");
         } catch (KeeperException.NodeExistsException e) {
-            throw Federations.alreadyExists(plan.name());
+            throw Federations.alreadyExists(name);
         } catch (Ensemble.Unreachable | KeeperException e) {
             throw unreachable(e);
         }
@@ -257,6 +285,9 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     @Override
     public void release(String federation) {
         String mine = me;
+        if (saves != null) {
+            guarded(() -> saves.release(federation)).run();
+        }
         if (mine != null) {
             guarded(() -> change(mine, zookeeper ->
                     zookeeper.transactionOp().delete().forPath(federationPath(federation)))).run();
@@ -315,27 +346,48 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
                 .usingWatcher((org.apache.curator.framework.api.CuratorWatcher) event -> clock.execute(guarded(this::sweep)))
                 .forPath(HUBS));
         for (Seen each : seen) {
-            if (each.node.hub().equals(mine)) {
-                synchronized (federations) { // or it might be one that is just being created
-                    Seen again = federation(each.federation);
-                    if (again != null && again.node.hub().equals(mine) && !federations.hosts(each.federation)) {
-                        change(mine, zookeeper -> zookeeper.transactionOp().delete()
-                                .forPath(federationPath(each.federation)));
-                    }
-                }
-            } else if (!living.contains(each.node.hub())) {
-                takeOver(mine, each);
+            if (each.node.hub().equals(mine) || !living.contains(each.node.hub()) && takeOver(mine, each)) {
+                lookAfter(mine, each.federation);
             }
         }
     }
 
-    private void takeOver(String mine, Seen lost) throws Exception {
+    /** @return whether this hub is the one that has it now */
+    private boolean takeOver(String mine, Seen lost) throws Exception {
+        FederationNode taken = new FederationNode(mine, name(), lost.node.epoch() + 1, lost.node.timeImplementation());
         try {
-            change(mine, zookeeper -> zookeeper.transactionOp().delete().withVersion(lost.version)
-                    .forPath(federationPath(lost.federation)));
-            HubLog.say("federation " + lost.federation + " of the lost hub " + lost.node.hubName() + " is over");
+            change(mine, zookeeper -> zookeeper.transactionOp().setData().withVersion(lost.version)
+                    .forPath(federationPath(lost.federation), taken.content()));
+            HubLog.say("takes over federation " + lost.federation + " of the lost hub " + lost.node.hubName());
+            return true;
         } catch (KeeperException.BadVersionException | KeeperException.NoNodeException e) {
-            // another hub was quicker, or this one is lost itself
+            return false; // another hub was quicker, or this one is lost itself
+        }
+    }
+
+    /** Has here what is this hub's and is not here: what it has taken over, or what came to nothing when it was created. */
+    private void lookAfter(String mine, String name) throws Exception {
+        synchronized (federations) { // or it might be just being created
+            Seen seen = federation(name);
+            if (seen == null || !seen.node.hub().equals(mine) || federations.hosts(name)) {
+                return;
+            }
+            if (saves != null) {
+                try {
+                    SaveStore store = saves.take(name, seen.node.epoch());
+                    byte[] plan = saves.plan(name);
+                    if (plan != null) {
+                        federations.host(PlanFile.plan(name, plan), store);
+                        HubLog.say("federation " + name + " is here, with its saves, in epoch " + seen.node.epoch());
+                        return;
+                    }
+                } catch (IOException | RTIexception e) {
+                    HubLog.say("federation " + name + " cannot be taken over: " + SaveStore.reason(e));
+                    return; // the storage may come back
+                }
+            }
+            change(mine, zookeeper -> zookeeper.transactionOp().delete().forPath(federationPath(name)));
+            HubLog.say("federation " + name + " is over; its name is free");
         }
     }
 

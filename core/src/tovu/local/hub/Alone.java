@@ -1,12 +1,13 @@
 package tovu.local.hub;
 
 import tovu.local.model.federation.Placement;
+import tovu.local.saves.SaveFolder;
 
 /** A hub that is a service of its own. */
 final class Alone implements Cluster {
     @Override
     public Placement placement() {
-        return Placement.ALONE;
+        return Placement.alone(SaveFolder.stores());
     }
 
     @Override

@@ -12,7 +12,8 @@ import java.nio.file.Path;
  * @param ca            the authority that ZooKeeper's certificates are of, or null for connections without TLS
  * @param identity      the hub's certificate and key for that, in one file, or null for none
  * @param login         the file with USER:PASSWORD, or null for a ZooKeeper that whoever reaches it may change
+ * @param saves         the folder of the federations' saves, which all hubs share, or null for none
  */
 public record ClusterSettings(String servers, String name, String advertised, int takeoverAfter, Path ca,
-        Path identity, Path login) {
+        Path identity, Path login, Path saves) {
 }

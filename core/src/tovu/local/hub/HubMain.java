@@ -5,6 +5,7 @@ import java.net.InetAddress;
 import java.net.InetSocketAddress;
 import java.net.UnknownHostException;
 import java.util.ServiceLoader;
+import tovu.local.saves.SaveFolder;
 
 /** The command rti1516e-hub. */
 public final class HubMain {
@@ -36,7 +37,7 @@ public final class HubMain {
 
     private static void run(HubSettings settings) throws IOException {
         requireSecurity(settings);
-        Hub hub = new Hub(settings, cluster(settings.cluster()));
+        Hub hub = new Hub(settings, cluster(settings));
         InetSocketAddress address = hub.start();
         // SIGTERM and SIGINT run this; the VM's own exit status would call an orderly end a failure.
         Runtime.getRuntime().addShutdownHook(new Thread(() -> {
@@ -50,14 +51,18 @@ public final class HubMain {
         System.out.flush();
     }
 
-    private static Cluster cluster(ClusterSettings settings) throws IOException {
-        if (settings == null) {
+    private static Cluster cluster(HubSettings settings) throws IOException {
+        if (settings.cluster() == null) {
+            if (settings.saves() != null) {
+                System.setProperty(SaveFolder.PROPERTY, settings.saves().toString()); // before anything else looks at it
+            }
+            SaveFolder.openConfigured();
             return new Alone();
         }
         try {
             return ServiceLoader.load(Cluster.Provider.class).findFirst().orElseThrow(() ->
                     new IOException("this hub was built without what --cluster needs: rti1516e-hub-cluster.jar is missing"))
-                    .find(settings);
+                    .find(settings.cluster());
         } catch (NoClassDefFoundError e) {
             throw new IOException("--cluster needs the packages libcurator-recipes-java and libzookeeper-java ("
                     + e.getMessage() + " is missing)", e);

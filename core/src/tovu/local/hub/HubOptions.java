@@ -22,6 +22,7 @@ final class HubOptions {
               --key FILE              the private key of that, in PEM
               --client-ca FILE        lets in only federates with a certificate of this authority
               --insecure              lets other machines connect without TLS
+              --saves DIRECTORY       keeps what federations save in files there
               --lost-after SECONDS    a federate that is silent for so long is lost (20; 0 for never)
               --queue-limit MB        a federate that leaves so much unread, or takes no callbacks for so much, is lost (256)
               --connections NUMBER    how many there may be at once (1000)
@@ -37,9 +38,9 @@ final class HubOptions {
               --help, --version       says so and ends
             """;
 
-    private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "lost-after",
-            "queue-limit", "connections", "greatest-message", "cluster", "name", "advertise", "takeover-after", "cluster-login",
-            "cluster-ca", "cluster-identity", "config");
+    private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "saves",
+            "lost-after", "queue-limit", "connections", "greatest-message", "cluster", "name", "advertise",
+            "takeover-after", "cluster-login", "cluster-ca", "cluster-identity", "config");
     private static final Set<String> FLAGS = Set.of("insecure", "help", "version");
     private static final int MEGABYTE_BITS = 20;
 
@@ -123,7 +124,7 @@ final class HubOptions {
         }
         String host = listen.substring(0, colon).replaceAll("^\\[(.*)]$", "$1");
         return new HubSettings(host, number("port of --listen", listen.substring(colon + 1), 0, 65_535),
-                file("certificate"), file("key"), file("client-ca"), values.containsKey("insecure"),
+                file("certificate"), file("key"), file("client-ca"), values.containsKey("insecure"), file("saves"),
                 number("lost-after", "20", 0, 86_400),
                 (long) number("queue-limit", "256", 1, 1 << MEGABYTE_BITS) << MEGABYTE_BITS,
                 number("connections", "1000", 1, 1_000_000),
@@ -149,7 +150,7 @@ final class HubOptions {
         }
         return new ClusterSettings(values.get("cluster"), values.get("name"), advertised,
                 number("takeover-after", "3", 1, 3_600), file("cluster-ca"), file("cluster-identity"),
-                file("cluster-login"));
+                file("cluster-login"), file("saves"));
     }
 
     private Path file(String name) {

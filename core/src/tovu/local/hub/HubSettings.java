@@ -11,6 +11,7 @@ import java.nio.file.Path;
  * @param key             the private key of that
  * @param clientCa        the authority whose certificates let federates in, or null for no such condition
  * @param insecure        whether others than this machine may connect without TLS
+ * @param saves           the folder of the federations' saves, or null for what system properties say
  * @param lostAfter       seconds of silence after which a federate is lost; 0 for never
  * @param queueLimit      bytes that may wait for a federate's process to read them
  * @param connections     how many there may be at once
@@ -18,6 +19,5 @@ import java.nio.file.Path;
  * @param cluster         what it is to be a part of, or null
  */
 record HubSettings(String host, int port, Path certificate, Path key, Path clientCa, boolean insecure,
-        int lostAfter, long queueLimit, int connections, int greatestFrame,
-        ClusterSettings cluster) {
+        Path saves, int lostAfter, long queueLimit, int connections, int greatestFrame, ClusterSettings cluster) {
 }

@@ -4,7 +4,7 @@ import tovu.local.fom.Switches;
 import tovu.local.model.value.Saved;
 
 /** Which notices a federate wants to get; the federation's switches say what it begins with. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Advisories implements Saved {
     boolean objectClassRelevance;
     boolean attributeRelevance;

@@ -9,7 +9,7 @@ import tovu.local.model.value.HandleSet;
 import tovu.local.model.value.Saved;
 
 /** One federate's interests in the attributes of one object class. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class AttributeInterests implements Saved {
     private final Map<Integer, Interest> interests = new LinkedHashMap<>();
     private HandleSet attributes; // null after a change, when the others do not count

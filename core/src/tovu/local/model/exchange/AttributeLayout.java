@@ -7,7 +7,7 @@ import tovu.local.fom.ObjectClass;
 import tovu.local.model.value.Saved;
 
 /** In which order all object instances of a class have their attributes, so that none has a table of its own. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class AttributeLayout implements Saved {
     final ObjectClass objectClass;
     private final Attribute[] definitions;

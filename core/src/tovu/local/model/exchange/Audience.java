@@ -11,7 +11,7 @@ import tovu.local.model.value.Saved;
  *
  * @param <C> the kind of class
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Audience<C> implements Saved {
     private final Map<C, Set<Federate>> subscribers = new HashMap<>();
 

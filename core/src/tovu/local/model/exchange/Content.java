@@ -7,7 +7,7 @@ import tovu.local.model.value.Saved;
 import tovu.local.model.value.Supplement;
 
 /** What all messages that go out together carry: each receiver gets of the values what it wants. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Content implements Saved {
     final HandleValues values;
     /** Where it was sent, as the regions were then; empty for the default region. */

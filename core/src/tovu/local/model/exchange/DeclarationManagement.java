@@ -13,7 +13,7 @@ import tovu.local.model.exchange.Interest.Terms;
 import tovu.local.model.value.Saved;
 
 /** Publication and subscription. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class DeclarationManagement implements Saved {
     private final Exchange federation;
     private final Audience<ObjectClass> objectAudience = new Audience<>();

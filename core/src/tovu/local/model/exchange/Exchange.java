@@ -20,6 +20,7 @@ import tovu.local.model.port.CallbackSink;
 import tovu.local.model.time.TimeManagement;
 import tovu.local.model.time.TimedFederation;
 import tovu.local.model.value.ResignAction;
+import tovu.local.model.value.ServiceCall;
 import tovu.local.model.value.TimeFamily;
 
 /**
@@ -67,6 +68,9 @@ public abstract class Exchange implements TimedFederation {
 
     /** The end of a service, or of a change that came about with a callback. */
     public abstract void settle(Federate actor);
+
+    /** A member that is reported on has called a service, or was called back. */
+    public abstract void served(Federate member, ServiceCall call);
 
     /** What is told of every member at each change, as bits of {@code Condition}. */
     protected abstract int condition();
@@ -309,12 +313,14 @@ public abstract class Exchange implements TimedFederation {
         state.regions.resigned(federate);
     }
 
-    protected ExchangeState state() {
+    /** What it is now, and what no state that follows may give out again. */
+    protected ExchangeState stateToSave() {
+        state.assigned = new ExchangeState.Assigned(lastFederate, lastSequence, RuntimeHandles.last());
         return state;
     }
 
     /**
-     * Becomes what it was once.
+     * Becomes what it was once, maybe in another process.
      *
      * @param successors by each member the handle of the one that it was then
      */
@@ -324,6 +330,9 @@ public abstract class Exchange implements TimedFederation {
             restored.members.get(handle).replace(federate);
         });
         state = restored;
+        lastFederate = Math.max(lastFederate, state.assigned.federate());
+        lastSequence = Math.max(lastSequence, state.assigned.sequence());
+        RuntimeHandles.passOver(state.assigned.runtimeHandle());
         state.updateRates.resume();
     }
 }

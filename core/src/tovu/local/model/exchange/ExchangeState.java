@@ -8,8 +8,18 @@ import tovu.local.model.time.TimeManagement;
 import tovu.local.model.value.Saved;
 
 /** What members exchange and have, as far as a save keeps it and a restore brings it back. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class ExchangeState implements Saved {
+    /**
+     * The last numbers that were given out, which are never given out again.
+     *
+     * @param federate      a federate's handle
+     * @param sequence      a message's number
+     * @param runtimeHandle the handle of an object or region
+     */
+    record Assigned(int federate, long sequence, int runtimeHandle) implements Saved {
+    }
+
     final Federate infrastructure;
     final Map<Integer, Federate> members = new TreeMap<>();
     final DeclarationManagement declarations;
@@ -20,6 +30,7 @@ public final class ExchangeState implements Saved {
     final TimeManagement time;
     boolean autoProvide;
     final UpdateRates updateRates;
+    Assigned assigned; // set when it is saved
 
     ExchangeState(Exchange federation) {
         declarations = new DeclarationManagement(federation);

@@ -20,7 +20,7 @@ import tovu.local.model.value.Saved;
 import tovu.local.model.value.Supplement;
 
 /** A joined federate, and its own part of every chapter of the federation's state. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class Federate implements TimedFederate, Saved {
     /** The handle of no member, and so of the federation's own. */
     static final int INFRASTRUCTURE = 0;

@@ -9,7 +9,7 @@ import tovu.local.model.value.Saved;
 import tovu.local.model.value.TimeFamily;
 
 /** The messages that a federate is not to get yet. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Inbox implements MessageQueue, Saved {
     private final SortedSet<Message> timestamped = new TreeSet<>();
     private final Queue<Message> held = new ArrayDeque<>();

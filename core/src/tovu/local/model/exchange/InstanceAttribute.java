@@ -12,7 +12,7 @@ import tovu.local.fom.Transportation;
 import tovu.local.model.value.Saved;
 
 /** One attribute of one object instance: who owns it, who wants it, and how its updates travel. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class InstanceAttribute implements Saved {
     /** What an owner who wants to be rid of the attribute has come to; abandoned is what has an owner no more. */
     enum Divestiture {

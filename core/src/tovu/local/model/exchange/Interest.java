@@ -12,7 +12,7 @@ import tovu.local.model.value.Saved;
  * One federate's subscription to a class attribute or an interaction class: everywhere, or where certain regions are.
  * Being subscribed everywhere is being subscribed with the default region, which overlaps every other.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Interest implements Saved {
     /**
      * How updates are wanted.

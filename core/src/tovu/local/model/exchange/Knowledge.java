@@ -12,7 +12,7 @@ import tovu.local.model.value.HandleSet;
 import tovu.local.model.value.Saved;
 
 /** What one federate knows of one object instance: as which class, and which attributes it was told are in scope. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Knowledge implements Saved {
     final Federate federate;
     final ObjectInstance object;

@@ -10,7 +10,7 @@ import tovu.local.model.value.Saved;
 import tovu.local.model.value.Stamp;
 
 /** One reflection, interaction or removal on its way to one federate. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 abstract class Message implements RetractableCallback, Comparable<Message>, Saved {
     /**
      * What is common to all that one service call sends.

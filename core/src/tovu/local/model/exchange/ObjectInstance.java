@@ -15,7 +15,7 @@ import tovu.local.model.value.HandleMap;
 import tovu.local.model.value.Saved;
 
 /** A registered object instance, and which federates know it. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class ObjectInstance implements Saved {
     transient int handle; // never changes; a snapshot has it apart
     final String name;

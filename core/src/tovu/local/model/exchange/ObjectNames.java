@@ -10,7 +10,7 @@ import java.util.Set;
 import tovu.local.model.value.Saved;
 
 /** The names of object instances: those in use, and those that federates have reserved. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class ObjectNames implements Saved {
     private static final String FEDERATION_PREFIX = "HLA";
 

@@ -14,7 +14,7 @@ import tovu.local.model.value.HandleMap;
 import tovu.local.model.value.Saved;
 
 /** The object instances of a federation, by handle and by class. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class ObjectRegistry implements Saved {
     private final Exchange federation;
     private final HandleMap<ObjectInstance> byHandle = new HandleMap<>();

@@ -7,7 +7,7 @@ import tovu.local.model.value.Condition;
 import tovu.local.model.value.Saved;
 
 /** What management keeps of one federate: how it is to be reported on, and what has been counted. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class Oversight implements Saved {
     /**
      * A FOM module.

@@ -1,5 +1,7 @@
 package tovu.local.model.exchange;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
 import java.util.ArrayList;
 import java.util.Collection;
 import java.util.HashMap;
@@ -10,7 +12,7 @@ import java.util.TreeMap;
 import tovu.local.model.value.Saved;
 
 /** When one federate may get the next update of each attribute of an object, and what waits for that. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Pacing implements Saved {
     /** An attribute's part of an update. */
     record Update(int attribute, Message.Origin sending, Content content) implements Saved {
@@ -77,5 +79,12 @@ final class Pacing implements Saved {
             return isDue;
         });
         return due.values();
+    }
+
+    /** What a process calls now means nothing to another one: what waited is due. */
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        long now = System.nanoTime();
+        intervals.replaceAll((attribute, interval) -> new Interval(now, interval.length));
     }
 }

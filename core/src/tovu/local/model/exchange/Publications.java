@@ -14,10 +14,10 @@ import tovu.local.fom.Transportation;
 import tovu.local.model.value.Saved;
 
 /** What one federate publishes, and what it was told about whether that is wanted. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Publications implements Saved {
     /** How a federate sends interactions of a class when that is not what the object model says. */
-    @SuppressWarnings("serial") // kept in memory only
+    @SuppressWarnings("serial") // read by what wrote it
     static final class Sending implements Saved {
         Transportation transportation;
         OrderType order;

@@ -6,7 +6,7 @@ import tovu.local.model.port.FederateCallbacks;
 import tovu.local.model.value.HandleValues;
 
 /** An interaction on its way to one federate, as the class that the federate subscribes to. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Reception extends Message {
     private final InteractionClass sentClass;
     private final Content content;

@@ -5,7 +5,7 @@ import tovu.local.model.port.FederateCallbacks;
 import tovu.local.model.value.HandleValues;
 
 /** Attribute values on their way to one federate. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Reflection extends Message {
     private final Knowledge knowledge;
     private final Content content;

@@ -18,7 +18,7 @@ import tovu.local.model.value.Saved;
  * realization, which is the draft as it was committed last. Ranges contain their lower bound and not their
  * upper one.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Region implements Saved {
     final int handle;
     final Federate creator;

@@ -26,7 +26,7 @@ import tovu.local.model.value.Saved;
 import tovu.local.model.value.Timing;
 
 /** Data distribution management: regions, and the services that take them. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class RegionManagement implements Saved {
     /**
      * Some attributes and the regions that go with them.

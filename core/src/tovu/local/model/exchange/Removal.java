@@ -7,7 +7,7 @@ import tovu.local.model.port.FederateCallbacks;
  * The news, on its way to one federate, that an object instance is deleted. The federate knows the object until it has
  * been told: it may ask about it in the very callback.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Removal extends Message {
     private final Knowledge knowledge;
     private final int deleter;

@@ -13,10 +13,10 @@ import java.util.TreeSet;
 import tovu.local.model.value.Saved;
 
 /** The time-stamped messages that their senders may still retract. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class Retractions implements Saved {
     /** What one service call sent. */
-    @SuppressWarnings("serial") // kept in memory only
+    @SuppressWarnings("serial") // read by what wrote it
     static final class Sent implements Comparable<Sent>, Saved {
         final int handle;
         final Federate sender;

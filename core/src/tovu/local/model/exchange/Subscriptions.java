@@ -10,7 +10,7 @@ import tovu.local.model.value.HandleSet;
 import tovu.local.model.value.Saved;
 
 /** What one federate subscribes to. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Subscriptions implements Saved {
     private final Map<ObjectClass, AttributeInterests> objectClasses = new HashMap<>();
     private final Map<InteractionClass, Interest> interactionClasses = new HashMap<>();

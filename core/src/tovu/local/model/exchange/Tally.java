@@ -10,9 +10,9 @@ import tovu.local.model.value.Saved;
  * How often something has happened, by class and transportation type. One thread at a time counts; whoever reads may be
  * behind by what is happening just then.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class Tally implements Saved {
-    @SuppressWarnings("serial") // kept in memory only
+    @SuppressWarnings("serial") // read by what wrote it
     private static final class Row implements Saved {
         private final Transportation type;
         private volatile int[] counts = {}; // by the class's handle

@@ -14,7 +14,7 @@ import tovu.local.model.value.Saved;
  * Holds best-effort updates to the rates at which subscribers want them at most. What comes too early waits until its
  * attribute's interval is over, and gives way to a newer value: so the newest one is the last, however fast they come.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class UpdateRates implements Saved {
     private static final long NANOSECONDS = 1_000_000_000;
     private static final long LOOK_AGAIN_NANOSECONDS = NANOSECONDS / 10; // while a save or a restore is under way

@@ -16,26 +16,28 @@ import tovu.local.model.exchange.Exchange;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.exchange.Management;
 import tovu.local.model.port.CallbackSink;
+import tovu.local.model.port.SaveStore;
 import tovu.local.model.save.FederationRestore;
 import tovu.local.model.save.FederationSave;
 import tovu.local.model.save.Restorable;
-import tovu.local.model.save.Snapshot;
 import tovu.local.model.synchronization.SynchronizationPoints;
 import tovu.local.model.value.Condition;
 import tovu.local.model.value.ResignAction;
+import tovu.local.model.value.Saved;
+import tovu.local.model.value.ServiceCall;
 import tovu.local.model.value.TimeFamily;
 
 /** A federation execution: how federates join and resign, and what of it a save keeps. */
 public final class Federation extends Exchange {
     private final class Contents implements Restorable {
         @Override
-        public Snapshot snapshot() {
-            return new Snapshot(Federation.this, new FederationState(state(), synchronizationPoints));
+        public Saved state() {
+            return new FederationState(stateToSave(), synchronizationPoints);
         }
 
         @Override
-        public void restore(Snapshot from, Map<Federate, Integer> successors) {
-            FederationState restored = (FederationState) from.copy();
+        public void restore(Saved state, Map<Federate, Integer> successors) {
+            FederationState restored = (FederationState) state;
             become(restored.exchange(), successors);
             synchronizationPoints = restored.synchronizationPoints();
             infrastructure().replaceSink(management.sink());
@@ -43,15 +45,17 @@ public final class Federation extends Exchange {
         }
     }
 
-    private final FederationSave save = new FederationSave(this, new Contents());
-    private final FederationRestore restore = save.restore();
+    private final FederationSave save;
+    private final FederationRestore restore;
     private final Management management;
     private SynchronizationPoints synchronizationPoints = new SynchronizationPoints(this);
     private boolean closed;
 
-    Federation(String name, ObjectModel objectModel, TimeFamily timeFamily,
+    Federation(String name, ObjectModel objectModel, TimeFamily timeFamily, SaveStore saves,
             Function<Federation, Management> makeManagement) {
         super(name, objectModel, timeFamily);
+        save = new FederationSave(this, new Contents(), saves);
+        restore = save.restore();
         management = makeManagement.apply(this);
         infrastructure().replaceSink(management.sink());
         management.created();
@@ -118,6 +122,7 @@ public final class Federation extends Exchange {
 
     /** Resigns a federate that is gone as its automatic resign directive says, and lets go of whatever that leaves. */
     void lose(Federate federate, String fault) {
+        save.stopWriting();
         management.losing(federate, fault);
         leave(federate, federate.automaticResignDirective());
         settle(federate);
@@ -134,7 +139,16 @@ public final class Federation extends Exchange {
         }
     }
 
+    @Override
+    public void served(Federate member, ServiceCall call) {
+        save.whenNotWriting(() -> {
+            management.served(member, call);
+            settle(member);
+        });
+    }
+
     private void leave(Federate federate, ResignAction action) {
+        save.stopWriting();
         release(federate, action);
         synchronizationPoints.resigned(federate);
         time().resigned(federate);

@@ -13,6 +13,7 @@ import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
 import tovu.local.model.exchange.Management;
+import tovu.local.model.port.SaveStore;
 import tovu.local.model.value.FederationInformation;
 import tovu.local.model.value.TimeFamily;
 
@@ -36,16 +37,15 @@ public final class Federations {
         if (byName.containsKey(plan.name())) {
             throw alreadyExists(plan.name());
         }
-        Federation federation = make(plan);
+        Function<SaveStore, Federation> federation = prepare(plan);
         synchronized (this) { // what is claimed is here when anybody looks
-            placement.claim(plan);
-            put(federation);
+            put(federation.apply(placement.claim(plan)));
         }
     }
 
     /** Has a federation here that is claimed already. */
-    public synchronized void host(FederationPlan plan) throws RTIexception {
-        put(make(plan));
+    public synchronized void host(FederationPlan plan, SaveStore saves) throws RTIexception {
+        put(prepare(plan).apply(saves));
     }
 
     public synchronized boolean hosts(String name) {
@@ -67,7 +67,8 @@ public final class Federations {
         }
     }
 
-    private Federation make(FederationPlan plan) throws RTIexception {
+    /** All that may be wrong with a plan shows here. */
+    private Function<SaveStore, Federation> prepare(FederationPlan plan) throws RTIexception {
         if (plan.mim() != null && STANDARD_MIM.equals(plan.mim().designator())) {
             throw new DesignatorIsHLAstandardMIM("'" + STANDARD_MIM
                     + "' designates the built-in MIM; name another one, or create the federation without a MIM");
@@ -76,7 +77,7 @@ public final class Federations {
         List<FomModule> modules = FomReader.ofModules().readAll(plan.fomModules());
         ObjectModel objectModel = ObjectModel.of(mim, modules);
         TimeFamily timeFamily = TimeFamily.named(plan.timeImplementation());
-        return new Federation(plan.name(), objectModel, timeFamily, management);
+        return saves -> new Federation(plan.name(), objectModel, timeFamily, saves, management);
     }
 
     /** What to throw when a name is taken. */

@@ -151,8 +151,7 @@ public final class Session {
     public static void report(Federate member, ServiceCall call) {
         if (member != null && member.oversight().reportsAnything()) {
             synchronized (member.federation()) {
-                member.federation().management().served(member, call);
-                member.federation().settle(member);
+                member.federation().served(member, call);
             }
         }
     }

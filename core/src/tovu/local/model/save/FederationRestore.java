@@ -4,6 +4,7 @@ import hla.rti1516e.exceptions.RestoreInProgress;
 import hla.rti1516e.exceptions.RestoreNotInProgress;
 import hla.rti1516e.exceptions.RestoreNotRequested;
 import hla.rti1516e.exceptions.SaveInProgress;
+import java.io.IOException;
 import java.util.ArrayList;
 import java.util.HashMap;
 import java.util.Iterator;
@@ -13,30 +14,28 @@ import tovu.local.model.exchange.Exchange;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.FederateCallbacks;
+import tovu.local.model.port.SaveStore;
 import tovu.local.model.value.FederateRestoreStatus;
 import tovu.local.model.value.RestoreFailureReason;
 import tovu.local.model.value.RestoreStatus;
 
-/** The restoring of a federation, and what it may be restored to: the saves of this federation execution. */
+/** The restoring of a federation. The save is read on a thread of its own while others are served. */
 public final class FederationRestore {
-    private record Identity(int handle, String name, String type) {
-    }
-
-    private record Save(Snapshot snapshot, List<Identity> federates) {
-    }
-
     private final Exchange federation;
     private final Restorable contents;
+    private final SaveStore saves;
     private final FederationSave save;
-    private final Map<String, Save> saves = new HashMap<>();
-    private final Map<Federate, Identity> successors = new HashMap<>(); // empty while no restore is in progress
+    private final Map<Federate, Snapshot.Member> successors = new HashMap<>(); // empty while no restore is in progress
     private final Map<Federate, RestoreStatus> statuses = new HashMap<>();
+    private Snapshot restored; // null while no restore is in progress
     private String label;
+    private boolean reading; // what may become a restore
     private boolean failed;
 
-    FederationRestore(Exchange federation, Restorable contents, FederationSave save) {
+    FederationRestore(Exchange federation, Restorable contents, SaveStore saves, FederationSave save) {
         this.federation = federation;
         this.contents = contents;
+        this.saves = saves;
         this.save = save;
     }
 
@@ -51,19 +50,44 @@ public final class FederationRestore {
         }
     }
 
-    /** Keeps the state that the federation is in now. */
-    void keep(String theLabel) {
-        saves.put(theLabel, new Save(contents.snapshot(), federation.members().stream()
-                .map(each -> new Identity(each.handle(), each.name(), each.type())).toList()));
+    public void request(Federate requester, String theLabel) throws RestoreInProgress {
+        if (reading) {
+            throw new RestoreInProgress("A save of federation '" + federation.name()
+                    + "' is just being read; wait for the outcome of that request");
+        }
+        reading = true;
+        Foundation here = Foundation.of(federation.timeFamily(), federation.objectModel());
+        var referents = Snapshot.referents(federation);
+        SnapshotThread.run(federation, saves.isQuick(), () -> {
+            try (SaveStore.Found found = saves.find(theLabel)) {
+                if (found == null) {
+                    throw new IOException("there is no such save");
+                }
+                return Snapshot.read(found, referents, here);
+            }
+        }, (snapshot, failure) -> {
+            reading = false;
+            if (federation.member(requester.handle()) == requester) {
+                answer(requester, theLabel, snapshot, failure == null ? obstacle(snapshot) : SaveStore.reason(failure));
+                federation.settle(requester);
+            }
+        });
     }
 
-    public void request(Federate requester, String theLabel) {
-        Save saved = saves.get(theLabel);
-        if (saved == null || !assignSuccessors(saved.federates)) {
-            successors.clear();
+    /** Why the federation cannot become what it was then; null when it can. */
+    private String obstacle(Snapshot snapshot) {
+        return federation.isSavingOrRestoring() ? "it has begun to save meanwhile"
+                : assignSuccessors(snapshot.members()) ? null : "it was saved with " + snapshot.members()
+                        + ", and joined are " + Snapshot.members(federation) + "; as many of each type have to join";
+    }
+
+    private void answer(Federate requester, String theLabel, Snapshot snapshot, String obstacle) {
+        if (obstacle != null) {
+            Obstacle.tell(federation, "restored from '" + theLabel + "'", obstacle);
             requester.post(to -> to.requestFederationRestoreFailed(theLabel));
             return;
         }
+        restored = snapshot;
         label = theLabel;
         failed = false;
         successors.keySet().forEach(federate -> statuses.put(federate, RestoreStatus.RESTORING));
@@ -76,9 +100,9 @@ public final class FederationRestore {
     }
 
     /** Finds for each member the saved federate that it is to become: one of its type, by preference itself. */
-    private boolean assignSuccessors(List<Identity> saved) {
+    private boolean assignSuccessors(List<Snapshot.Member> saved) {
         List<Federate> open = new ArrayList<>(federation.members());
-        List<Identity> left = new ArrayList<>(saved);
+        List<Snapshot.Member> left = new ArrayList<>(saved);
         for (boolean sameName : new boolean[] {true, false}) {
             for (Iterator<Federate> each = open.iterator(); each.hasNext();) {
                 Federate federate = each.next();
@@ -92,7 +116,11 @@ public final class FederationRestore {
                 }
             }
         }
-        return open.isEmpty() && left.isEmpty();
+        boolean all = open.isEmpty() && left.isEmpty();
+        if (!all) {
+            successors.clear();
+        }
+        return all;
     }
 
     /** @param successfully whether the federate has restored its own state */
@@ -107,12 +135,7 @@ public final class FederationRestore {
             if (failed) {
                 fail(RestoreFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
-                try {
-                    replaceState();
-                } catch (IllegalStateException e) {
-                    fail(RestoreFailureReason.RTI_UNABLE_TO_RESTORE);
-                    throw e;
-                }
+                replaceState();
                 end(FederateCallbacks::federationRestored);
             }
         }
@@ -121,8 +144,8 @@ public final class FederationRestore {
     /** What is still on its way or due belongs to the state that ends here, and is dropped with it. */
     private void replaceState() {
         Map<Federate, Integer> handles = new HashMap<>();
-        successors.forEach((federate, successor) -> handles.put(federate, successor.handle));
-        contents.restore(saves.get(label).snapshot, handles);
+        successors.forEach((federate, successor) -> handles.put(federate, successor.handle()));
+        contents.restore(restored.state(), handles);
         save.forgetDue();
     }
 
@@ -146,6 +169,7 @@ public final class FederationRestore {
     private void end(Callback outcome) {
         statuses.clear();
         successors.clear();
+        restored = null;
         federation.postToAll(outcome);
         federation.management().savesChanged();
         federation.time().evaluate();

@@ -8,14 +8,18 @@ import hla.rti1516e.exceptions.RestoreInProgress;
 import hla.rti1516e.exceptions.SaveInProgress;
 import hla.rti1516e.exceptions.SaveNotInProgress;
 import hla.rti1516e.exceptions.SaveNotInitiated;
+import java.io.IOException;
+import java.util.ArrayList;
 import java.util.HashMap;
 import java.util.HashSet;
+import java.util.List;
 import java.util.Map;
 import java.util.Set;
 import tovu.local.model.exchange.Exchange;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.FederateCallbacks;
+import tovu.local.model.port.SaveStore;
 import tovu.local.model.time.SaveBarrier;
 import tovu.local.model.time.TimedFederate;
 import tovu.local.model.value.FederateSaveStatus;
@@ -38,10 +42,16 @@ public final class FederationSave implements SaveBarrier {
     private String lastLabel = "";
     private LogicalTime lastTime;
     private LogicalTime time; // of the save in progress; null when it was requested without one
+    private final Restorable contents;
+    private final SaveStore saves;
+    private StateWriting writing; // null unless all federates have saved
+    private final List<Runnable> afterwards = new ArrayList<>(); // what would change the state while it is written
 
-    public FederationSave(Exchange federation, Restorable contents) {
+    public FederationSave(Exchange federation, Restorable contents, SaveStore saves) {
         this.federation = federation;
-        restore = new FederationRestore(federation, contents, this);
+        this.contents = contents;
+        this.saves = saves;
+        restore = new FederationRestore(federation, contents, saves, this);
     }
 
     /** The restoring of what was saved. */
@@ -177,16 +187,60 @@ public final class FederationSave implements SaveBarrier {
             if (failed) {
                 fail(SaveFailureReason.FEDERATE_REPORTED_FAILURE);
             } else {
-                try {
-                    restore.keep(label);
-                } catch (IllegalStateException e) {
-                    fail(SaveFailureReason.RTI_UNABLE_TO_SAVE);
-                    throw e;
-                }
-                lastLabel = label;
-                lastTime = time;
-                end(FederateCallbacks::federationSaved);
+                write();
             }
+        }
+    }
+
+    private void write() {
+        StateWriting mine = new StateWriting();
+        writing = mine;
+        String theLabel = label;
+        Snapshot snapshot = Snapshot.of(federation, contents.state());
+        SnapshotThread.run(federation, saves.isQuick(), () -> mine.write(saves, theLabel, snapshot),
+                (draft, failure) -> {
+                    try (draft) {
+                        if (!mine.isStopped()) {
+                            conclude(draft, failure);
+                        }
+                    }
+                });
+    }
+
+    private void conclude(SaveStore.Draft draft, Throwable failure) {
+        Throwable obstacle = failure;
+        try {
+            if (obstacle == null) {
+                draft.publish();
+            }
+        } catch (IOException e) {
+            obstacle = e;
+        }
+        if (obstacle == null) {
+            lastLabel = label;
+            lastTime = time;
+            end(FederateCallbacks::federationSaved);
+        } else {
+            Obstacle.tell(federation, "saved as '" + label + "'", SaveStore.reason(obstacle));
+            fail(SaveFailureReason.RTI_UNABLE_TO_SAVE);
+        }
+        federation.settle(federation.infrastructure());
+    }
+
+    /** Before the state changes in spite of the save, which comes to nothing. */
+    public void stopWriting() {
+        if (writing != null) {
+            writing.stop();
+            writing = null;
+        }
+    }
+
+    /** Does what is no service of a member once the state may change. */
+    public void whenNotWriting(Runnable task) {
+        if (writing == null) {
+            task.run();
+        } else {
+            afterwards.add(task);
         }
     }
 
@@ -211,10 +265,13 @@ public final class FederationSave implements SaveBarrier {
     }
 
     private void end(Callback outcome) {
+        stopWriting();
         statuses.clear();
         federation.postToAll(outcome);
         federation.management().savesChanged();
         federation.time().evaluate();
+        List.copyOf(afterwards).forEach(Runnable::run);
+        afterwards.clear();
     }
 
     public void queryStatus(Federate federate) throws RestoreInProgress {

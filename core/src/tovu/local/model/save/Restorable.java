@@ -2,11 +2,13 @@ package tovu.local.model.save;
 
 import java.util.Map;
 import tovu.local.model.exchange.Federate;
+import tovu.local.model.value.Saved;
 
 /** What a save keeps and a restore replaces. */
 public interface Restorable {
-    Snapshot snapshot();
+    /** All of it, as it is. */
+    Saved state();
 
     /** @param successors by each member the handle of the one that it was then */
-    void restore(Snapshot from, Map<Federate, Integer> successors);
+    void restore(Saved state, Map<Federate, Integer> successors);
 }

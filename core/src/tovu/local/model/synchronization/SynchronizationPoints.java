@@ -15,13 +15,13 @@ import tovu.local.model.value.Saved;
 import tovu.local.model.value.SynchronizationPointFailureReason;
 
 /** The synchronization points of a federation that are not reached yet. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class SynchronizationPoints implements Saved {
     private enum Progress {
         ANNOUNCED, SUCCEEDED, FAILED
     }
 
-    @SuppressWarnings("serial") // kept in memory only
+    @SuppressWarnings("serial") // read by what wrote it
     private static final class Point implements Saved {
         final String label;
         final byte[] tag;

@@ -8,7 +8,7 @@ import tovu.local.model.value.TimeFamily;
  * One federate's logical time. What the federation decides (a grant, regulation, constraint) becomes the federate's own
  * view only when it is told so; until then both views are kept here.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class FederateTime implements Saved {
     public enum Switch {
         OFF, PENDING, ON

@@ -1,14 +1,17 @@
 package tovu.local.model.time;
 
+import java.io.IOException;
+import java.io.ObjectInputStream;
+import java.io.ObjectOutputStream;
 import java.util.concurrent.TimeUnit;
 import tovu.local.model.value.Saved;
 
 /** The time of the clock on the wall that a federate spends with its logical time granted, and advancing. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 final class Stopwatch implements Saved {
     private final long[] spent = new long[2];
     private int running;
-    private long since = System.nanoTime();
+    private transient long since = System.nanoTime();
 
     void run(boolean advancing) {
         long now = System.nanoTime();
@@ -24,5 +27,16 @@ final class Stopwatch implements Saved {
         long milliseconds = TimeUnit.NANOSECONDS.toMillis(spent[which]);
         spent[which] -= TimeUnit.MILLISECONDS.toNanos(milliseconds);
         return (int) milliseconds;
+    }
+
+    private void writeObject(ObjectOutputStream out) throws IOException {
+        run(running == 1);
+        out.defaultWriteObject();
+    }
+
+    /** What a process calls now means nothing to another one. */
+    private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
+        in.defaultReadObject();
+        since = System.nanoTime();
     }
 }

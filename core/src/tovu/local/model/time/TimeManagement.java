@@ -25,7 +25,7 @@ import tovu.local.model.value.TimeFamily;
  * Grants time. A constrained federate's GALT is the earliest time that any other regulating federate may still send
  * with; a request is granted once nothing can come any more that should have come before it.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class TimeManagement implements Saved {
     private final TimedFederation federation;
     private final TimeFamily family;

@@ -12,7 +12,7 @@ import java.util.NoSuchElementException;
  *
  * @param <V> what the handles stand for; never null
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class HandleMap<V> implements Saved {
     private static final int SMALLEST = 4;
     private static final int BLOCK_BITS = 3;

@@ -4,7 +4,7 @@ import java.util.Arrays;
 import java.util.Collection;
 
 /** A set of handles that does not change, quickly compared with another: many federates want the same. */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class HandleSet implements Saved {
     public static final HandleSet NONE = new HandleSet(new int[0]);
 

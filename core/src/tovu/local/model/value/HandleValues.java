@@ -10,7 +10,7 @@ import tovu.local.fom.InteractionClass;
  * Values of attributes or parameters as messages have them, one after the other, each behind its handle and its length.
  * They lie in the bytes in which they arrived; a part of them is put together anew, once for all who want the same.
  */
-@SuppressWarnings("serial") // kept in memory only
+@SuppressWarnings("serial") // read by what wrote it
 public final class HandleValues implements Saved {
     private static final int HEAD = 2 * Integer.BYTES; // handle and length
 

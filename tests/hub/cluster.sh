@@ -1,0 +1,115 @@
+#!/usr/bin/env bash
+# Three hubs that are one service: who gets what when many ask at once, and what becomes of it when hubs are killed or
+# frozen, or ZooKeeper is. cluster.sh HUB PLAYER FOM JAVA TAKEOVERS
+set -euo pipefail
+hub=$1 player=$2 fom=$3 java=$4 takeovers=$5
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source-path=SCRIPTDIR
+. "$here/players.sh"
+
+# ZooKeeper in a process of its own; it says nothing, so that its port is tried.
+zookeeper() {
+  "$java" -Xmx64m -cp /usr/share/java/zookeeper.jar:/usr/share/java/slf4j-nop.jar \
+    org.apache.zookeeper.server.quorum.QuorumPeerMain zoo.cfg >zookeeper.out 2>&1 &
+  pid[zookeeper]=$!
+  for ((i = 0; i < 300; ++i)); do
+    ! (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null || return 0
+    sleep 0.1
+  done
+  fail "ZooKeeper does not listen"
+}
+port=$((20000 + RANDOM % 10000))
+printf '%s\n' tickTime=500 "dataDir=$PWD/zookeeper" "clientPort=$port" clientPortAddress=127.0.0.1 \
+  admin.enableServer=false >zoo.cfg
+zookeeper
+
+declare -A at
+join_cluster() {
+  start "$1" --cluster "127.0.0.1:$port/test" --name "$1" --takeover-after 2 --saves saves
+  at[$1]=$address
+  all=$(IFS=, && echo "${at[*]}")
+}
+for each in one two three; do join_cluster $each; done
+
+
+# holder: the hub that has the federation Meeting.
+holder() { sed -sn 's/^federation Meeting is here.* epoch //;T;F;p' one.err two.err three.err | paste - - | sort -nk2 | tail -n 1 | sed 's/\..*//'; }
+
+# attempt NAME LINE: whether it succeeds.
+attempt() {
+  : >"$1.done"
+  say "$1" "$2"
+  within 30 "$1.out" "^(done|failed) ${2//./\\.}" >"$1.done"
+  grep -q "^done ${2//./\\.}" "$1.out"
+}
+
+# enter NAME: joins as soon as the federation is there (again).
+enter() {
+  renew "$1"
+  tell "$1" "connect hub=$all"
+  local begin=${EPOCHREALTIME/./}
+  until attempt "$1" "join $1"; do
+    ((${EPOCHREALTIME/./} - begin < 30000000)) || fail "$1 cannot join"
+    renew "$1"
+    sleep 0.1
+  done
+}
+# restore LABEL: and it is the time after which that is called.
+restore() {
+  tell ada "restore $1"
+  within 20 ada.out '< restored'
+  tell ada time
+  within 10 ada.out "^time .*<$1>"
+}
+lose() {
+  within 30 ada.out '< connectionLost'
+  within 30 ben.out '< connectionLost'
+}
+
+echo "--- eight create the same federation at once, through whichever hub"
+players=(ada ben cleo dan eve fay gus hal)
+for each in "${players[@]}"; do
+  play "$each"
+  tell "$each" "connect hub=127.0.0.1:1,${at[$(shuf -n 1 -e one two three)]}"
+done
+for round in 1 2 3; do
+  renew "${players[@]}"
+  for each in "${players[@]}"; do say "$each" "create $fom"; done
+  for each in "${players[@]}"; do within 30 "$each.out" '^(done|failed) create'; done
+  [ "$(cat "${players[@]/%/.out}" | grep -c '^done create')" = 1 ] || fail "not just one has created it"
+  [ "$(cat "${players[@]/%/.out}" | grep -c 'exists already')" = 7 ] || fail "not seven are told that it exists"
+  [ $round = 3 ] || tell hal destroy
+done
+tell gus list
+within 10 gus.out '^< executions Meeting$'
+for each in "${players[@]}"; do tell "$each" disconnect; done
+
+echo "--- $takeovers hubs are killed while federates save"
+tell ada answer
+tell ben answer
+enter ada
+enter ben
+tell ada regulate person "later 20"
+tell ben constrain
+saved=0
+for ((i = 0; i < takeovers; ++i)); do
+  killed=$(holder)
+  tell ada "chain $((saved + 1))"
+  sleep "$((RANDOM % 2)).$((RANDOM % 900 + 100))"
+  kill -KILL "${pid[$killed]}"
+  lose
+  saved=$(sed -n 's/^< saved //p' ada.out | tail -n 1 | grep . || echo "$saved")
+  begin=${EPOCHREALTIME/./}
+  enter ada
+  echo "$i: $killed is killed at save $saved, $(holder) has it, joined $(((${EPOCHREALTIME/./} - begin) / 1000)) ms after the loss"
+  enter ben
+  if ((saved == 0)); then
+    tell ada regulate person "later 20"
+    tell ben constrain
+  else
+    restore "$saved"
+  fi
+  unset "pid[$killed]"
+  join_cluster "$killed"
+  [ "$(ls saves/Meeting | wc -l)" = 1 ] || fail "the federation has two folders"
+done
