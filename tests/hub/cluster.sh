@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Three hubs that are one service: who gets what when many ask at once, and what becomes of it when hubs are killed or
-# frozen, or ZooKeeper is. cluster.sh HUB PLAYER FOM JAVA TAKEOVERS
+# frozen, or ZooKeeper is. cluster.sh HUB PLAYER FOM JAVA TAKEOVERS [SECONDS FROZEN]
 set -euo pipefail
-hub=$1 player=$2 fom=$3 java=$4 takeovers=$5
+hub=$1 player=$2 fom=$3 java=$4 takeovers=$5 frost=${6:-1}
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source-path=SCRIPTDIR
 . "$here/players.sh"
@@ -97,6 +97,8 @@ for ((i = 0; i < takeovers; ++i)); do
   tell ada "chain $((saved + 1))"
   sleep "$((RANDOM % 2)).$((RANDOM % 900 + 100))"
   kill -KILL "${pid[$killed]}"
+  back=$((RANDOM % 2))
+  ((!back)) || join_cluster "$killed" # while others take over
   lose
   saved=$(sed -n 's/^< saved //p' ada.out | tail -n 1 | grep . || echo "$saved")
   begin=${EPOCHREALTIME/./}
@@ -109,7 +111,56 @@ for ((i = 0; i < takeovers; ++i)); do
   else
     restore "$saved"
   fi
-  unset "pid[$killed]"
-  join_cluster "$killed"
-  [ "$(ls saves/Meeting | wc -l)" = 1 ] || fail "the federation has two folders"
+  ((back)) || join_cluster "$killed"
+  [ "$(find saves/Meeting -mindepth 1 -maxdepth 1 | wc -l)" = 1 ] || fail "the federation has two folders"
 done
+
+echo "--- a hub is frozen"
+frozen=$(holder)
+kill -STOP "${pid[$frozen]}"
+say ada "save late"
+for ((i = 0; i < 300; ++i)); do
+  [ "$(holder)" = "$frozen" ] || break
+  sleep 0.1
+done
+sleep "$frost"
+kill -CONT "${pid[$frozen]}"
+lose
+within 20 "$frozen.err" '^left the cluster: the others took this hub for dead'
+within 20 "$frozen.err" '^entered the cluster'
+! grep -q '^< saved 0' ada.out || fail "the frozen hub says that it has saved"
+[ "$(find saves -name 'late*')" = "" ] || fail "the frozen hub has saved"
+enter ada
+enter ben
+restore "$saved"
+renew ada
+tell ada "save soon"
+within 20 ada.out '< saved'
+
+echo "--- ZooKeeper is gone, and comes back"
+kill -KILL "${pid[zookeeper]}"
+renew ada cleo
+tell ada "save without"
+within 20 ada.out '< saved'
+tell cleo "connect hub=${at[$(holder)]}" "join cleo" resign "federation New"
+! attempt cleo "create $fom" || fail "created although nobody can know whether it exists"
+grep -q 'failed create.*ZooKeeper, .* cannot be reached' cleo.out || fail "created, or not for that reason"
+sleep 5 # more than a session may be silent
+zookeeper
+until attempt cleo "create $fom"; do
+  renew cleo
+  sleep 0.1
+done
+renew cleo
+tell cleo list
+within 10 cleo.out '^< executions .*Meeting'
+tell ada "save after"
+! grep -q connectionLost ada.out ben.out || fail "a federation was lost"
+kill -KILL "${pid[ada]}" "${pid[ben]}"
+tell cleo destroy "federation Meeting"
+until attempt cleo destroy; do
+  renew cleo
+  sleep 0.1
+done
+! compgen -G "saves/Meeting/*/federation" || fail "what is destroyed would be taken over"
+echo "--- all holds"
