@@ -49,6 +49,7 @@ final class Ensemble {
         }
     }
 
+    private static final String DEFAULT_PATH = "rti1516e";
     private static final int FIRST_SECONDS = 10;
     private static final int PATIENCE_SECONDS = 5;
 
@@ -64,7 +65,7 @@ final class Ensemble {
     Ensemble(ClusterSettings settings) throws IOException {
         int slash = settings.servers().indexOf('/');
         servers = slash < 0 ? settings.servers() : settings.servers().substring(0, slash);
-        String path = slash < 0 ? "rti1516e" : settings.servers().substring(slash + 1);
+        String path = slash < 0 ? DEFAULT_PATH : settings.servers().substring(slash + 1);
         CuratorFrameworkFactory.Builder builder = CuratorFrameworkFactory.builder().connectString(servers)
                 .namespace(path).dontUseContainerParents()
                 .sessionTimeoutMs((int) TimeUnit.SECONDS.toMillis(settings.takeoverAfter()))

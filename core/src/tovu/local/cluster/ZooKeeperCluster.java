@@ -6,8 +6,9 @@ import java.io.IOException;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.UUID;
-import java.util.concurrent.Executors;
 import java.util.concurrent.ScheduledExecutorService;
+import java.util.concurrent.ScheduledThreadPoolExecutor;
+import java.util.concurrent.ThreadPoolExecutor;
 import java.util.concurrent.TimeUnit;
 import org.apache.curator.framework.CuratorFramework;
 import org.apache.zookeeper.CreateMode;
@@ -43,7 +44,8 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     private final ClusterSettings settings;
     private final Ensemble ensemble;
     private final SharedSaves saves; // or null
-    private final ScheduledExecutorService clock = Executors.newSingleThreadScheduledExecutor();
+    private final ScheduledExecutorService clock =
+            new ScheduledThreadPoolExecutor(1, new ThreadPoolExecutor.DiscardPolicy()); // whatever comes at the end
     private Member hub;
     private Federations federations;
     private int told; // the load that the others know
@@ -393,7 +395,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     @Override
     public void leave() {
-        ensemble.close();
         clock.shutdownNow();
+        ensemble.close();
     }
 }

@@ -39,14 +39,14 @@ public final class HubMain {
         requireSecurity(settings);
         Hub hub = new Hub(settings, cluster(settings));
         InetSocketAddress address = hub.start();
+        String host = address.getAddress().getHostAddress();
+        String listening = (host.contains(":") ? "[" + host + "]" : host) + ":" + address.getPort();
+        hub.enterCluster(listening);
         // SIGTERM and SIGINT run this; the VM's own exit status would call an orderly end a failure.
         Runtime.getRuntime().addShutdownHook(new Thread(() -> {
             hub.stop();
             Runtime.getRuntime().halt(0);
         }, "end"));
-        String host = address.getAddress().getHostAddress();
-        String listening = (host.contains(":") ? "[" + host + "]" : host) + ":" + address.getPort();
-        hub.enterCluster(listening);
         System.out.println("listening on " + listening);
         System.out.flush();
     }

@@ -30,10 +30,12 @@ final class HubOptions {
               --cluster SERVERS       is one of several hubs that ZooKeeper keeps together: HOST:PORT[,HOST:PORT...][/PATH]
               --name NAME             what this hub is called there (its address)
               --advertise HOST:PORT   where federates reach this hub (where it listens)
-              --takeover-after SECONDS  a hub that is silent for so long is dead, and others take over (3)
+              --takeover-after SECONDS
+                                      a hub that is silent for so long is dead, and others take over (3)
               --cluster-login FILE    USER:PASSWORD for ZooKeeper, in a file
               --cluster-ca FILE       connects to ZooKeeper with TLS; its certificate is of this authority, in PEM
-              --cluster-identity FILE the hub's certificate for ZooKeeper and the key of that, in PEM
+              --cluster-identity FILE
+                                      the hub's certificate for ZooKeeper and the key of that, in one file
               --config FILE           a file of such settings: a line each, such as lost-after = 5
               --help, --version       says so and ends
             """;
@@ -140,6 +142,9 @@ final class HubOptions {
                 }
             }
             return null;
+        }
+        if (!values.get("cluster").matches("[^/]+:\\d{1,5}(/[\\w.-]+(/[\\w.-]+)*)?")) {
+            throw new WrongOption("'" + values.get("cluster") + "' for cluster is not HOST:PORT[,HOST:PORT...][/PATH]");
         }
         String advertised = values.get("advertise");
         if (advertised != null && !advertised.matches(".+:\\d{1,5}")) {
