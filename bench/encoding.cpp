@@ -1,6 +1,7 @@
 // What the encoding helpers cost, against floors written by hand.
 #include "bench/EncodingFloors.h"
 #include "bench/Ratios.h"
+#include "bench/records/Comparison.h"
 
 #include <RTI/encoding/BasicDataElements.h>
 #include <RTI/encoding/HLAfixedRecord.h>
@@ -340,5 +341,6 @@ int main(int argc, char** argv)
    measureStrings();
    measureRecord();
    measureGrowth();
+   compareRecords(claims);
    return bench::run(argc, argv, claims);
 }

@@ -8,8 +8,9 @@
 #include <chrono>
 #include <clocale>
 #include <condition_variable>
+#include <cstdlib>
+#include <cstring>
 #include <exception>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <mutex>
@@ -172,6 +173,18 @@ private:
    std::unique_ptr<RTIambassador> _ambassador{RTIambassadorFactory().createRTIambassador().release()};
 };
 
+// As the environment says that texts are encoded.
+std::wstring widened(char const* text)
+{
+   std::wstring wide(std::strlen(text), L'\0');
+   std::size_t const size = std::mbstowcs(&wide[0], text, wide.size());
+   if (size > wide.size()) {
+      throw std::invalid_argument(std::string(text) + " is no text in this locale; set LC_ALL to C.UTF-8");
+   }
+   wide.resize(size);
+   return wide;
+}
+
 // Runs each participant's part on a thread of its own and passes on what goes wrong.
 void together(std::vector<Participant*> const& participants, void (*part)(Participant&, bool first))
 {
@@ -229,8 +242,7 @@ int main(int argc, char* argv[])
       return 2;
    }
    try {
-      std::u32string const fomModule = std::filesystem::path(argv[1]).u32string(); // from UTF-8
-      run(std::wstring(fomModule.begin(), fomModule.end()));
+      run(widened(argv[1]));
    } catch (rti1516e::Exception const& exception) {
       std::wcerr << L"The infrastructure says: " << exception.what() << std::endl;
       return 1;

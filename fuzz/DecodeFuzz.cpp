@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
    std::size_t const shapeLength = std::min<std::size_t>(data[0] & 31, size - 1);
    contract::Octets shapeOctets(data + 1, shapeLength);
    contract::Shape const shape = contract::ShapeReader(shapeOctets).read();
-   std::unique_ptr<DataElement> const element = contract::ElementMaker().make(shape);
+   std::unique_ptr<DataElement> const element = contract::elementOf(shape);
    // In memory of its exact length, so that a step beyond it is seen.
    std::vector<char> const octets(data + 1 + shapeLength, data + size);
    for (std::size_t const index : {std::size_t{0}, std::size_t{1}, octets.size()}) {

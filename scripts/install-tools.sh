@@ -23,7 +23,12 @@ case ${1:-} in
   lint) needs+=("clang-format clang-format" "clang-tidy clang-tidy" "cppcheck cppcheck" "shellcheck shellcheck") ;;
   docs) needs+=("doxygen doxygen") ;;
   coverage) needs+=("gcovr gcovr") ;;
-  bench) needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev") ;;
+  bench)
+    needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev"
+      "/usr/include/google/protobuf/message.h libprotobuf-dev" "protoc protobuf-compiler"
+      "/usr/include/capnp/message.h libcapnp-dev" "capnp capnproto"
+      "/usr/include/flatbuffers/flatbuffers.h libflatbuffers-dev" "flatc flatbuffers-compiler")
+    ;;
   fuzz)
     needs+=("clang++ clang"
       "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a libclang-rt-14-dev")

@@ -22,7 +22,7 @@ debootstrap --variant=minbase bookworm "$root" "$mirror" >"$root.log" || { tail 
 rm "$root.log"
 mount -t proc proc "$root/proc"
 mkdir "$root/try"
-cp build/packages/*.deb tests/consumer/federate.cpp tests/hub/over-hub.sh examples/fom/Meeting.xml "$root/try"
+cp build/packages/*.deb examples/meeting.cpp tests/hub/over-hub.sh examples/fom/Meeting.xml "$root/try"
 
 echo "== installing"
 chroot "$root" sh -c 'apt-get update -q && cd /try && DEBIAN_FRONTEND=noninteractive \
@@ -31,7 +31,7 @@ chroot "$root" sh -c 'apt-get update -q && cd /try && DEBIAN_FRONTEND=noninterac
 
 echo "== a federate"
 chroot "$root" sh -ec 'cd /try
-  g++ federate.cpp -o federate -Werror -Wall -Wextra -Wpedantic $(pkg-config --cflags --libs rti1516e)
+  g++ meeting.cpp -o federate -Werror -Wall -Wextra -Wpedantic $(pkg-config --cflags --libs rti1516e)
   CLASSPATH=$(pkg-config --variable=localcore_jar rti1516e) ./federate Meeting.xml'
 
 echo "== a federate at a hub"

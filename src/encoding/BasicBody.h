@@ -17,42 +17,49 @@ class BasicBody
 public:
    using Traits = TraitsOf<Element>;
    using Value = typename Traits::Value;
+   static constexpr unsigned int boundary = Traits::boundary;
 
-   explicit BasicBody(Value const& value) : _external(nullptr), _own(value) {}
-   explicit BasicBody(Value* external) : _external(external), _own() {}
+   explicit BasicBody(Value const& value) : _value(&_own), _own(value) {}
+   explicit BasicBody(Value* external) : _own() { use(external); }
+   BasicBody(BasicBody const&) = delete;
+   BasicBody& operator=(BasicBody const&) = delete;
 
-   Value const& value() const noexcept { return _external != nullptr ? *_external : _own; }
-   Value& target() noexcept { return _external != nullptr ? *_external : _own; }
+   Value const& value() const noexcept { return *_value; }
+   Value& target() noexcept { return *_value; }
 
    void set(Value value) noexcept
    {
       _own = std::move(value);
-      _external = nullptr;
+      _value = &_own;
    }
-   void use(Value* external) noexcept { _external = external; }
+   void use(Value* external) noexcept { _value = external != nullptr ? external : &_own; }
 
    Integer64 hash() const noexcept { return Traits::hash(value()); }
 
    Extent measure(Wanted wanted) const
    {
+      if constexpr (Traits::fixedLength != 0) {
+         return {Traits::fixedLength, Traits::boundary, false};
+      }
       switch (wanted) {
       case Wanted::boundary:
          return {0, Traits::boundary, false};
       case Wanted::room:
          return {Traits::room(value()), Traits::boundary, false};
-      case Wanted::leastLength: // the number, or the count of a text
+      case Wanted::leastLength: // the count of a text
          return {Traits::boundary, Traits::boundary, false};
       default:
          return {Traits::length(value()), Traits::boundary, false};
       }
    }
 
-   void write(Output& out) const
+   std::size_t write(Output& out, std::size_t index) const
    {
       if constexpr (Traits::fixedLength != 0) {
-         Traits::write(value(), out.take(Traits::fixedLength));
+         Traits::write(value(), out.at(index, Traits::fixedLength));
+         return index + Traits::fixedLength;
       } else {
-         Traits::write(value(), out);
+         return Traits::write(value(), out, index);
       }
    }
 
@@ -63,7 +70,7 @@ public:
    }
 
 private:
-   Value* _external;
+   Value* _value; // the caller's variable, or what is the element's own
    Value _own;
 };
 

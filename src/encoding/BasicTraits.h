@@ -3,7 +3,8 @@
 //   boundary, fixedLength    the octet boundary, and the encoded length or 0 if it depends on the value
 //   length(value)            the encoded length
 //   room(value)              the same for nearly every value, told at once; never more
-//   write(value, room)       writes the encoding into room of that length; a text writes itself to an Output
+//   write(value, room)       writes the encoding into room of that length; a text writes itself to an Output,
+//                            as a body does
 //   read(value, from, left)  takes the value from the octets, of which there are `left`, no fewer than the
 //                            boundary, and returns the encoded length; fails without changing the value
 //   hash(value)              in 32 bits
@@ -175,10 +176,11 @@ struct TextTraits
 struct AsciiStringTraits : TextTraits<AsciiStringTraits, std::string, 1>
 {
    static std::size_t units(std::string const& text) noexcept { return text.size(); }
-   static void write(std::string const& text, Output& out)
+   static std::size_t write(std::string const& text, Output& out, std::size_t index)
    {
-      out.count(text.size());
-      std::memcpy(out.take(text.size()), text.data(), text.size());
+      index = out.count(index, text.size());
+      std::memcpy(out.at(index, text.size()), text.data(), text.size());
+      return index + text.size();
    }
    static void load(std::string& text, char const* from, std::size_t units) { text.assign(from, units); }
    template <class Use>
@@ -193,17 +195,15 @@ struct AsciiStringTraits : TextTraits<AsciiStringTraits, std::string, 1>
 struct UnicodeStringTraits : TextTraits<UnicodeStringTraits, std::wstring, 2>
 {
    static std::size_t units(std::wstring const& text) noexcept { return utf16::length(text); }
-   static void write(std::wstring const& text, Output& out)
+   static std::size_t write(std::wstring const& text, Output& out, std::size_t index)
    {
       char* room = nullptr;
-      std::size_t taken = 0;
       std::size_t const units = utf16::storeText(text, [&](std::size_t number) {
-         out.giveBack(taken);
-         taken = 4 + 2 * number;
-         room = out.take(taken);
+         room = out.at(index, 4 + 2 * number);
          return room + 4;
       });
       storeBigEndian(room, checkedCount(units));
+      return index + 4 + 2 * units;
    }
    static void load(std::wstring& text, char const* from, std::size_t units)
    {

@@ -21,10 +21,9 @@ Extent CountedList::measure(Wanted wanted) const
    return extent;
 }
 
-void CountedList::write(Output& out) const
+std::size_t CountedList::write(Output& out, std::size_t index) const
 {
-   out.count(_elements.size());
-   _elements.write(out);
+   return _elements.write(out, out.count(index, _elements.size()));
 }
 
 std::size_t CountedList::read(Input const& in, std::size_t index)

@@ -18,7 +18,7 @@ public:
    ElementList& elements() noexcept { return _elements; }
 
    Extent measure(Wanted wanted) const;
-   void write(Output& out) const;
+   std::size_t write(Output& out, std::size_t index) const;
    std::size_t read(Input const& in, std::size_t index);
 
 private:

@@ -37,7 +37,7 @@ public:
 
    // The operations of a body, upon all elements one after another.
    virtual void measure(Wanted wanted, Extent& all) const = 0;
-   virtual void write(Output& out) const = 0;
+   virtual std::size_t write(Output& out, std::size_t index) const = 0;
    virtual std::size_t read(Input const& in, std::size_t index) = 0;
 
    std::unique_ptr<ElementBlock> next;
@@ -105,20 +105,21 @@ public:
                       [wanted, &all](Body const& body) { all.append(body.measure(wanted)); });
    }
 
-   void write(Output& out) const override
+   std::size_t write(Output& out, std::size_t index) const override
    {
       if constexpr (Traits::fixedLength != 0) {
-         out.align(Traits::boundary);
-         char* room = out.take(_size * Traits::fixedLength);
-         std::for_each_n(bodies(), _size, [&room](Body const& body) {
-            Traits::write(body.value(), room);
-            room += Traits::fixedLength;
+         index = out.align(index, Traits::boundary);
+         char* to = out.at(index, _size * Traits::fixedLength);
+         std::for_each_n(bodies(), _size, [&to](Body const& body) {
+            Traits::write(body.value(), to);
+            to += Traits::fixedLength;
          });
+         return index + _size * Traits::fixedLength;
       } else {
-         std::for_each_n(bodies(), _size, [&out](Body const& body) {
-            out.align(Traits::boundary);
-            body.write(out);
+         std::for_each_n(bodies(), _size, [&out, &index](Body const& body) {
+            index = body.write(out, out.align(index, Traits::boundary));
          });
+         return index;
       }
    }
 

@@ -76,11 +76,12 @@ void ElementBlocks::measure(Wanted wanted, Extent& all) const
    }
 }
 
-void ElementBlocks::write(Output& out) const
+std::size_t ElementBlocks::write(Output& out, std::size_t index) const
 {
    for (ElementBlock const* block = _first.get(); block != nullptr; block = block->next.get()) {
-      block->write(out);
+      index = block->write(out, index);
    }
+   return index;
 }
 
 std::size_t ElementBlocks::read(Input const& in, std::size_t index)

@@ -30,7 +30,7 @@ public:
 
    // The operations of a body, upon all elements one after another.
    void measure(Wanted wanted, Extent& all) const;
-   void write(Output& out) const;
+   std::size_t write(Output& out, std::size_t index) const;
    std::size_t read(Input const& in, std::size_t index);
 
 private:

@@ -9,9 +9,9 @@
 namespace rti1516e {
 
 ElementList::ElementList(ElementList const& other)
-   : _blocks(other.inBlocks() ? ElementBlocks(other._blocks) : ElementBlocks()),
-     _use(other._use),
-     _start(other._start)
+   : _use(other._use),
+     _start(other._start),
+     _blocks(other.inBlocks() ? ElementBlocks(other._blocks) : ElementBlocks())
 {
    accountAll();
    _entries.reserve(other._entries.size());
@@ -132,20 +132,26 @@ void ElementList::leaveBlocks()
       entries.push_back(Entry::inBlock(_blocks.at(i), _blocks.kind()));
    }
    _entries = std::move(entries);
+   accountAll();
 }
 
 void ElementList::account(Kind kind, std::size_t number) noexcept
 {
    KindOperations const& operations = operationsOf(kind);
+   _allOfOneKind = _allOfOneKind && (_entries.empty() || _entries.front().kind() == kind);
    _allOfOneLength = _allOfOneLength && operations.fixedLength != 0;
    _allOfOneBoundary = _allOfOneBoundary && operations.boundary != 0;
    _boundary = std::max(_boundary, operations.boundary);
    // Elements of one length are as long as their boundary, so that there is no padding between them.
    _length = alignUp(_length, std::max(operations.boundary, 1U)) + number * operations.fixedLength;
+   bool const numbersAlone = _allOfOneKind && _allOfOneLength && !_entries.empty();
+   _numbersAlone = numbersAlone ? NumbersAlone(kind, _entries.size()) : NumbersAlone();
 }
 
 void ElementList::accountAll() noexcept
 {
+   _numbersAlone = NumbersAlone();
+   _allOfOneKind = true;
    _allOfOneLength = true;
    _allOfOneBoundary = true;
    _boundary = 1;
@@ -163,37 +169,9 @@ Extent ElementList::measureEach(Wanted wanted) const
    Extent all{_start, 1, false};
    if (inBlocks()) {
       _blocks.measure(wanted, all);
+      return all;
    }
-   for (Entry const& entry : _entries) {
-      Extent const next = entry.measure(wanted);
-      if (wanted == Wanted::leastLength && next.length == 0) {
-         all.include(next); // what may have no octets may also stand behind padding that is not there
-      } else {
-         all.append(next);
-      }
-   }
-   return all;
-}
-
-void ElementList::write(Output& out) const
-{
-   if (inBlocks()) {
-      _blocks.write(out);
-   }
-   for (Entry const& entry : _entries) {
-      entry.write(out);
-   }
-}
-
-std::size_t ElementList::read(Input const& in, std::size_t index)
-{
-   if (inBlocks()) {
-      index = _blocks.read(in, index);
-   }
-   for (Entry& entry : _entries) {
-      index = entry.read(in, index);
-   }
-   return index;
+   return rti1516e::measure(entries(), endOfEntries(), wanted, all);
 }
 
 } // namespace rti1516e

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "src/encoding/ElementBlocks.h"
+#include "src/encoding/Entries.h"
 #include "src/encoding/Entry.h"
 #include "src/encoding/Extent.h"
 
@@ -10,6 +11,24 @@
 #include <vector>
 
 namespace rti1516e {
+
+// That a list has nothing but numbers of one kind, which stand side by side, and how many; or nothing.
+class NumbersAlone
+{
+public:
+   constexpr NumbersAlone() noexcept = default;
+   constexpr NumbersAlone(Kind kind, std::size_t count) noexcept
+      : _bits(std::uint64_t{count} << 8 | static_cast<std::uint64_t>(kind))
+   {}
+   constexpr explicit operator bool() const noexcept { return _bits != 0; }
+   constexpr bool operator==(NumbersAlone other) const noexcept { return _bits == other._bits; }
+   constexpr bool operator!=(NumbersAlone other) const noexcept { return _bits != other._bits; }
+   constexpr Kind kind() const noexcept { return static_cast<Kind>(_bits & 0xFF); }
+   constexpr std::size_t count() const noexcept { return _bits >> 8; }
+
+private:
+   std::uint64_t _bits = 0; // in one word, so that many lists are soon compared
+};
 
 // Elements that are encoded one after another, each aligned to its own boundary: the body of a fixed array
 // and of a fixed record, and the greater part of a variable array's.
@@ -55,10 +74,19 @@ public:
       bool const known = _allOfOneLength || (_allOfOneBoundary && wanted == Wanted::boundary);
       return known ? Extent{_length, _boundary, false} : measureEach(wanted);
    }
-   void write(Output& out) const;
-   std::size_t read(Input const& in, std::size_t index);
+   NumbersAlone numbersAlone() const noexcept { return _numbersAlone; }
+   Entry const* entries() const noexcept { return _entries.data(); }
+   std::size_t write(Output& out, std::size_t index) const
+   {
+      return inBlocks() ? _blocks.write(out, index) : rti1516e::write(entries(), endOfEntries(), out, index);
+   }
+   std::size_t read(Input const& in, std::size_t index)
+   {
+      return inBlocks() ? _blocks.read(in, index) : rti1516e::read(entries(), endOfEntries(), in, index);
+   }
 
 private:
+   Entry const* endOfEntries() const noexcept { return entries() + _entries.size(); }
    bool inBlocks() const noexcept { return _entries.empty() && _blocks.size() != 0; }
    bool mayKeepInBlocks(Kind kind) const noexcept;
    void leaveBlocks();
@@ -68,17 +96,20 @@ private:
    void account(Kind kind, std::size_t number) noexcept;
    void accountAll() noexcept;
 
-   ElementBlocks _blocks;
    std::vector<Entry> _entries; // of all elements, or none
 
-   // What the elements' kinds tell of the list, so that most lists need not be looked through: where they
-   // end, if each kind has one length, and their boundary, if each has one.
+   // What the elements' kinds tell of the list, so that most lists need not be looked through: whether it is
+   // of numbers alone; where they end, if each kind has one length, and their boundary, if each has one.
+   NumbersAlone _numbersAlone; // beside the entries, with which it is looked at
    std::size_t _length;
    unsigned int _boundary = 1;
+   bool _allOfOneKind = true;
    bool _allOfOneLength = true;
    bool _allOfOneBoundary = true;
    For _use;
    std::uint8_t _start;
+
+   ElementBlocks _blocks;
 };
 
 } // namespace rti1516e

@@ -1,7 +1,7 @@
 // The operations that every element of the library has, upon its body. A body has
 //   measure(wanted)    its length and its octet boundary, determined anew for everything in it
-//   write(out)         encodes, at an aligned index     \  with the boundaries
-//   read(in, index)    decodes, returns the index        > that measure found
+//   write(out, index)  encodes, at an aligned index \  with the boundaries that measure
+//   read(in, index)    decodes                      /  found; return the index behind
 // so that an element is looked through once to be measured and once for its octets, however deep it is.
 #pragma once
 
@@ -28,9 +28,7 @@ void encodeAtEnd(Body const& body, std::vector<char>& buffer)
    std::size_t const padding = alignUp(end, extent.boundary) - end;
    try {
       Output out(buffer, extent.foreign ? 0 : padding + extent.length);
-      out.align(extent.boundary);
-      body.write(out);
-      out.finish();
+      out.finish(body.write(out, out.align(end, extent.boundary)));
    } catch (...) {
       buffer.resize(end);
       throw;
@@ -47,8 +45,7 @@ VariableLengthData encodeAlone(Body const& body)
       return dataOf(buffer);
    }
    Output out(checkedCount(extent.length));
-   body.write(out);
-   return out.data();
+   return out.data(body.write(out, 0));
 }
 
 template <class Body>

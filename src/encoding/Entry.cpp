@@ -1,5 +1,6 @@
 #include "src/encoding/Entry.h"
 
+#include "src/encoding/Entries.h"
 #include "src/encoding/Failure.h"
 
 #include <algorithm>
@@ -8,7 +9,11 @@
 namespace rti1516e {
 
 Entry::Entry(DataElement* element, Kind kind, bool owned, unsigned int boundary) noexcept
-   : _owned(owned), _kind(kind), _boundary(std::max(boundary, operationsOf(kind).boundary)), _element(element)
+   : _owned(owned),
+     _kind(kind),
+     _numberLength(static_cast<std::uint8_t>(operationsOf(kind).fixedLength)),
+     _boundary(std::max(boundary, operationsOf(kind).boundary)),
+     _element(element)
 {}
 
 Entry Entry::clone(DataElement const& element)
@@ -31,6 +36,7 @@ Entry Entry::lent(DataElement* element)
 Entry::Entry(Entry&& other) noexcept
    : _owned(std::exchange(other._owned, false)),
      _kind(other._kind),
+     _numberLength(other._numberLength),
      _boundary(other.boundary()),
      _element(other._element)
 {}
@@ -43,6 +49,7 @@ Entry& Entry::operator=(Entry&& other) noexcept
       }
       _owned = std::exchange(other._owned, false);
       _kind = other._kind;
+      _numberLength = other._numberLength;
       _boundary.store(other.boundary(), std::memory_order_relaxed);
       _element = other._element;
    }
@@ -56,13 +63,21 @@ Entry::~Entry()
    }
 }
 
-Extent Entry::measureAnew(Wanted wanted) const
+Extent Entry::measure(Wanted wanted) const
 {
-   Extent const extent = operationsOf(_kind).measure(*_element, wanted);
-   if (extent.boundary != boundary()) {
-      _boundary.store(extent.boundary, std::memory_order_relaxed);
-   }
+   Extent const extent = rti1516e::measure(this, this + 1, wanted, {});
+   remember(extent.boundary);
    return extent;
+}
+
+std::size_t Entry::write(Output& out, std::size_t index) const
+{
+   return rti1516e::write(this, this + 1, out, index);
+}
+
+std::size_t Entry::read(Input const& in, std::size_t index) const
+{
+   return rti1516e::read(this, this + 1, in, index);
 }
 
 } // namespace rti1516e

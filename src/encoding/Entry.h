@@ -37,29 +37,28 @@ public:
 
    DataElement& element() const noexcept { return *_element; }
    Kind kind() const noexcept { return _kind; }
+   // If it is a number, the same for all of its kind; else 0.
+   unsigned int numberLength() const noexcept { return _numberLength; }
 
-   // Remembers the boundary.
-   Extent measure(Wanted wanted) const
-   {
-      KindOperations const& operations = operationsOf(_kind);
-      return operations.fixedLength != 0 ? Extent{operations.fixedLength, operations.boundary, false}
-                                         : measureAnew(wanted);
-   }
    unsigned int boundary() const noexcept { return _boundary.load(std::memory_order_relaxed); }
-
-   void write(Output& out) const { operationsOf(_kind).write(*_element, boundary(), out); }
-   // Skips the padding in front of the element.
-   std::size_t read(Input const& in, std::size_t index)
+   void remember(unsigned int boundary) const noexcept
    {
-      return operationsOf(_kind).read(*_element, boundary(), in, index);
+      if (boundary != this->boundary()) {
+         _boundary.store(boundary, std::memory_order_relaxed);
+      }
    }
+
+   // The operations of a body, upon this alone.
+   Extent measure(Wanted wanted) const;
+   std::size_t write(Output& out, std::size_t index) const;
+   std::size_t read(Input const& in, std::size_t index) const;
 
 private:
    Entry(DataElement* element, Kind kind, bool owned, unsigned int boundary) noexcept;
-   Extent measureAnew(Wanted wanted) const;
 
    bool _owned;
    Kind _kind;
+   std::uint8_t _numberLength;
    std::atomic<std::uint32_t> mutable _boundary;
    DataElement* _element;
 };

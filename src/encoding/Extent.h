@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <type_traits>
 
 namespace rti1516e {
 
@@ -12,14 +13,17 @@ namespace rti1516e {
 constexpr std::size_t alignUp(std::size_t index, unsigned int boundary) noexcept
 {
    bool const isPowerOfTwo = (boundary & (boundary - 1)) == 0;
-   std::size_t const over = isPowerOfTwo ? index & (boundary - 1) : index % boundary;
-   if (over == 0) {
-      return index;
-   }
-   std::size_t const padding = boundary - over;
-   std::size_t const last = std::numeric_limits<std::size_t>::max();
-   return index > last - padding ? last : index + padding;
+   std::size_t const last = std::size_t{boundary} - 1;
+   std::size_t const aligned =
+      isPowerOfTwo ? (index + last) & ~last : index + (boundary - index % boundary) % boundary;
+   return aligned < index ? std::numeric_limits<std::size_t>::max() : aligned;
 }
+
+// The octet boundary of all elements with bodies of a class; 0 if it depends on what is in them.
+template <class Body, class = void>
+inline constexpr unsigned int commonBoundary = 0;
+template <class Body>
+inline constexpr unsigned int commonBoundary<Body, std::void_t<decltype(Body::boundary)>> = Body::boundary;
 
 // What is asked of an element before it is encoded or decoded. An element of a foreign class is asked for its
 // length only for its own sake: it would look through all that is in it, and does so again when it is
@@ -45,6 +49,22 @@ struct Extent
    {
       length = alignUp(length, next.boundary) + next.length;
       include(next);
+   }
+   // Numbers of one length, which is their boundary too.
+   constexpr void appendNumbers(std::size_t lengthOfEach, std::size_t number) noexcept
+   {
+      std::size_t const last = lengthOfEach - 1;
+      length = ((length + last) & ~last) + lengthOfEach * number;
+      boundary = std::max(boundary, static_cast<unsigned int>(lengthOfEach));
+   }
+   // Another element, where what may have no octets may also stand behind padding that is not there.
+   constexpr void append(Extent const& next, Wanted wanted) noexcept
+   {
+      if (wanted == Wanted::leastLength && next.length == 0) {
+         include(next);
+      } else {
+         append(next);
+      }
    }
    // Another element whose boundary counts.
    constexpr void include(Extent const& other) noexcept

@@ -1,12 +1,8 @@
 #include "src/encoding/Kind.h"
 
-#include "src/encoding/BasicBody.h"
-#include "src/encoding/CountedList.h"
 #include "src/encoding/ElementAccess.h"
 #include "src/encoding/ElementBlock.h"
-#include "src/encoding/ElementList.h"
 #include "src/encoding/OpaqueBytes.h"
-#include "src/encoding/Variant.h"
 
 #include <RTI/encoding/HLAfixedArray.h>
 #include <RTI/encoding/HLAfixedRecord.h>
@@ -17,92 +13,40 @@
 #include <algorithm>
 #include <iterator>
 #include <type_traits>
+#include <utility>
 
 namespace rti1516e {
 
 namespace {
 
-// The octet boundary of all elements of a class; 0 if it depends on what is in them.
-template <class Element, class = void>
-constexpr unsigned int commonBoundary = 0;
 template <class Element>
-constexpr unsigned int commonBoundary<Element, std::void_t<decltype(TraitsOf<Element>::boundary)>> =
-   TraitsOf<Element>::boundary;
-template <>
-constexpr unsigned int commonBoundary<HLAopaqueData> = OpaqueBytes::boundary;
+using BodyOf = std::remove_reference_t<decltype(ElementAccess::body(std::declval<Element&>()))>;
 
-// The operations of the body in an element of a known class.
 template <class Element>
-struct Known
+void assign(DataElement& element, DataElement const& other)
 {
-   // The compiler knows better than a variable what to align basic elements to.
-   static constexpr unsigned int known(unsigned int boundary)
-   {
-      return commonBoundary<Element> != 0 ? commonBoundary<Element> : boundary;
-   }
-   static auto const& body(DataElement const& element)
-   {
-      return ElementAccess::body(static_cast<Element const&>(element));
-   }
-   static auto& body(DataElement& element) { return ElementAccess::body(static_cast<Element&>(element)); }
-
-   static Extent measure(DataElement const& element, Wanted wanted) { return body(element).measure(wanted); }
-   static void write(DataElement const& element, unsigned int boundary, Output& out)
-   {
-      out.align(known(boundary));
-      body(element).write(out);
-   }
-   static std::size_t read(DataElement& element, unsigned int boundary, Input const& in, std::size_t index)
-   {
-      return body(element).read(in, alignUp(index, known(boundary)));
-   }
-   static void assign(DataElement& element, DataElement const& other)
-   {
-      body(element).set(body(other).value());
-   }
-};
-
-struct Foreign
-{
-   static Extent measure(DataElement const& element, Wanted wanted)
-   {
-      std::size_t const length = wanted == Wanted::lengthInAnyCase ? element.getEncodedLength() : 0;
-      return {length, std::max(element.getOctetBoundary(), 1U), true};
-   }
-   static void write(DataElement const& element, unsigned int, Output& out) { out.foreign(element); }
-   static std::size_t read(DataElement& element, unsigned int boundary, Input const& in, std::size_t index)
-   {
-      return element.decodeFrom(in.buffer(), alignUp(index, boundary));
-   }
-};
-
-template <class Operations>
-constexpr KindOperations operations(std::type_info const& type, unsigned int boundary)
-{
-   return {&type, boundary, 0, Operations::measure, Operations::write, Operations::read, nullptr, nullptr};
+   ElementAccess::body(static_cast<Element&>(element))
+      .set(ElementAccess::body(static_cast<Element const&>(other)).value());
 }
 
 template <class Element>
-constexpr KindOperations operationsOfElement()
+constexpr KindOperations operations()
 {
-   return operations<Known<Element>>(typeid(Element), commonBoundary<Element>);
+   return {&typeid(Element), commonBoundary<BodyOf<Element>>, 0, nullptr, nullptr};
 }
 
 template <class Element>
-constexpr KindOperations operationsOfBasicElement()
+constexpr KindOperations operationsOfBasic()
 {
-   KindOperations basic = operationsOfElement<Element>();
-   basic.fixedLength = TraitsOf<Element>::fixedLength;
-   basic.makeBlock = BasicBlock<Element>::make;
-   basic.assign = Known<Element>::assign;
-   return basic;
+   return {&typeid(Element), TraitsOf<Element>::boundary, TraitsOf<Element>::fixedLength,
+           BasicBlock<Element>::make, assign<Element>};
 }
 
 } // namespace
 
-constexpr KindOperations kindOperations[] = {operations<Foreign>(typeid(DataElement), 0),
-#define RTI_BASIC(Name, Value) operationsOfBasicElement<Name>(),
-#define RTI_CONSTRUCTED(Name) operationsOfElement<Name>(),
+constexpr KindOperations kindOperations[] = {{&typeid(DataElement), 0, 0, nullptr, nullptr},
+#define RTI_BASIC(Name, Value) operationsOfBasic<Name>(),
+#define RTI_CONSTRUCTED(Name) operations<Name>(),
                                              RTI_FOR_EACH_BASIC_ELEMENT(RTI_BASIC)
                                                 RTI_FOR_EACH_CONSTRUCTED_ELEMENT(RTI_CONSTRUCTED)
 #undef RTI_CONSTRUCTED

@@ -3,8 +3,6 @@
 // from an element of the library included, and is used through its virtual operations alone.
 #pragma once
 
-#include "src/encoding/Extent.h"
-
 #include <RTI/encoding/BasicDataElements.h>
 #include <RTI/encoding/DataElement.h>
 
@@ -16,8 +14,6 @@
 namespace rti1516e {
 
 class ElementBlock;
-class Input;
-class Output;
 
 #define RTI_FOR_EACH_CONSTRUCTED_ELEMENT(X) \
    X(HLAfixedArray)                         \
@@ -38,19 +34,13 @@ enum class Kind : std::uint8_t
       count
 };
 
-// What is done with the elements of a kind.
+// What is known of the elements of a kind.
 struct KindOperations
 {
    std::type_info const* type;
    // Of every element of the kind; 0 if they differ.
    unsigned int boundary;
    std::size_t fixedLength;
-
-   // As those of a body; of a foreign element, by its virtual operations.
-   Extent (*measure)(DataElement const&, Wanted);
-   // The padding in front of the element included.
-   void (*write)(DataElement const&, unsigned int boundary, Output&);
-   std::size_t (*read)(DataElement&, unsigned int boundary, Input const&, std::size_t);
 
    // Where an array keeps elements of the kind, if it does not make them singly.
    std::unique_ptr<ElementBlock> (*makeBlock)(std::size_t capacity);

@@ -55,10 +55,11 @@ OpaqueBytes::~OpaqueBytes()
    }
 }
 
-void OpaqueBytes::write(Output& out) const
+std::size_t OpaqueBytes::write(Output& out, std::size_t index) const
 {
-   out.count(_dataLength);
-   std::copy_n(_data, _dataLength, out.take(_dataLength));
+   index = out.count(index, _dataLength);
+   std::copy_n(_data, _dataLength, out.at(index, _dataLength));
+   return index + _dataLength;
 }
 
 std::size_t OpaqueBytes::read(Input const& in, std::size_t index)

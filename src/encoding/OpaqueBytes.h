@@ -33,7 +33,7 @@ public:
    {
       return {countLength + (wanted == Wanted::leastLength ? 0 : std::size_t{_dataLength}), boundary, false};
    }
-   void write(Output& out) const;
+   std::size_t write(Output& out, std::size_t index) const;
    std::size_t read(Input const& in, std::size_t index);
 
 private:

@@ -2,12 +2,15 @@
 #pragma once
 
 #include "src/encoding/Extent.h"
+#include "src/encoding/Failure.h"
 #include "src/values/BigEndian.h"
 
 #include <RTI/VariableLengthData.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -15,60 +18,75 @@ namespace rti1516e {
 
 class DataElement;
 
-// A cursor over room that was sized before. Every piece is tested against the room all the same, which grows:
-// some texts turn out longer, and elements may be lent, and nothing keeps their owner from changing them.
+// A count as it is encoded, or EncoderException.
+inline std::uint32_t checkedCount(std::size_t number)
+{
+   if (number > std::numeric_limits<std::uint32_t>::max()) {
+      failure::raise(failure::tooLong);
+   }
+   return static_cast<std::uint32_t>(number);
+}
+
+// Room that was sized before. Every piece is tested against the room all the same, which grows: some texts
+// turn out longer, and elements may be lent, and nothing keeps their owner from changing them. As with an
+// input, who writes is given the index where to, and returns the index behind, which so never leaves the
+// processor.
 class Output
 {
 public:
-   // Into memory of its own, of the expected length at first. Call data at last.
+   // Into memory of its own, of the expected length at first, from index 0. Call data with the last index.
    explicit Output(std::size_t expected) : _own(new char[expected]), _data(_own.get()), _size(expected) {}
-   VariableLengthData data();
+   VariableLengthData data(std::size_t end);
 
-   // Behind the end of a buffer, which is made longer by the expected length at first. Call finish at last.
+   // From the end of a buffer, which is made longer by the expected length at first. Call finish with the
+   // last index.
    Output(std::vector<char>& buffer, std::size_t expected);
-   void finish();
+   void finish(std::size_t end);
 
-   void align(unsigned int boundary)
+   // Room for so many octets, which the caller fills. What is behind the index is lost if it grows.
+   char* at(std::size_t index, std::size_t length)
    {
-      std::size_t const index = alignUp(_end, boundary);
-      if (index != _end) {
-         pad(index - _end);
+      if (length > _size - index) {
+         grow(index, length);
       }
+      return _data + index;
    }
 
-   // Room for the next piece, which the caller fills.
-   char* take(std::size_t length)
+   // Writes padding up to the boundary.
+   std::size_t align(std::size_t index, unsigned int boundary)
    {
-      if (length > _size - _end) {
-         grow(length);
+      std::size_t const aligned = alignUp(index, boundary);
+      if (aligned != index) {
+         if (aligned - index < mostPadding && _size - index >= mostPadding) {
+            std::memset(_data + index, 0, mostPadding); // what is too much is written over
+         } else {
+            pad(index, aligned - index);
+         }
       }
-      char* const room = _data + _end;
-      _end += length;
-      return room;
+      return aligned;
    }
-
-   // Takes back as much as was taken last.
-   void giveBack(std::size_t length) noexcept { _end -= length; }
 
    // A count. Fails if it is above 32 bits.
-   void count(std::size_t number);
+   std::size_t count(std::size_t index, std::size_t number)
+   {
+      storeBigEndian(at(index, 4), checkedCount(number));
+      return index + 4;
+   }
 
    // Lets an element of a foreign class encode itself.
-   void foreign(DataElement const& element);
+   std::size_t foreign(std::size_t index, DataElement const& element);
 
 private:
-   void pad(std::size_t length);
-   void grow(std::size_t length);
-   void resize(std::size_t size);
+   static constexpr std::size_t mostPadding = 8; // but in front of elements of foreign classes
+
+   void pad(std::size_t index, std::size_t length);
+   void grow(std::size_t index, std::size_t length);
+   void resize(std::size_t end, std::size_t size);
 
    std::unique_ptr<char[]> _own;
    std::vector<char>* _buffer = nullptr; // or this
    char* _data;
    std::size_t _size;
-   std::size_t _end = 0;
 };
-
-// A count as it is encoded, or EncoderException.
-std::uint32_t checkedCount(std::size_t number);
 
 } // namespace rti1516e

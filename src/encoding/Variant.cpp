@@ -58,13 +58,11 @@ unsigned int Variant::boundaryOfAlternatives() const noexcept
    return boundary;
 }
 
-void Variant::write(Output& out) const
+std::size_t Variant::write(Output& out, std::size_t index) const
 {
-   _discriminant.write(out);
-   out.align(boundaryOfAlternatives());
-   if (Entry const* const value = selected()) {
-      value->write(out);
-   }
+   index = out.align(_discriminant.write(out, index), boundaryOfAlternatives());
+   Entry const* const value = selected();
+   return value == nullptr ? index : value->write(out, index);
 }
 
 std::size_t Variant::read(Input const& in, std::size_t index)

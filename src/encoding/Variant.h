@@ -24,7 +24,7 @@ public:
    void setAlternative(DataElement const& discriminant, Entry value);
 
    Extent measure(Wanted wanted) const;
-   void write(Output& out) const;
+   std::size_t write(Output& out, std::size_t index) const;
    std::size_t read(Input const& in, std::size_t index);
 
 private:

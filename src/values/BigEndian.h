@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <type_traits>
 #include <utility>
 
@@ -13,38 +14,39 @@ enum class ByteOrder
    little
 };
 
-// Written out octet by octet instead of in a loop: compilers make one load or store and a byte swap of it, at
-// every level of optimisation.
-template <ByteOrder order, class Unsigned, std::size_t... octet>
-inline void storeOctets(unsigned char* to, Unsigned value, std::index_sequence<octet...>) noexcept
-{
-   constexpr std::size_t last = sizeof(Unsigned) - 1;
-   ((to[octet] = static_cast<unsigned char>(value >> 8 * (order == ByteOrder::big ? last - octet : octet))),
-    ...);
-}
-
-template <ByteOrder order, class Unsigned, std::size_t... octet>
-inline Unsigned loadOctets(unsigned char const* from, std::index_sequence<octet...>) noexcept
+// The order of the octets turned round. Compilers make one instruction of it, at every level of optimisation.
+template <class Unsigned, std::size_t... octet>
+constexpr Unsigned turned(Unsigned value, std::index_sequence<octet...>) noexcept
 {
    constexpr std::size_t last = sizeof(Unsigned) - 1;
    return static_cast<Unsigned>(
-      (... | static_cast<Unsigned>(static_cast<Unsigned>(from[octet])
-                                   << 8 * (order == ByteOrder::big ? last - octet : octet))));
+      (... | static_cast<Unsigned>(static_cast<Unsigned>(value >> 8 * octet & 0xFF) << 8 * (last - octet))));
 }
 
+// A number of this machine as one of the given order, or the other way round.
+template <ByteOrder order, class Unsigned>
+inline Unsigned ordered(Unsigned value) noexcept
+{
+   static_assert(std::is_unsigned_v<Unsigned>);
+   constexpr ByteOrder ofMachine =
+      __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__ ? ByteOrder::big : ByteOrder::little;
+   return order == ofMachine ? value : turned(value, std::make_index_sequence<sizeof(Unsigned)>());
+}
+
+// The octets are moved as one number: written singly, not every compiler puts them together in every place.
 template <ByteOrder order, class Unsigned>
 inline void store(void* to, Unsigned value) noexcept
 {
-   static_assert(std::is_unsigned_v<Unsigned>);
-   storeOctets<order>(static_cast<unsigned char*>(to), value, std::make_index_sequence<sizeof(Unsigned)>());
+   Unsigned const octets = ordered<order>(value);
+   std::memcpy(to, &octets, sizeof octets);
 }
 
 template <ByteOrder order, class Unsigned>
 inline Unsigned load(void const* from) noexcept
 {
-   static_assert(std::is_unsigned_v<Unsigned>);
-   return loadOctets<order, Unsigned>(static_cast<unsigned char const*>(from),
-                                      std::make_index_sequence<sizeof(Unsigned)>());
+   Unsigned octets;
+   std::memcpy(&octets, from, sizeof octets);
+   return ordered<order>(octets);
 }
 
 template <class Unsigned>

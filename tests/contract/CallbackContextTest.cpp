@@ -6,10 +6,12 @@
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/time/HLAinteger64TimeFactory.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <chrono>
 #include <deque>
+#include <functional>
 #include <future>
 #include <gtest/gtest.h>
 #include <memory>
@@ -26,11 +28,7 @@ std::atomic<int> livingFactories{0};
 struct CountedFactory : rti1516e::HLAinteger64TimeFactory
 {
    CountedFactory() { ++livingFactories; }
-   ~CountedFactory() override
-   {
-      alive = 0;
-      --livingFactories;
-   }
+   ~CountedFactory() override { --livingFactories, alive = 0; }
 
    int alive = 0x600D;
 };
@@ -67,7 +65,7 @@ TEST(CallbackContexts, KeepAReplacedTimeFactoryWhileItIsUsed)
 // destructor that a cancellation left half-way would end the process.
 TEST(CallbackContexts, WaitForCallbacksAsTheyGo)
 {
-   std::unique_ptr<CallbackContext> context = std::make_unique<CallbackContext>();
+   auto context = std::make_unique<CallbackContext>();
    CallbackToken const token = context->token();
    std::promise<void> inside;
    std::atomic<bool> left{false};
@@ -80,7 +78,6 @@ TEST(CallbackContexts, WaitForCallbacksAsTheyGo)
       left = true;
    });
    inside.get_future().wait();
-   pthread_t destroyer{};
    auto const destroy = [](void* own) -> void* {
       auto& going = *static_cast<std::unique_ptr<CallbackContext>*>(own);
       CallbackContextReference const ownCallback(going->token());
@@ -89,12 +86,11 @@ TEST(CallbackContexts, WaitForCallbacksAsTheyGo)
       pthread_testcancel();
       return nullptr;
    };
+   pthread_t destroyer{};
    pthread_create(&destroyer, nullptr, destroy, &context);
    void* result = nullptr;
    pthread_join(destroyer, &result);
-   EXPECT_TRUE(left);
-   EXPECT_EQ(context, nullptr);
-   EXPECT_EQ(result, PTHREAD_CANCELED);
+   EXPECT_TRUE(left && context == nullptr && result == PTHREAD_CANCELED);
    callback.join();
 }
 
@@ -146,13 +142,9 @@ TEST(CallbackContexts, StandManyThreads)
          }
       });
    }
-   for (auto& owner : owners) {
-      owner.join();
-   }
+   std::for_each(owners.begin(), owners.end(), std::mem_fn(&std::thread::join));
    stop = true;
-   for (auto& callback : callbacks) {
-      callback.join();
-   }
+   std::for_each(callbacks.begin(), callbacks.end(), std::mem_fn(&std::thread::join));
    EXPECT_GE(delivered, enough);
    EXPECT_EQ(livingFactories, 0);
 }

@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(Each, ServiceFaults, testing::ValuesIn(services()),
 TEST_P(ServiceFaults, EndInAnException)
 {
    std::string const& name = GetParam().method;
-   fake::Core& core = fake::core();
+   fake::Core& core = fake::core;
    core.number = 1; // a handle, true, and an enumerator of each kind
    core.bytes = name == "queryLookahead"      ? TestInterval::encoded(7)
                 : name.rfind("query", 0) == 0 ? someTime
@@ -117,7 +117,7 @@ TEST_P(ServiceFaults, EndInAnException)
 TEST_F(StepFaults, OfSizeAreToldBeforeAnythingIsMade)
 {
    char byte = 0; // and nothing behind it, so that none of it may be looked at
-   int const before = fake::account().arraysMade;
+   int const before = fake::account.arraysMade;
    for (auto const& sizes : std::vector<std::vector<unsigned int>>{
            {0x7FFFFFFF}, // with what stands before it just too much
            {0xFFFFFFFF},
@@ -130,7 +130,7 @@ TEST_F(StepFaults, OfSizeAreToldBeforeAnythingIsMade)
       }
       EXPECT_THROW(ambassador->updateAttributeValues({}, values, {}), RTIinternalError);
    }
-   EXPECT_EQ(fake::account().arraysMade, before);
+   EXPECT_EQ(fake::account.arraysMade, before);
 }
 
 class CallbackFaults : public StepFaults, public testing::WithParamInterface<Callback>
@@ -176,9 +176,9 @@ TEST_F(StepFaults, OfConstructionLeaveNothing)
    failOneAfterTheOther(ofJava, 10, create, [&](Outcome const& outcome, bool failed) {
       // Natives that cannot be registered are only told of, and what a destructor meets is nobody's concern.
       EXPECT_TRUE(outcome.exception == "" || (failed && outcome.exception == ofJava.exception));
-      if (fake::account().globalReferences == 2) {
+      if (fake::account.globalReferences == 2) {
          // Nobody can let go of the core's ambassador on a thread that cannot be attached.
-         --fake::account().globalReferences;
+         --fake::account.globalReferences;
       }
    });
    failOneAfterTheOther(ofMemory, 1, create, [&](Outcome const& outcome, bool failed) {

@@ -49,9 +49,9 @@ TEST_F(LifetimeTest, OfAnAmbassadorMayEndInACallbackThatItEvoked)
            [](auto& rti) { EXPECT_TRUE(rti.evokeMultipleCallbacks(0.5, 1.0)); },
            [](auto& rti) { EXPECT_EQ(rti.queryLogicalTime().get(), nullptr); },
            [](auto& rti) { rti.enableCallbacks(); }}) {
-      fake::core().meanwhile = [this] { EXPECT_EQ(deliver(saved), "none"); };
-      fake::core().bytes = someTime;
-      fake::core().number = 1;
+      fake::core.meanwhile = [this] { EXPECT_EQ(deliver(saved), "none"); };
+      fake::core.bytes = someTime;
+      fake::core.number = 1;
       federate.inCallback = [this] { ambassador.reset(); };
       service(*ambassador);
       EXPECT_EQ(ambassador, nullptr);
@@ -70,13 +70,13 @@ TEST_F(LifetimeTest, OfTheVMMayEndFirst)
 {
    std::promise<void> leave;
    auto callback = stayInCallback(leave.get_future());
-   fake::runtime().alreadyRunning = false;
-   fake::runtime().attachStatus = JNI_ERR;
+   fake::runtime.alreadyRunning = false;
+   fake::runtime.attachStatus = JNI_ERR;
    EXPECT_THROW(ambassador->enableCallbacks(), RTIinternalError);
    EXPECT_THROW(newAmbassador(), RTIinternalError);
    ambassador.reset(); // waits for no callback, and has nothing to let go of the reference through
-   fake::runtime().attachStatus = JNI_OK;
-   --fake::account().globalReferences;
+   fake::runtime.attachStatus = JNI_OK;
+   --fake::account.globalReferences;
    leave.set_value();
    callback.join();
 }
@@ -86,30 +86,28 @@ TEST_F(LifetimeTest, OfAThreadMayEndUpWithoutMemoryToAttach)
 {
    std::promise<void> leave;
    auto callback = stayInCallback(leave.get_future());
-   fake::runtime().attachStatus = JNI_ENOMEM;
+   fake::runtime.attachStatus = JNI_ENOMEM;
    auto const going = std::async(std::launch::async, [&] { ambassador.reset(); });
    EXPECT_EQ(going.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
    leave.set_value();
    callback.join();
    going.wait();
-   fake::runtime().attachStatus = JNI_OK;
-   --fake::account().globalReferences;
+   fake::runtime.attachStatus = JNI_OK;
+   --fake::account.globalReferences;
 }
 
 TEST_F(LifetimeTest, OfAThreadEndsAttachedOnlyIfSomebodyElseAttachedIt)
 {
-   JavaVM* vm = nullptr;
-   jsize count = 0;
-   JNI_GetCreatedJavaVMs(&vm, 1, &count);
+   JavaVM& vm = fake::vm;
    auto const use = [this] { ambassador->enableCallbacks(); };
    std::thread(use).join();
-   EXPECT_EQ(fake::runtime().detachments, 1);
+   EXPECT_EQ(fake::runtime.detachments, 1);
    std::thread([&] {
       void* env = nullptr;
-      vm->AttachCurrentThread(&env, nullptr);
+      vm.AttachCurrentThread(&env, nullptr);
       use();
    }).join();
-   EXPECT_EQ(fake::runtime().detachments, 1);
+   EXPECT_EQ(fake::runtime.detachments, 1);
 
    // An object of the thread's that goes before it is detached, and one that attaches it once more.
    struct Late
@@ -120,16 +118,16 @@ TEST_F(LifetimeTest, OfAThreadEndsAttachedOnlyIfSomebodyElseAttachedIt)
    std::thread([&] {
       thread_local Late const late{use};
       use();
-      vm->DetachCurrentThread();
+      vm.DetachCurrentThread();
    }).join();
-   EXPECT_EQ(fake::runtime().detachments, 3);
+   EXPECT_EQ(fake::runtime.detachments, 3);
 
    std::thread([&] {
       use();
-      fake::runtime().alreadyRunning = false;
+      fake::runtime.alreadyRunning = false;
    }).join();
-   EXPECT_EQ(fake::runtime().detachments, 3);
-   fake::runtime().alreadyRunning = true;
+   EXPECT_EQ(fake::runtime.detachments, 3);
+   fake::runtime.alreadyRunning = true;
 }
 
 TEST_F(LifetimeTest, OfTheVMDoesNotReachIntoAFork)
@@ -142,12 +140,12 @@ TEST_F(LifetimeTest, OfTheVMDoesNotReachIntoAFork)
       pid_t const child = fork();
       if (child == 0) {
          alarm(20); // one that waits for what never comes
-         int const calls = fake::account().calls;
+         int const calls = fake::account.calls;
          expectNoVM([&] { ambassador->enableCallbacks(); });
          expectNoVM([&] { ambassador->getObjectInstanceName({}); });
          expectNoVM([] { newAmbassador(); });
          ambassador.reset();
-         EXPECT_EQ(fake::account().calls, calls);
+         EXPECT_EQ(fake::account.calls, calls);
          _exit(HasFailure() ? 1 : 0);
       }
       int status = -1;
@@ -169,8 +167,11 @@ TEST_F(LifetimeTest, OfTheVMDoesNotReachIntoAFork)
 TEST_F(LifetimeTest, OfAThreadMayEndInACallbackWhereNoJavaIsBelowIt)
 {
    int value = 0;
-   auto const expectEnd = [&](void* expected, auto end) {
-      federate.inCallback = end;
+   for (bool const cancelled : {false, true}) {
+      federate.inCallback = [&value, cancelled] {
+         cancelled ? void(pthread_cancel(pthread_self())) : pthread_exit(&value);
+         pthread_testcancel();
+      };
       pthread_t thread{};
       std::function<void()> call = [this] { deliver(saved); };
       auto const start = [](void* function) -> void* {
@@ -180,14 +181,9 @@ TEST_F(LifetimeTest, OfAThreadMayEndInACallbackWhereNoJavaIsBelowIt)
       EXPECT_EQ(pthread_create(&thread, nullptr, start, &call), 0);
       void* result = nullptr;
       EXPECT_EQ(pthread_join(thread, &result), 0);
-      EXPECT_EQ(result, expected);
+      EXPECT_EQ(result, cancelled ? PTHREAD_CANCELED : &value);
       expectClean(1);
-   };
-   expectEnd(&value, [&value] { pthread_exit(&value); });
-   expectEnd(PTHREAD_CANCELED, [] {
-      pthread_cancel(pthread_self());
-      pthread_testcancel();
-   });
+   }
    federate.inCallback = nullptr;
    EXPECT_EQ(deliver(saved), "none");
    ambassador.reset(); // and waits for none of them
@@ -195,24 +191,19 @@ TEST_F(LifetimeTest, OfAThreadMayEndInACallbackWhereNoJavaIsBelowIt)
 
 TEST_F(LifetimeTest, OfAnExceptionIsTheFederatesWhereItIsNotToBeCaught)
 {
-   for (bool const caught : {false, true, false}) {
-      setenv("TOVU1516_DONTCATCHALL", "", 1);
-      if (caught) {
-         unsetenv("TOVU1516_DONTCATCHALL");
-      }
+   for (bool const caught : {false, true}) {
+      caught ? unsetenv("TOVU1516_DONTCATCHALL") : setenv("TOVU1516_DONTCATCHALL", "", 1);
       newAmbassador(); // the setting is read for each, and holds for all
+      federate.inCallback = [] { throw InvalidRegion(L"known"); };
+      EXPECT_EQ(deliver(saved), federateInternalError + "known");
       federate.inCallback = [] { throw 42; };
       if (caught) {
          EXPECT_EQ(deliver(saved), federateInternalError + "Unknown C++ exception");
       } else {
          EXPECT_THROW(deliver(saved), int);
       }
-      federate.inCallback = [] { throw InvalidRegion(L"known"); };
-      EXPECT_EQ(deliver(saved), federateInternalError + "known");
       expectClean(1);
    }
-   unsetenv("TOVU1516_DONTCATCHALL");
-   newAmbassador();
    ambassador.reset(); // waits for none of the callbacks
 }
 

@@ -39,8 +39,8 @@ struct Member : NullFederateAmbassador
    // What one finds who uses the ambassador, makes another and destroys the first.
    void useAndDestroy()
    {
-      std::cerr << caughtFrom([&] { ambassador->listFederationExecutions(); }) << std::endl;
-      std::cerr << caughtFrom([] { RTIambassadorFactory().createRTIambassador(); }) << std::endl;
+      std::cerr << caughtFrom([&] { ambassador->listFederationExecutions(); }) << "\n"
+                << caughtFrom([] { RTIambassadorFactory().createRTIambassador(); }) << std::endl;
       ambassador.reset();
       std::cerr << "destroyed" << std::endl;
    }
@@ -52,16 +52,15 @@ struct Member : NullFederateAmbassador
 };
 
 // Goes with the static objects of the process, and the last of them.
-struct LateMember
+struct UseAndDestroy
 {
-   ~LateMember()
+   void operator()(Member* member) const
    {
-      if (member) {
-         member->useAndDestroy();
-      }
+      member->useAndDestroy();
+      delete member;
    }
-   std::unique_ptr<Member> member;
-} late;
+};
+std::unique_ptr<Member, UseAndDestroy> late;
 
 JavaVM& createdVM()
 {
@@ -104,8 +103,8 @@ void destroyVMAndUseIt()
 
 void exitWithinACallback()
 {
-   late.member = std::make_unique<Member>();
-   Member& member = *late.member;
+   late.reset(new Member);
+   Member& member = *late;
    auto const entered = std::make_shared<std::promise<void>>();
    member.inCallback = [entered] {
       entered->set_value();
@@ -148,7 +147,7 @@ TEST(VMCases, TellWhatTheyShould)
    for (auto const& [work, told] : std::vector<std::pair<std::function<void()>, std::string>>{
            {startVMAndUseIt, "0\n" + working},
            {destroyVMAndUseIt, "0\n" + destroyed},
-           {[] { late.member = std::make_unique<Member>(); }, working},
+           {[] { late.reset(new Member); }, working},
            {exitWithinACallback, destroyed},
            {cancelAThreadThatEvokes, "left the callback\ncancelled\n" + working}}) {
       EXPECT_EXIT((work(), std::exit(0)), testing::ExitedWithCode(0), told);

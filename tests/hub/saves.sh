@@ -63,7 +63,9 @@ within 10 ben.out '^received 3'
 
 echo "--- refused"
 status=0 && "$hub" --listen 127.0.0.1:0 --saves saves 2>refused.err || status=$?
-[ $status = 2 ] && grep -q "saves cannot be written to 'saves': another process uses it" refused.err || fail "one folder for two"
+if [ $status != 2 ] || ! grep -q "saves cannot be written to 'saves': another process uses it" refused.err; then
+  fail "one folder for two"
+fi
 tell ada "save ../../noon"
 within 10 ada.out '< saved'
 [ -e saves/Meeting/%002e%002e%002f%002e%002e%002fnoon.save ] || fail "a label leads to another folder"

@@ -34,9 +34,8 @@ constexpr long ofTheVM = 8; // global references that the VM itself has now and 
 std::atomic<long> services{0};
 std::atomic<long> callbacks{0};
 
-class Federate : private FederateAmbassador
+struct Federate : FederateAmbassador
 {
-public:
    explicit Federate(CallbackModel model) { _ambassador->connect(*this, model); }
 
    // For one service.
@@ -52,7 +51,6 @@ public:
       }
    }
 
-private:
    // Throws every other time, and each time something else.
    template <class... Arguments>
    void called(Arguments const&...)
@@ -75,6 +73,7 @@ private:
    void name parameters override { called arguments; }
 #include "tests/support/Callbacks.def"
 
+private:
    std::unique_ptr<RTIambassador> _ambassador{RTIambassadorFactory().createRTIambassador().release()};
 };
 
@@ -132,28 +131,14 @@ void leadALife(std::wstring const& federation, int rounds)
    sender->destroyFederationExecution(federation);
 }
 
+// What is seen at one time. The references are those that the VM itself counts; local ones those of threads
+// outside Java: what threads inside have, they give back when they leave.
 struct Look
 {
    double memory = 0; // resident, in MB
-   // As the VM itself counts them. The local references are those of threads outside Java: what threads
-   // inside have, they give back when they leave.
    long globals = 0;
    long locals = 0;
 };
-
-jvmtiEnv* toolsOfVM()
-{
-   RTIambassadorFactory().createRTIambassador();
-   JavaVM* vm = nullptr;
-   jsize count = 0;
-   JNI_GetCreatedJavaVMs(&vm, 1, &count);
-   jvmtiEnv* tools = nullptr;
-   vm->GetEnv(reinterpret_cast<void**>(&tools), JVMTI_VERSION_11);
-   jvmtiCapabilities capabilities{};
-   capabilities.can_tag_objects = 1;
-   tools->AddCapabilities(&capabilities);
-   return tools;
-}
 
 // Called for each root of the heap; what hangs on it is of no interest.
 jint JNICALL visitRoot(jvmtiHeapReferenceKind kind, jvmtiHeapReferenceInfo const* info, jlong, jlong, jlong,
@@ -176,7 +161,24 @@ Look lookAround(jvmtiEnv* tools)
    std::ifstream statm("/proc/self/statm");
    statm >> found.memory >> found.memory;
    found.memory *= static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20);
+   std::printf("%10ld %10ld %8.1f %8ld %8ld\n", services.load(), callbacks.load(), found.memory,
+               found.globals, found.locals);
+   std::fflush(stdout);
    return found;
+}
+
+jvmtiEnv* toolsOfVM()
+{
+   RTIambassadorFactory().createRTIambassador();
+   JavaVM* vm = nullptr;
+   jsize count = 0;
+   JNI_GetCreatedJavaVMs(&vm, 1, &count);
+   jvmtiEnv* tools = nullptr;
+   vm->GetEnv(reinterpret_cast<void**>(&tools), JVMTI_VERSION_11);
+   jvmtiCapabilities capabilities{};
+   capabilities.can_tag_objects = 1;
+   tools->AddCapabilities(&capabilities);
+   return tools;
 }
 
 int run(long operations, double allowedGrowth)
@@ -202,9 +204,6 @@ int run(long operations, double allowedGrowth)
    while (seen.size() < looks) {
       pthread_barrier_wait(&barrier);
       seen.push_back(lookAround(tools));
-      std::printf("%10ld %10ld %8.1f %8ld %8ld\n", services.load(), callbacks.load(), seen.back().memory,
-                  seen.back().globals, seen.back().locals);
-      std::fflush(stdout);
       pthread_barrier_wait(&barrier);
    }
    for (auto& thread : threads) {
@@ -214,10 +213,8 @@ int run(long operations, double allowedGrowth)
    Look const& last = seen.back();
    double const growth = 100 * (last.memory - middle.memory) / middle.memory;
    std::printf("In the second half: memory %+.2f %%\n", growth);
-   return growth < allowedGrowth && last.globals - middle.globals < ofTheVM && last.locals <= middle.locals &&
-                callbacks * 5 > services
-             ? 0
-             : 1;
+   bool const rests = last.globals - middle.globals < ofTheVM && last.locals <= middle.locals;
+   return growth < allowedGrowth && rests && callbacks * 5 > services ? 0 : 1;
 }
 
 } // namespace

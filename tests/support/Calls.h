@@ -1,7 +1,7 @@
 // Every service and every callback, with arguments made of octets.
 #pragma once
 
-#include "tests/support/Octets.h"
+#include "tests/support/Bytes.h"
 
 #include <RTI/RTIambassador.h>
 

@@ -1,5 +1,5 @@
-// An ambassador on top of the Java VM that is none. It has joined a federation with the tests' own times,
-// which notice when they run.
+// A federate over the Java VM that is none. It has joined a federation with the tests' own times, which may
+// not run while anything is pinned.
 #pragma once
 
 #include "tests/support/Calls.h"
@@ -54,26 +54,20 @@ protected:
    void connect(RTIambassador& newcomer)
    {
       newcomer.connect(federate, HLA_EVOKED);
-      token = Bytes(fake::account().lastMessage).leadingInt();
+      token = Bytes(fake::account.lastMessage).leadingInt();
    }
 
-   // The federation's times are of this implementation, and may not run while anything is pinned.
    void join(std::u16string const& timeImplementation)
    {
-      inTime = [](std::string const&) { EXPECT_EQ(fake::account().pins, 0); };
-      fake::core().text = timeImplementation;
+      inTime = [](std::string const&) { EXPECT_EQ(fake::account.pins, 0); };
+      fake::core.text = timeImplementation;
       ambassador->joinFederationExecution(L"type", L"federation");
    }
 
-   // Checks that nothing is held but the given number of global references, and nothing forbidden was done.
+   // Nothing is held but the given number of global references, and nothing forbidden was done.
    static void expectClean(int globalReferences)
    {
-      auto const& account = fake::account();
-      EXPECT_EQ(account.localReferences, 0);
-      EXPECT_EQ(account.globalReferences, globalReferences);
-      EXPECT_EQ(account.pins, 0);
-      EXPECT_FALSE(fake::isExceptionPending());
-      EXPECT_EQ(account.offences, std::vector<std::string>());
+      EXPECT_EQ(fake::remains(), "0 local, " + std::to_string(globalReferences) + " global, 0 pinned");
    }
 
    // Delivers a callback as the core would; returns the exception that it left pending, or "none".

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <atomic>
-#include <gtest/gtest.h>
 #include <new>
 
 namespace memory {
@@ -33,20 +32,6 @@ bool succeedsWithout(int n, Operation operation)
    }
    failAllocation(0);
    return succeeds;
-}
-
-// The operation makes everything it needs and lets go of it again.
-template <class Operation>
-void expectNothingLost(Operation operation)
-{
-   long const before = live;
-   int n = 1;
-   while (!succeedsWithout(n, operation)) {
-      EXPECT_EQ(live, before) << "without allocation " << n;
-      ++n;
-   }
-   EXPECT_GT(n, 1) << "nothing was allocated at all";
-   EXPECT_EQ(live, before);
 }
 
 } // namespace memory

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <utility>
 
 namespace fake {
@@ -15,17 +16,11 @@ namespace {
 struct Object
 {
    std::string className;
-   std::vector<std::uint8_t> storage; // of arrays
+   std::vector<std::uint8_t> storage = {}; // of arrays
    std::size_t length = 0;
-   std::u16string text; // of strings, and messages of exceptions
+   std::u16string text = {}; // of strings, and messages of exceptions
    bool hasText = true;
-   std::vector<std::string> bases;
-};
-
-struct Method
-{
-   std::string name;
-   std::string signature;
+   std::set<std::string> classes = {className}; // its own and its bases
 };
 
 struct State
@@ -35,34 +30,30 @@ struct State
    Object* pending = nullptr;
    int failIn = 0;
    bool failed = false;
-   Core core;
-   Runtime runtime;
-   Account account;
 };
 
 State state;
-std::map<std::string, void*> natives;  // registered once per construction
-std::map<std::string, Method> methods; // where they stay in place
+std::map<std::string, void*> natives; // registered once per construction
+std::set<std::string> methods;        // a name, a blank and a signature, which stay in place
 
 Object* objectOf(void* reference) { return static_cast<Object*>(reference); }
 
+std::string const& methodOf(jmethodID id) { return *reinterpret_cast<std::string const*>(id); }
+
 Object* newObject(std::string const& className)
 {
-   state.objects.push_back(std::make_unique<Object>());
-   Object* const object = state.objects.back().get();
-   object->className = className;
-   return object;
+   return state.objects.emplace_back(new Object{className}).get();
 }
 
 template <class Reference>
 Reference local(Object* object)
 {
    ++state.locals[object];
-   ++state.account.localReferences;
+   ++account.localReferences;
    return reinterpret_cast<Reference>(object);
 }
 
-void offend(std::string const& what) { state.account.offences.push_back(what); }
+void offend(std::string const& what) { account.offences.push_back(what); }
 
 // What JNI allows while something is pinned, and while an exception is pending.
 enum class Allowed
@@ -84,8 +75,8 @@ public:
    explicit Entry(char const* function, Allowed allowed = Allowed::Never)
    {
       ++depth;
-      ++state.account.calls;
-      if (state.account.pins != 0 && allowed != Allowed::Always) {
+      ++account.calls;
+      if (account.pins != 0 && allowed != Allowed::Always) {
          offend(std::string(function) + " while pinned");
       }
       if (state.pending != nullptr && allowed == Allowed::Never) {
@@ -102,30 +93,20 @@ private:
 
 bool failsNow()
 {
-   if (state.failIn == 0 || --state.failIn != 0) {
-      return false;
-   }
-   state.failed = true;
-   return true;
-}
-
-void raise(std::string const& className, std::optional<std::u16string> const& message,
-           std::vector<std::string> const& bases = {})
-{
-   state.pending = newObject(className);
-   state.pending->text = message.value_or(u"");
-   state.pending->hasText = message.has_value();
-   state.pending->bases = bases;
-}
-
-bool failsWith(char const* className)
-{
-   bool const fails = failsNow();
-   if (fails) {
-      raise(className, u"on demand");
-   }
+   bool const fails = state.failIn != 0 && --state.failIn == 0;
+   state.failed = state.failed || fails;
    return fails;
 }
+
+void raise(std::vector<std::string> const& classes, std::optional<std::u16string> const& message)
+{
+   state.pending = newObject(classes.front());
+   state.pending->text = message.value_or(u"");
+   state.pending->hasText = message.has_value();
+   state.pending->classes = {classes.begin(), classes.end()};
+}
+
+bool failsWith(char const* className) { return failsNow() && (raise({className}, u"on demand"), true); }
 
 template <class Element>
 Object* arrayOf(std::vector<Element> const& elements)
@@ -133,6 +114,7 @@ Object* arrayOf(std::vector<Element> const& elements)
    Object* const array = newObject("array");
    array->length = elements.size();
    auto const* const bytes = reinterpret_cast<std::uint8_t const*>(elements.data());
+   array->storage.reserve(1); // that of an empty array has an address too
    array->storage.assign(bytes, bytes + elements.size() * sizeof(Element));
    return array;
 }
@@ -144,21 +126,14 @@ Object* stringOf(std::u16string const& text)
    return string;
 }
 
-void* pinned(void* storage)
-{
-   if (failsNow()) {
-      return nullptr;
-   }
-   ++state.account.pins;
-   return storage;
-}
+void* pinned(void* storage) { return failsNow() ? nullptr : (++account.pins, storage); }
 
 template <class Array, class Element>
 void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Element* to)
 {
    Entry const entry("Get<Type>ArrayRegion");
    if (static_cast<std::size_t>(start + length) > objectOf(array)->length) {
-      raise("java/lang/ArrayIndexOutOfBoundsException", u"beyond an array");
+      raise({"java/lang/ArrayIndexOutOfBoundsException"}, u"beyond an array");
       return;
    }
    if (length != 0) { // of no elements there may be no place
@@ -167,34 +142,44 @@ void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Ele
    }
 }
 
+// Whether JNI takes it: characters of one to three bytes, none of which is cut off.
+bool isJniText(char const* text)
+{
+   for (int trailing = 0; *text != '\0' || trailing != 0; ++text) {
+      auto const byte = static_cast<unsigned char>(*text);
+      if (trailing != 0 ? byte / 0x40 != 2 : byte >= 0xF0 || byte / 0x40 == 2) {
+         return false;
+      }
+      trailing = trailing != 0 ? trailing - 1 : (byte >= 0xC0) + (byte >= 0xE0);
+   }
+   return true;
+}
+
 void doMeanwhile()
 {
-   if (auto const action = std::exchange(state.core.meanwhile, nullptr); action) {
+   if (auto const action = std::exchange(core.meanwhile, nullptr); action) {
       action();
    }
 }
 
 // Enters a method of the core, which gives a result of one of these kinds. False if it raises.
-bool call(jobject peer, jmethodID id, jvalue const* arguments, char const* results)
+bool call(jmethodID id, jvalue const* arguments, char const* results)
 {
    Entry const entry("Call<Type>Method");
-   auto const& method = *reinterpret_cast<Method const*>(id);
-   if (std::strchr(results, method.signature[method.signature.find(')') + 1]) == nullptr) {
-      offend(method.name + " called as if it gave something else");
+   account.lastMethod = methodOf(id);
+   if (std::strchr(results, account.lastMethod[account.lastMethod.find(')') + 1]) == nullptr) {
+      offend(account.lastMethod + " called as if it gave something else");
    }
-   state.account.lastMethod = method.name + " " + method.signature;
-   state.account.lastPeer = peer;
    if (arguments != nullptr && arguments->l != nullptr) {
-      state.account.lastMessage = objectOf(arguments->l)->storage;
+      account.lastMessage = objectOf(arguments->l)->storage;
    }
-   auto const raiseNext = std::exchange(state.core.raiseNext, {});
+   auto const raiseNext = std::exchange(core.raiseNext, {});
    doMeanwhile();
    if (!raiseNext.empty()) {
-      state.core.raises = raiseNext;
+      core.raises = raiseNext;
    }
-   auto const& raises = state.core.raises;
-   if (!raises.empty()) {
-      raise(raises.front(), state.core.message, {raises.begin() + 1, raises.end()});
+   if (!core.raises.empty()) {
+      raise(core.raises, core.message);
       return false;
    }
    return !failsWith("java/lang/IllegalStateException");
@@ -206,9 +191,9 @@ JNINativeInterface_ functions()
    JNINativeInterface_ table{};
    table.FindClass = [](JNIEnv*, char const* name) -> jclass {
       Entry const entry("FindClass");
-      std::string const& lacking = state.core.lacksClasses;
+      std::string const& lacking = core.lacksClasses;
       if (!lacking.empty() && std::strncmp(name, lacking.c_str(), lacking.size()) == 0) {
-         raise("java/lang/NoClassDefFoundError", u"on demand");
+         raise({"java/lang/NoClassDefFoundError"}, u"on demand");
          return nullptr;
       }
       return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(name));
@@ -227,24 +212,26 @@ JNINativeInterface_ functions()
             state.pending != nullptr ? JNI_TRUE : JNI_FALSE)
    FUNCTION(ExceptionDescribe, WhilePending, void, (JNIEnv*), void())
    FUNCTION(ExceptionClear, WhilePending, void, (JNIEnv*), void(state.pending = nullptr))
-   FUNCTION(DeleteGlobalRef, WhilePending, void, (JNIEnv*, jobject), void(--state.account.globalReferences))
+   FUNCTION(DeleteGlobalRef, WhilePending, void, (JNIEnv*, jobject), void(--account.globalReferences))
    FUNCTION(GetArrayLength, Never, jsize, (JNIEnv*, jarray array),
             static_cast<jsize>(objectOf(array)->length))
    FUNCTION(GetStringLength, Never, jsize, (JNIEnv*, jstring string),
             static_cast<jsize>(objectOf(string)->text.size()))
    FUNCTION(GetStringCritical, Never, jchar const*, (JNIEnv*, jstring string, jboolean*),
             static_cast<jchar const*>(pinned(objectOf(string)->text.data())))
-   FUNCTION(ReleasePrimitiveArrayCritical, Always, void, (JNIEnv*, jarray, void*, jint),
-            void(--state.account.pins))
-   FUNCTION(ReleaseStringCritical, Always, void, (JNIEnv*, jstring, jchar const*), void(--state.account.pins))
+   FUNCTION(ReleasePrimitiveArrayCritical, Always, void, (JNIEnv*, jarray, void*, jint), void(--account.pins))
+   FUNCTION(GetPrimitiveArrayCritical, Never, void*, (JNIEnv*, jarray array, jboolean*),
+            pinned(objectOf(array)->storage.data()))
+   FUNCTION(NewGlobalRef, Never, jobject, (JNIEnv*, jobject reference),
+            failsNow() ? nullptr : (++account.globalReferences, reference))
+   FUNCTION(NewByteArray, Never, jbyteArray, (JNIEnv*, jsize length),
+            (++account.arraysMade, failsWith("java/lang/OutOfMemoryError"))
+               ? nullptr
+               : local<jbyteArray>(arrayOf(std::vector<jbyte>(static_cast<std::size_t>(length)))))
+   FUNCTION(IsInstanceOf, Never, jboolean, (JNIEnv*, jobject object, jclass cls),
+            static_cast<jboolean>(objectOf(object)->classes.count(objectOf(cls)->className)))
+   FUNCTION(ReleaseStringCritical, Always, void, (JNIEnv*, jstring, jchar const*), void(--account.pins))
 #undef FUNCTION
-   table.IsInstanceOf = [](JNIEnv*, jobject object, jclass cls) -> jboolean {
-      Entry const entry("IsInstanceOf");
-      Object const& instance = *objectOf(object);
-      std::string const& name = objectOf(cls)->className;
-      return instance.className == name ||
-             std::count(instance.bases.begin(), instance.bases.end(), name) != 0;
-   };
    // Without the methods that the core's ambassador has for the services no ambassador is made, so that each
    // of these is taken away by its name.
    table.GetMethodID = [](JNIEnv*, jclass cls, char const* name, char const* signature) -> jmethodID {
@@ -252,26 +239,29 @@ JNINativeInterface_ functions()
       bool const ofCore = objectOf(cls)->className == "morva/tovu1516e/RTIambassadorC2007";
       bool const ofService = ofCore && std::strcmp(name, "<init>") != 0;
       std::string const id = name + std::string(" ") + signature;
-      if (ofCore && name == state.core.lacks) {
-         raise("java/lang/NoSuchMethodError", u"on demand");
+      if (ofCore && name == core.lacks) {
+         raise({"java/lang/NoSuchMethodError"}, u"on demand");
       } else if (ofCore) {
-         state.account.methods.insert(id);
+         account.methods.insert(id);
       }
       if (state.pending != nullptr || (!ofService && failsWith("java/lang/NoSuchMethodError"))) {
          return nullptr;
       }
-      return reinterpret_cast<jmethodID>(&methods.emplace(id, Method{name, signature}).first->second);
+      return reinterpret_cast<jmethodID>(const_cast<std::string*>(&*methods.insert(id).first));
    };
    table.ThrowNew = [](JNIEnv*, jclass cls, char const* message) -> jint {
       Entry const entry("ThrowNew");
       if (failsWith("java/lang/OutOfMemoryError")) {
          return JNI_ERR;
       }
+      if (!isJniText(message)) {
+         offend("ThrowNew with what is no text");
+      }
       std::u16string text;
       for (; *message != '\0'; ++message) {
          text.push_back(static_cast<unsigned char>(*message));
       }
-      raise(objectOf(cls)->className, text);
+      raise({objectOf(cls)->className}, text);
       return JNI_OK;
    };
    table.DeleteLocalRef = [](JNIEnv*, jobject reference) -> void {
@@ -281,56 +271,28 @@ JNINativeInterface_ functions()
          offend("DeleteLocalRef of what is not referenced");
       } else if (reference != nullptr) {
          --references;
-         --state.account.localReferences;
+         --account.localReferences;
       }
    };
-   table.NewGlobalRef = [](JNIEnv*, jobject reference) -> jobject {
-      Entry const entry("NewGlobalRef");
-      if (failsNow()) {
-         return nullptr;
-      }
-      ++state.account.globalReferences;
-      return reference;
-   };
-   table.NewByteArray = [](JNIEnv*, jsize length) -> jbyteArray {
-      Entry const entry("NewByteArray");
-      ++state.account.arraysMade;
-      if (failsWith("java/lang/OutOfMemoryError")) {
-         return nullptr;
-      }
-      return local<jbyteArray>(arrayOf(std::vector<std::uint8_t>(static_cast<std::size_t>(length))));
-   };
-   table.GetPrimitiveArrayCritical = [](JNIEnv*, jarray array, jboolean*) -> void* {
-      Entry const entry("GetPrimitiveArrayCritical");
-      auto& storage = objectOf(array)->storage;
-      storage.reserve(1); // the storage of an empty array has an address too
-      return pinned(storage.data());
-   };
-#define CALL_METHOD(Type, result, kind, given)                                                              \
-   table.Call##Type##MethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> result { \
-      return call(peer, id, arguments, kind) ? static_cast<result>(given) : result();                       \
+#define CALL_METHOD(Type, result, kind, given)                                                         \
+   table.Call##Type##MethodA = [](JNIEnv*, jobject, jmethodID id, jvalue const* arguments) -> result { \
+      return call(id, arguments, kind) ? static_cast<result>(given) : result();                        \
    };
    CALL_METHOD(Void, void, "V", 0)
-   CALL_METHOD(Int, jint, "I", state.core.number)
-   CALL_METHOD(Boolean, jboolean, "Z", state.core.number != 0)
-   CALL_METHOD(Long, jlong, "J", state.core.number)
-   CALL_METHOD(Double, jdouble, "D", state.core.real)
+   CALL_METHOD(Int, jint, "I", core.number)
+   CALL_METHOD(Boolean, jboolean, "Z", core.number != 0)
+   CALL_METHOD(Long, jlong, "J", core.number)
+   CALL_METHOD(Double, jdouble, "D", core.real)
 #undef CALL_METHOD
-   table.CallObjectMethodA = [](JNIEnv*, jobject peer, jmethodID id, jvalue const* arguments) -> jobject {
-      if (!call(peer, id, arguments, "[L") || state.core.returnsNull) {
+   table.CallObjectMethodA = [](JNIEnv*, jobject, jmethodID id, jvalue const* arguments) -> jobject {
+      if (!call(id, arguments, "[L") || core.returnsNull) {
          return nullptr;
       }
-      std::string const& signature = reinterpret_cast<Method const*>(id)->signature;
-      switch (signature.back()) {
-      case 'B':
-         return local<jobject>(arrayOf(state.core.bytes));
-      case 'I':
-         return local<jobject>(arrayOf(state.core.ints));
-      case 'J':
-         return local<jobject>(arrayOf(state.core.longs));
-      default:
-         return local<jobject>(stringOf(state.core.text));
-      }
+      char const kind = methodOf(id).back();
+      return local<jobject>(kind == 'B'   ? arrayOf(core.bytes)
+                            : kind == 'I' ? arrayOf(core.ints)
+                            : kind == 'J' ? arrayOf(core.longs)
+                                          : stringOf(core.text));
    };
    // Methods of exceptions.
    table.CallObjectMethodV = [](JNIEnv*, jobject object, jmethodID method, std::va_list) -> jobject {
@@ -339,7 +301,7 @@ JNINativeInterface_ functions()
          return nullptr;
       }
       Object const& exception = *objectOf(object);
-      if (reinterpret_cast<Method const*>(method)->name == "getMessage") {
+      if (methodOf(method).rfind("getMessage", 0) == 0) {
          return exception.hasText ? local<jobject>(stringOf(exception.text)) : nullptr;
       }
       std::u16string description(exception.className.begin(), exception.className.end());
@@ -353,14 +315,14 @@ JNINativeInterface_ functions()
    };
    table.NewObjectV = [](JNIEnv*, jclass cls, jmethodID, std::va_list arguments) -> jobject {
       Entry const entry("NewObject");
-      state.account.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
+      account.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
       doMeanwhile();
-      if (state.core.makesNothing) {
+      if (core.makesNothing) {
          return nullptr;
       }
       jobject const object = local<jobject>(newObject(objectOf(cls)->className));
-      if (state.core.constructorRaises) {
-         raise("java/lang/IllegalStateException", state.core.message);
+      if (core.constructorRaises) {
+         raise({"java/lang/IllegalStateException"}, core.message);
       }
       failsWith("java/lang/IllegalStateException"); // some VMs give a reference all the same
       return object;
@@ -369,7 +331,7 @@ JNINativeInterface_ functions()
       Entry const entry("RegisterNatives");
       for (jint i = 0; i < count; ++i) {
          natives[entries[i].name] = entries[i].fnPtr;
-         state.account.natives.insert(entries[i].name + std::string(" ") + entries[i].signature);
+         account.natives.insert(entries[i].name + std::string(" ") + entries[i].signature);
       }
       return failsWith("java/lang/NoSuchMethodError") ? JNI_ERR : JNI_OK;
    };
@@ -379,22 +341,21 @@ JNINativeInterface_ functions()
 }
 
 JNINativeInterface_ const functionTable = functions();
-JNIEnv env{&functionTable};
 
 JNIInvokeInterface_ invocationFunctions()
 {
    JNIInvokeInterface_ table{};
    table.GetEnv = [](JavaVM*, void** environment, jint) -> jint {
       Entry const entry("GetEnv", Allowed::WhilePending);
-      bool const known = isAttached && state.runtime.attachStatus == JNI_OK;
+      bool const known = isAttached && runtime.attachStatus == JNI_OK;
       *environment = known ? &env : nullptr;
       return known ? JNI_OK : JNI_EDETACHED;
    };
    table.AttachCurrentThread = [](JavaVM*, void** environment, void*) -> jint {
       Entry const entry("AttachCurrentThread", Allowed::WhilePending);
-      ++state.runtime.attachments;
-      if (state.runtime.attachStatus != JNI_OK) {
-         return state.runtime.attachStatus;
+      ++runtime.attachments;
+      if (runtime.attachStatus != JNI_OK) {
+         return runtime.attachStatus;
       }
       isAttached = true;
       *environment = &env;
@@ -402,7 +363,7 @@ JNIInvokeInterface_ invocationFunctions()
    };
    table.DetachCurrentThread = [](JavaVM*) -> jint {
       Entry const entry("DetachCurrentThread");
-      ++state.runtime.detachments;
+      ++runtime.detachments;
       isAttached = false;
       return JNI_OK;
    };
@@ -410,15 +371,30 @@ JNIInvokeInterface_ invocationFunctions()
 }
 
 JNIInvokeInterface_ const invocationTable = invocationFunctions();
-JavaVM vm{&invocationTable};
 
 } // namespace
 
-void reset() { state = State(); }
-Core& core() { return state.core; }
-Runtime& runtime() { return state.runtime; }
-Account& account() { return state.account; }
-bool isExceptionPending() { return state.pending != nullptr; }
+JNIEnv env{&functionTable};
+JavaVM vm{&invocationTable};
+
+void reset()
+{
+   state = State();
+   core = Core();
+   runtime = Runtime();
+   account = Account();
+}
+
+std::string remains()
+{
+   std::string text = std::to_string(account.localReferences) + " local, " +
+                      std::to_string(account.globalReferences) + " global, " + std::to_string(account.pins) +
+                      " pinned" + (state.pending != nullptr ? ", one pending" : "");
+   for (auto const& offence : account.offences) {
+      text += ", " + offence;
+   }
+   return text;
+}
 
 void failCall(int n)
 {
@@ -452,7 +428,7 @@ std::string callNative(std::string const& name, std::vector<std::uint8_t> const&
 // The library imports these; the program's own come first.
 extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize size, jsize* count)
 {
-   auto& runtime = fake::runtime();
+   auto& runtime = fake::runtime;
    ++runtime.queries;
    *count = runtime.alreadyRunning ? 1 : 0;
    if (runtime.alreadyRunning && size > 0) {
@@ -463,7 +439,7 @@ extern "C" JNIEXPORT jint JNICALL JNI_GetCreatedJavaVMs(JavaVM** vms, jsize size
 
 extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void* arguments)
 {
-   auto& runtime = fake::runtime();
+   auto& runtime = fake::runtime;
    ++runtime.creations;
    if (runtime.onCreation) {
       runtime.onCreation();

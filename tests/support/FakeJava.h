@@ -62,19 +62,21 @@ struct Account
    std::vector<std::string> offences;     // what JNI forbids and was done all the same
    std::string lastMethod;                // that was called, a blank, and its signature
    std::vector<std::uint8_t> lastMessage; // that it was given
-   void* lastPeer = nullptr;              // that it was called on
    std::set<std::string> methods;         // of the core's ambassador that were looked up, as the last one
    std::set<std::string> natives;         // that were registered
 };
 
+extern JavaVM vm;
+extern JNIEnv env;
+inline Core core;
+inline Runtime runtime;
+inline Account account;
+
 // Starts over: no references, no failures, a core that returns zeros. The VM is there from the beginning.
 void reset();
 
-Core& core();
-Runtime& runtime();
-Account& account();
-
-bool isExceptionPending();
+// What the library holds, and what it has done though it is forbidden: "0 local, 1 global, 0 pinned".
+std::string remains();
 
 // Lets the n-th call from now on of those that can fail fail, n counting from 1; 0: none.
 void failCall(int n);

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
-#include <type_traits>
 
 namespace contract {
 
@@ -44,104 +43,48 @@ Shape ShapeReader::read(int depth, std::size_t copies)
    return shape;
 }
 
-// Texts of some characters; of anything else, whatever the octets stand for.
-template <class Basic>
-ElementMaker::Element ElementMaker::basic() const
-{
-   auto element = std::make_unique<Basic>();
-   using Value = decltype(element->get());
-   if (_values == nullptr) {
-      return element;
-   }
-   if constexpr (std::is_class_v<Value> && !std::is_same_v<Value, OctetPair>) {
-      auto const size = _values->below(9);
-      element->set(
-         Value(size, static_cast<typename Value::value_type>(_values->octet() << _values->below(10))));
-   } else {
-      std::uint32_t const octets[] = {_values->int32(), _values->int32()};
-      element->decode(VariableLengthData(octets, sizeof octets));
-   }
-   return element;
-}
-
-ElementMaker::Element ElementMaker::basic(char letter)
-{
-   char first = 'a';
-#define MAKE_IF_ASKED(Name, Value) \
-   if (letter == first++) {        \
-      return basic<Name>();        \
-   }
-   RTI_FOR_EACH_BASIC_ELEMENT(MAKE_IF_ASKED)
-#undef MAKE_IF_ASKED
-   if (letter == '#') {
-      return std::make_unique<ForeignElement>();
-   }
-   return std::make_unique<HLAopaqueData>("opaque", below(7));
-}
-
-DataElement* ElementMaker::lent(Shape const& shape)
-{
-   _lent.push_back(make(shape));
-   return _lent.back().get();
-}
-
-ElementMaker::Element ElementMaker::make(Shape const& shape)
+std::unique_ptr<DataElement> elementOf(Shape const& shape)
 {
    switch (shape.letter) {
    case 'A':
-   case 'L': {
-      auto array = std::make_unique<HLAfixedArray>(*make(shape.parts[0]), shape.length);
-      for (std::size_t i = 0; _values != nullptr && shape.letter == 'A' && i < shape.length; ++i) {
-         if (below(2) == 0) {
-            array->set(i, *make(shape.parts[0]));
-         } else {
-            array->setElementPointer(i, lent(shape.parts[0]));
-         }
-      }
-      return array;
-   }
-   case 'V': {
-      auto array = std::make_unique<HLAvariableArray>(*make(shape.parts[0]));
-      bool const lends = below(4) == 1;
-      for (unsigned int left = below(6); left != 0; --left) {
-         if (lends && below(2) == 0) {
-            array->addElementPointer(lent(shape.parts[0]));
-         } else {
-            array->addElement(*make(shape.parts[0]));
-         }
-      }
-      return array;
-   }
+   case 'L':
+      return std::make_unique<HLAfixedArray>(*elementOf(shape.parts[0]), shape.length);
+   case 'V':
+      return std::make_unique<HLAvariableArray>(*elementOf(shape.parts[0]));
    case 'R': {
       auto record = std::make_unique<HLAfixedRecord>();
       for (Shape const& part : shape.parts) {
-         if (below(4) == 1) {
-            record->appendElementPointer(lent(part));
-         } else {
-            record->appendElement(*make(part));
-         }
+         record->appendElement(*elementOf(part));
       }
       return record;
    }
    case 'D': {
-      auto const alternatives = static_cast<unsigned int>(shape.parts.size());
-      // Without values it selects none.
-      auto const selected = _values != nullptr && alternatives != 0 ? 1 + below(alternatives) : 0;
-      auto record = std::make_unique<HLAvariantRecord>(HLAoctet(static_cast<char>(selected)));
-      for (unsigned int i = 0; i < alternatives; ++i) {
-         record->addVariant(HLAoctet(static_cast<char>(i + 1)), *make(shape.parts[i]));
+      auto record = std::make_unique<HLAvariantRecord>(HLAoctet('\0'));
+      char discriminant = 0;
+      for (Shape const& part : shape.parts) {
+         record->addVariant(HLAoctet(++discriminant), *elementOf(part));
       }
       return record;
    }
+   case '#':
+      return std::make_unique<ForeignElement>();
    default:
-      return basic(shape.letter);
+      break;
    }
+   char first = 'a';
+#define MAKE_IF_ASKED(Name, Value)     \
+   if (shape.letter == first++) {      \
+      return std::make_unique<Name>(); \
+   }
+   RTI_FOR_EACH_BASIC_ELEMENT(MAKE_IF_ASKED)
+#undef MAKE_IF_ASKED
+   return std::make_unique<HLAopaqueData>();
 }
 
 unsigned int boundaryOf(Shape const& shape)
 {
    if (shape.parts.empty() && std::strchr("ARD", shape.letter) == nullptr) {
-      return ElementMaker().make(shape)->getOctetBoundary(); // the basic elements have tests of their own
+      return elementOf(shape)->getOctetBoundary(); // the basic elements have tests of their own
    }
    unsigned int largest = shape.letter == 'V' ? 4 : 1;
    for (Shape const& part : shape.parts) {
@@ -150,35 +93,48 @@ unsigned int boundaryOf(Shape const& shape)
    return largest;
 }
 
-void encodeByLetter(Shape const& shape, DataElement const& element, std::vector<char>& buffer)
+void encodeAny(Shape const& shape, Octets& values, std::vector<char>& buffer)
 {
    auto const pad = [&buffer, boundary = boundaryOf(shape)] {
       buffer.resize((buffer.size() + boundary - 1) / boundary * boundary);
    };
-   auto const encodeEach = [&](auto const& elements) {
-      for (std::size_t i = 0; i < elements.size(); ++i) {
-         encodeByLetter(shape.parts[shape.letter == 'R' ? i : 0], elements.get(i), buffer);
-      }
-   };
    pad();
-   if (auto const* fixed = dynamic_cast<HLAfixedArray const*>(&element)) {
-      encodeEach(*fixed);
-   } else if (auto const* variable = dynamic_cast<HLAvariableArray const*>(&element)) {
-      buffer.insert(buffer.end(), {0, 0, 0, static_cast<char>(variable->size())});
-      encodeEach(*variable);
-   } else if (auto const* record = dynamic_cast<HLAfixedRecord const*>(&element)) {
-      encodeEach(*record);
-   } else if (auto const* variant = dynamic_cast<HLAvariantRecord const*>(&element)) {
-      char const selected = static_cast<HLAoctet const&>(variant->getDiscriminant()).get();
-      buffer.push_back(selected);
-      if (!shape.parts.empty()) {
-         pad();
-         encodeByLetter(shape.parts[static_cast<std::size_t>(selected - 1)], variant->getVariant(), buffer);
+   auto const count = [&] {
+      buffer.insert(buffer.end(), {0, 0, 0, static_cast<char>(values.below(6))});
+      return static_cast<std::size_t>(buffer.back());
+   };
+   switch (shape.letter) {
+   case 'V':
+   case 'A':
+      for (std::size_t left = shape.letter == 'V' ? count() : shape.length; left > 0; --left) {
+         encodeAny(shape.parts[0], values, buffer);
       }
-   } else {
-      VariableLengthData const leaf = element.encode();
-      auto const* const octets = static_cast<char const*>(leaf.data());
-      buffer.insert(buffer.end(), octets, octets + leaf.size());
+      break;
+   case 'R':
+      for (Shape const& part : shape.parts) {
+         encodeAny(part, values, buffer);
+      }
+      break;
+   case 'D': {
+      auto const selected = values.below(static_cast<unsigned int>(shape.parts.size()));
+      buffer.push_back(static_cast<char>(selected + 1));
+      pad();
+      encodeAny(shape.parts[selected], values, buffer);
+      break;
+   }
+   default: {
+      // What some octets stand for, in texts and opaque data behind a count.
+      Bytes some;
+      if (std::strchr("acdefghijklmnopqr#", shape.letter) == nullptr) {
+         some.int32(values.below(9));
+      }
+      while (some.size() < 24) {
+         some.byte(values.octet());
+      }
+      auto const leaf = elementOf(shape);
+      leaf->decode(VariableLengthData(some.data(), static_cast<unsigned int>(some.size())));
+      leaf->encodeInto(buffer);
+   }
    }
 }
 

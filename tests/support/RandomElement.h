@@ -1,7 +1,7 @@
 // Elements of any shape, nested, made from octets.
 #pragma once
 
-#include "tests/support/Octets.h"
+#include "tests/support/Bytes.h"
 
 #include <RTI/encoding/DataElement.h>
 
@@ -14,7 +14,7 @@ namespace contract {
 // What elements that can be decoded into one another have in common. A letter tells the kind: A and V are
 // arrays, R and D records, L a long array, # a foreign element, small letters from 'a' on the basic elements
 // in the order of their list, and * opaque data. The parts are the element of an array, the fields, or the
-// alternatives.
+// alternatives, which are selected by octets from 1 on.
 struct Shape
 {
    char letter;
@@ -40,29 +40,11 @@ private:
    bool _isInVariant = false; // or behind one
 };
 
-// Makes elements of a shape. Where there are octets for values, their values are random, their variable
-// arrays have elements, and some of the elements within are lent by this object.
-class ElementMaker
-{
-public:
-   using Element = std::unique_ptr<rti1516e::DataElement>;
+// An element of the shape; its variant records select nothing.
+std::unique_ptr<rti1516e::DataElement> elementOf(Shape const& shape);
 
-   explicit ElementMaker(Octets* values = nullptr) : _values(values) {}
-   Element make(Shape const& shape);
-
-private:
-   unsigned int below(unsigned int bound) { return _values == nullptr ? 0 : _values->below(bound); }
-   template <class Basic>
-   Element basic() const;
-   Element basic(char letter);
-   rti1516e::DataElement* lent(Shape const& shape);
-
-   Octets* _values;
-   std::vector<Element> _lent;
-};
-
-// The octet boundary and the encoding by the letter of the standard, with no regard to time.
+// Any value of the shape by the letter of the standard, with no regard to time, behind what is in the buffer.
 unsigned int boundaryOf(Shape const& shape);
-void encodeByLetter(Shape const& shape, rti1516e::DataElement const& element, std::vector<char>& buffer);
+void encodeAny(Shape const& shape, Octets& values, std::vector<char>& buffer);
 
 } // namespace contract

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "tests/support/Encoding.h"
-#include "tests/support/Octets.h"
 #include "tests/support/TestTime.h"
 
 #include <RTI/RTI1516.h>
@@ -63,7 +62,11 @@ public:
    }
    VariableLengthData make(Type<VariableLengthData>) { return data(_from.bytes()); }
 
-   TestTime make(Type<TestTime>) { return TestTime(number()); }
+   TestTime make(Type<TestTime>)
+   {
+      Integer64 const high = static_cast<std::int32_t>(_from.int32());
+      return TestTime(high * 0x100000000 + _from.int32());
+   }
    TestInterval make(Type<TestInterval>) { return TestInterval(_from.octet()); }
    MessageRetractionHandle make(Type<MessageRetractionHandle>)
    {
@@ -82,16 +85,11 @@ public:
       return static_cast<Enum>(Enumerators<Enum>::first + static_cast<int>(_from.below(values)));
    }
 
-   RangeBounds make(Type<RangeBounds>)
-   {
-      auto const lower = _from.int32();
-      return {lower, _from.int32()};
-   }
+   RangeBounds make(Type<RangeBounds>) { return {_from.int32(), _from.int32()}; }
    template <class First, class Second>
    std::pair<First, Second> make(Type<std::pair<First, Second>>)
    {
-      auto const first = make(Type<std::remove_const_t<First>>());
-      return {first, make(Type<Second>())};
+      return {make(Type<std::remove_const_t<First>>()), make(Type<Second>())};
    }
    template <class Container, class Element = typename Container::value_type>
    auto make(Type<Container>) -> decltype(std::declval<Container&>().clear(), Container())
@@ -105,14 +103,11 @@ public:
 
    FederateRestoreStatus make(Type<FederateRestoreStatus>)
    {
-      auto const before = make(Type<FederateHandle>());
-      auto const after = make(Type<FederateHandle>());
-      return {before, after, make(Type<RestoreStatus>())};
+      return {make(Type<FederateHandle>()), make(Type<FederateHandle>()), make(Type<RestoreStatus>())};
    }
    FederationExecutionInformation make(Type<FederationExecutionInformation>)
    {
-      auto const name = make(Type<std::wstring>());
-      return {name, make(Type<std::wstring>())};
+      return {make(Type<std::wstring>()), make(Type<std::wstring>())};
    }
    template <class Info>
    auto make(Type<Info>) -> decltype(std::declval<Info>().hasProducingFederate, Info())
@@ -128,12 +123,6 @@ public:
    }
 
 private:
-   Integer64 number()
-   {
-      Integer64 const high = static_cast<std::int32_t>(_from.int32());
-      return high * 0x100000000 + _from.int32();
-   }
-
    Octets& _from;
 };
 

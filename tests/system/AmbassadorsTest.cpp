@@ -1,6 +1,5 @@
 // What federates may do on several threads, and what takes exceptions or a clock to show.
 #include "Services.h"
-#include "Story.h"
 
 #include <atomic>
 #include <chrono>
@@ -18,6 +17,14 @@ using Clock = std::chrono::steady_clock;
 void expect(Federate& federate, Callbacks const& callbacks)
 {
    EXPECT_EQ(federate.callbacks(callbacks.size()), callbacks) << federate.name();
+}
+
+template <class Call>
+std::chrono::duration<double> durationOf(Call&& call)
+{
+   auto const start = Clock::now();
+   call();
+   return Clock::now() - start;
 }
 
 // Asks for so many callbacks, which are all alike.
@@ -83,19 +90,6 @@ TEST_P(Ambassadors, MayTakeTheirFederationsThroughLifeOnThreadsOfTheirOwn)
       thread.join();
    }
    EXPECT_EQ(done, 12);
-}
-
-TEST_P(Ambassadors, ThatGoWhileJoinedLetTheOthersGoOn)
-{
-   joined("alpha");
-   Federate& beta = joined("beta");
-   steps(beta, "registerFederationSynchronizationPoint ready");
-   beta.callbacks(2);
-   steps(beta, "synchronizationPointAchieved ready");
-   forget("alpha");
-   EXPECT_TRUE(beta.await([&] { return beta.waiting() == 1; }));
-   expect(beta, {"federationSynchronized ready"});
-   joined("alpha"); // whose name is free again
 }
 
 // While one is in a callback, another goes, and one that has callbacks under way to it.
@@ -232,16 +226,7 @@ TEST_P(Ambassadors, AreCalledBackNoMoreOnceDisconnected)
 }
 
 class Evokers : public Ambassadors
-{
-protected:
-   template <class Call>
-   static std::chrono::duration<double> durationOf(Call&& call)
-   {
-      auto const start = Clock::now();
-      call();
-      return Clock::now() - start;
-   }
-};
+{};
 INSTANTIATE_TEST_SUITE_P(, Evokers, testing::Values(HLA_EVOKED));
 
 TEST_P(Evokers, MayGoWhileAThreadWaitsForCallbacks)

@@ -7,7 +7,6 @@
 // run, or a longer one.
 #include "Services.h"
 #include "Steps.h"
-#include "Story.h"
 #include "TimeOracle.h"
 
 #include <array>
@@ -28,10 +27,10 @@ constexpr std::size_t playerCount = 5;
 constexpr std::chrono::seconds patience{60}; // with others
 
 std::map<std::string, Texts> const attributesOf = {
-   {"Vehicle", {"Position", "Speed", "Fuel", "Privilege"}},
-   {"Car", {"Position", "Speed", "Fuel", "Passengers", "Privilege"}},
-   {"Taxi", {"Position", "Speed", "Fuel", "Passengers", "Fare", "Privilege"}},
-   {"Truck", {"Position", "Speed", "Fuel", "Load", "Privilege"}}};
+   {"Vehicle", {"Position", "Speed", "Fuel", "HLAprivilegeToDeleteObject"}},
+   {"Car", {"Position", "Speed", "Fuel", "Passengers", "HLAprivilegeToDeleteObject"}},
+   {"Taxi", {"Position", "Speed", "Fuel", "Passengers", "Fare", "HLAprivilegeToDeleteObject"}},
+   {"Truck", {"Position", "Speed", "Fuel", "Load", "HLAprivilegeToDeleteObject"}}};
 Texts const directives = {"UNCONDITIONALLY_DIVEST_ATTRIBUTES",     "DELETE_OBJECTS",
                           "CANCEL_PENDING_OWNERSHIP_ACQUISITIONS", "DELETE_OBJECTS_THEN_DIVEST",
                           "CANCEL_THEN_DELETE_THEN_DIVEST",        "NO_ACTION"};
@@ -196,12 +195,6 @@ private:
          federate(who);
       }
       joinAtLast(_share);
-      auto const road = storiesIn(SYSTEM_TESTS_STORIES "/Road.include").passages.at("name-the-road");
-      for (auto const& line : road.lines) {
-         for (auto const& step : split(line.text.substr(line.text.find(':') + 1), ';')) {
-            serve(*_stage, federate(_share), wordsOf(step));
-         }
-      }
       prepare(_share);
    }
 
@@ -355,7 +348,7 @@ private:
             for (auto const& attribute : attributesOf.at(drawn.theClass)) {
                bool const isWanted =
                   owned.count(attribute) == 0 && its.published[drawn.theClass].count(attribute) != 0;
-               bool const fits = kind == "some"     ? attribute != "Privilege"
+               bool const fits = kind == "some"     ? attribute != "HLAprivilegeToDeleteObject"
                                  : kind == "wanted" ? isWanted
                                                     : owned.count(attribute) != 0;
                if (fits && dice.oneIn(2)) {
@@ -404,7 +397,7 @@ private:
          std::string const object = drawn.text.substr(0, drawn.text.find(' '));
          its.known[object] = drawn.theClass;
          its.owned[object] = published;
-         its.owned[object].insert("Privilege");
+         its.owned[object].insert("HLAprivilegeToDeleteObject");
       } else if (service == "delete" || service == "localDeleteObjectInstance") {
          its.known.erase(drawn.object);
          its.owned.erase(drawn.object);

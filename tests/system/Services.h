@@ -3,7 +3,6 @@
 #define RTI1516E_TESTS_SYSTEM_SERVICES_H
 
 #include "Stage.h"
-#include "tests/support/Caught.h"
 
 #include <functional>
 #include <string>
@@ -47,14 +46,6 @@ Outcome serve(Stage& stage, Federate& federate, std::vector<std::string> words);
 // Just that service; without arguments with the least there are.
 Outcome serveAs(ServiceRow const& row, Stage& stage, Federate& federate,
                 std::vector<std::string> const& arguments);
-
-// The class of the exception that the call throws, or "nothing".
-template <class Call>
-std::string refusal(Call&& call)
-{
-   contract::Caught const caught = contract::caughtFrom(call);
-   return caught.type.empty() ? "nothing" : caught.type;
-}
 
 } // namespace system_tests
 

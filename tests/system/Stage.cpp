@@ -1,5 +1,6 @@
 #include "Stage.h"
 
+#include "ObjectModels.h"
 #include "Services.h"
 #include "src/values/BigEndian.h"
 
@@ -8,6 +9,7 @@
 #include <RTI/time/HLAinteger64Interval.h>
 #include <RTI/time/HLAinteger64Time.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <stdexcept>
@@ -59,6 +61,52 @@ Federate& Stage::federate(std::string const& name)
       federate = std::make_unique<Federate>(name, _model, _names);
    }
    return *federate;
+}
+
+template <class Look, class LookIn>
+void Stage::find(std::string const& root, std::string const& name, Look&& look, LookIn&& lookIn)
+{
+   static auto const classes = readClasses();
+   std::lock_guard<std::mutex> const lock(_finding);
+   auto& found = _found[root + name];
+   for (auto each = classes.begin(); found.empty() && each != classes.end(); ++each) {
+      std::string const& path = each->first;
+      std::size_t const end = path.size() - std::min(path.size(), name.size() + 1);
+      if (path.rfind(root, 0) == 0 && path.substr(end) == "." + name) {
+         refusal([&] {
+            auto const theClass = look(wide(path.substr(1)));
+            found.push_back([=] { call(theClass, name); });
+            for (auto const& member : each->second) {
+               refusal([&] {
+                  found.push_back([=, handle = lookIn(theClass, wide(member))] { call(handle, member); });
+               });
+            }
+         });
+      }
+   }
+   for (auto const& giveName : found) {
+      giveName();
+   }
+}
+
+void Stage::find(Federate& federate, std::string const& name, ObjectClassHandle)
+{
+   find(
+      ".HLAobjectRoot", name, [&](auto const& full) { return federate->getObjectClassHandle(full); },
+      [&](auto theClass, auto const& member) { return federate->getAttributeHandle(theClass, member); });
+}
+
+void Stage::find(Federate& federate, std::string const& name, InteractionClassHandle)
+{
+   find(
+      ".HLAinteractionRoot", name,
+      [&](auto const& full) { return federate->getInteractionClassHandle(full); },
+      [&](auto theClass, auto const& member) { return federate->getParameterHandle(theClass, member); });
+}
+
+void Stage::find(Federate& federate, std::string const& name, DimensionHandle)
+{
+   refusal([&] { call(federate->getDimensionHandle(wide(name)), name); });
 }
 
 void Stage::createFederation(std::string const& module, std::string const& time)

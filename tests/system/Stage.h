@@ -7,12 +7,14 @@
 
 #include <RTI/RTI1516.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <tuple>
 #include <type_traits>
+#include <vector>
 
 namespace system_tests {
 
@@ -58,6 +60,16 @@ public:
       return name == none<Handle>() ? std::make_unique<Handle>() : nullptr;
    }
 
+   // Has the federate look up what is called so in the object models: a dimension, or a class by the end of
+   // its full name with all its attributes or parameters. One in several classes is that of the class named
+   // last.
+   void find(Federate& federate, std::string const& name, ObjectClassHandle);
+   void find(Federate& federate, std::string const& name, InteractionClassHandle);
+   void find(Federate& federate, std::string const& name, DimensionHandle);
+   template <class Handle>
+   void find(Federate&, std::string const&, Handle)
+   {}
+
    Names& names() { return _names; }
 
    // The octets of a value: of the MIM's data types where the word has their form, or else its characters. :5
@@ -74,6 +86,9 @@ public:
 
 private:
    std::string handle(std::string const& name) const;
+
+   template <class Look, class LookIn>
+   void find(std::string const& root, std::string const& name, Look&& look, LookIn&& lookIn);
 
    template <class Handle>
    using Named = std::map<std::string, Handle>;
@@ -98,6 +113,9 @@ private:
    std::tuple<RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_NAMED) Named<MessageRetractionHandle>> _handles;
 #undef SYSTEM_TESTS_NAMED
    std::map<std::string, std::unique_ptr<Federate>> _federates;
+   std::mutex _finding;
+   std::map<std::string, std::vector<std::function<void()>>>
+      _found; // what gives a class and its members their names
 };
 
 } // namespace system_tests

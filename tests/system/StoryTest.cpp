@@ -91,12 +91,13 @@ private:
       if (!std::regex_match(text, parts, form)) {
          throw Unreadable("this is no step");
       }
-      for (auto const& name : split(parts[1], ',')) {
+      for (auto const& name : namesOf(parts[1])) {
          if (parts[2] != ":" && !_stage.has(name)) {
             throw Unreadable(name + " is told before he has done anything");
          }
          Federate& federate = _stage.federate(name);
          if (parts[2] == ":") {
+            _actor = name;
             steps(federate, parts[4]);
          } else if (parts[3].matched) {
             withinCallback(federate, parts[3], parts[4]);
@@ -104,6 +105,23 @@ private:
             expect(federate, parts[4], parts[2] == " <~");
          }
       }
+   }
+
+   // "all" are all that are joined, and "others" all but the one that acted last.
+   Texts namesOf(std::string const& text)
+   {
+      if (text != "all" && text != "others") {
+         return split(text, ',');
+      }
+      Texts names;
+      for (auto const& [name, federate] : _stage.federates()) {
+         std::string const refused = refusal([&, &rti = **federate] { rti.getAutomaticResignDirective(); });
+         if (refused != "NotConnected" && refused != "FederateNotExecutionMember" &&
+             text + name != "others" + _actor) {
+            names.push_back(name);
+         }
+      }
+      return names;
    }
 
    void performPassage(Passage const& passage, Texts const& arguments)
@@ -195,7 +213,8 @@ private:
          federate.callbacks();
          return;
       }
-      Texts expected = text == "nothing" ? Texts() : split(text, ';');
+      Texts expected = split(replaced(text, "$self", federate.name()), ';');
+      expected.erase(std::remove(expected.begin(), expected.end(), "nothing"), expected.end());
       for (auto& callback : expected) {
          Texts words = wordsOf(callback);
          for (auto& word : words) {
@@ -232,6 +251,7 @@ private:
    StoryFile const& _file;
    Stage _stage;
    Line _present;
+   std::string _actor;             // who acted last
    std::atomic<int> _withSteps{0}; // callbacks
    std::exception_ptr _ofCallback;
 };

@@ -9,7 +9,9 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <iomanip>
 #include <iterator>
+#include <set>
 #include <sstream>
 
 namespace system_tests {
@@ -57,14 +59,9 @@ std::string hexadecimal(std::string const& bytes)
 
 std::string sorted(std::string const& words)
 {
-   std::istringstream in(words);
-   std::vector<std::string> all(std::istream_iterator<std::string>(in), {});
+   auto all = wordsOf(words);
    std::sort(all.begin(), all.end());
-   std::string text;
-   for (auto const& word : all) {
-      text += (text.empty() ? "" : " ") + word;
-   }
-   return text;
+   return joined(all);
 }
 
 } // namespace
@@ -85,16 +82,49 @@ VariableLengthData bytes(std::string const& text)
    return VariableLengthData(text.data(), static_cast<unsigned int>(text.size()));
 }
 
+std::string trimmed(std::string const& text)
+{
+   std::size_t const first = text.find_first_not_of(' ');
+   return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 std::vector<std::string> split(std::string const& text, char at)
 {
    std::vector<std::string> parts;
    std::istringstream in(text);
    for (std::string part; std::getline(in, part, at);) {
-      std::size_t const first = part.find_first_not_of(' ');
-      parts.push_back(
-         first == std::string::npos ? "" : part.substr(first, part.find_last_not_of(' ') - first + 1));
+      parts.push_back(trimmed(part));
    }
    return parts;
+}
+
+std::vector<std::string> wordsOf(std::string const& text)
+{
+   std::vector<std::string> words;
+   std::istringstream in(text);
+   for (std::string word; in >> std::quoted(word);) {
+      words.push_back(word);
+   }
+   return words;
+}
+
+std::string joined(std::vector<std::string> const& words, std::string const& between)
+{
+   std::string text;
+   for (auto const& word : words) {
+      text += (text.empty() ? "" : between) + word;
+   }
+   return text;
+}
+
+std::string nameInStories(std::string const& name)
+{
+   static std::set<std::string> const verbs = {"publish",  "unpublish", "subscribe", "unsubscribe",
+                                               "register", "update",    "send",      "delete",
+                                               "discover", "reflect",   "receive",   "remove"};
+   static std::set<std::string> const others = {"registerFederationSynchronizationPoint", "deleteRegion"};
+   std::string const verb = name.substr(0, name.find_first_of("AFIOR"));
+   return verbs.count(verb) != 0 && others.count(name) == 0 ? verb : name;
 }
 
 std::string show(std::wstring const& text) { return narrow(text); }
@@ -154,6 +184,7 @@ std::string show(FederationExecutionInformation const& federation)
 {
    return narrow(federation.federationExecutionName + L"=" + federation.logicalTimeImplementationName);
 }
+std::string show(LogicalTimeFactory const& factory) { return narrow(factory.getName()); }
 std::string show(bool value) { return value ? "true" : "false"; }
 std::string show(double value)
 {
@@ -173,6 +204,10 @@ std::string showArgument(bool isFirst, LogicalTime const& time)
 std::string showArgument(bool, VariableLengthData const& tag)
 {
    return tag.size() == 0 ? "" : "tag=" + show(tag);
+}
+std::string showArgument(bool isFirst, MessageRetractionHandle const& handle)
+{
+   return isFirst ? show(handle.toString()) : show(handle);
 }
 
 // A handle's own text does not tell its kind.

@@ -22,8 +22,15 @@ std::wstring wide(std::string const& text);
 // A tag or value that holds the characters of a text.
 VariableLengthData bytes(std::string const& text);
 
+std::string trimmed(std::string const& text);
 // The parts between the separators, without blanks around them.
 std::vector<std::string> split(std::string const& text, char at);
+// Separated by blanks; "between quotation marks" is one word.
+std::vector<std::string> wordsOf(std::string const& text);
+std::string joined(std::vector<std::string> const& words, std::string const& between = " ");
+
+// A service or callback by its verb alone where that tells enough.
+std::string nameInStories(std::string const& name);
 
 std::string show(std::wstring const& text);
 std::string show(VariableLengthData const& data);
@@ -46,6 +53,7 @@ std::string show(unsigned long value);
 std::string show(RangeBounds const& bounds);
 std::string show(ResignAction action);
 std::string show(ServiceGroup group);
+std::string show(LogicalTimeFactory const& factory); // its name
 
 template <class Value>
 std::string show(std::auto_ptr<Value> const& value)
@@ -92,8 +100,8 @@ auto show(Info const& info) -> decltype(info.producingFederate, std::string())
    return text;
 }
 
-// A callback's argument in the texts of callbacks: a tag is told as one, where there is one, and a time that
-// is not all there is to say.
+// A callback's argument in the texts of callbacks: a tag is told as one, where there is one, and so is a time
+// that is not all there is to say; and of a handle only whether there is one, unless it is all.
 template <class Argument>
 std::string showArgument(bool, Argument const& argument)
 {
@@ -101,6 +109,7 @@ std::string showArgument(bool, Argument const& argument)
 }
 std::string showArgument(bool isFirst, LogicalTime const& time);
 std::string showArgument(bool isFirst, VariableLengthData const& tag);
+std::string showArgument(bool isFirst, MessageRetractionHandle const& handle);
 
 // What the federates of one test call their handles. Any thread may use it.
 class Names

@@ -6,6 +6,7 @@
 #include "src/messages/TypeCodes.h"
 
 #include <cctype>
+#include <functional>
 #include <memory>
 #include <set>
 #include <stdexcept>
@@ -37,15 +38,22 @@ public:
       : _stage(stage), _federate(federate), _words(std::move(words)), _blank(blank)
    {}
 
+   void expect(std::size_t arguments) { _last = arguments; }
+
    template <class Code>
    auto argument()
    {
       ++_arguments;
-      if constexpr (std::is_same_v<Code, codes::LT>) {
+      if constexpr (std::is_same_v<Code, codes::FA>) {
+         return std::ref(_federate.receiver());
+      } else if constexpr (std::is_same_v<Code, codes::CM>) {
+         return _federate.model();
+      } else if constexpr (std::is_same_v<Code, codes::LT>) {
          return time();
       } else if constexpr (std::is_same_v<Code, codes::LTI>) {
          return _stage.interval(_blank ? "0" : take());
       } else if constexpr (std::is_same_v<Code, codes::URL>) {
+         _next += isNext("with") ? 1 : 0;
          return _blank ? std::wstring() : _stage.text(take());
       } else {
          using Value = typename Code::Sendable;
@@ -96,7 +104,7 @@ private:
    // The last of three or more may be left out, as in the interface.
    std::wstring read(std::wstring*)
    {
-      if (atEnd() && _arguments > 2) {
+      if (atEnd() && _arguments > 2 && _arguments == _last) {
          return {};
       }
       std::string const word = take();
@@ -163,7 +171,7 @@ private:
    {
       std::set<Handle> all;
       _next += isNext("{}") ? 1 : 0;
-      while (!atEnd() && _stage.called<Handle>(_words[_next])) {
+      while (!atEnd() && called<Handle>(_words[_next])) {
          all.insert(handle<Handle>(take()));
       }
       return all;
@@ -202,9 +210,16 @@ private:
    }
 
    template <class Handle>
+   std::unique_ptr<Handle> called(std::string const& name) const
+   {
+      _stage.find(_federate, name, Handle());
+      return _stage.called<Handle>(name);
+   }
+
+   template <class Handle>
    Handle handle(std::string const& name) const
    {
-      auto const found = _stage.called<Handle>(name);
+      auto const found = called<Handle>(name);
       if (!found) {
          throw Unreadable(name + " is no " + show(Handle()));
       }
@@ -225,7 +240,8 @@ private:
    Federate& _federate;
    std::vector<std::string> _words;
    std::size_t _next = 0;
-   int _arguments = 0;
+   std::size_t _arguments = 0;
+   std::size_t _last = 0;
    bool const _blank;
 };
 

@@ -124,21 +124,4 @@ TEST(MessageRetractionHandles, TravelWithTheirFurtherBytes)
    }
 }
 
-TEST(MessageRetractionHandles, ReadNoFurtherThanTheirBytes)
-{
-   char const* const rows[][2] = {
-      {"", "00000000 00000000"},
-      {"000001", "00000000 00000000"},
-      {"00000009", "00000009 00000000"},
-      {"00000009 000000", "00000009 00000000"},
-      {"00000009 00000002 61", "00000009 00000000"},
-      {"00000009 ffffffff 61", "00000009 00000000"},
-      {"00000009 00000001 61 62", "00000009 00000001 61"},
-   };
-   for (auto const& [encoded, encodedAgain] : rows) {
-      auto const handle = HandleAccess::decode<MessageRetractionHandle>(dataOf(octets(encoded)));
-      EXPECT_EQ(octetsOf(handle.encode()), octets(encodedAgain));
-   }
-}
-
 } // namespace

@@ -1,11 +1,11 @@
 // Octets that tests write down and compare, and what values and elements have in common.
 #pragma once
 
+#include "tests/support/Bytes.h"
 #include "tests/support/Caught.h"
 
 #include <RTI/VariableLengthData.h>
 
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -15,14 +15,10 @@ using contract::caughtFrom;
 using Octets = std::vector<char>;
 
 // From pairs of hexadecimal digits; blanks are for the reader.
-inline Octets octets(std::string hexadecimal)
+inline Octets octets(std::string const& hexadecimal)
 {
-   hexadecimal.erase(std::remove(hexadecimal.begin(), hexadecimal.end(), ' '), hexadecimal.end());
-   Octets octets;
-   for (std::size_t i = 0; i < hexadecimal.size(); i += 2) {
-      octets.push_back(static_cast<char>(std::stoi(hexadecimal.substr(i, 2), nullptr, 16)));
-   }
-   return octets;
+   contract::Bytes const bytes(hexadecimal);
+   return Octets(bytes.begin(), bytes.end());
 }
 
 inline Octets octetsOf(rti1516e::VariableLengthData const& data)

@@ -22,7 +22,7 @@ VariableLengthData counted()
    return data;
 }
 
-Octets const sevens = {'7', '7', '7'};
+Octets const sevens(3, '7');
 Octets const abc = {'a', 'b', 'c'};
 
 static_assert(sizeof(VariableLengthData) == sizeof(void*));
@@ -53,25 +53,23 @@ TEST(VariableLengthDatas, ReleaseTakenBytesOnce)
 {
    static char own[] = "abc";
    VariableLengthData const other(own, 3);
-   void (*const ways[])(VariableLengthData&, VariableLengthData const&) = {
-      [](VariableLengthData& data, auto&) { data.setData(own, 3); },
-      [](VariableLengthData& data, auto&) { data.setDataPointer(own, 3); },
-      [](VariableLengthData& data, auto&) {
-         data.takeDataPointer(new char[3]{'a', 'b', 'c'}, 3);
-      },
-      [](VariableLengthData& data, auto&) { data = VariableLengthData(own, 3); },
-      [](VariableLengthData& data, auto& source) { data = source; },
-   };
-   for (auto* const way : ways) {
-      {
-         VariableLengthData data = counted();
-         VariableLengthData const copy(data);
-         EXPECT_EQ(released, 0);
-         way(data, other);
-         EXPECT_EQ(released, 1);
-         EXPECT_EQ(octetsOf(data), abc);
-         EXPECT_EQ(octetsOf(copy), sevens);
-      }
+   for (auto *const way : std::initializer_list<void (*)(VariableLengthData&, VariableLengthData const&)>{
+           [](auto&data, auto&) { data.setData(own, 3); },
+           [](auto&data, auto&) { data.setDataPointer(own, 3); },
+           [](auto&data, auto&) {
+              data.takeDataPointer(new char[3]{'a', 'b', 'c'}, 3);
+           },
+           [](auto&data, auto&) { data = VariableLengthData(own, 3); },
+           [](auto&data, auto&source) { data = source; },
+        }) {
+      VariableLengthData data = counted();
+      VariableLengthData const copy(data);
+      EXPECT_EQ(released, 0);
+      way(data, other);
+      EXPECT_EQ(released, 1);
+      EXPECT_EQ(octetsOf(data), abc);
+      EXPECT_EQ(octetsOf(copy), sevens);
+      data = copy;
       EXPECT_EQ(released, 1);
    }
    counted();

@@ -2,14 +2,8 @@
 // how much the elements allocate. A program of its own, for it replaces operator new.
 #include "src/values/HandleAccess.h"
 #include "tests/support/CountedMemory.h"
-#include "tests/values/Octets.h"
+#include "tests/values/encoding/Elements.h"
 
-#include <RTI/encoding/BasicDataElements.h>
-#include <RTI/encoding/HLAfixedArray.h>
-#include <RTI/encoding/HLAfixedRecord.h>
-#include <RTI/encoding/HLAopaqueData.h>
-#include <RTI/encoding/HLAvariableArray.h>
-#include <RTI/encoding/HLAvariantRecord.h>
 #include <RTI/time/HLAfloat64TimeFactory.h>
 #include <RTI/time/HLAinteger64TimeFactory.h>
 
@@ -30,17 +24,12 @@ HLAfixedRecord everything()
    RTI_FOR_EACH_BASIC_ELEMENT(APPEND)
 #undef APPEND
    record.set(1, HLAASCIIstring(longText));
-   HLAvariableArray array{HLAASCIIstring("prototype")};
-   array.addElement(HLAASCIIstring(longText));
-   array.addElement(HLAASCIIstring(longText));
-   record.appendElement(array);
-   record.appendElement(HLAfixedArray(HLAinteger32BE(1), 3));
-   record.appendElement(HLAopaqueData("opaque", 6));
    HLAvariantRecord variant{HLAboolean(true)};
    variant.addVariant(HLAboolean(true), HLAunicodeString(std::wstring(99, L'w')));
    variant.addVariant(HLAboolean(false), HLAfixedRecord());
-   record.appendElement(variant);
-   return record;
+   HLAASCIIstring const text(longText);
+   return listOf(record, listOf(HLAvariableArray(HLAASCIIstring("prototype")), text, text),
+                 HLAfixedArray(HLAinteger32BE(1), 3), HLAopaqueData("opaque", 6), variant);
 }
 
 // What operations work upon, and how it looks.
@@ -156,17 +145,14 @@ TEST(WantOfMemory, ReleasesTakenBytesOnce)
 
 TEST(WantOfMemory, WhileDecodingLeavesTextsAndSizes)
 {
-   HLAvariableArray full{HLAASCIIstring(longText)};
-   for (int i = 0; i < 9; ++i) {
-      full.addElement(HLAASCIIstring(longText));
-   }
-   VariableLengthData const encoded = full.encode();
+   HLAASCIIstring const text(longText);
+   auto const encoded = listOf(HLAvariableArray(text), text, text, text, text, text, text).encode();
    bool done = false;
    for (int n = 1; !done; ++n) {
       Values values;
       done = succeedsWithout(n, [&] { values.texts.decode(encoded); });
       // Either there was no memory for new elements, or none for a text in one.
-      EXPECT_TRUE(values.texts.size() == 9 || (values.texts.size() == 1 && !done));
+      EXPECT_TRUE(values.texts.size() == 6 || (values.texts.size() == 1 && !done));
       auto const first = static_cast<HLAASCIIstring const&>(values.texts[0]).get();
       EXPECT_TRUE(first == longText || (first == "kept" && !done));
    }

@@ -1,4 +1,6 @@
 import hla.rti1516e.exceptions.RTIexception;
+import java.lang.reflect.InvocationHandler;
+import java.lang.reflect.Proxy;
 import java.util.ArrayList;
 import java.util.List;
 import tovu.local.management.Manager;
@@ -34,29 +36,19 @@ final class SessionTest {
         });
     }
 
-    /** A member that nobody plays: its callbacks are made at once, and do nothing but change what they change. */
-    private static final class Idle implements CallbackSink {
-        private static final FederateCallbacks NOBODY = (FederateCallbacks) java.lang.reflect.Proxy.newProxyInstance(
-                Idle.class.getClassLoader(), new Class<?>[] {FederateCallbacks.class}, (proxy, method, given) -> null);
+    private static <T> T actingAs(Class<T> type, InvocationHandler what) {
+        return type.cast(Proxy.newProxyInstance(type.getClassLoader(), new Class<?>[] {type}, what));
+    }
 
-        @Override
-        public void post(Callback callback) {
-            try {
-                callback.deliver(NOBODY);
-            } catch (Exception e) {
-                throw new IllegalStateException(e);
+    /** Nobody plays the members: their callbacks are made at once, and do nothing but change what they change. */
+    private static CallbackSink idle() {
+        FederateCallbacks nobody = actingAs(FederateCallbacks.class, (proxy, method, given) -> null);
+        return actingAs(CallbackSink.class, (proxy, method, given) -> {
+            if (given != null && given[0] instanceof Callback callback) {
+                callback.deliver(nobody);
             }
-        }
-
-        @Override
-        public void postToConnection(Callback callback) {
-            post(callback);
-        }
-
-        @Override
-        public void dropMembership() {
-            // there is never anything left
-        }
+            return null;
+        });
     }
 
     private static void lossWhileARestoreCompletes() throws Exception {
@@ -64,7 +56,7 @@ final class SessionTest {
         List<Session> members = new ArrayList<>();
         for (String name : List.of("alpha", "beta")) {
             Session session = new Session(federations);
-            session.connect(new Idle());
+            session.connect(idle());
             if (members.isEmpty()) {
                 session.createFederationExecution(new FederationPlan("restored", Harness.sources(List.of(Harness.AIR)), null, "HLAinteger64Time"));
             }

@@ -1,9 +1,6 @@
 # Publication and subscription, and what publishers are told of them.
 include Road.include
 
-every story
-   take-the-road
-
 story of publication allows to register and to send
    alpha: register Car -> ObjectClassNotPublished; send Message -> InteractionClassNotPublished
    alpha: publish Vehicle Position; publish Message
@@ -14,19 +11,19 @@ story of publication allows to register and to send
 
 story of publication adds up and ends with ownership
    alpha: publish Car Position; publish Car Speed Fuel; car = register Car
-   alpha: isAttributeOwnedByFederate car [Position|Speed|Fuel|Privilege] = true
+   alpha: isAttributeOwnedByFederate car [Position|Speed|Fuel|HLAprivilegeToDeleteObject] = true
    alpha: isAttributeOwnedByFederate car Passengers = false
    alpha: unpublish Car Speed Passengers; isAttributeOwnedByFederate car Speed = false
-   alpha: isAttributeOwnedByFederate car [Position|Fuel|Privilege] = true
+   alpha: isAttributeOwnedByFederate car [Position|Fuel|HLAprivilegeToDeleteObject] = true
    alpha: update car Speed=5 -> AttributeNotOwned; unpublish Car
-   alpha: isAttributeOwnedByFederate car [Position|Fuel|Privilege] = false
+   alpha: isAttributeOwnedByFederate car [Position|Fuel|HLAprivilegeToDeleteObject] = false
 
 story is not taken back while ownership is being acquired
    share-a-car
    beta: attributeOwnershipAcquisition car Speed
    beta: unpublish Car [|Speed Fuel] -> OwnershipAcquisitionPending
    beta: unpublish Car Fuel; cancelAttributeOwnershipAcquisition car Speed
-   beta: attributeOwnershipAcquisition car Privilege
+   beta: attributeOwnershipAcquisition car HLAprivilegeToDeleteObject
    beta: unpublish Car Position Speed -> OwnershipAcquisitionPending # the privilege would go too
    beta < confirmAttributeOwnershipAcquisitionCancellation car Speed
    alpha < whatever

@@ -1,7 +1,6 @@
 story tells of objects without being asked
    federation Eager.xml
    owner, reader: join
-   owner: Buoy = getObjectClassHandle HLAobjectRoot.Buoy; Drift = getAttributeHandle Buoy Drift
    owner: publish Buoy Drift; first = register Buoy => owner < nothing
    reader: subscribe Buoy Drift
    owner <~ startRegistrationForObjectClass Buoy; turnUpdatesOnForObjectInstance first Drift;

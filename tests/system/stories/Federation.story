@@ -3,8 +3,8 @@ story is created and destroyed once
    alpha: connect; destroyFederationExecution $federation -> FederationExecutionDoesNotExist
    federation Road.xml
    alpha: createFederationExecution $federation [|$fom/Weather.xml] $fom/Road.xml -> FederationExecutionAlreadyExists
-   alpha: createFederationExecutionWithMIM $federation $mim $fom/Road.xml -> FederationExecutionAlreadyExists
-   alpha: joinWithoutName test $other -> FederationExecutionDoesNotExist
+   alpha: createFederationExecutionWithMIM $federation $fom/Road.xml with $mim -> FederationExecutionAlreadyExists
+   alpha: joinFederationExecution test $other -> FederationExecutionDoesNotExist
    beta: join
    alpha: destroyFederationExecution $federation -> FederatesCurrentlyJoined
    beta: resignFederationExecution NO_ACTION
@@ -18,7 +18,7 @@ to live-in $time $asked
 story lives in one kind of time
    alpha: connect
    alpha: createFederationExecution $federation [|$fom/Weather.xml] $fom/Road.xml HLAlunarTime -> CouldNotCreateLogicalTimeFactory
-   alpha: createFederationExecutionWithMIM $federation $mim $fom/Road.xml HLAlunarTime -> CouldNotCreateLogicalTimeFactory
+   alpha: createFederationExecutionWithMIM $federation $fom/Road.xml with $mim HLAlunarTime -> CouldNotCreateLogicalTimeFactory
    live-in HLAfloat64Time ""
    live-in [HLAfloat64Time HLAfloat64Time|HLAinteger64Time HLAinteger64Time]
 
@@ -33,26 +33,24 @@ story knows its federates by name and handle
    federation Road.xml
    alpha: join
    beta, gamma: connect
-   beta: unnamed = joinWithoutName test $federation
-   gamma: other = joinWithoutName test $federation
+   beta: unnamed = joinFederationExecution test $federation
+   gamma: other = joinFederationExecution test $federation
    beta: getFederateHandle alpha = alpha; getFederateName alpha = alpha
-   alpha: getFederateHandle nobody -> NameNotFound
    alpha: getFederateName other
    beta: resignFederationExecution NO_ACTION
    alpha: getFederateName unnamed -> FederateHandleNotKnown
 
 to refuse $modules $exception $named
    beta: createFederationExecution $other $modules -> $exception $named
-   beta: createFederationExecutionWithMIM $other $mim $modules -> $exception $named
-   beta: join $modules -> $exception $named; joinWithoutName test $federation $modules -> $exception $named
+   beta: createFederationExecutionWithMIM $other $modules with $mim -> $exception $named
+   beta: join $modules -> $exception $named; joinFederationExecution test $federation $modules -> $exception $named
 story is not made of broken modules nor joined with them
    federation Road.xml float
    alpha: join
    beta: connect
    refuse $fom/Missing.xml CouldNotOpenFDD Missing.xml
    refuse $fom/ CouldNotOpenFDD fom
-   refuse [$fom/Letter.xml ErrorReadingFDD Letter.xml|$fom/Empty.xml ErrorReadingFDD Empty.xml]
-   refuse [$fom/CutOff.xml ErrorReadingFDD CutOff.xml|$fom/Recipe.xml ErrorReadingFDD Recipe.xml]
+   refuse $fom/[Letter.xml ErrorReadingFDD Letter.xml|CutOff.xml ErrorReadingFDD CutOff.xml]
    refuse "$fom/Road.xml $fom/Disagreeing.xml" InconsistentFDD Disagreeing.xml
    refuse "$fom/Road.xml $fom/Missing.xml" CouldNotOpenFDD Missing.xml
    beta: createFederationExecution $other $fom/Rootless.xml -> InconsistentFDD Rootless.xml
@@ -72,7 +70,7 @@ story may replace the standard management object model
    with-mim $fom/Missing.xml CouldNotOpenMIM Missing.xml
    with-mim [$fom/Letter.xml ErrorReadingMIM Letter.xml|$fom/Recipe.xml ErrorReadingMIM Recipe.xml]
    with-mim HLAstandardMIM DesignatorIsHLAstandardMIM HLAstandardMIM
-   alpha: createFederationExecutionWithMIM $federation $mim $fom/Road.xml HLAinteger64Time
+   alpha: createFederationExecutionWithMIM $federation $fom/Road.xml with $mim HLAinteger64Time
    alpha: join; getTimeFactory = HLAinteger64Time
 to with-mim $module $exception $named
-   alpha: createFederationExecutionWithMIM $federation $module $fom/Road.xml -> $exception $named
+   alpha: createFederationExecutionWithMIM $federation $fom/Road.xml with $module -> $exception $named

@@ -1,8 +1,5 @@
 include Road.include
 
-every story
-   take-the-road
-
 story are received as the most specific subscribed class
    gamma, delta: join
    alpha: publish Urgent; subscribe Message
@@ -12,15 +9,13 @@ story are received as the most specific subscribed class
    alpha: send Urgent Words=fire Level=9 tag=t
    beta < receive Message Words=fire tag=t RO best-effort by alpha
    gamma < receive Urgent Level=9 Words=fire tag=t RO best-effort by alpha
-   alpha, delta < nothing
    gamma: unsubscribe Urgent
    beta: unsubscribe Message
    alpha: send Urgent => gamma < receive Message RO best-effort by alpha => beta < nothing
 
 story are sent as published
    alpha: publish Message; send Message noParameter= -> InteractionParameterNotDefined
-   alpha: changeInteractionOrderType Accident RO -> InteractionClassNotPublished
-   alpha: requestInteractionTransportationTypeChange Accident reliable -> InteractionClassNotPublished
+   alpha: * Accident [RO|reliable] -> InteractionClassNotPublished
    beta: subscribe Message
    alpha: requestInteractionTransportationTypeChange Message best-effort
    alpha < confirmInteractionTransportationTypeChange Message best-effort

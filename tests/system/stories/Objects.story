@@ -1,9 +1,6 @@
 # Object instances: their names, who discovers them, what is reflected, and their end.
 include Road.include
 
-every story
-   take-the-road
-
 # A car of alpha's that beta knows as a vehicle.
 to show-a-car
    alpha: publish Car Position Speed Fuel Passengers
@@ -55,13 +52,11 @@ story are discovered as the most specific subscribed class
    alpha: publish Taxi Position Passengers Fare; subscribe Taxi Position; cab = register Taxi
    beta < discover cab Vehicle cab alpha
    gamma < discover cab Car cab alpha
-   alpha, delta < nothing
    alpha: getKnownObjectClassHandle cab = Taxi
    beta: getKnownObjectClassHandle cab = Vehicle
    gamma: getKnownObjectClassHandle cab = Car; getObjectInstanceName cab = cab
    delta: [getKnownObjectClassHandle|getObjectInstanceName] cab -> ObjectInstanceNotKnown
    beta: subscribe Taxi Position # too late
-   beta < nothing
    beta: getKnownObjectClassHandle cab = Vehicle
    delta: subscribe Taxi Fare # in time
    delta < discover cab Taxi cab alpha
@@ -81,11 +76,9 @@ story are reflected to subscribers by their attributes
    beta <~ reflect car Fuel=3 Position=1 tag=t RO reliable by alpha;
       reflect car Speed=2 tag=t RO best-effort by alpha
    gamma < reflect car Fuel=3 Passengers=4 tag=t RO reliable by alpha
-   alpha < nothing
    beta: unsubscribe Vehicle Fuel
    gamma: unsubscribe Car
    alpha: update car Fuel=5 tag=t; update car Position= => beta < reflect car Position= RO reliable by alpha
-   gamma < nothing
    gamma: subscribe Car Fuel
    alpha: update car Fuel=6 tag=t => gamma < reflect car Fuel=6 tag=t RO reliable by alpha
 
@@ -129,7 +122,6 @@ story are asked for their values
    beta < provideAttributeValueUpdate lorry Position tag=all
    gamma: requestAttributeValueUpdate Car Passengers tag=cars
    alpha < provideAttributeValueUpdate car Passengers tag=cars
-   beta, gamma < nothing
 
 story come into scope and go out of it
    beta: enableAttributeScopeAdvisorySwitch; subscribe Car Position Fuel
@@ -142,7 +134,6 @@ story come into scope and go out of it
 
 story have owners who want to know whether to update
    alpha: enableAttributeRelevanceAdvisorySwitch; publish Car Position Speed; car = register Car
-   alpha < nothing
    beta: subscribe Car Position Fuel passively => beta < discover car Car car alpha => alpha < nothing
    beta: subscribe Vehicle Speed; unsubscribe Vehicle; subscribe Car Position Fuel
    alpha < turnUpdatesOnForObjectInstance car Position

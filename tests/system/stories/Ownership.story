@@ -2,36 +2,28 @@
 include Road.include
 
 every story
-   take-the-road
    share-a-car
    gamma: join; publish Car Position Speed Fuel; subscribe Car Position Speed Fuel
    gamma < discover car Car car alpha
 
 # As the federates themselves see it, and as one that asks is told.
-to expect-owner $attribute $owner $alpha $beta $gamma
-   alpha: isAttributeOwnedByFederate car $attribute = $alpha
-   beta: isAttributeOwnedByFederate car $attribute = $beta
-   gamma: isAttributeOwnedByFederate car $attribute = $gamma; queryAttributeOwnership car $attribute
-   gamma < informAttributeOwnership car $attribute $owner
+to expect-owner $owner $attribute
+   $owner: isAttributeOwnedByFederate car $attribute = true
+   others: isAttributeOwnedByFederate car $attribute = false
+   gamma: queryAttributeOwnership car $attribute => gamma < informAttributeOwnership car $attribute $owner
 to expect-no-owner $attribute
-   alpha, beta, gamma: isAttributeOwnedByFederate car $attribute = false
+   all: isAttributeOwnedByFederate car $attribute = false
    gamma: queryAttributeOwnership car $attribute => gamma < attributeIsNotOwned car $attribute
-to alpha-owns $attribute
-   expect-owner $attribute alpha true false false
-to beta-owns $attribute
-   expect-owner $attribute beta false true false
 
 story is given away unconditionally
-   alpha-owns Position
+   expect-owner alpha Position
    alpha: unconditionalAttributeOwnershipDivestiture car Position Speed
    beta, gamma < requestAttributeOwnershipAssumption car Position Speed
-   alpha < nothing
    expect-no-owner Position
-   alpha-owns Fuel
+   expect-owner alpha Fuel
    beta: attributeOwnershipAcquisition car Position tag=mine
    beta < attributeOwnershipAcquisitionNotification car Position
-   beta-owns Position
-   alpha < nothing
+   expect-owner beta Position
    beta: update car Position=1 => gamma < reflect car Position=1 RO reliable by beta
 
 story is given away by agreement
@@ -42,15 +34,15 @@ story is given away by agreement
    alpha: confirmDivestiture car Fuel -> AttributeDivestitureWasNotRequested
    beta: attributeOwnershipAcquisition car Position tag=mine
    alpha < requestDivestitureConfirmation car Position
-   alpha-owns Position
+   expect-owner alpha Position
    alpha: confirmDivestiture car Position tag=yours
    beta < attributeOwnershipAcquisitionNotification car Position tag=yours
-   beta-owns Position
+   expect-owner beta Position
    gamma: attributeOwnershipAcquisitionIfAvailable car Speed
    alpha < requestDivestitureConfirmation car Speed
    alpha: confirmDivestiture car Speed tag=yours
    gamma < attributeOwnershipAcquisitionNotification car Speed tag=yours
-   expect-owner Speed gamma false false true
+   expect-owner gamma Speed
 
 story is kept when the offer is taken back
    alpha: cancelNegotiatedAttributeOwnershipDivestiture car Position -> AttributeDivestitureWasNotRequested
@@ -58,34 +50,23 @@ story is kept when the offer is taken back
    beta, gamma < requestAttributeOwnershipAssumption car Position tag=offer
    alpha: cancelNegotiatedAttributeOwnershipDivestiture car Position
    alpha: confirmDivestiture car Position -> AttributeDivestitureWasNotRequested
-   alpha-owns Position
+   expect-owner alpha Position
    beta: attributeOwnershipAcquisition car Position tag=mine
    alpha < requestAttributeOwnershipRelease car Position tag=mine
    alpha: negotiatedAttributeOwnershipDivestiture car Position tag=offer
    alpha < requestDivestitureConfirmation car Position
-   gamma < nothing
 
 story is asked of the owner
    beta: attributeOwnershipAcquisition car Position Speed tag=mine
    alpha < requestAttributeOwnershipRelease car Position Speed tag=mine
-   beta < nothing
-   alpha-owns Position
+   expect-owner alpha Position
    alpha: attributeOwnershipDivestitureIfWanted car Position Fuel = Position
    beta < attributeOwnershipAcquisitionNotification car Position
    alpha: attributeOwnershipDivestitureIfWanted car Fuel =
-   beta-owns Position
-   alpha-owns Fuel
+   expect-owner beta Position
+   expect-owner alpha Fuel
    alpha: attributeOwnershipReleaseDenied car Speed
-   alpha-owns Speed
-
-story goes straight to who is waiting for it
-   beta: attributeOwnershipAcquisition car Position tag=mine
-   alpha < requestAttributeOwnershipRelease car Position tag=mine
-   alpha: unconditionalAttributeOwnershipDivestiture car Position
-   beta < attributeOwnershipAcquisitionNotification car Position
-   gamma: attributeOwnershipAcquisition car Position tag=mine
-   beta < requestAttributeOwnershipRelease car Position tag=mine
-   beta: unpublish Car Position => gamma < attributeOwnershipAcquisitionNotification car Position
+   expect-owner alpha Speed
 
 story goes to who asked first
    beta: attributeOwnershipAcquisition car Position tag=first
@@ -95,7 +76,7 @@ story goes to who asked first
    alpha: unconditionalAttributeOwnershipDivestiture car Position
    beta < attributeOwnershipAcquisitionNotification car Position;
       requestAttributeOwnershipRelease car Position tag=second
-   gamma < nothing
+   beta: unpublish Car Position => gamma < attributeOwnershipAcquisitionNotification car Position
 
 story brings nothing of how the former owner had it travel
    alpha: requestAttributeTransportationTypeChange car Position best-effort
@@ -127,9 +108,8 @@ story is taken if available
    beta, gamma < requestAttributeOwnershipAssumption car Position
    beta: attributeOwnershipAcquisitionIfAvailable car Position Speed
    beta <~ attributeOwnershipAcquisitionNotification car Position; attributeOwnershipUnavailable car Speed
-   alpha < nothing
-   beta-owns Position
-   alpha-owns Speed
+   expect-owner beta Position
+   expect-owner alpha Speed
    beta: attributeOwnershipAcquisition car Speed tag=mine
    beta: attributeOwnershipAcquisitionIfAvailable car Speed -> AttributeAlreadyBeingAcquired
    beta: attributeOwnershipAcquisitionIfAvailable car Position -> FederateOwnsAttributes
@@ -144,11 +124,11 @@ story is for publishers
    epsilon: [attributeOwnershipAcquisition|attributeOwnershipAcquisitionIfAvailable] car Position -> ObjectInstanceNotKnown
 
 story of the privilege to delete passes the right to delete
-   alpha: unconditionalAttributeOwnershipDivestiture car Privilege
-   beta, gamma < requestAttributeOwnershipAssumption car Privilege
+   alpha: unconditionalAttributeOwnershipDivestiture car HLAprivilegeToDeleteObject
+   beta, gamma < requestAttributeOwnershipAssumption car HLAprivilegeToDeleteObject
    alpha: delete car -> DeletePrivilegeNotHeld
-   beta: attributeOwnershipAcquisitionIfAvailable car Privilege
-   beta < attributeOwnershipAcquisitionNotification car Privilege
+   beta: attributeOwnershipAcquisitionIfAvailable car HLAprivilegeToDeleteObject
+   beta < attributeOwnershipAcquisitionNotification car HLAprivilegeToDeleteObject
    beta: delete car => alpha, gamma < remove car RO by beta
 
 # The owner has all of the lorry, and the buyer has asked for the fuel and owns nothing.
@@ -177,7 +157,7 @@ story ends as the resigning federate has it
 story is on offer after the owner resigned
    alpha: resignFederationExecution UNCONDITIONALLY_DIVEST_ATTRIBUTES
    # Whoever publishes a class publishes the privilege to delete with it.
-   beta, gamma < requestAttributeOwnershipAssumption car Fuel Position Privilege Speed
+   beta, gamma < requestAttributeOwnershipAssumption car Fuel HLAprivilegeToDeleteObject Position Speed
    beta: attributeOwnershipAcquisition car Position
    beta < attributeOwnershipAcquisitionNotification car Position
    beta: resignFederationExecution DELETE_OBJECTS_THEN_DIVEST # without the privilege to delete

@@ -3,17 +3,11 @@
 include Road.include
 
 every story
-   take-the-road
    share-a-car
    alpha: subscribe Car Position Speed Fuel
 
-to regulate-alpha
-   alpha: enableTimeRegulation 1 => alpha < timeRegulationEnabled 0
-to constrain-beta
-   beta: enableTimeConstrained => beta < timeConstrainedEnabled 0
-
 story tell of a retraction only where the message was delivered
-   regulate-alpha
+   regulate alpha 1
    beta: disableCallbacks
    alpha: m = update car Position=1 at 5; retract m
    beta: enableCallbacks => beta < nothing
@@ -33,17 +27,16 @@ story tell of a retraction only where the message was delivered
    alpha: retract m => beta < requestRetraction m; discover car Car car alpha
 
 story tell nothing of an object that the federate gave up
-   regulate-alpha
-   constrain-beta
+   regulate alpha 1
+   constrain beta
    beta: enableAsynchronousDelivery; disableCallbacks
    alpha: update car Position=1; update car Position=2 at 5; requestAttributeValueUpdate car Position
    beta: queryAttributeOwnership car Position; localDeleteObjectInstance car; enableCallbacks
-   alpha, beta < nothing
    beta: unsubscribe Car; subscribe Car Position Speed Fuel => beta < discover car Car car alpha
-   alpha: unconditionalAttributeOwnershipDivestiture car Privilege
-   beta < requestAttributeOwnershipAssumption car Privilege
-   beta: attributeOwnershipAcquisitionIfAvailable car Privilege
-   beta < attributeOwnershipAcquisitionNotification car Privilege
+   alpha: unconditionalAttributeOwnershipDivestiture car HLAprivilegeToDeleteObject
+   beta < requestAttributeOwnershipAssumption car HLAprivilegeToDeleteObject
+   beta: attributeOwnershipAcquisitionIfAvailable car HLAprivilegeToDeleteObject
+   beta < attributeOwnershipAcquisitionNotification car HLAprivilegeToDeleteObject
    beta: disableCallbacks
    alpha: update car Position=1; update car Position=2 at 5
    beta: delete car; enableCallbacks => beta < nothing => alpha < remove car RO by beta
@@ -55,7 +48,7 @@ story tell nothing of an object that the federate gave up
    beta: timeAdvanceRequest 20 => beta < timeAdvanceGrant 20
 
 story come in the order of time only to who knows that it is constrained
-   regulate-alpha
+   regulate alpha 1
    beta: disableCallbacks
    alpha: update car Position=before at 9
    beta: enableTimeConstrained; enableCallbacks
@@ -74,70 +67,43 @@ story come in the order of time only to who knows that it is constrained
       reflect car Position=c TSO reliable at 4 RO retractable by alpha
 
 # What waits is looked at by the subscriptions of the moment it is delivered: in receive order, then in that of time.
-to begin $before
-   alpha: setRangeBounds there Lane 1..2; commitRegionModifications there
-   beta: setRangeBounds here Lane 0..2; commitRegionModifications here; unsubscribe [Message|Urgent|Accident|Car]
+to let-wait $how $time $before $send $change $expected
+   move alpha there 1..2
+   move beta here 0..2
+   beta: unsubscribe [Message|Urgent|Accident|Car]
    $before
-to received-as $how $expected $send $before $change $time
-   begin "$before"
-   $how-sent "$send" "$change" $time
-   $how-told "$expected" $time
-to received-not $how $send $before $change $time $greatest
-   begin "$before"
-   $how-sent "$send" "$change" $time
-   $how-not-told $time $greatest
-to waiting-sent $send $change $time
+   let-wait-$how $time "$send" "$change" "$expected"
+to let-wait-RO $time $send $change $expected
    beta: disableCallbacks
    alpha: $send at $time
    $change
-   alpha: timeAdvanceRequest $time => alpha < timeAdvanceGrant $time
-   beta: enableCallbacks
-to waiting-told $expected $time
-   beta < $expected RO retractable by alpha
-to waiting-not-told $time $greatest
-   beta < nothing
-to stamped-sent $send $change $time
+   advance alpha $time
+   beta: enableCallbacks => beta < $expected
+to let-wait-TSO $time $send $change $expected
    alpha: $send at $time
    $change
-   alpha: timeAdvanceRequest $time => alpha < timeAdvanceGrant $time
-   beta: timeAdvanceRequest +9 => beta < whatever
-to stamped-told $expected $time
-   beta: queryLITS = $time; nextMessageRequest $time
-   beta < $expected TSO retractable by alpha; timeAdvanceGrant $time
-to stamped-not-told $time $greatest
-   beta: queryLITS = $greatest; nextMessageRequest $time => beta < timeAdvanceGrant $time
-to change-subscriptions $how
-   regulate-alpha
+   advance alpha $time
+   beta: timeAdvanceRequest $time => beta < $expected; timeAdvanceGrant $time
+to change-subscriptions $order
+   regulate alpha 1
    alpha: publish Urgent; publish Accident; there = createRegion Lane
    alpha: changeInteractionOrderType Urgent TSO; changeAttributeOrderType car Fuel TSO
-   beta: here = createRegion Lane; beside = createRegion Lane; setRangeBounds beside Lane 1..3
-   beta: commitRegionModifications beside
-   received-as $how "receive Urgent Level=9 Words=fire TSO best-effort at 10" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: subscribe Urgent; unsubscribe Message" 10
-   received-as $how "receive Urgent Level=9 Words=fire TSO best-effort at 30" "send Urgent Words=fire Level=9" "beta: subscribe Message" "beta: subscribe Urgent" 30
-   received-not $how "send Urgent" "beta: subscribe Urgent" "beta: unsubscribe Urgent" 50 51
-   received-in $how "beta: subscribe Accident beside; unsubscribe Accident here" 60
-   received-in $how "move alpha there 6..7" 80
-   received-not $how "send Accident there" "beta: subscribe Accident here" "move beta here 4..5" 90 91
-   received-as $how "reflect car Fuel=2 Position=1 TSO reliable at 100" "update car Position=1 Fuel=2" "beta: subscribe Car Position" "beta: subscribe Car Fuel" 100
-   received-as $how "reflect car Position=1 TSO reliable at 120" "update car Position=1 Fuel=2" "beta: subscribe Car Position; subscribe Vehicle Position" "beta: unsubscribe Vehicle" 120
-   received-not $how "update car Position=1 Fuel=2" "beta: subscribe Car Position" "beta: unsubscribe Car" 140 141
-to received-in $how $change $time
-   begin "beta: subscribe Accident here"
-   $how-sent "send Accident there" "$change" $time
-   $how-told-in there $time
-to waiting-told-in $region $time
-   beta < receive Accident TSO reliable at $time RO retractable by alpha from $region
-to stamped-told-in $region $time
-   beta: queryLITS = $time; nextMessageRequest $time
-   beta < receive Accident TSO reliable at $time TSO retractable by alpha from $region; timeAdvanceGrant $time
-to move $federate $region $range
-   $federate: setRangeBounds $region Lane $range; commitRegionModifications $region
-
+   beta: here = createRegion Lane
+   make-region beta beside 1..3
+   let-wait $order 10 "beta: subscribe Message" "send Urgent Words=fire Level=9" "beta: subscribe Urgent; unsubscribe Message" "receive Urgent Level=9 Words=fire TSO best-effort at 10 $order retractable by alpha"
+   let-wait $order 20 "beta: subscribe Message" "send Urgent Words=fire Level=9" "beta: subscribe Urgent" "receive Urgent Level=9 Words=fire TSO best-effort at 20 $order retractable by alpha"
+   let-wait $order 30 "beta: subscribe Urgent" "send Urgent" "beta: unsubscribe Urgent" nothing
+   let-wait $order 40 "beta: subscribe Accident here" "send Accident there" "beta: subscribe Accident beside; unsubscribe Accident here" "receive Accident TSO reliable at 40 $order retractable by alpha from there"
+   let-wait $order 50 "beta: subscribe Accident here" "send Accident there" "move alpha there 6..7" "receive Accident TSO reliable at 50 $order retractable by alpha from there"
+   let-wait $order 60 "beta: subscribe Accident here" "send Accident there" "move beta here 4..5" nothing
+   let-wait $order 70 "beta: subscribe Car Position" "update car Position=1 Fuel=2" "beta: subscribe Car Fuel" "reflect car Fuel=2 Position=1 TSO reliable at 70 $order retractable by alpha"
+   let-wait $order 80 "beta: subscribe Car Position; subscribe Vehicle Position" "update car Position=1 Fuel=2" "beta: unsubscribe Vehicle" "reflect car Position=1 TSO reliable at 80 $order retractable by alpha"
+   let-wait $order 90 "beta: subscribe Car Position" "update car Position=1 Fuel=2" "beta: unsubscribe Car" nothing
 story come as what is subscribed when they are delivered
-   change-subscriptions waiting
+   change-subscriptions RO
 story come in the order of time as what is subscribed when they are delivered
-   constrain-beta
-   change-subscriptions stamped
+   constrain beta
+   change-subscriptions TSO
 
 story tell of ownership only as it is
    # Offered, taken and given up again before it heard of any of it.
@@ -192,8 +158,7 @@ story are none after a resignation
    beta: disableTimeConstrained -> TimeConstrainedIsNotEnabled
 
 story are none of what a restore replaces
-   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
-   alpha, beta: federateSaveBegun; federateSaveComplete => alpha, beta < federationSaved
+   save
    beta: disableCallbacks
    alpha: update car Position=1; requestFederationRestore noon
    alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha

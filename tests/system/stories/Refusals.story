@@ -1,12 +1,14 @@
 # Which exception answers what is not allowed, also where several preconditions forbid it. At the end of all
 # stories every exception of every service has been provoked.
-include Road.include
+include Passages.include
 
 to be-on-the-road
-   take-the-road
+   federation Road.xml
+   alpha, beta: join
    alpha: stretch = createRegion Lane Distance; setRangeBounds stretch Lane 0..1
    alpha: setRangeBounds stretch Distance 0..10; commitRegionModifications stretch
-   beta: foreign = createRegion Lane; setRangeBounds foreign Lane 0..1; commitRegionModifications foreign
+   make-region beta foreign 0..1
+   alpha: getObjectClassName Truck; getInteractionClassName Urgent # which have what others lack
    share-a-car
 
 # The state of the federate or of its federation is judged before any argument.
@@ -16,18 +18,17 @@ story is for want of a connection and of a federation
    alpha: connect; * but FederateAlreadyExecutionMember -> FederateNotExecutionMember
    alpha: join; resignFederationExecution NO_ACTION; * but FederateAlreadyExecutionMember -> FederateNotExecutionMember
    alpha: disconnect; * -> NotConnected
-   alpha: join; joinWithoutName test $federation -> FederateAlreadyExecutionMember
+   alpha: join; joinFederationExecution test $federation -> FederateAlreadyExecutionMember
 
 story is in a save and in a restore
    federation Road.xml
    alpha: join; requestFederationSave noon => alpha < initiateFederateSave noon
    late: connect
-   late: [join|joinWithoutName test $federation] -> SaveInProgress
+   late: [join|joinFederationExecution test $federation] -> SaveInProgress
    alpha: * but FederateAlreadyExecutionMember -> SaveInProgress; federateSaveBegun; * but FederateAlreadyExecutionMember -> SaveInProgress; federateSaveComplete
    alpha < federationSaved
-   alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
-   late: [join|joinWithoutName test $federation] -> RestoreInProgress
+   ask-for-a-restore
+   late: [join|joinFederationExecution test $federation] -> RestoreInProgress
    alpha: * but FederateAlreadyExecutionMember -> RestoreInProgress; federateRestoreComplete => alpha < federationRestored
 
 story is within a callback

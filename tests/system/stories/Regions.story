@@ -1,20 +1,13 @@
 include Road.include
 
 every story
-   take-the-road
    alpha: publish Car Position Speed Fuel; publish Accident
-
-to make-region $federate $region $range
-   $federate: $region = createRegion Lane; setRangeBounds $region Lane $range; commitRegionModifications $region
-to move $federate $region $range
-   $federate: setRangeBounds $region Lane $range; commitRegionModifications $region
 
 story have ranges in their dimensions
    make-region alpha slow 0..3
    alpha: setRangeBounds slow Lane 0..2; getRangeBounds slow Lane = 0..2
    beta: getRangeBounds slow Lane = 0..3 # as committed
    alpha: getDimensionHandleSet slow = Lane; getRangeBounds slow Lane = 0..2
-   alpha: createRegion Lane noDimension -> InvalidDimensionHandle
    alpha: setRangeBounds slow Lane [0..9|5..4|3..3] -> InvalidRangeBound
    alpha: setRangeBounds slow Lane 0..8
    alpha: getRangeBounds slow Distance -> RegionDoesNotContainSpecifiedDimension

@@ -1,19 +1,5 @@
 include Road.include
 
-every story
-   federation Road.xml
-   alpha, beta: join
-
-to ask-for-a-save
-   alpha: requestFederationSave noon => alpha, beta < initiateFederateSave noon
-to save
-   ask-for-a-save
-   alpha, beta: federateSaveBegun; federateSaveComplete => alpha, beta < federationSaved
-to ask-for-a-restore
-   alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun;
-      initiateFederateRestore noon alpha alpha
-   beta < federationRestoreBegun; initiateFederateRestore noon beta beta
 to expect-saving $alpha $beta
    beta: queryFederationSaveStatus => beta < federationSaveStatusResponse alpha=$alpha beta=$beta
 to expect-restoring $alpha $beta
@@ -46,9 +32,6 @@ story does not save when one cannot or resigns
    alpha < federationNotSaved federate-resigned
 
 story saves in the right order
-   alpha: federateSaveBegun -> SaveNotInitiated
-   alpha: [federateSaveComplete|federateSaveNotComplete] -> FederateHasNotBegunSave
-   alpha: abortFederationSave -> SaveNotInProgress
    beta: disableCallbacks
    alpha: requestFederationSave noon
    beta: federateSaveBegun -> SaveNotInitiated # as far as beta knows
@@ -56,7 +39,6 @@ story saves in the right order
    beta: enableCallbacks => alpha, beta < initiateFederateSave noon; federationNotSaved aborted
    ask-for-a-save
    alpha: [federateSaveComplete|federateSaveNotComplete] -> FederateHasNotBegunSave
-   late: join -> SaveInProgress
 
 story restores when all have restored
    save
@@ -71,7 +53,6 @@ story restores when all have restored
    ask-for-a-restore
 
 story does not restore when one cannot or aborts it or resigns
-   alpha: abortFederationRestore -> RestoreNotInProgress
    save
    ask-for-a-restore
    alpha: federateRestoreComplete
@@ -84,22 +65,19 @@ story does not restore when one cannot or aborts it or resigns
    beta: resignFederationExecution NO_ACTION => alpha < federationNotRestored federate-resigned
 
 story restores only what was saved by the same federates
-   alpha: [federateRestoreComplete|federateRestoreNotComplete] -> RestoreNotRequested
    save
    alpha: requestFederationRestore midnight => alpha < requestFederationRestoreFailed midnight
    late: join
    alpha: requestFederationRestore noon => alpha < requestFederationRestoreFailed noon => beta < nothing
    late: resignFederationExecution NO_ACTION
    ask-for-a-restore
-   late: join -> RestoreInProgress
 
 story restores each as itself or else as another of its type
    save
    alpha, beta: resignFederationExecution NO_ACTION
    gamma, alpha: join
    alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun;
-      initiateFederateRestore noon alpha alpha
+   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
    gamma < federationRestoreBegun; initiateFederateRestore noon beta beta
    alpha, gamma: federateRestoreComplete => alpha, gamma < federationRestored
    gamma: getFederateName beta = beta

@@ -1,13 +1,10 @@
 # Names, handles, switches and other things to ask for.
 include Road.include
 
-every story
-   take-the-road
-
 story knows classes and attributes by name and handle
-   beta: getObjectClassHandle HLAobjectRoot.Vehicle = Vehicle; getObjectClassHandle HLAobjectRoot.Vehicle.Car = Car
    beta: Root = getObjectClassHandle HLAobjectRoot; getObjectClassName Root = HLAobjectRoot
-   beta: getObjectClassName Taxi = HLAobjectRoot.Vehicle.Car.Taxi; getObjectClassName Car = HLAobjectRoot.Vehicle.Car
+   beta: getObjectClassName Taxi = HLAobjectRoot.Vehicle.Car.Taxi; getObjectClassName Vehicle = HLAobjectRoot.Vehicle
+   beta: getObjectClassHandle HLAobjectRoot.Vehicle = Vehicle; getObjectClassHandle HLAobjectRoot.Vehicle.Car.Taxi = Taxi
    beta: getObjectClassHandle [HLAobjectRoot.Car|""] -> NameNotFound
    beta: getAttributeHandle Taxi Position = Position; getAttributeName Taxi Position = Position
    beta: getAttributeName Taxi Fare = Fare; getAttributeHandle Vehicle Fare -> NameNotFound
@@ -15,8 +12,8 @@ story knows classes and attributes by name and handle
    beta: getAttributeName Vehicle noAttribute -> InvalidAttributeHandle
 
 story knows interactions and parameters by name and handle
-   beta: getInteractionClassHandle HLAinteractionRoot.Message.Urgent = Urgent
    beta: getInteractionClassName Urgent = HLAinteractionRoot.Message.Urgent
+   beta: getInteractionClassHandle HLAinteractionRoot.Message.Urgent = Urgent
    beta: getInteractionClassHandle Urgent -> NameNotFound
    beta: getParameterHandle Urgent Words = Words; getParameterName Urgent Words = Words
    beta: getParameterHandle Message Level -> NameNotFound
@@ -29,7 +26,6 @@ story knows orders transportations and update rates
    alpha: getTransportationTypeHandle HLAreliable = reliable; getTransportationTypeName reliable = HLAreliable
    alpha: getTransportationTypeHandle HLAbestEffort = best-effort
    alpha: getTransportationTypeName best-effort = HLAbestEffort
-   alpha: getTransportationTypeHandle Pigeon -> InvalidTransportationName
    alpha: getUpdateRateValue Slow = 0.5; getUpdateRateValue Fast = 50
    alpha: getUpdateRateValue Breakneck -> InvalidUpdateRateDesignator
    alpha: publish Car Position; car = register Car
@@ -37,13 +33,12 @@ story knows orders transportations and update rates
    beta: getUpdateRateValueForAttribute car Position = 50
 
 story knows dimensions
-   beta: getDimensionHandle Lane = Lane; getDimensionName Lane = Lane
+   beta: getDimensionName Lane = Lane; getDimensionHandle Lane = Lane
    beta: getDimensionUpperBound Lane = 8; getDimensionUpperBound Distance = 1000
-   beta: getDimensionHandle Depth -> NameNotFound
    beta: getAvailableDimensionsForClassAttribute Taxi Position = Distance Lane
    beta: getAvailableDimensionsForClassAttribute Taxi Speed = Lane
    beta: getAvailableDimensionsForClassAttribute Taxi Fuel =
    beta: getAvailableDimensionsForInteractionClass Accident = Distance Lane
    beta: getAvailableDimensionsForInteractionClass Message =
-   beta: getAvailableDimensionsForClassAttribute Car Load -> AttributeNotDefined
+   beta: getAvailableDimensionsForClassAttribute Car Fare -> AttributeNotDefined
    beta: getAvailableDimensionsForClassAttribute Car noAttribute -> InvalidAttributeHandle

@@ -1,20 +1,14 @@
 include Road.include
 
-every story
-   federation Road.xml
-   alpha, beta: join
-
 # Of all federates.
-to register-ready
-   alpha: registerFederationSynchronizationPoint ready tag=now
+to register-ready $set
+   alpha: registerFederationSynchronizationPoint ready tag=now $set
    alpha <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=now
-   beta < announceSynchronizationPoint ready tag=now
+   others < announceSynchronizationPoint ready tag=now
 
 story of an empty set is of all and tells who failed
    gamma: join
-   alpha: registerFederationSynchronizationPoint ready tag=now {}
-   alpha <~ synchronizationPointRegistrationSucceeded ready; announceSynchronizationPoint ready tag=now
-   beta, gamma < announceSynchronizationPoint ready tag=now
+   register-ready {}
    alpha, gamma: synchronizationPointAchieved ready unsuccessfully
    beta: synchronizationPointAchieved ready => alpha, beta, gamma < federationSynchronized ready alpha gamma
 
@@ -26,30 +20,21 @@ story is of the given federates alone
    late: join
    alpha, late: synchronizationPointAchieved ready -> SynchronizationPointLabelNotAnnounced
    beta, gamma: synchronizationPointAchieved ready => beta, gamma < federationSynchronized ready
-   alpha, late < nothing
 
 story is announced to who joins late
-   register-ready
+   register-ready ""
    late: join => late < announceSynchronizationPoint ready tag=now
    alpha, beta: synchronizationPointAchieved ready => alpha < nothing
    late: synchronizationPointAchieved ready => alpha, beta, late < federationSynchronized ready
    latest: join => latest < nothing
 
-story does not wait for who resigned
-   register-ready
+to go $how
+   register-ready ""
    alpha: synchronizationPointAchieved ready => alpha < nothing
-   beta: resignFederationExecution NO_ACTION => alpha < federationSynchronized ready
-
-story keeps several points apart
-   alpha: registerFederationSynchronizationPoint first
-   beta: registerFederationSynchronizationPoint second
-   alpha <~ synchronizationPointRegistrationSucceeded first; announceSynchronizationPoint first;
-      announceSynchronizationPoint second
-   beta <~ synchronizationPointRegistrationSucceeded second; announceSynchronizationPoint first;
-      announceSynchronizationPoint second
-   alpha: synchronizationPointAchieved second; synchronizationPointAchieved first
-   beta: synchronizationPointAchieved second => alpha, beta < federationSynchronized second
-   beta: synchronizationPointAchieved first => alpha, beta < federationSynchronized first
+   beta: $how => alpha < federationSynchronized ready
+   beta: join
+story does not wait for who resigned or went
+   go ["resignFederationExecution NO_ACTION"|destroyAmbassador]
 
 story is not registered twice nor for who is not joined
    gone: join; resignFederationExecution NO_ACTION
@@ -60,6 +45,3 @@ story is not registered twice nor for who is not joined
    beta < synchronizationPointRegistrationFailed ready label-not-unique
    alpha: registerFederationSynchronizationPoint done tag=now beta gone
    alpha < synchronizationPointRegistrationFailed done member-not-joined
-   alpha: registerFederationSynchronizationPoint done beta noFederate -> InvalidFederateHandle
-   alpha, beta < nothing
-   beta: synchronizationPointAchieved unheard-of -> SynchronizationPointLabelNotAnnounced

@@ -2,21 +2,16 @@
 include Road.include
 
 every story
-   take-the-road
    share-a-car
    alpha: publish [Accident|Message]
    beta: subscribe [Accident|Message]
 
-to regulate $federate $lookahead
-   $federate: enableTimeRegulation $lookahead => $federate < timeRegulationEnabled 0
-to constrain $federate
-   $federate: enableTimeConstrained => $federate < timeConstrainedEnabled 0
+to let-alpha-lead
+   regulate alpha 1
+   constrain beta
 to coordinate $lookahead
    regulate [alpha|beta] $lookahead
    constrain [alpha|beta]
-# Of a federate that nobody holds back.
-to advance $federate $time
-   $federate: timeAdvanceRequest $time => $federate < timeAdvanceGrant $time
 
 story is taken up when the callback says so and given up
    alpha: enableTimeRegulation -1 -> InvalidLookahead
@@ -33,8 +28,7 @@ story is taken up when the callback says so and given up
    constrain beta
 
 story takes no heed of what is unwanted
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: send Accident at 25; update car Position=e at 26
    advance alpha 30
    beta: unsubscribe Accident; queryLITS = 26
@@ -42,21 +36,16 @@ story takes no heed of what is unwanted
    beta < reflect car Position=e TSO reliable at 26 TSO retractable by alpha; timeAdvanceGrant 26
 
 story holds constrained federates back
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    beta: timeAdvanceRequest 10
-   beta: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
-      nextMessageRequestAvailable|flushQueueRequest] -1 -> InTimeAdvancingState
-   beta: enableTimeRegulation 1 -> InTimeAdvancingState
+   beta: * -1 but TimeRegulationIsNotEnabled -> InTimeAdvancingState
    advance alpha 1
-   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|
-      nextMessageRequestAvailable|flushQueueRequest] 0 -> LogicalTimeAlreadyPassed
+   alpha: * 0 -> LogicalTimeAlreadyPassed
    advance alpha 10
    beta < timeAdvanceGrant 10
 
 story delivers in the order of time
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: update car Position=c at 7 = retractable
    alpha: update car Position=a at 5; send Accident Damage=b at 6; delete car tag=gone at 25
    advance alpha 30
@@ -91,8 +80,7 @@ story orders only what is sent and received in order
 to both $request $time
    alpha, beta: $request $time => alpha, beta < timeAdvanceGrant $time
 story delivers without order only to who is advancing
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: send Message Words=early => beta < nothing
    beta: timeAdvanceRequest 5 => beta < receive Message Words=early RO reliable by alpha
    alpha: send Message Words=meanwhile => beta < receive Message Words=meanwhile RO reliable by alpha
@@ -113,7 +101,7 @@ story takes deletions back
    alpha: update car Position=1 at 6 = retractable
    beta < reflect car Position=1 TSO reliable at 6 RO retractable by alpha
    # With its regions, and without what is not published any more.
-   alpha: where = createRegion Lane; setRangeBounds where Lane 0..1; commitRegionModifications where
+   make-region alpha where 0..1
    alpha: associateRegionsForUpdates car Position@where
    constrain beta
    alpha: deletion = delete car at 20; retract deletion
@@ -137,8 +125,7 @@ story saves at a time
    alpha: requestFederationSave past at 5 -> LogicalTimeAlreadyPassed
 
 story saves before the time is granted
-   regulate alpha 1
-   constrain beta
+   let-alpha-lead
    alpha: requestFederationSave noon at 10
    advance alpha 20
    beta: timeAdvanceRequest 10 => beta < initiateFederateSave noon at 10
@@ -151,18 +138,13 @@ story and objects come back with a restore
    constrain gamma
    both timeAdvanceRequest 10
    alpha: update car Position=kept at 15
-   beta: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
-   alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
+   save
    alpha: delete car
    alpha, beta: timeAdvanceRequest 30 => alpha < timeAdvanceGrant 30
    beta < remove car RO by alpha; timeAdvanceGrant 30 # and so no more of the car
    alpha: disableTimeRegulation
    beta: requestFederationSave evening at 40
-   alpha: requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
-   beta < federationRestoreBegun; initiateFederateRestore noon beta beta
-   gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
-   alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
+   restore
    alpha, beta: queryLogicalTime = 10
    alpha: queryLookahead = 1; isAttributeOwnedByFederate car Position = true
    beta: getKnownObjectClassHandle car = Car
@@ -172,23 +154,18 @@ story and objects come back with a restore
 
 story goes on waiting after a restore
    gamma: join
-   alpha: where = createRegion Lane; setRangeBounds where Lane 0..2; commitRegionModifications where
-   regulate alpha 1
-   constrain beta
+   make-region alpha where 0..2
+   let-alpha-lead
    alpha: update car Position=1 at 5; send Accident Damage=2 where at 6
-   beta: here = createRegion Lane; setRangeBounds here Lane 1..3; commitRegionModifications here
+   make-region beta here 1..3
    alpha: associateRegionsForUpdates car Position@where
    beta: timeAdvanceRequest 10
    advance gamma 50
    gamma: enableTimeConstrained
-   alpha: requestFederationSave noon => alpha, beta, gamma < initiateFederateSave noon
-   alpha, beta, gamma: federateSaveBegun; federateSaveComplete => alpha, beta, gamma < federationSaved
+   save
    let-them-go
-   alpha: unassociateRegionsForUpdates car Position@where; deleteRegion where; requestFederationRestore noon
-   alpha < requestFederationRestoreSucceeded noon; federationRestoreBegun; initiateFederateRestore noon alpha alpha
-   beta < federationRestoreBegun; initiateFederateRestore noon beta beta
-   gamma < federationRestoreBegun; initiateFederateRestore noon gamma gamma
-   alpha, beta, gamma: federateRestoreComplete => alpha, beta, gamma < federationRestored
+   alpha: unassociateRegionsForUpdates car Position@where; deleteRegion where
+   restore
    let-them-go
    alpha: getRangeBounds where Lane = 0..2; deleteRegion where -> RegionInUseForUpdateOrSubscription
 to let-them-go

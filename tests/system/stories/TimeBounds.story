@@ -17,6 +17,5 @@ story float time has nothing behind its end
 story what is no number is no time
    federation Road.xml float
    alpha: join; enableTimeRegulation 1 => alpha < timeRegulationEnabled 0
-   alpha: [timeAdvanceRequest|timeAdvanceRequestAvailable|nextMessageRequest|nextMessageRequestAvailable|
-      flushQueueRequest|requestFederationSave noon at] nan -> InvalidLogicalTime
+   alpha: [* nan|requestFederationSave noon at nan] -> InvalidLogicalTime
    alpha: modifyLookahead nan -> InvalidLookahead

@@ -4,9 +4,11 @@
 #include "tests/values/Octets.h"
 
 #include <RTI/encoding/BasicDataElements.h>
+#include <RTI/encoding/HLAfixedArray.h>
+#include <RTI/encoding/HLAfixedRecord.h>
+#include <RTI/encoding/HLAopaqueData.h>
+#include <RTI/encoding/HLAvariableArray.h>
 #include <RTI/encoding/HLAvariantRecord.h>
-
-#include <memory>
 
 inline std::wstring const indexOutOfBounds = L"Index is out of bounds";
 inline std::wstring const arrayIndexOutOfBounds = L"Array index out of bounds";
@@ -61,6 +63,18 @@ inline void expectBothWays(rti1516e::DataElement const& element, Octets const& e
       EXPECT_EQ(failure, failureOf([&] { decoded->decode(dataOf(less)); }));
    }
    EXPECT_TRUE(encoded.empty() || failureOf([&] { decoded->decodeFrom(encoded, encoded.size()); }) != L"");
+}
+
+// The array or record with these elements added.
+template <class List, class... Elements>
+List listOf(List list, Elements const&... elements)
+{
+   if constexpr (std::is_same_v<List, rti1516e::HLAfixedRecord>) {
+      (list.appendElement(elements), ...);
+   } else {
+      (list.addElement(elements), ...);
+   }
+   return list;
 }
 
 // Alternatives of 8 octets under 1 and of one octet under 2.

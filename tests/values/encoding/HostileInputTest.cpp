@@ -3,13 +3,6 @@
 #include "tests/support/ForeignElement.h"
 #include "tests/values/encoding/Elements.h"
 
-#include <RTI/encoding/BasicDataElements.h>
-#include <RTI/encoding/HLAfixedArray.h>
-#include <RTI/encoding/HLAfixedRecord.h>
-#include <RTI/encoding/HLAopaqueData.h>
-#include <RTI/encoding/HLAvariableArray.h>
-#include <RTI/encoding/HLAvariantRecord.h>
-
 #include <limits>
 #include <new>
 
@@ -25,9 +18,7 @@ TEST(HostileCounts, AreRefused)
    HLAASCIIstring const ascii("kept");
    HLAunicodeString const unicode(L"kept");
    HLAopaqueData const opaque("kept", 4);
-   HLAvariableArray array{HLAinteger32BE()};
-   array.addElement(HLAinteger32BE(1));
-   array.addElement(HLAinteger32BE(2));
+   auto const array = listOf(HLAvariableArray(HLAinteger32BE()), HLAinteger32BE(1), HLAinteger32BE(2));
    DataElement const* const elements[] = {&ascii, &unicode, &opaque, &array};
    auto const& index = indexOutOfBounds;
    auto const& count = arrayIndexOutOfBounds;
@@ -78,14 +69,8 @@ TEST(HostileCounts, OfLongElementsAreRefused)
    HLAvariableArray const list{HLAinteger64BE()};
    HLAvariantRecord variant(octet);
    variant.addVariant(octet, many);
-   HLAfixedRecord mixed, withForeign;
-   for (DataElement const* const field :
-        std::initializer_list<DataElement const*>{&octet, &text, &variant, &list}) {
-      mixed.appendElement(*field);
-   }
-   for (DataElement const* const field : std::initializer_list<DataElement const*>{&octet, &foreign, &many}) {
-      withForeign.appendElement(*field);
-   }
+   HLAfixedRecord const mixed = listOf(HLAfixedRecord(), octet, text, variant, list);
+   HLAfixedRecord const withForeign = listOf(HLAfixedRecord(), octet, foreign, many);
    struct
    {
       DataElement const& prototype;

@@ -1,12 +1,6 @@
 // Which values are an element's own, which are lent to it, and what may take the place of which.
 #include "tests/values/encoding/Elements.h"
 
-#include <RTI/encoding/BasicDataElements.h>
-#include <RTI/encoding/HLAfixedArray.h>
-#include <RTI/encoding/HLAfixedRecord.h>
-#include <RTI/encoding/HLAopaqueData.h>
-#include <RTI/encoding/HLAvariableArray.h>
-
 #include <type_traits>
 
 namespace {
@@ -113,12 +107,8 @@ TEST(ArraysAndRecords, OwnClonesAndBorrowWhatFits)
 {
    HLAinteger32BE five(5);
    HLAfixedArray const fixed(five, 3);
-   HLAvariableArray variable(five);
-   HLAfixedRecord record;
-   for (int i = 0; i < 3; ++i) {
-      variable.addElement(five);
-      record.appendElement(five);
-   }
+   HLAvariableArray variable = listOf(HLAvariableArray(five), five, five, five);
+   HLAfixedRecord record = listOf(HLAfixedRecord(), five, five, five);
    ownsClonesAndBorrowsWhatFits(fixed, L"Element doesn't match prototype");
    ownsClonesAndBorrowsWhatFits(variable, L"Element doesn't match prototype");
    ownsClonesAndBorrowsWhatFits(record, nonMatching);

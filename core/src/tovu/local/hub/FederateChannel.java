@@ -225,7 +225,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                     channel.eventLoop().execute(decoder::resume);
                 }
             } catch (RuntimeException | Error e) {
-                channel.pipeline().fireExceptionCaught(e);
+                channel.eventLoop().execute(() -> failed(e));
             }
         };
         if (isLong) {
@@ -310,6 +310,10 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     @Override
     public void exceptionCaught(ChannelHandlerContext context, Throwable cause) {
+        failed(cause);
+    }
+
+    private void failed(Throwable cause) {
         if (greeted) {
             lose(reason(cause));
         } else if (!ended) {

@@ -39,7 +39,7 @@ public final class HubMain {
         requireSecurity(settings);
         Hub hub = new Hub(settings, cluster(settings));
         InetSocketAddress address = hub.start();
-        String host = address.getAddress().getHostAddress();
+        String host = settings.host(); // the system may say the same in another way
         String listening = (host.contains(":") ? "[" + host + "]" : host) + ":" + address.getPort();
         hub.enterCluster(listening);
         // SIGTERM and SIGINT run this; the VM's own exit status would call an orderly end a failure.

@@ -267,6 +267,7 @@ public final class FederationSave implements SaveBarrier {
     private void end(Callback outcome) {
         stopWriting();
         statuses.clear();
+        instructed = Set.of();
         federation.postToAll(outcome);
         federation.management().savesChanged();
         federation.time().evaluate();
