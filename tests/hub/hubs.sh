@@ -3,7 +3,7 @@
 
 # ZooKeeper in a process of its own; it says nothing, so that its port is tried.
 zookeeper() {
-  "$java" -Xmx64m -cp /usr/share/java/zookeeper.jar:/usr/share/java/slf4j-nop.jar \
+  "$java" -Xmx64m -Dzookeeper.forceSync=no -cp /usr/share/java/zookeeper.jar:/usr/share/java/slf4j-nop.jar \
     org.apache.zookeeper.server.quorum.QuorumPeerMain zoo.cfg >zookeeper.out 2>&1 &
   pid[zookeeper]=$!
   for ((i = 0; i < 300; ++i)); do

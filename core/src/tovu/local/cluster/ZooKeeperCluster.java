@@ -3,17 +3,16 @@ package tovu.local.cluster;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
 import java.io.IOException;
-import java.util.ArrayList;
 import java.util.List;
 import java.util.UUID;
 import java.util.concurrent.ScheduledExecutorService;
 import java.util.concurrent.ScheduledThreadPoolExecutor;
 import java.util.concurrent.ThreadPoolExecutor;
 import java.util.concurrent.TimeUnit;
-import org.apache.curator.framework.CuratorFramework;
+import org.apache.curator.framework.api.CuratorWatcher;
+import org.apache.curator.framework.api.transaction.CuratorOp;
 import org.apache.zookeeper.CreateMode;
 import org.apache.zookeeper.KeeperException;
-import org.apache.zookeeper.data.Stat;
 import tovu.local.hub.Cluster;
 import tovu.local.hub.ClusterSettings;
 import tovu.local.hub.HubLog;
@@ -32,20 +31,16 @@ import tovu.local.saves.SharedSaves;
  * together with one of the hub's own node: who is dead for the others changes nothing any more, and does not come back.
  */
 final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
-    private static final String HUBS = "/hubs";
-    private static final String FEDERATIONS = "/federations";
     private static final long SWEEP_SECONDS = 10; // when nothing has happened that calls for one
     private static final long LOAD_SECONDS = 2;
 
-    /** A federation's node as it was seen. */
-    private record Seen(String federation, FederationNode node, int version) {
-    }
-
     private final ClusterSettings settings;
     private final Ensemble ensemble;
+    private final Registry registry;
     private final SharedSaves saves; // or null
     private final ScheduledExecutorService clock =
             new ScheduledThreadPoolExecutor(1, new ThreadPoolExecutor.DiscardPolicy()); // whatever comes at the end
+    private final CuratorWatcher hubsChange = event -> clock.execute(guarded(this::sweep));
     private Member hub;
     private Federations federations;
     private int told; // the load that the others know
@@ -54,6 +49,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     ZooKeeperCluster(ClusterSettings settings) throws IOException {
         this.settings = settings;
         ensemble = new Ensemble(settings);
+        registry = new Registry(ensemble);
         saves = settings.saves() == null ? null : new SharedSaves(settings.saves());
     }
 
@@ -108,13 +104,15 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         void run() throws Exception;
     }
 
-    /** What fails is tried again when something happens. */
-    private static Runnable guarded(Task task) {
+    /** What fails because ZooKeeper does not answer is made good by looking at everything anew. */
+    private Runnable guarded(Task task) {
         return () -> {
             try {
                 task.run();
             } catch (Ensemble.Unreachable | KeeperException.NoNodeException e) {
-                // when it is reachable again all this is looked at anew
+                if (ensemble.isReachable()) { // or it is done when it is again
+                    clock.schedule(guarded(this::settle), 1, TimeUnit.SECONDS);
+                }
             } catch (Exception | Error e) {
                 HubLog.fault(e);
             }
@@ -137,7 +135,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     private Void settle() throws Exception {
         String mine = me;
-        if (mine != null && ensemble.ask(zookeeper -> zookeeper.checkExists().forPath(hubPath(mine))) == null) {
+        if (mine != null && ensemble.ask(zookeeper -> zookeeper.checkExists().forPath(Registry.hubPath(mine))) == null) {
             lose("its place in the cluster was removed");
         }
         if (me == null) {
@@ -151,23 +149,15 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         String node = NodeName.of(name()) + "~" + UUID.randomUUID().toString().substring(0, 8);
         told = load();
         ensemble.ask(zookeeper -> {
-            for (String each : List.of(HUBS, FEDERATIONS)) {
+            for (String each : List.of(Registry.HUBS, Registry.FEDERATIONS)) {
                 if (zookeeper.checkExists().forPath(each) == null) {
                     zookeeper.create().orSetData().creatingParentsIfNeeded().forPath(each, new byte[0]);
                 }
             }
-            return zookeeper.create().withMode(CreateMode.EPHEMERAL).forPath(hubPath(node), content(told));
+            return zookeeper.create().withMode(CreateMode.EPHEMERAL).forPath(Registry.hubPath(node), content(told));
         });
         me = node;
         HubLog.say("entered the cluster as " + name() + ", which federates reach at " + address());
-    }
-
-    private static String hubPath(String node) {
-        return HUBS + "/" + node;
-    }
-
-    private static String federationPath(String federation) {
-        return FEDERATIONS + "/" + NodeName.of(federation);
     }
 
     private int load() {
@@ -192,7 +182,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         String mine = me;
         int load = load();
         if (mine != null && load != told) {
-            ensemble.ask(zookeeper -> zookeeper.setData().forPath(hubPath(mine), content(load)));
+            ensemble.ask(zookeeper -> zookeeper.setData().forPath(Registry.hubPath(mine), content(load)));
             told = load;
         }
     }
@@ -208,9 +198,8 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         String least = null;
         int leastLoad = load() - 1; // who asks is here already
         try {
-            List<String> nodes = ensemble.ask(zookeeper -> read(zookeeper).getChildren().forPath(HUBS));
-            for (String each : nodes) {
-                HubNode other = each.equals(me) ? null : hub(each);
+            for (String each : registry.hubs()) {
+                HubNode other = each.equals(me) ? null : registry.hub(each);
                 if (other != null && other.load() < leastLoad) {
                     least = other.address();
                     leastLoad = other.load();
@@ -222,33 +211,6 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         return least;
     }
 
-    /** What is read next is no older than now. */
-    private static CuratorFramework read(CuratorFramework zookeeper) throws Exception {
-        zookeeper.getZookeeperClient().getZooKeeper().sync("/", (code, path, context) -> { }, null);
-        return zookeeper;
-    }
-
-    /** @return null when it lives no longer */
-    private HubNode hub(String node) throws Ensemble.Unreachable, KeeperException {
-        try {
-            return HubNode.of(ensemble.ask(zookeeper -> zookeeper.getData().forPath(hubPath(node))));
-        } catch (KeeperException.NoNodeException e) {
-            return null;
-        }
-    }
-
-    /** @return null when there is none */
-    private Seen federation(String name) throws Ensemble.Unreachable, KeeperException {
-        Stat stat = new Stat();
-        try {
-            byte[] content = ensemble.ask(zookeeper ->
-                    read(zookeeper).getData().storingStatIn(stat).forPath(federationPath(name)));
-            return new Seen(name, FederationNode.of(content), stat.getVersion());
-        } catch (KeeperException.NoNodeException e) {
-            return null;
-        }
-    }
-
     @Override
     public SaveStore claim(FederationPlan plan) throws RTIexception {
         String mine = me;
@@ -258,8 +220,8 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
                 throw new Ensemble.Unreachable();
             }
             long epoch = saves == null ? 1 : saves.lastEpoch(name) + 1;
-            byte[] node = new FederationNode(mine, name(), epoch, plan.timeImplementation()).content();
-            change(mine, zookeeper -> zookeeper.transactionOp().create().forPath(federationPath(name), node));
+            byte[] node = new FederationNode(mine, name(), epoch, plan.timeImplementation(), "").content();
+            change(mine, zookeeper -> zookeeper.transactionOp().create().forPath(Registry.federationPath(name), node));
             SaveStore store = saves == null ? new MemorySaves() : saves.take(name, epoch);
             if (saves != null) {
                 saves.keepPlan(name, PlanFile.content(plan));
@@ -278,10 +240,10 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     }
 
     /** Changes something as this hub, which it is no longer when its node is gone. */
-    private void change(String mine, Ensemble.Work<org.apache.curator.framework.api.transaction.CuratorOp> change)
+    private void change(String mine, Ensemble.Work<CuratorOp> change)
             throws Ensemble.Unreachable, KeeperException {
         ensemble.ask(zookeeper -> zookeeper.transaction().forOperations(
-                zookeeper.transactionOp().setData().forPath(hubPath(mine), content(load())), change.in(zookeeper)));
+                zookeeper.transactionOp().setData().forPath(Registry.hubPath(mine), content(load())), change.in(zookeeper)));
     }
 
     @Override
@@ -292,22 +254,22 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         }
         if (mine != null) {
             guarded(() -> change(mine, zookeeper ->
-                    zookeeper.transactionOp().delete().forPath(federationPath(federation)))).run();
+                    zookeeper.transactionOp().delete().forPath(Registry.federationPath(federation)))).run();
         }
     }
 
     @Override
     public void seek(String federation) throws RTIexception {
         try {
-            Seen seen = federation(federation);
-            if (seen == null || seen.node.hub().equals(me)) {
+            Registry.Seen seen = registry.federation(federation);
+            if (seen == null || seen.node().hub().equals(me)) {
                 return;
             }
-            HubNode other = hub(seen.node.hub());
+            HubNode other = registry.hub(seen.node().hub());
             if (other != null) {
                 throw new Elsewhere(other.address());
             }
-            throw new RTIinternalError("Federation execution '" + federation + "' was at the hub " + seen.node.hubName()
+            throw new RTIinternalError("Federation execution '" + federation + "' was at the hub " + seen.node().hubName()
                     + ", which is lost; another one is about to take over: try again in a few seconds");
         } catch (Ensemble.Unreachable | KeeperException e) {
             throw unreachable(e);
@@ -317,22 +279,11 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     @Override
     public List<FederationInformation> others() throws RTIexception {
         try {
-            return seen().stream().filter(each -> !each.node.hub().equals(me))
-                    .map(each -> new FederationInformation(each.federation, each.node.timeImplementation())).toList();
+            return registry.federations().stream().filter(each -> !each.node().hub().equals(me))
+                    .map(each -> new FederationInformation(each.federation(), each.node().timeImplementation())).toList();
         } catch (Ensemble.Unreachable | KeeperException e) {
             throw unreachable(e);
         }
-    }
-
-    private List<Seen> seen() throws Ensemble.Unreachable, KeeperException {
-        List<Seen> all = new ArrayList<>();
-        for (String each : ensemble.ask(zookeeper -> read(zookeeper).getChildren().forPath(FEDERATIONS))) {
-            Seen seen = federation(NodeName.original(each));
-            if (seen != null) {
-                all.add(seen);
-            }
-        }
-        return all;
     }
 
     /**
@@ -343,24 +294,23 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         if (mine == null) {
             return;
         }
-        List<Seen> seen = seen();
-        List<String> living = ensemble.ask(zookeeper -> zookeeper.getChildren()
-                .usingWatcher((org.apache.curator.framework.api.CuratorWatcher) event -> clock.execute(guarded(this::sweep)))
-                .forPath(HUBS));
-        for (Seen each : seen) {
-            if (each.node.hub().equals(mine) || !living.contains(each.node.hub()) && takeOver(mine, each)) {
-                lookAfter(mine, each.federation);
+        List<Registry.Seen> seen = registry.federations();
+        List<String> living = registry.hubs(hubsChange);
+        for (Registry.Seen each : seen) {
+            if (each.node().hub().equals(mine) || !living.contains(each.node().hub()) && takeOver(mine, each)) {
+                lookAfter(mine, each.federation());
             }
         }
     }
 
     /** @return whether this hub is the one that has it now */
-    private boolean takeOver(String mine, Seen lost) throws Exception {
-        FederationNode taken = new FederationNode(mine, name(), lost.node.epoch() + 1, lost.node.timeImplementation());
+    private boolean takeOver(String mine, Registry.Seen lost) throws Exception {
+        FederationNode taken = new FederationNode(mine, name(), lost.node().epoch() + 1, lost.node().timeImplementation(),
+                lost.node().hubName());
         try {
-            change(mine, zookeeper -> zookeeper.transactionOp().setData().withVersion(lost.version)
-                    .forPath(federationPath(lost.federation), taken.content()));
-            HubLog.say("takes over federation " + lost.federation + " of the lost hub " + lost.node.hubName());
+            change(mine, zookeeper -> zookeeper.transactionOp().setData().withVersion(lost.version())
+                    .forPath(Registry.federationPath(lost.federation()), taken.content()));
+            HubLog.say("takes over federation " + lost.federation() + " of the lost hub " + lost.node().hubName());
             return true;
         } catch (KeeperException.BadVersionException | KeeperException.NoNodeException e) {
             return false; // another hub was quicker, or this one is lost itself
@@ -370,25 +320,26 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     /** Has here what is this hub's and is not here: what it has taken over, or what came to nothing when it was created. */
     private void lookAfter(String mine, String name) throws Exception {
         synchronized (federations) { // or it might be just being created
-            Seen seen = federation(name);
-            if (seen == null || !seen.node.hub().equals(mine) || federations.hosts(name)) {
+            Registry.Seen seen = registry.federation(name);
+            if (seen == null || !seen.node().hub().equals(mine) || federations.hosts(name)) {
                 return;
             }
             if (saves != null) {
                 try {
-                    SaveStore store = saves.take(name, seen.node.epoch());
+                    SaveStore store = saves.take(name, seen.node().epoch());
                     byte[] plan = saves.plan(name);
                     if (plan != null) {
                         federations.host(PlanFile.plan(name, plan), store);
-                        HubLog.say("federation " + name + " is here, with its saves, in epoch " + seen.node.epoch());
+                        HubLog.say("federation " + name + " is here, with its saves, in epoch " + seen.node().epoch());
                         return;
                     }
+                    saves.release(name);
                 } catch (IOException | RTIexception e) {
                     HubLog.say("federation " + name + " cannot be taken over: " + SaveStore.reason(e));
                     return; // the storage may come back
                 }
             }
-            change(mine, zookeeper -> zookeeper.transactionOp().delete().forPath(federationPath(name)));
+            change(mine, zookeeper -> zookeeper.transactionOp().delete().forPath(Registry.federationPath(name)));
             HubLog.say("federation " + name + " is over; its name is free");
         }
     }

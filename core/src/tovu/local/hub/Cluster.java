@@ -11,6 +11,9 @@ public interface Cluster {
     /** Finds the cluster that the settings name; a service of the jar that has what a cluster needs. */
     interface Provider {
         Cluster find(ClusterSettings settings) throws IOException;
+
+        /** The hubs of the cluster, and what is where, for whoever runs it. */
+        String list(ClusterSettings settings) throws IOException;
     }
 
     /**

@@ -4,6 +4,7 @@ import java.io.IOException;
 import java.net.InetAddress;
 import java.net.InetSocketAddress;
 import java.net.UnknownHostException;
+import java.util.ServiceConfigurationError;
 import java.util.ServiceLoader;
 import tovu.local.saves.SaveFolder;
 
@@ -21,6 +22,9 @@ public final class HubMain {
                 System.out.print(HubOptions.HELP);
             } else if (options.wantsVersion()) {
                 System.out.println("rti1516e-hub " + version());
+            } else if (options.wantsList()) {
+                ClusterSettings cluster = options.settings().cluster();
+                System.out.print(provided(() -> provider().list(cluster)));
             } else {
                 run(options.settings());
             }
@@ -59,13 +63,24 @@ public final class HubMain {
             SaveFolder.openConfigured();
             return new Alone();
         }
+        return provided(() -> provider().find(settings.cluster()));
+    }
+
+    private static Cluster.Provider provider() throws IOException {
+        return ServiceLoader.load(Cluster.Provider.class).findFirst().orElseThrow(() ->
+                new IOException("this hub was built without what --cluster needs: rti1516e-hub-cluster.jar is missing"));
+    }
+
+    private interface Work<R> {
+        R run() throws IOException;
+    }
+
+    private static <R> R provided(Work<R> work) throws IOException {
         try {
-            return ServiceLoader.load(Cluster.Provider.class).findFirst().orElseThrow(() ->
-                    new IOException("this hub was built without what --cluster needs: rti1516e-hub-cluster.jar is missing"))
-                    .find(settings.cluster());
-        } catch (NoClassDefFoundError e) {
-            throw new IOException("--cluster needs the packages libcurator-recipes-java and libzookeeper-java ("
-                    + e.getMessage() + " is missing)", e);
+            return work.run();
+        } catch (NoClassDefFoundError | ServiceConfigurationError e) {
+            throw new IOException("--cluster needs the packages libcurator-framework-java, libzookeeper-java and "
+                    + "libslf4j-java (" + e.getMessage() + ")", e);
         }
     }
 

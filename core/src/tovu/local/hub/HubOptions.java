@@ -36,6 +36,7 @@ final class HubOptions {
               --cluster-ca FILE       connects to ZooKeeper with TLS; its certificate is of this authority, in PEM
               --cluster-identity FILE
                                       the hub's certificate for ZooKeeper and the key of that, in one file
+              --list                  lists the hubs and federations of the --cluster, and ends
               --config FILE           a file of such settings: a line each, such as lost-after = 5
               --help, --version       says so and ends
             """;
@@ -43,7 +44,7 @@ final class HubOptions {
     private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "saves",
             "lost-after", "queue-limit", "connections", "greatest-message", "cluster", "name", "advertise",
             "takeover-after", "cluster-login", "cluster-ca", "cluster-identity", "config");
-    private static final Set<String> FLAGS = Set.of("insecure", "help", "version");
+    private static final Set<String> FLAGS = Set.of("insecure", "list", "help", "version");
     private static final int MEGABYTE_BITS = 20;
 
     /** A command line that means nothing. */
@@ -110,6 +111,14 @@ final class HubOptions {
 
     boolean wantsVersion() {
         return values.containsKey("version");
+    }
+
+    /** Whether it is only to be told what the cluster has. */
+    boolean wantsList() throws WrongOption {
+        if (values.containsKey("list") && !values.containsKey("cluster")) {
+            throw new WrongOption("--list needs --cluster");
+        }
+        return values.containsKey("list");
     }
 
     HubSettings settings() throws WrongOption {

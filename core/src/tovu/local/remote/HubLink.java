@@ -64,6 +64,7 @@ public final class HubLink {
     private final AtomicBoolean tellingProgress = new AtomicBoolean();
     private final Pulse pulse = new Pulse();
     private final ScheduledFuture<?> beats;
+    private volatile boolean closing; // from this side: how it ends is no loss then
     private volatile String lost; // why, or null
 
     /**
@@ -385,7 +386,7 @@ public final class HubLink {
     }
 
     private void lose(String reason) {
-        if (end(reason)) {
+        if (end(reason) && !closing) {
             onLoss.accept("The connection to the hub at " + hub + " is lost: " + reason);
         }
     }
@@ -396,6 +397,7 @@ public final class HubLink {
      * @param reason what the others are told if the federate is still joined
      */
     public void close(String reason) {
+        closing = true;
         if (lost == null) { // a hub that does not read holds it up no longer than that
             Future<?> last = HubClock.INSTANCE.schedule(() -> end(reason), FAREWELL_MILLIS, TimeUnit.MILLISECONDS);
             tell(new FrameWriter(FrameType.GOODBYE).text(reason).end());
