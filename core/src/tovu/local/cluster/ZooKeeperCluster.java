@@ -44,6 +44,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     private Member hub;
     private Federations federations;
     private int told; // the load that the others know
+    private volatile boolean entered; // once, at the beginning
     private volatile String me; // this hub's node, or null
 
     ZooKeeperCluster(ClusterSettings settings) throws IOException {
@@ -67,10 +68,11 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
                     + ": give --advertise HOST:PORT, where federates reach this hub");
         }
         ensemble.connect(this);
-        clock.scheduleWithFixedDelay(guarded(this::lookAround), LOAD_SECONDS, LOAD_SECONDS, TimeUnit.SECONDS);
-        clock.scheduleWithFixedDelay(guarded(this::sweep), SWEEP_SECONDS, SWEEP_SECONDS, TimeUnit.SECONDS);
         try {
             clock.submit(this::settle).get();
+            entered = true;
+            clock.scheduleWithFixedDelay(guarded(this::lookAround), LOAD_SECONDS, LOAD_SECONDS, TimeUnit.SECONDS);
+            clock.scheduleWithFixedDelay(guarded(this::sweep), SWEEP_SECONDS, SWEEP_SECONDS, TimeUnit.SECONDS);
             int session = ensemble.sessionMillis();
             if (session > TimeUnit.SECONDS.toMillis(settings.takeoverAfter())) {
                 HubLog.say("warning: ZooKeeper takes a hub for dead after " + session / 1_000.0 + " s, not after "
@@ -92,7 +94,9 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     @Override
     public void connected() {
-        clock.execute(guarded(this::settle));
+        if (entered) {
+            clock.execute(guarded(this::settle));
+        }
     }
 
     @Override
@@ -113,6 +117,8 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
                 if (ensemble.isReachable()) { // or it is done when it is again
                     clock.schedule(guarded(this::settle), 1, TimeUnit.SECONDS);
                 }
+            } catch (KeeperException e) {
+                HubLog.say("ZooKeeper refuses what this hub has to change: " + e.getMessage());
             } catch (Exception | Error e) {
                 HubLog.fault(e);
             }
