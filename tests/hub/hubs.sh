@@ -36,12 +36,13 @@ attempt() {
 
 # enter NAME: joins as soon as the federation is there (again).
 enter() {
-  renew "$1"
-  tell "$1" "connect hub=$all"
-  local begin=${EPOCHREALTIME/./}
-  until attempt "$1" "join $1"; do
-    ((${EPOCHREALTIME/./} - begin < 30000000)) || fail "$1 cannot join"
+  local begin=${EPOCHREALTIME/./} line
+  for line in "connect hub=$all" "join $1"; do
     renew "$1"
-    sleep 0.1
+    until attempt "$1" "$line"; do
+      ((${EPOCHREALTIME/./} - begin < 60000000)) || fail "$1: $line"
+      renew "$1"
+      sleep 0.1
+    done
   done
 }

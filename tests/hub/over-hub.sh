@@ -4,6 +4,7 @@
 set -euo pipefail
 
 scratch=$(mktemp -d)
+: >"$scratch/hub.txt" # which the hub may open later than this looks into it
 "$1" --listen 127.0.0.1:0 >"$scratch/hub.txt" &
 hub=$!
 trap 'kill $hub 2>/dev/null || true; wait $hub || true; rm -rf "$scratch"' EXIT

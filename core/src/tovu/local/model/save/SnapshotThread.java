@@ -44,7 +44,7 @@ final class SnapshotThread {
         try {
             R result = work.call();
             return () -> outcome.accept(result, null);
-        } catch (Exception | StackOverflowError | OutOfMemoryError e) {
+        } catch (Throwable e) { // whatever it is: somebody waits
             return () -> outcome.accept(null, e);
         }
     }
