@@ -28,7 +28,7 @@ echo "--- eight create the same federation at once, through whichever hub"
 players=(ada ben cleo dan eve fay gus hal)
 for each in "${players[@]}"; do
   play "$each"
-  tell "$each" "connect hub=127.0.0.1:1,${at[$(shuf -n 1 -e one two three)]}"
+  until attempt "$each" "connect hub=127.0.0.1:1,${at[$(shuf -n 1 -e one two three)]}"; do renew "$each"; done
 done
 for round in 1 2 3; do
   renew "${players[@]}"
