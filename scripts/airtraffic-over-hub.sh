@@ -7,14 +7,14 @@ scratch=$(mktemp -d)
 pids=()
 trap 'kill -KILL "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$scratch"' EXIT
 
-"$hub" --listen 127.0.0.1:0 >"$scratch/hub" &
+"$hub" --listen 127.0.0.1:0 --web 127.0.0.1:0 >"$scratch/hub" &
 pids+=($!)
 until grep -q '^listening on ' "$scratch/hub"; do
   kill -0 "${pids[0]}"
   sleep 0.1
 done
-sed 's/^/The hub is /' "$scratch/hub"
-TOVU1516_OPTION1=-Dtovu.hub=$(sed "s/^listening on //" "$scratch/hub")
+sed 's/^listening/The hub is listening/; s/^page/Watch it on the page/' "$scratch/hub"
+TOVU1516_OPTION1=-Dtovu.hub=$(sed -n "s/^listening on //p" "$scratch/hub")
 export TOVU1516_OPTION1
 
 for name in West Centre East Kite Heron; do

@@ -18,7 +18,8 @@ cached() { sed -n "s/^$1:[A-Z]*=//p" $build/CMakeCache.txt; }
   echo "# Results of the benchmarks"
   echo
   echo "Written by \`scripts/bench.sh\`: medians of runs that are repeated and interleaved in one process, in"
-  echo "processor time. What the floors are, and why some bounds are exceeded, is told in \`docs/performance.md\`."
+  echo "processor time; those of \`hub_bench\` in several processes, in elapsed time. What the floors are, and why"
+  echo "some bounds are exceeded, is told in \`docs/performance.md\`."
   echo
   echo "![The ratios against their bounds](ratios.svg)"
   echo

@@ -39,11 +39,13 @@ packages=(
   tovu.local.saves
   tovu.local.model.federation
   tovu.local.management
+  tovu.local.watch
   tovu.local.trace
   tovu.local.wire
   tovu.local.delivery
   tovu.local.remote
   morva.tovu1516e
+  tovu.local.record
   tovu.local.hub
   tovu.local.cluster
 )

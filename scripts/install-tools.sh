@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and is missing, from Debian's packages, as root or through sudo. With
-# the word lint, docs, coverage, bench or fuzz, also what the script of that name needs.
+# the word test, lint, docs, coverage, bench or fuzz, also what the script of that name needs.
 set -euo pipefail
 
 # A command, or the path of a file, that tells that a package is there; and the package.
@@ -19,7 +19,12 @@ needs=(
   "dpkg-shlibdeps dpkg-dev"
   "file file"
 )
+wishes=()
 case ${1:-} in
+  test)
+    wishes=("chromium chromium" "chromedriver chromium-driver"
+      "/usr/lib/python3/dist-packages/selenium python3-selenium")
+    ;;
   lint) needs+=("clang-format clang-format" "clang-tidy clang-tidy" "cppcheck cppcheck" "shellcheck shellcheck") ;;
   docs) needs+=("doxygen doxygen") ;;
   coverage) needs+=("gcovr gcovr") ;;
@@ -27,33 +32,40 @@ case ${1:-} in
     needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev"
       "/usr/include/google/protobuf/message.h libprotobuf-dev" "protoc protobuf-compiler"
       "/usr/include/capnp/message.h libcapnp-dev" "capnp capnproto"
-      "/usr/include/flatbuffers/flatbuffers.h libflatbuffers-dev" "flatc flatbuffers-compiler")
+      "/usr/include/flatbuffers/flatbuffers.h libflatbuffers-dev" "flatc flatbuffers-compiler" "openssl openssl")
     ;;
   fuzz)
     needs+=("clang++ clang"
       "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a libclang-rt-14-dev")
     ;;
 esac
-missing=()
-for need in "${needs[@]}"; do
-  read -r sign package <<<"$need"
-  case $sign in
-    /*) [ -e "$sign" ] ;;
-    *) command -v "$sign" >/dev/null ;;
-  esac || missing+=("$package")
-done
-if [ ${#missing[@]} -eq 0 ]; then
-  exit 0
-fi
 
-echo "Installing: ${missing[*]}"
-as_root=()
-if [ "$(id -u)" -ne 0 ]; then
-  if ! command -v sudo >/dev/null; then
-    echo "Please install these packages as root, then run this again: ${missing[*]}" >&2
-    exit 1
+# install NEED...: what of them is missing
+install() {
+  local missing=() need sign package
+  for need in "$@"; do
+    read -r sign package <<<"$need"
+    case $sign in
+      /*) [ -e "$sign" ] ;;
+      *) command -v "$sign" >/dev/null ;;
+    esac || missing+=("$package")
+  done
+  if [ ${#missing[@]} -eq 0 ]; then
+    return
   fi
-  as_root=(sudo)
+  echo "Installing: ${missing[*]}"
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "Please install these packages as root, then run this again: ${missing[*]}" >&2
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  "${as_root[@]}" apt-get update -q &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"
+}
+install "${needs[@]}"
+if [ ${#wishes[@]} -gt 0 ]; then
+  install "${wishes[@]}" || echo "No browser: the test of the hub's page is left out"
 fi
-"${as_root[@]}" apt-get update -q
-"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"

@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/install-tools.sh
+scripts/install-tools.sh test
 for preset in ${1:-release asan}; do
   echo "== $preset"
   cmake --preset "$preset" -Wno-dev >build-configure.log 2>&1 || { cat build-configure.log; exit 1; }

@@ -50,8 +50,10 @@ public:
          join(text);
       else if (action == L"person")
          _person = rti.registerObjectInstance(_personClass);
+      else if (action == L"update")
+         update(std::stoi(text));
       else if (action == L"regulate")
-         rti.enableTimeRegulation(HLAinteger64Interval(1));
+         rti.enableTimeRegulation(HLAinteger64Interval(text.empty() ? 1 : std::stoll(text)));
       else if (action == L"constrain")
          rti.enableTimeConstrained();
       else if (action == L"advance")
@@ -99,6 +101,12 @@ private:
       rti.subscribeInteractionClass(_greeting);
       _lost = rti.getInteractionClassHandle(L"HLAmanager.HLAfederate.HLAreport.HLAreportFederateLost");
       rti.subscribeInteractionClass(_lost);
+   }
+
+   void update(int times)
+   {
+      for (int i = 0; i < times; ++i)
+         _ambassador->updateAttributeValues(_person, {{_place, VariableLengthData(&i, sizeof i)}}, {});
    }
 
    void greet(int times, unsigned size)

@@ -8,6 +8,7 @@ import tovu.local.model.federation.Session;
 import tovu.local.model.port.Elsewhere;
 import tovu.local.model.value.ServiceCall;
 import tovu.local.remote.HubLink;
+import tovu.local.trace.Describer;
 import tovu.local.trace.Trace;
 
 /**
@@ -59,7 +60,7 @@ abstract class AmbassadorServices {
             return call.serve(in);
         }
         try {
-            return (R) hub.request(service.ordinal(), message);
+            return (R) hub.serve(service.ordinal(), service.licence(), message);
         } catch (Elsewhere e) {
             return (R) connection.requestElsewhere(e, service, message);
         }
@@ -78,7 +79,8 @@ abstract class AmbassadorServices {
     /** Serves, and tells whoever wants to know of it. */
     private <R> R tell(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         Federate federate = connection.session.federate();
-        List<String> arguments = ServiceTrace.arguments(federate, service, reader(message));
+        Describer describer = new Describer(federate);
+        List<String> arguments = ServiceTrace.arguments(describer, service, reader(message));
         if (Trace.ON) {
             ServiceTrace.print(connection.memberName(), service, arguments);
         }
@@ -86,7 +88,7 @@ abstract class AmbassadorServices {
         String failure = "";
         try {
             R result = call.serve(in);
-            results = ServiceTrace.results(federate, service, result);
+            results = ServiceTrace.results(describer, service, result);
             return result;
         } catch (RTIexception | RuntimeException e) {
             failure = ServiceTrace.failure(e);
@@ -116,7 +118,7 @@ abstract class AmbassadorServices {
 
     /** Serves members, but not while the federation saves or restores. */
     final <R> R ask(Service service, byte[] message, Query<R> query) throws RTIexception {
-        return serve(service, message, in -> connection.session.callOutsideSave((federation, federate) ->
+        return serve(service, message, in -> connection.callOutsideSave((federation, federate) ->
                 query.serve(federation, federate, in)));
     }
 

@@ -13,9 +13,8 @@ import tovu.local.remote.HubLink;
 abstract class Connection {
     final Session session;
 
-    /** @param federations those that the ambassador may join where it is not connected to a hub */
-    Connection(Federations federations) {
-        session = new Session(federations);
+    Connection(Session session) {
+        this.session = session;
     }
 
     /**
@@ -43,6 +42,11 @@ abstract class Connection {
     /** Of the callbacks that wait in this process. */
     CallbackDelivery delivery() throws RTIexception {
         throw new RTIinternalError("This ambassador's callbacks are delivered where its federate runs");
+    }
+
+    /** A service that has to wait for the end of a save or restore. */
+    <R> R callOutsideSave(Session.Service<R> service) throws RTIexception {
+        return session.callOutsideSave(service);
     }
 
     /** What the federate is called that the ambassador is joined as, or null. */

@@ -16,12 +16,15 @@ import tovu.local.delivery.CallbackPort;
 import tovu.local.management.Manager;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Placement;
+import tovu.local.model.federation.Session;
 import tovu.local.model.port.Elsewhere;
 import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
 import tovu.local.saves.SaveFolder;
 import tovu.local.trace.Trace;
+import tovu.local.watch.ProcessPage;
+import tovu.local.wire.Licence;
 
 /** The connection of an ambassador whose federate runs in this process: to the federations here, or to a hub. */
 final class FederateConnection extends Connection {
@@ -42,7 +45,7 @@ final class FederateConnection extends Connection {
     private Way way;
 
     FederateConnection() {
-        super(FEDERATIONS);
+        super(new Session(FEDERATIONS));
     }
 
     @Override
@@ -70,6 +73,7 @@ final class FederateConnection extends Connection {
         requireNotConnectedToHub();
         session.connect(created);
         hub = null;
+        ProcessPage.show(FEDERATIONS::all);
     }
 
     private synchronized void connectToHub(List<HubAddress> hubs, Way theWay) throws RTIexception {
@@ -85,7 +89,7 @@ final class FederateConnection extends Connection {
 
     private static HubLink introduced(HubLink link, Way way) throws RTIexception {
         try {
-            link.request(Service.connect_FA_CM_S.ordinal(), way.message);
+            link.serve(Service.connect_FA_CM_S.ordinal(), Licence.NONE, way.message);
             return link;
         } catch (NotConnected e) {
             throw new ConnectionFailed(e.getMessage());
@@ -101,7 +105,7 @@ final class FederateConnection extends Connection {
         Elsewhere next = first;
         for (int left = MOST_HUBS_ASKED; left > 0; --left) {
             try {
-                return service.isJoin() ? move(next).request(service.ordinal(), message)
+                return service.isJoin() ? move(next).serve(service.ordinal(), Licence.NONE, message)
                         : runErrand(next, service, message);
             } catch (Elsewhere e) {
                 next = e;
@@ -136,7 +140,7 @@ final class FederateConnection extends Connection {
         }
         HubLink there = introduced(from.openElsewhere(to.address(), theWay.delivery, natives, fault -> { }), theWay);
         try {
-            return there.request(service.ordinal(), message);
+            return there.serve(service.ordinal(), Licence.NONE, message);
         } finally {
             there.close("its errand is done");
         }
@@ -169,7 +173,7 @@ final class FederateConnection extends Connection {
             if (current == null) {
                 session.disconnect();
             } else if (!current.isLost()) {
-                current.request(Service.disconnect.ordinal(), AmbassadorServices.NO_ARGUMENTS);
+                current.serve(Service.disconnect.ordinal(), Licence.NONE, AmbassadorServices.NO_ARGUMENTS);
             }
         } catch (FederateIsExecutionMember e) {
             suspectDestruction();
@@ -229,7 +233,7 @@ final class FederateConnection extends Connection {
             session.requireNoSaveOrRestore();
         } else {
             Service service = on ? Service.enableCallbacks : Service.disableCallbacks;
-            current.request(service.ordinal(), AmbassadorServices.NO_ARGUMENTS);
+            current.serve(service.ordinal(), Licence.NONE, AmbassadorServices.NO_ARGUMENTS);
         }
         delivery().setEnabled(on);
     }

@@ -12,10 +12,14 @@ import java.util.stream.Stream;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Session;
 import tovu.local.model.port.CallbackSink;
+import tovu.local.wire.Licence;
 
 /** An ambassador at a hub, whose federate is elsewhere: its services come as numbers and messages. */
 public final class HubAmbassador extends RegionServices {
     private static final MethodHandle[] SERVICES = services();
+
+    private final HubAmbassador underWay; // serves what the federate does not wait for
+    private int retraction; // of what is served now
 
     /**
      * @param sink        makes what takes the callbacks of a federate with that callback context
@@ -23,6 +27,24 @@ public final class HubAmbassador extends RegionServices {
      */
     public HubAmbassador(IntFunction<CallbackSink> sink, Federations federations) {
         super(new HubConnection(sink, federations));
+        underWay = new HubAmbassador(connection.session);
+    }
+
+    private HubAmbassador(Session session) {
+        super(new SendingConnection(session));
+        underWay = this;
+    }
+
+    /** The connection of what was sent before the federate could know of a save, and so belongs before it. */
+    private static final class SendingConnection extends HubConnection {
+        SendingConnection(Session session) {
+            super(session);
+        }
+
+        @Override
+        <R> R callOutsideSave(Session.Service<R> service) throws RTIexception {
+            return session.callOutsideRestore(service);
+        }
     }
 
     private static MethodHandle[] services() {
@@ -60,6 +82,23 @@ public final class HubAmbassador extends RegionServices {
         }
     }
 
+    /**
+     * Serves what a federate with a licence has sent and does not wait for. One after the other.
+     *
+     * @param number by which the federate may retract it, or 0
+     * @return what the service returns, or null
+     */
+    public Object serveUnderWay(int service, int number, byte[] message) throws RTIexception {
+        underWay.retraction = number;
+        return underWay.serve(service, message);
+    }
+
+    /** What a federate elsewhere may be spared by a licence. */
+    public static Licence licence(int service) {
+        Service[] all = Service.values();
+        return service >= 0 && service < all.length ? all[service].licence() : Licence.NONE;
+    }
+
     /** Whether a service creates a federation. */
     public static boolean isCreation(int service) {
         Service[] all = Service.values();
@@ -86,6 +125,6 @@ public final class HubAmbassador extends RegionServices {
 
     @Override
     MessageReader reader(byte[] message) {
-        return new HubMessages.Reader(message);
+        return new HubMessages.Reader(message, retraction);
     }
 }

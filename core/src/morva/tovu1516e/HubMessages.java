@@ -1,9 +1,10 @@
 package morva.tovu1516e;
 
-import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.InvalidLogicalTime;
 import java.util.List;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ModuleSource;
+import tovu.local.model.value.Timing;
 import tovu.local.wire.FrameWriter;
 
 /** Messages of services that name files, as a hub takes them: with what the files hold. */
@@ -42,8 +43,17 @@ final class HubMessages {
 
     /** Reads what that wrote. */
     static final class Reader extends MessageReader {
-        Reader(byte[] message) {
+        private final int retraction;
+
+        /** @param retraction the number by which the federate may retract what it sends, or 0 */
+        Reader(byte[] message, int retraction) {
             super(message);
+            this.retraction = retraction;
+        }
+
+        @Override
+        Timing timing() throws InvalidLogicalTime {
+            return new Timing(true, time(), retraction);
         }
 
         @Override

@@ -1,6 +1,7 @@
 package morva.tovu1516e;
 
 import java.util.List;
+import tovu.local.wire.Licence;
 
 /**
  * The services of an ambassador, in the order in which the library knows them. A name ends in the codes of what the
@@ -172,6 +173,29 @@ enum Service {
     /** The number of the service group that it belongs to. */
     int group() {
         return (int) FIRST_OF_GROUPS.stream().filter(first -> first.ordinal() <= ordinal()).count();
+    }
+
+    /**
+     * What a federate elsewhere may be spared by a licence. Lookups are those whose answer stays true while the federate
+     * is a member: what a FOM module has defined keeps its handle and its name.
+     */
+    Licence licence() {
+        return switch (this) {
+            case getObjectClassHandle_S, getObjectClassName_OCH, getAttributeHandle_OCH_S, getAttributeName_OCH_AH,
+                    getInteractionClassHandle_S, getInteractionClassName_ICH, getParameterHandle_ICH_S,
+                    getParameterName_ICH_PH, getDimensionHandle_S, getDimensionName_DH, getDimensionUpperBound_DH,
+                    getAvailableDimensionsForClassAttribute_OCH_AH, getAvailableDimensionsForInteractionClass_ICH,
+                    getUpdateRateValue_S, getOrderType_S, getOrderName_OT, normalizeServiceGroup_SG,
+                    getTimeFactory -> Licence.LOOKUP;
+            case updateAttributeValues_OIH_AHVM_BX -> Licence.UPDATE;
+            case updateAttributeValues_OIH_AHVM_BX_LT -> Licence.TIMED_UPDATE;
+            case sendInteraction_ICH_PHVM_BX -> Licence.INTERACTION;
+            case sendInteraction_ICH_PHVM_BX_LT -> Licence.TIMED_INTERACTION;
+            case registerObjectInstance_OCH, registerObjectInstance_OCH_S, registerObjectInstanceWithRegions_OCH_ASRSPL,
+                    registerObjectInstanceWithRegions_OCH_ASRSPL_S -> Licence.REGISTRATION;
+            case deleteObjectInstance_OIH_BX -> Licence.DELETION;
+            default -> Licence.NONE;
+        };
     }
 
     /** As the standard has it. */

@@ -4,6 +4,8 @@ import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import java.util.StringJoiner;
+import tovu.local.delivery.CallbackMethod;
 import tovu.local.fom.ModuleSource;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.exchange.RegionManagement;
@@ -16,20 +18,36 @@ import tovu.local.trace.Trace;
 final class ServiceTrace {
     private final Describer describer;
     private final MessageReader in;
+    private final String name; // of the service or callback
 
-    private ServiceTrace(Federate federate, MessageReader in) {
-        describer = new Describer(federate);
+    private ServiceTrace(Describer describer, MessageReader in, String name) {
+        this.describer = describer;
         this.in = in;
+        this.name = name;
     }
 
     /** What a service is given. */
-    static List<String> arguments(Federate federate, Service service, MessageReader in) {
-        ServiceTrace trace = new ServiceTrace(federate, in);
+    static List<String> arguments(Describer describer, Service service, MessageReader message) {
+        return new ServiceTrace(describer, message, service.standardName()).arguments(service.codes());
+    }
+
+    /** What a callback tells, of a message without what is around it. */
+    static List<String> arguments(Describer describer, CallbackMethod callback, byte[] message) {
+        List<String> parts = List.of(callback.name().split("_"));
+        MessageReader in = new MessageReader(message) {
+            @Override
+            long time() {
+                return longInteger(); // there may be more behind it
+            }
+        };
+        return new ServiceTrace(describer, in, parts.get(0)).arguments(parts.subList(1, parts.size()));
+    }
+
+    private List<String> arguments(List<String> codes) {
         List<String> arguments = new ArrayList<>();
         try {
-            for (String code : service.codes()) {
-                arguments.add(service.standardName().contains("Multiple") && code.equals("S")
-                        ? trace.in.textSet().toString() : trace.argument(code));
+            for (String code : codes) {
+                arguments.add(name.contains("ultiple") && code.equals("S") ? in.textSet().toString() : argument(code));
             }
         } catch (RTIexception | RuntimeException e) {
             arguments.add("? " + e.getMessage());
@@ -38,11 +56,11 @@ final class ServiceTrace {
     }
 
     /** What it gives back. */
-    static List<String> results(Federate federate, Service service, Object result) {
+    static List<String> results(Describer describer, Service service, Object result) {
         return result == null ? List.of() : List.of(switch (result.getClass().getSimpleName()) {
             case "int[]" -> Arrays.toString((int[]) result);
             case "long[]" -> Arrays.toString((long[]) result);
-            case "byte[]" -> result(federate, service, (byte[]) result);
+            case "byte[]" -> result(describer, service, (byte[]) result);
             default -> result.toString();
         });
     }
@@ -64,9 +82,9 @@ final class ServiceTrace {
     }
 
     /** A query gives a time; what is sent gives a retraction handle. */
-    private static String result(Federate federate, Service service, byte[] result) {
-        ServiceTrace trace = new ServiceTrace(federate, new MessageReader(result));
-        return service.standardName().startsWith("query") ? trace.describer.time(trace.in.longInteger())
+    private static String result(Describer describer, Service service, byte[] result) {
+        ServiceTrace trace = new ServiceTrace(describer, new MessageReader(result), service.standardName());
+        return trace.name.startsWith("query") ? trace.describer.time(trace.in.longInteger())
                 : "retraction " + trace.in.integer();
     }
 
@@ -101,9 +119,47 @@ final class ServiceTrace {
             case "RB" -> "[" + in.longInteger() + ", " + in.longInteger() + ")";
             case "LT" -> "time " + describer.time(in.time());
             case "LTI" -> describer.time(in.interval());
-            case "MRH" -> "retraction " + in.integer();
+            case "MRH" -> "retraction " + retraction();
+            case "FASRI" -> origin();
+            case "FHSSPX" -> rows(1);
+            case "FRSX" -> rows(2);
+            case "FEIS" -> texts();
             default -> Integer.toString(in.integer());
         };
+    }
+
+    private int retraction() {
+        int number = in.integer();
+        in.bytes(); // none
+        return number;
+    }
+
+    private String origin() {
+        boolean producer = in.flag();
+        boolean regions = !name.equals("removeObjectInstance") && in.flag(); // of which a removal tells nothing
+        return "by " + (producer ? describer.federate(in.handle()) : "somebody")
+                + (regions ? " with " + describer.set(in.handles(), describer::region) : "");
+    }
+
+    /** Rows of federates and a status. */
+    private String rows(int federates) {
+        StringJoiner rows = new StringJoiner(", ", "[", "]");
+        for (int left = in.integer(); left > 0; --left) {
+            StringJoiner row = new StringJoiner(" ");
+            for (int i = 0; i < federates; ++i) {
+                row.add(describer.federate(in.handle()));
+            }
+            rows.add(row.add(Integer.toString(in.integer())).toString());
+        }
+        return rows.toString();
+    }
+
+    private String texts() {
+        StringJoiner rows = new StringJoiner(", ", "[", "]");
+        for (int left = in.integer(); left > 0; --left) {
+            rows.add(in.text() + " " + in.text());
+        }
+        return rows.toString();
     }
 
     private static String resignAction(int code) {

@@ -7,18 +7,28 @@ import tovu.local.delivery.CallbackMethod;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.FederateCallbacks;
+import tovu.local.record.RecordedConnection;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
 
 /** What a callback tells, as it goes into a frame. One after the other, not for several threads at once. */
 final class EncodedCallback {
     /** Tells it. */
-    interface Making {
+    private interface Making {
         void make(FederateCallbacks to) throws FederateInternalError;
     }
 
-    private static final int NUMBERS = 64; // bytes that frames have beside the message
+    /** What was encoded for one receiver. */
+    private record Encoding(Object likeness, CallbackMethod method, byte[] message) {
+    }
 
+    private static final int NUMBERS = 64; // bytes that frames have beside the message
+    private static final int CONTEXT = Integer.BYTES; // where it stands in a message
+    private static final int KEPT = 1 << 20; // a huge message must not cost its memory for ever
+    /** What the thread has encoded last: what goes to many receivers is left for one after the other. */
+    private static final ThreadLocal<Encoding> LAST = new ThreadLocal<>();
+
+    private final int context;
     private final FederateCallbacks encoder;
     private final FederateCallbacks reported;
     private final Supplier<Federate> member;
@@ -27,6 +37,7 @@ final class EncodedCallback {
 
     /** @param member whose callbacks they are, or null */
     EncodedCallback(int context, Supplier<Federate> member) {
+        this.context = context;
         this.member = member;
         encoder = CallbackDelivery.encoder(context, (theMethod, theMessage) -> {
             method = theMethod;
@@ -35,30 +46,56 @@ final class EncodedCallback {
         reported = CallbackDelivery.reporting(encoder, member);
     }
 
-    /**
-     * @param callback what is made
-     * @param making   how
-     * @return whether it tells anything
-     */
-    boolean make(Callback callback, Making making) {
+    /** Makes a callback as it is known now. @return whether it tells anything */
+    boolean foretell(Callback callback) {
+        Object likeness = isReported(callback) ? null : callback.likeness();
+        Encoding before = LAST.get();
+        if (likeness != null && before != null && likeness.equals(before.likeness)) {
+            method = before.method;
+            message = before.message;
+            return true;
+        }
+        boolean tells = make(callback, callback::foretell);
+        if (likeness != null && tells && message.length <= KEPT) {
+            LAST.set(new Encoding(likeness, method, message));
+        }
+        return tells;
+    }
+
+    /** Makes a callback with all that goes before and after it. @return whether it tells anything */
+    boolean deliver(Callback callback) {
+        return make(callback, callback::deliver);
+    }
+
+    private boolean make(Callback callback, Making making) {
         method = null;
         message = null;
-        Federate federate = member.get();
-        boolean isReported = federate != null && federate.oversight().reportsServices && !callback.isByManagement();
         try {
-            making.make(isReported ? reported : encoder);
+            making.make(isReported(callback) ? reported : encoder);
         } catch (FederateInternalError e) {
             throw new IllegalStateException(e); // nobody's code runs here
         }
         return method != null;
     }
 
+    private boolean isReported(Callback callback) {
+        Federate federate = member.get();
+        return federate != null && federate.oversight().reportsServices && !callback.isByManagement();
+    }
+
     FrameWriter frame(FrameType type) {
         return new FrameWriter(type, NUMBERS + (message == null ? 0 : message.length));
     }
 
+    /** Records what was made last; late is what was made when it was its turn. */
+    void record(RecordedConnection recording, long number, boolean late) {
+        recording.callback(number, late, method.ordinal(), message);
+    }
+
     /** Puts what was made last to the end of a frame. */
     FrameWriter put(FrameWriter frame) {
-        return frame.integer(method.ordinal()).rest(message);
+        int rest = CONTEXT + Integer.BYTES;
+        return frame.integer(method.ordinal()).rest(message, 0, CONTEXT).integer(context)
+                .rest(message, rest, message.length - rest);
     }
 }

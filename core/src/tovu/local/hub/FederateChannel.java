@@ -14,6 +14,7 @@ import io.netty.handler.codec.TooLongFrameException;
 import io.netty.handler.ssl.NotSslRecordException;
 import io.netty.util.ReferenceCountUtil;
 import io.netty.util.concurrent.Future;
+import java.nio.ByteBuffer;
 import java.util.Queue;
 import java.util.concurrent.ConcurrentLinkedQueue;
 import java.util.concurrent.TimeUnit;
@@ -22,9 +23,11 @@ import morva.tovu1516e.HubAmbassador;
 import morva.tovu1516e.MalformedMessage;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.port.Elsewhere;
+import tovu.local.record.RecordedConnection;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
+import tovu.local.wire.Licence;
 import tovu.local.wire.MalformedFrame;
 import tovu.local.wire.Protocol;
 import tovu.local.wire.Pulse;
@@ -36,12 +39,17 @@ import tovu.local.wire.Result;
  * by whoever has it, and written by that thread.
  */
 final class FederateChannel extends ChannelInboundHandlerAdapter {
+    private static final int TOGETHER = 1 << 14; // bytes of frames that leave as one
+    private static final int UNDER_WAY = 0; // in recordings, the number of what waits for no answer
+
     private final Hub hub;
     private final Channel channel;
     private final HubAmbassador ambassador;
     private final Queue<byte[]> outgoing = new ConcurrentLinkedQueue<>();
     private final AtomicBoolean writing = new AtomicBoolean();
-    private RemoteSink sink; // once it has connected
+    private RecordedConnection recording = RecordedConnection.NONE;
+    private final Brake brake;
+    private volatile RemoteSink sink; // once it has connected
     private boolean greeted;
     private boolean sent; // by another hub: what it wants is to be here
     private volatile boolean ended;
@@ -52,16 +60,18 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         this.hub = hub;
         this.channel = channel;
         ambassador = new HubAmbassador(this::connect, hub.federations());
+        brake = new Brake(channel, () -> sink == null ? 0 : sink.remembered(), hub.settings().queueLimit() / 2);
     }
 
     /** @param greatestFrame in bytes, for now */
     FrameDecoder decoder(int greatestFrame) {
         decoder = new FrameDecoder(greatestFrame, pulse);
+        brake.setDecoder(decoder);
         return decoder;
     }
 
     private RemoteSink connect(int context) {
-        sink = new RemoteSink(context, ambassador.session()::federate, this::send);
+        sink = new RemoteSink(context, ambassador.session()::federate, recording, this::send);
         return sink;
     }
 
@@ -71,23 +81,38 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             return; // nobody takes it any more
         }
         outgoing.add(frame);
+        brake.burden();
         if (!writing.get() && writing.compareAndSet(false, true)) {
             channel.eventLoop().execute(this::write);
         }
     }
 
+    /** Small frames leave together. */
     private void write() {
         writing.set(false);
-        boolean any = false;
-        for (byte[] next = outgoing.poll(); next != null; next = outgoing.poll()) {
-            channel.write(Unpooled.wrappedBuffer(next), channel.voidPromise());
-            any = true;
+        byte[] next = outgoing.poll();
+        if (next == null) {
+            return;
         }
-        if (any) {
-            pulse.say();
-            channel.flush();
-            limitWhatWaits();
+        ByteBuf together = null;
+        for (; next != null; next = outgoing.poll()) {
+            if (together != null && together.readableBytes() + next.length > TOGETHER) {
+                channel.write(together, channel.voidPromise());
+                together = null;
+            }
+            if (next.length > TOGETHER) {
+                channel.write(Unpooled.wrappedBuffer(next), channel.voidPromise());
+            } else {
+                together = together == null ? channel.alloc().buffer() : together;
+                together.writeBytes(next);
+            }
         }
+        if (together != null) {
+            channel.write(together, channel.voidPromise());
+        }
+        pulse.say();
+        channel.flush();
+        limitWhatWaits();
     }
 
     private void limitWhatWaits() {
@@ -123,6 +148,11 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
     }
 
+    @Override
+    public void channelWritabilityChanged(ChannelHandlerContext context) {
+        brake.relieve();
+    }
+
     private void take(FrameReader frame) {
         if (!greeted) {
             greet(frame);
@@ -134,9 +164,32 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                 long begun = frame.longInteger();
                 long endedUpTo = frame.longInteger();
                 int service = frame.integer();
+                byte[] message = frame.rest();
                 serve(HubAmbassador.isLong(service), () -> {
                     progress(begun, endedUpTo);
-                    send(answer(request, service, frame.rest()));
+                    recording.request(request, service, begun, endedUpTo, message);
+                    answer(request, service, message);
+                });
+            }
+            case SEND -> {
+                long begun = frame.longInteger();
+                long endedUpTo = frame.longInteger();
+                int service = frame.integer();
+                int retraction = frame.integer();
+                byte[] message = frame.rest();
+                serve(false, () -> {
+                    progress(begun, endedUpTo);
+                    recording.request(UNDER_WAY, service, begun, endedUpTo, message);
+                    serveUnderWay(service, retraction, message);
+                });
+            }
+            case FENCE -> {
+                int request = frame.integer();
+                long begun = frame.longInteger();
+                long endedUpTo = frame.longInteger();
+                serve(false, () -> {
+                    progress(begun, endedUpTo);
+                    send(reply(request, null));
                 });
             }
             case RESOLVE -> {
@@ -177,6 +230,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
         sent = frame.flag();
         greeted = true;
+        recording = hub.record(channel.remoteAddress().toString());
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
                 .integer(hub.settings().greatestFrame()).end());
         if (hub.settings().lostAfter() > 0) {
@@ -202,6 +256,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     private void progress(long begun, long endedUpTo) {
         if (sink != null) {
             sink.progress(begun, endedUpTo);
+            brake.relieve();
         }
     }
 
@@ -214,13 +269,13 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     /** Serves what may take the locks of the model: at once, or, where that may take its time, apart. */
     private void serve(boolean isLong, Runnable service) {
         if (!isLong && !hub.isServingLong()) {
-            service.run();
+            brake.serve(service);
             return;
         }
         decoder.pause(); // what comes behind it waits
         Runnable served = () -> {
             try {
-                service.run();
+                brake.serve(service);
                 if (!ended) {
                     channel.eventLoop().execute(decoder::resume);
                 }
@@ -235,27 +290,96 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
     }
 
-    private byte[] answer(int number, int service, byte[] message) {
+    private void answer(int number, int service, byte[] message) {
         try {
             if (!sent && HubAmbassador.isCreation(service)) {
                 hub.place();
             }
-            FrameWriter reply = new FrameWriter(FrameType.REPLY).integer(number);
-            Result.write(reply, ambassador.serve(service, message));
-            return reply.end();
+            long since = sink == null ? 0 : sink.licences().revocations();
+            Object result = ambassador.serve(service, message);
+            recording.result(number, result);
+            Licence licence = HubAmbassador.licence(service);
+            if (licence == Licence.NONE || !mayRepeat(licence, message, result)) {
+                send(reply(number, result));
+            } else {
+                int object = licence == Licence.REGISTRATION ? (Integer) result
+                        : licence.isOfObject() ? handle(message) : 0;
+                sink.licences().reply(number, result, licence, object, since);
+            }
         } catch (Elsewhere e) {
-            return new FrameWriter(FrameType.ELSEWHERE).integer(number).text(e.address()).end();
+            send(new FrameWriter(FrameType.ELSEWHERE).integer(number).text(e.address()).end());
         } catch (RTIexception e) {
-            return failure(number, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
+            send(failure(number, e.getClass().getSimpleName(), String.valueOf(e.getMessage())));
         } catch (MalformedMessage e) {
             throw e;
         } catch (RuntimeException | Error e) {
             HubLog.fault(e);
-            return failure(number, "RTIinternalError", e.toString());
+            send(failure(number, "RTIinternalError", e.toString()));
         }
     }
 
-    private static byte[] failure(int number, String exception, String text) {
+    /** Whether the federate may do without asking what it has just done with success. */
+    private boolean mayRepeat(Licence licence, byte[] message, Object result) throws RTIexception {
+        Federate member = ambassador.session().federate();
+        if (member == null || licence == Licence.DELETION) {
+            return false;
+        }
+        if (licence == Licence.LOOKUP) {
+            return !member.oversight().reportsServices; // each of them is reported
+        }
+        if (result != null && licence.isTimed()) {
+            setNumbersAside();
+        }
+        // what the federation itself heeds may change what the federate may do next
+        return licence.isOfObject() || !ambassador.session().call((federation, me) ->
+                federation.interactions().isHeeded(handle(message)));
+    }
+
+    /** What object instance or class a message is about. */
+    private static int handle(byte[] message) {
+        return ByteBuffer.wrap(message).getInt();
+    }
+
+    private void setNumbersAside() throws RTIexception {
+        int wanted = sink.licences().numbersWanted();
+        if (wanted > 0) {
+            int first = ambassador.session().call((federation, me) -> federation.retractions().setAside(wanted));
+            sink.licences().addNumbers(first, wanted);
+        }
+    }
+
+    /** What turns out not to be possible any more is as if it had come a moment too late. */
+    private void serveUnderWay(int service, int retraction, byte[] message) {
+        Licence licence = HubAmbassador.licence(service);
+        if (!licence.isToSend() || sink == null || retraction != 0 && !sink.licences().use(retraction)) {
+            throw new MalformedFrame("a message without a licence");
+        }
+        try {
+            recording.result(UNDER_WAY, ambassador.serveUnderWay(service, retraction, message));
+            if (retraction != 0) {
+                setNumbersAside();
+            }
+        } catch (RTIexception e) {
+            // nobody waits to hear of it
+            recording.failure(UNDER_WAY, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
+        } catch (MalformedMessage e) {
+            throw e;
+        } catch (RuntimeException | Error e) {
+            HubLog.fault(e);
+        }
+        if (licence == Licence.DELETION) {
+            sink.licences().deleted(handle(message));
+        }
+    }
+
+    private static byte[] reply(int number, Object result) {
+        FrameWriter reply = new FrameWriter(FrameType.REPLY).integer(number).flag(false);
+        Result.write(reply, result);
+        return reply.end();
+    }
+
+    private byte[] failure(int number, String exception, String text) {
+        recording.failure(number, exception, text);
         return new FrameWriter(FrameType.FAILURE).integer(number).text(exception).text(text).end();
     }
 
@@ -292,6 +416,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
         ended = true;
         hub.left(this);
+        recording.closed(reason);
         hub.serveApart(() -> ambassador.session().abandon(reason)); // one of its services may still run
         outgoing.clear();
         channel.writeAndFlush(Unpooled.wrappedBuffer(new FrameWriter(FrameType.CLOSING).text(reason).end()))
@@ -301,6 +426,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     @Override
     public void channelInactive(ChannelHandlerContext context) {
+        brake.end();
         if (greeted) {
             lose("its connection is closed");
         } else {

@@ -11,6 +11,7 @@ import tovu.local.wire.Pulse;
 final class FrameDecoder extends LengthFieldBasedFrameDecoder {
     private final Pulse pulse;
     private ChannelHandlerContext context;
+    private int pauses;
 
     FrameDecoder(int greatestFrame, Pulse pulse) {
         super(greatestFrame, 0, Protocol.LENGTH_BYTES, 0, Protocol.LENGTH_BYTES);
@@ -34,12 +35,18 @@ final class FrameDecoder extends LengthFieldBasedFrameDecoder {
         return from.channel().config().isAutoRead() ? super.decode(from, in) : null;
     }
 
+    /** In the connection's thread, as what ends it. Whoever pauses has to resume. */
     void pause() {
+        ++pauses;
         context.channel().config().setAutoRead(false);
     }
 
-    /** Goes on with what has come already. In the connection's thread. */
+    /** Goes on with what has come already, unless somebody else has paused. */
     void resume() {
+        --pauses;
+        if (pauses > 0) {
+            return;
+        }
         context.channel().config().setAutoRead(true);
         try {
             channelRead(context, Unpooled.EMPTY_BUFFER);

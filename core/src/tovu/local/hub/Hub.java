@@ -6,6 +6,7 @@ import io.netty.channel.ChannelInitializer;
 import io.netty.channel.ChannelOption;
 import io.netty.channel.ChannelPipeline;
 import io.netty.channel.EventLoopGroup;
+import io.netty.channel.WriteBufferWaterMark;
 import io.netty.channel.nio.NioEventLoopGroup;
 import io.netty.channel.socket.SocketChannel;
 import io.netty.channel.socket.nio.NioServerSocketChannel;
@@ -29,6 +30,8 @@ import java.util.concurrent.atomic.AtomicInteger;
 import tovu.local.management.Manager;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.port.Elsewhere;
+import tovu.local.record.RecordedConnection;
+import tovu.local.record.Recorder;
 import tovu.local.wire.Identity;
 
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
@@ -36,17 +39,21 @@ final class Hub {
     private static final int GREETING_SECONDS = 10;
     private static final int GREATEST_GREETING = 1024;
     private static final int BACKLOG = 1024;
+    private static final WriteBufferWaterMark MUCH_TO_WRITE = new WriteBufferWaterMark(1 << 20, 1 << 22);
 
     private final HubSettings settings;
     private final SslContext tls;
     private final EventLoopGroup listening = new NioEventLoopGroup(1);
-    private final EventLoopGroup serving = new NioEventLoopGroup();
+    // A federation's services wait for each other, and frames that are written by one thread go together.
+    private final EventLoopGroup serving =
+            new NioEventLoopGroup(Math.max(1, Runtime.getRuntime().availableProcessors() / 2));
     private final ExecutorService apart = Executors.newCachedThreadPool();
     private final AtomicInteger servingLong = new AtomicInteger();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
     private final AtomicInteger connections = new AtomicInteger();
     private final Cluster cluster;
     private final Federations federations;
+    private final Recorder recorder; // null for none
     private Channel server;
 
     Hub(HubSettings settings, Cluster cluster) throws IOException {
@@ -54,6 +61,7 @@ final class Hub {
         this.cluster = cluster;
         federations = new Federations(Manager::new, cluster.placement());
         tls = settings.certificate() == null ? null : tls();
+        recorder = settings.recording() == null ? null : new Recorder(settings.recording());
     }
 
     private SslContext tls() throws IOException {
@@ -85,19 +93,19 @@ final class Hub {
             server = new ServerBootstrap().group(listening, serving).channel(NioServerSocketChannel.class)
                     .option(ChannelOption.SO_BACKLOG, BACKLOG).option(ChannelOption.SO_REUSEADDR, true)
                     .childOption(ChannelOption.TCP_NODELAY, true)
+                    .childOption(ChannelOption.WRITE_BUFFER_WATER_MARK, MUCH_TO_WRITE)
                     .childHandler(new ChannelInitializer<SocketChannel>() {
                         @Override
                         protected void initChannel(SocketChannel channel) {
                             begin(channel);
                         }
-                    }).bind(settings.host(), settings.port()).sync().channel();
+                    }).bind(settings.listen().socketAddress()).sync().channel();
             return (InetSocketAddress) server.localAddress();
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             throw new IOException(e);
         } catch (Exception e) { // the library throws what the system call has failed with, undeclared
-            throw new IOException("cannot listen on " + settings.host() + ":" + settings.port() + " (" + e.getMessage()
-                    + ")", e);
+            throw new IOException("cannot listen on " + settings.listen() + " (" + e.getMessage() + ")", e);
         }
     }
 
@@ -141,6 +149,11 @@ final class Hub {
         return List.copyOf(federates).stream().<Future<?>>map(each -> each.end(reason)).toList();
     }
 
+    /** What takes what crosses the connection from that address. */
+    RecordedConnection record(String address) {
+        return recorder == null ? RecordedConnection.NONE : recorder.opened(address);
+    }
+
     void serveLong(Runnable service) {
         servingLong.incrementAndGet();
         serveApart(() -> {
@@ -173,5 +186,8 @@ final class Hub {
         listening.shutdownGracefully(0, 1, TimeUnit.SECONDS).syncUninterruptibly();
         apart.shutdownNow();
         cluster.leave();
+        if (recorder != null) {
+            recorder.close();
+        }
     }
 }

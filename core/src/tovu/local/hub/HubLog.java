@@ -1,6 +1,7 @@
 package tovu.local.hub;
 
 import io.netty.channel.Channel;
+import tovu.local.management.Journal;
 
 /** What a hub says on its standard error stream: one line for each thing that whoever runs it may want to know. */
 public final class HubLog {
@@ -8,6 +9,7 @@ public final class HubLog {
     }
 
     static void refused(Channel channel, String reason) {
+        Journal.add(Journal.Kind.REFUSED, "", String.valueOf(channel.remoteAddress()), reason);
         say("refused " + channel.remoteAddress() + ": " + reason);
     }
 

@@ -1,12 +1,13 @@
 package tovu.local.hub;
 
 import java.io.IOException;
-import java.net.InetAddress;
 import java.net.InetSocketAddress;
-import java.net.UnknownHostException;
+import java.security.GeneralSecurityException;
 import java.util.ServiceConfigurationError;
 import java.util.ServiceLoader;
+import tovu.local.remote.Tls;
 import tovu.local.saves.SaveFolder;
+import tovu.local.watch.WebServer;
 
 /** The command rti1516e-hub. */
 public final class HubMain {
@@ -23,8 +24,8 @@ public final class HubMain {
             } else if (options.wantsVersion()) {
                 System.out.println("rti1516e-hub " + version());
             } else if (options.wantsList()) {
-                ClusterSettings cluster = options.settings().cluster();
-                System.out.print(provided(() -> provider().list(cluster)));
+                ClusterSettings cluster = options.listedCluster();
+                System.out.print(cluster == null ? options.list() : provided(() -> provider().list(cluster)));
             } else {
                 run(options.settings());
             }
@@ -40,17 +41,24 @@ public final class HubMain {
     }
 
     private static void run(HubSettings settings) throws IOException {
-        requireSecurity(settings);
+        requireSecurity(settings, settings.listen(), "can join and read all federations");
+        if (settings.web() != null) {
+            requireSecurity(settings, settings.web(), "sees all federations");
+        }
         Hub hub = new Hub(settings, cluster(settings));
         InetSocketAddress address = hub.start();
-        String host = settings.host(); // the system may say the same in another way
-        String listening = (host.contains(":") ? "[" + host + "]" : host) + ":" + address.getPort();
+        WebServer page = settings.web() == null ? null : page(settings, hub);
+        // the system may say the same host in another way
+        String listening = new Endpoint(settings.listen().host(), address.getPort()).toString();
         hub.enterCluster(listening);
         // SIGTERM and SIGINT run this; the VM's own exit status would call an orderly end a failure.
         Runtime.getRuntime().addShutdownHook(new Thread(() -> {
             hub.stop();
             Runtime.getRuntime().halt(0);
         }, "end"));
+        if (page != null) {
+            System.out.println("page at " + page.url());
+        }
         System.out.println("listening on " + listening);
         System.out.flush();
     }
@@ -84,20 +92,26 @@ public final class HubMain {
         }
     }
 
-    private static void requireSecurity(HubSettings settings) throws IOException {
-        boolean local;
+    /** Whoever needs a certificate to join needs one to look on. */
+    private static WebServer page(HubSettings settings, Hub hub) throws IOException {
         try {
-            local = InetAddress.getByName(settings.host()).isLoopbackAddress();
-        } catch (UnknownHostException e) {
-            throw new IOException("the address '" + settings.host() + "' to listen on is unknown", e);
+            return new WebServer(hub.federations()::all, settings.web().socketAddress(),
+                    settings.certificate() == null ? null
+                            : Tls.context(settings.clientCa(), settings.certificate(), settings.key()),
+                    settings.clientCa() != null);
+        } catch (GeneralSecurityException e) {
+            throw new IOException(e.getMessage(), e);
         }
-        if (local || settings.certificate() != null) {
+    }
+
+    private static void requireSecurity(HubSettings settings, Endpoint where, String what) throws IOException {
+        if (where.isLocal() || settings.certificate() != null) {
             return;
         }
         if (!settings.insecure()) {
-            throw new IOException("other machines may connect to " + settings.host()
+            throw new IOException("other machines may connect to " + where.host()
                     + " only with TLS: give --certificate and --key, or --insecure to do without");
         }
-        HubLog.say("warning: whoever reaches " + settings.host() + " can join and read all federations (--insecure)");
+        HubLog.say("warning: whoever reaches " + where + " " + what + " (--insecure)");
     }
 }

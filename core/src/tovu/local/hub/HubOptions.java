@@ -9,12 +9,14 @@ import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
+import tovu.local.watch.WebServer;
 import tovu.local.wire.Protocol;
 
 /** What the command line of a hub says, and its file of settings, which has the same names. */
 final class HubOptions {
     static final String HELP = """
             usage: rti1516e-hub [OPTION]...
+                   rti1516e-hub --list HOST:PORT [--json] [--ca FILE [--certificate FILE --key FILE]]
             Hosts HLA federations for federates of other processes and machines.
 
               --listen HOST:PORT      where federates connect (127.0.0.1:15160; port 0 takes a free one)
@@ -36,15 +38,22 @@ final class HubOptions {
               --cluster-ca FILE       connects to ZooKeeper with TLS; its certificate is of this authority, in PEM
               --cluster-identity FILE
                                       the hub's certificate for ZooKeeper and the key of that, in one file
-              --list                  lists the hubs and federations of the --cluster, and ends
+              --web [HOST:PORT]       shows the federations on a page (without an address 127.0.0.1:15161)
+              --record FILE           records what crosses, for rti1516e-replay
               --config FILE           a file of such settings: a line each, such as lost-after = 5
               --help, --version       says so and ends
+
+              --list HOST:PORT        lists the federations of the hub whose page is there, and ends
+              --json                  lists them for a program
+              --ca FILE               the authority of that hub's certificate; --certificate and --key are one's own
             """;
 
     private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "saves",
             "lost-after", "queue-limit", "connections", "greatest-message", "cluster", "name", "advertise",
-            "takeover-after", "cluster-login", "cluster-ca", "cluster-identity", "config");
-    private static final Set<String> FLAGS = Set.of("insecure", "list", "help", "version");
+            "takeover-after", "cluster-login", "cluster-ca", "cluster-identity", "config", "web", "list", "ca", "record");
+    private static final Set<String> FLAGS = Set.of("insecure", "help", "version", "json");
+    private static final Map<String, String> DEFAULTS = Map.of("web", "127.0.0.1:" + WebServer.DEFAULT_PORT, "list",
+            "127.0.0.1:" + WebServer.DEFAULT_PORT);
     private static final int MEGABYTE_BITS = 20;
 
     /** A command line that means nothing. */
@@ -71,7 +80,9 @@ final class HubOptions {
                 throw new WrongOption("unknown option '" + argument + "'");
             }
             int equals = argument.indexOf('=');
-            String value = equals >= 0 ? argument.substring(equals + 1) : FLAGS.contains(name) ? "" : left.poll();
+            boolean isAlone = left.isEmpty() || left.peek().startsWith("--");
+            String value = equals >= 0 ? argument.substring(equals + 1) : FLAGS.contains(name) ? ""
+                    : isAlone && DEFAULTS.containsKey(name) ? DEFAULTS.get(name) : left.poll();
             if (value == null || FLAGS.contains(name) && equals >= 0) {
                 throw new WrongOption("option '--" + name + (value == null ? "' needs a value" : "' takes no value"));
             }
@@ -97,11 +108,12 @@ final class HubOptions {
                 continue;
             }
             String[] parts = setting.split("\\s*=\\s*", 2);
-            boolean known = parts.length == 2 ? VALUES.contains(parts[0]) : FLAGS.contains(parts[0]);
+            boolean known = parts.length == 2 ? VALUES.contains(parts[0])
+                    : FLAGS.contains(parts[0]) || DEFAULTS.containsKey(parts[0]);
             if (!known || parts[0].equals("config")) {
                 throw new WrongOption("'" + setting + "' in '" + file + "' is no setting");
             }
-            values.putIfAbsent(parts[0], parts.length == 2 ? parts[1] : "");
+            values.putIfAbsent(parts[0], parts.length == 2 ? parts[1] : DEFAULTS.getOrDefault(parts[0], ""));
         }
     }
 
@@ -113,28 +125,38 @@ final class HubOptions {
         return values.containsKey("version");
     }
 
-    /** Whether it is only to be told what the cluster has. */
-    boolean wantsList() throws WrongOption {
-        if (values.containsKey("list") && !values.containsKey("cluster")) {
-            throw new WrongOption("--list needs --cluster");
-        }
+    boolean wantsList() {
         return values.containsKey("list");
     }
 
-    HubSettings settings() throws WrongOption {
-        String listen = values.getOrDefault("listen", "127.0.0.1:" + Protocol.DEFAULT_PORT);
-        int colon = listen.lastIndexOf(':');
-        if (colon < 1) {
-            throw new WrongOption("'" + listen + "' is not HOST:PORT");
+    /** The cluster that is to be listed, or null when it is a hub. */
+    ClusterSettings listedCluster() throws WrongOption {
+        return cluster();
+    }
+
+    /** What is to be listed. */
+    String list() throws WrongOption, IOException {
+        requireKey();
+        if (values.containsKey("certificate") && !values.containsKey("ca")) {
+            throw new WrongOption("--list needs the --ca of a hub that asks for a certificate");
         }
+        return RemoteList.fetch(values.get("list"), values.containsKey("json"), file("ca"), file("certificate"),
+                file("key"));
+    }
+
+    private void requireKey() throws WrongOption {
         if (values.containsKey("certificate") != values.containsKey("key")) {
             throw new WrongOption("a certificate needs its key: give --certificate and --key");
         }
+    }
+
+    HubSettings settings() throws WrongOption {
+        requireKey();
         if (values.containsKey("client-ca") && !values.containsKey("certificate")) {
             throw new WrongOption("--client-ca needs --certificate and --key");
         }
-        String host = listen.substring(0, colon).replaceAll("^\\[(.*)]$", "$1");
-        return new HubSettings(host, number("port of --listen", listen.substring(colon + 1), 0, 65_535),
+        return new HubSettings(endpoint("listen", "127.0.0.1:" + Protocol.DEFAULT_PORT),
+                values.containsKey("web") ? endpoint("web", null) : null, file("record"),
                 file("certificate"), file("key"), file("client-ca"), values.containsKey("insecure"), file("saves"),
                 number("lost-after", "20", 0, 86_400),
                 (long) number("queue-limit", "256", 1, 1 << MEGABYTE_BITS) << MEGABYTE_BITS,
@@ -165,6 +187,16 @@ final class HubOptions {
         return new ClusterSettings(values.get("cluster"), values.get("name"), advertised,
                 number("takeover-after", "3", 1, 3_600), file("cluster-ca"), file("cluster-identity"),
                 file("cluster-login"), file("saves"));
+    }
+
+    private Endpoint endpoint(String name, String standard) throws WrongOption {
+        String address = values.getOrDefault(name, standard);
+        int colon = address.lastIndexOf(':');
+        if (colon < 1) {
+            throw new WrongOption("'" + address + "' is not HOST:PORT");
+        }
+        return new Endpoint(address.substring(0, colon).replaceAll("^\\[(.*)]$", "$1"),
+                number("port of --" + name, address.substring(colon + 1), 0, 65_535));
     }
 
     private Path file(String name) {

@@ -5,8 +5,9 @@ import java.nio.file.Path;
 /**
  * How a hub is to be run.
  *
- * @param host            the address it listens on
- * @param port            the port, 0 for one that is free
+ * @param listen          where it listens for federates
+ * @param web             where it shows a page, or null for none
+ * @param recording       the file that what crosses is recorded in, or null for none
  * @param certificate     the hub's certificate, or null for no TLS
  * @param key             the private key of that
  * @param clientCa        the authority whose certificates let federates in, or null for no such condition
@@ -18,6 +19,7 @@ import java.nio.file.Path;
  * @param greatestFrame   bytes
  * @param cluster         what it is to be a part of, or null
  */
-record HubSettings(String host, int port, Path certificate, Path key, Path clientCa, boolean insecure,
-        Path saves, int lostAfter, long queueLimit, int connections, int greatestFrame, ClusterSettings cluster) {
+record HubSettings(Endpoint listen, Endpoint web, Path recording, Path certificate, Path key, Path clientCa,
+        boolean insecure, Path saves, int lostAfter, long queueLimit, int connections, int greatestFrame,
+        ClusterSettings cluster) {
 }

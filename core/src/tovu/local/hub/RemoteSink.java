@@ -13,6 +13,7 @@ import tovu.local.model.exchange.Federate;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
 import tovu.local.model.port.RetractableCallback;
+import tovu.local.record.RecordedConnection;
 import tovu.local.wire.CallbackFlags;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
@@ -40,11 +41,13 @@ final class RemoteSink implements CallbackSink {
     }
 
     private final Consumer<byte[]> out;
+    private final IssuedLicences licences;
+    private final RecordedConnection recording;
     private final Deque<Sent> unsettled = new ArrayDeque<>();
     private final Map<Callback, Sent> retractable = new IdentityHashMap<>();
     private final Map<Long, Sent> retracted = new HashMap<>(); // and maybe begun before the federate knew
     private long last;
-    private long remembered; // bytes
+    private volatile long remembered; // bytes; changes under the monitor only
     private final EncodedCallback told;
     private final EncodedCallback answer; // for the connection's own thread
 
@@ -53,10 +56,26 @@ final class RemoteSink implements CallbackSink {
      * @param member  whose callbacks they are, or null
      * @param out     takes the frames, in order
      */
-    RemoteSink(int context, Supplier<Federate> member, Consumer<byte[]> out) {
+    RemoteSink(int context, Supplier<Federate> member, RecordedConnection recording, Consumer<byte[]> out) {
         this.out = out;
+        licences = new IssuedLicences(out);
+        this.recording = recording;
         told = new EncodedCallback(context, member);
         answer = new EncodedCallback(context, member);
+    }
+
+    IssuedLicences licences() {
+        return licences;
+    }
+
+    @Override
+    public void revoke(int object) {
+        licences.revoke(object);
+    }
+
+    @Override
+    public void limitTimes(long first, long last) {
+        licences.limit(first, last);
     }
 
     @Override
@@ -74,9 +93,10 @@ final class RemoteSink implements CallbackSink {
         byte[] frame;
         if (foresight == Callback.Foresight.NONE) {
             frame = new FrameWriter(FrameType.LATE_CALLBACK).longInteger(++last).octet(flags).end();
-        } else if (told.make(callback, callback::foretell)) {
+        } else if (told.foretell(callback)) {
             frame = told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
                     .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end();
+            told.record(recording, last, false);
         } else {
             return;
         }
@@ -92,7 +112,7 @@ final class RemoteSink implements CallbackSink {
     }
 
     /** About how many bytes are kept of callbacks until the federate's code has been given them. */
-    synchronized long remembered() {
+    long remembered() {
         return remembered;
     }
 
@@ -140,10 +160,13 @@ final class RemoteSink implements CallbackSink {
             retractable.remove(sent.callback);
         }
         Callback callback = sent.callback;
-        if (callback.foresight() == Callback.Foresight.NONE) {
-            return answer(request, answer.make(callback, callback::deliver));
+        boolean something = callback.foresight() == Callback.Foresight.NONE
+                ? answer.deliver(callback)
+                : callback.begin() && answer.foretell(callback);
+        if (something) {
+            answer.record(recording, number, true);
         }
-        return answer(request, callback.begin() && answer.make(callback, callback::foretell));
+        return answer(request, something);
     }
 
     private byte[] answer(int request, boolean something) {
@@ -168,7 +191,9 @@ final class RemoteSink implements CallbackSink {
         }
         if (known) {
             post(instead);
-        } else if (!numbers.isEmpty() && told.make(instead, instead::foretell)) {
+        } else if (!numbers.isEmpty() && told.foretell(instead)) {
+            recording.retracted(numbers);
+            told.record(recording, last + 1, false);
             FrameWriter frame = told.frame(FrameType.RETRACT).integer(numbers.size());
             numbers.forEach(frame::longInteger);
             out.accept(told.put(frame.longInteger(++last)).end());
@@ -198,6 +223,7 @@ final class RemoteSink implements CallbackSink {
         unsettled.clear();
         retractable.clear();
         retracted.clear();
+        licences.clear();
         remembered = 0;
         out.accept(new FrameWriter(FrameType.DROP).end());
     }

@@ -65,5 +65,6 @@ final class Adjustments {
                     + " reported too; let it unsubscribe first");
         }
         who.oversight().reportsServices = on;
+        who.revokeLicences(0);
     }
 }

@@ -52,6 +52,7 @@ public final class Manager implements Management, CallbackSink {
                 return null;
             });
     private boolean settling;
+    private String fault; // of the federate that is being lost, or null
 
     public Manager(Federation federation) {
         this.federation = federation;
@@ -117,6 +118,7 @@ public final class Manager implements Management, CallbackSink {
 
     @Override
     public void joined(Federate federate, boolean extendsObjectModel) {
+        Journal.add(Journal.Kind.JOINED, federation.name(), federate.name(), "");
         ObjectClass theClass = model().objectClass(FEDERATE);
         int[] placed = theClass.members().stream()
                 .filter(each -> each.dimensions().stream().anyMatch(its -> its.name().equals(Reports.FEDERATE)))
@@ -135,15 +137,19 @@ public final class Manager implements Management, CallbackSink {
     }
 
     @Override
-    public void losing(Federate federate, String fault) {
+    public void losing(Federate federate, String theFault) {
+        fault = theFault;
         reports.send(federate, "HLAreportFederateLost", report ->
                 report.put("HLAfederateName", to -> to.text(federate.name()))
                         .put("HLAtimestamp", to -> to.time(federate.status().logicalTime()))
-                        .put("HLAfaultDescription", to -> to.text(fault)));
+                        .put("HLAfaultDescription", to -> to.text(theFault)));
     }
 
     @Override
     public void left(Federate federate) {
+        Journal.add(fault == null ? Journal.Kind.RESIGNED : Journal.Kind.LOST, federation.name(), federate.name(),
+                fault == null ? "" : fault);
+        fault = null;
         setReportPeriod(federate, 0);
         subjects.remove(federate.oversight().object);
         act(self -> {

@@ -10,7 +10,6 @@ import java.io.DataInputStream;
 import java.io.EOFException;
 import java.io.FilterInputStream;
 import java.io.IOException;
-import java.io.OutputStream;
 import java.util.ArrayList;
 import java.util.HashSet;
 import java.util.List;
@@ -32,6 +31,7 @@ import tovu.local.wire.CallbackFlags;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
+import tovu.local.wire.Licence;
 import tovu.local.wire.MalformedFrame;
 import tovu.local.wire.Pulse;
 
@@ -45,11 +45,16 @@ public final class HubLink {
     private static final long TELL_IDLE_MILLIS = 5;
     private static final long PATIENCE_MILLIS = 4_500; // until one has let it in
     private static final long FAREWELL_MILLIS = 1_000; // for what an end needs of the other side
+    private static final Consumer<Object> NO_LICENCE = result -> { };
+
+    /** What the thread has said something with, or been called by, that the hub may not have heard yet. */
+    private static final ThreadLocal<Set<HubLink>> UNHEARD = ThreadLocal.withInitial(() -> new HashSet<>(2));
 
     private final HubAddress hub;
     private final HubSocket socket;
     private final DataInputStream in;
-    private final OutputStream out;
+    private final Outbox out;
+    private final Licences licences = new Licences();
     private final int greatestFrame;
     private final int silence; // after so many seconds the other side is lost; 0 for never
     private final CallbackSink queue;
@@ -57,9 +62,10 @@ public final class HubLink {
     private final Consumer<String> onLoss;
     private final Map<Integer, Answer> awaited = new ConcurrentHashMap<>();
     private final AtomicInteger lastRequest = new AtomicInteger();
-    private final Set<Long> retracted = new HashSet<>(); // guarded by the monitor, like the three below
+    private final Set<Long> retracted = new HashSet<>(); // guarded by the monitor, like the four below
     private long begun; // the last callback that was
     private long ended; // the last callback that has returned
+    private long toldEnded; // as the hub knows it
     private long reviewed;
     private final AtomicBoolean tellingProgress = new AtomicBoolean();
     private final Pulse pulse = new Pulse();
@@ -125,7 +131,7 @@ public final class HubLink {
                 return count;
             }
         }, STREAM_BUFFER));
-        out = socket.output();
+        out = new Outbox(socket.output(), this::sendingFailed);
         HubSocket.Welcome welcome = socket.greet(in, sent);
         greatestFrame = welcome.greatestFrame();
         silence = welcome.lostAfterSeconds();
@@ -135,35 +141,83 @@ public final class HubLink {
     }
 
     /**
-     * A service.
+     * A service. With a licence it is not waited for.
      *
-     * @return what the hub's core returned
+     * @param licence what one for this service is for
+     * @return what the hub's core returns
      */
-    public Object request(int service, byte[] message) throws RTIexception {
-        FrameReader answer = ask(number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24)
-                .integer(number)).integer(service).rest(message).end());
-        return HubAnswers.result(answer);
+    public Object serve(int service, Licence licence, byte[] message) throws RTIexception {
+        if (licence == Licence.LOOKUP) {
+            Object known = licences.answer(service, message);
+            if (known != null && !isLost()) {
+                return known;
+            }
+        } else if (licence.isToSend() && !isLost()) {
+            hearOthers();
+            Licences.Sent sent = licences.use(licence, message);
+            if (sent != null) {
+                out.leave(checked(progress(new FrameWriter(FrameType.SEND, message.length + 24))
+                        .integer(service).integer(sent.number()).rest(message).end()));
+                pulse.say();
+                UNHEARD.get().add(this);
+                return sent.result();
+            }
+        }
+        return ask(licence == Licence.NONE ? NO_LICENCE : result -> licences.add(service, licence, message, result),
+                number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24).integer(number))
+                        .integer(service).rest(message).end()).result();
     }
 
     private interface Request {
         byte[] frame(int number);
     }
 
-    private FrameReader ask(Request request) throws NotConnected, RTIinternalError {
+    private Answer ask(Consumer<Object> onLicence, Request request) throws NotConnected, RTIinternalError {
+        hearOthers();
+        return askAlone(onLicence, request);
+    }
+
+    private Answer askAlone(Consumer<Object> onLicence, Request request) throws NotConnected, RTIinternalError {
         int number = lastRequest.incrementAndGet();
-        Answer answer = new Answer();
+        Answer answer = new Answer(onLicence);
         awaited.put(number, answer);
         if (lost == null) { // whoever loses it from here on finds the answer awaited
-            write(request.frame(number));
+            out.send(checked(request.frame(number)));
+            pulse.say();
         } else {
             answer.give(null);
         }
         FrameReader frame = answer.await();
         awaited.remove(number);
+        UNHEARD.get().remove(this);
         if (frame == null) {
             throw notConnected();
         }
-        return frame;
+        return answer;
+    }
+
+    /**
+     * What a thread has done as one federate happens before what it does as another of the same program, as it does
+     * where nothing is sent without waiting.
+     */
+    private void hearOthers() {
+        Set<HubLink> unheard = UNHEARD.get();
+        if (unheard.isEmpty() || unheard.size() == 1 && unheard.contains(this)) {
+            return;
+        }
+        for (HubLink each : List.copyOf(unheard)) {
+            if (each != this) {
+                each.beHeard();
+            }
+        }
+    }
+
+    private void beHeard() {
+        try {
+            askAlone(NO_LICENCE, number -> progress(new FrameWriter(FrameType.FENCE).integer(number)).end());
+        } catch (RTIexception e) {
+            UNHEARD.get().remove(this); // it is lost, and the hub will hear no more of it
+        }
     }
 
     public NotConnected notConnected() {
@@ -171,30 +225,23 @@ public final class HubLink {
                 + "); connect again");
     }
 
-    private void write(byte[] frame) throws RTIinternalError {
+    private byte[] checked(byte[] frame) throws RTIinternalError {
         if (frame.length > greatestFrame) {
             throw new RTIinternalError("A message of " + frame.length + " bytes is more than the hub at " + hub
                     + " takes, which is " + greatestFrame + "; send less at once, or start the hub with a greater limit");
         }
-        try {
-            synchronized (out) {
-                out.write(frame);
-                out.flush();
-            }
-            pulse.say();
-        } catch (IOException e) {
-            // the hub may have said why it ends the connection, which is still to be read
-            HubClock.INSTANCE.schedule(() -> lose("sending failed: " + HubSocket.reason(e)),
-                    FAREWELL_MILLIS, TimeUnit.MILLISECONDS);
-        }
+        return frame;
+    }
+
+    /** The hub may have said why it ends the connection, which is still to be read. */
+    private void sendingFailed(IOException failure) {
+        HubClock.INSTANCE.schedule(() -> lose("sending failed: " + HubSocket.reason(failure)),
+                FAREWELL_MILLIS, TimeUnit.MILLISECONDS);
     }
 
     private void tell(byte[] frame) {
-        try {
-            write(frame);
-        } catch (RTIinternalError e) {
-            throw new IllegalStateException(e);
-        }
+        out.send(frame);
+        pulse.say();
     }
 
     private void read() {
@@ -253,6 +300,9 @@ public final class HubLink {
                 }
             }
             case DROP -> drop();
+            case REVOKE -> licences.revoke(frame.integer());
+            case LIMITS -> licences.limit(frame.longInteger(), frame.longInteger());
+            case NUMBERS -> licences.addNumbers(frame.integer(), frame.integer());
             case HEARTBEAT -> {
                 // that it came is what it says
             }
@@ -262,6 +312,7 @@ public final class HubLink {
     }
 
     private synchronized void drop() {
+        licences.clear();
         retracted.clear();
         queue.dropMembership();
     }
@@ -310,6 +361,7 @@ public final class HubLink {
                 }
             } finally {
                 endCallback(number);
+                UNHEARD.get().add(HubLink.this);
                 tellProgressSoon();
             }
         }
@@ -317,8 +369,8 @@ public final class HubLink {
         private void resolve() throws FederateInternalError {
             FrameReader answer;
             try {
-                answer = ask(request ->
-                        new FrameWriter(FrameType.RESOLVE).integer(request).longInteger(number).end());
+                answer = ask(NO_LICENCE, request ->
+                        new FrameWriter(FrameType.RESOLVE).integer(request).longInteger(number).end()).frame();
             } catch (RTIexception e) {
                 return; // whoever is told nothing more is told of the loss
             }
@@ -354,7 +406,17 @@ public final class HubLink {
     }
 
     private synchronized FrameWriter progress(FrameWriter frame) {
+        toldEnded = ended;
         return frame.longInteger(begun).longInteger(ended);
+    }
+
+    private synchronized boolean isProgressNew() {
+        return toldEnded != ended;
+    }
+
+    /** The number of the last callback that has begun. */
+    public synchronized long begun() {
+        return begun;
     }
 
     private synchronized void review(long number) {
@@ -370,7 +432,9 @@ public final class HubLink {
         if (!tellingProgress.get() && tellingProgress.compareAndSet(false, true)) {
             HubClock.INSTANCE.schedule(() -> HubClock.WAITERS.execute(() -> {
                 tellingProgress.set(false);
-                tell(progress(new FrameWriter(FrameType.PROGRESS)).end());
+                if (isProgressNew()) {
+                    tell(progress(new FrameWriter(FrameType.PROGRESS)).end());
+                }
             }), TELL_IDLE_MILLIS, TimeUnit.MILLISECONDS);
         }
     }
@@ -417,6 +481,7 @@ public final class HubLink {
             beats.cancel(false);
         }
         socket.close();
+        out.end();
         awaited.values().forEach(each -> each.give(null));
         return true;
     }

@@ -71,7 +71,7 @@ final class HubSocket {
         plain.setOption(StandardSocketOptions.TCP_NODELAY, true);
         plain.connect(address, left());
         if (hub.isSecured()) {
-            SSLSocket secured = (SSLSocket) Tls.context(hub).getSocketFactory()
+            SSLSocket secured = (SSLSocket) Tls.context(hub.ca(), hub.certificate(), hub.key()).getSocketFactory()
                     .createSocket(plain, hub.host(), hub.port(), true);
             SSLParameters parameters = secured.getSSLParameters();
             parameters.setEndpointIdentificationAlgorithm("HTTPS");

@@ -1,73 +1,55 @@
 package tovu.local.trace;
 
-import hla.rti1516e.exceptions.RTIexception;
 import java.util.StringJoiner;
 import java.util.function.IntFunction;
 import java.util.function.IntUnaryOperator;
-import tovu.local.fom.ObjectModel;
-import tovu.local.model.exchange.Exchange;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.value.HandleValues;
 
-/** Writes handles as the names of what they stand for, as one federate knows them. */
+/** Writes handles as the names of what they stand for. */
 public final class Describer {
-    private final Federate federate;
+    private final Names names;
+
+    public Describer(Names names) {
+        this.names = names;
+    }
 
     /** @param federate null for an ambassador that is not joined, to which no handle means anything */
     public Describer(Federate federate) {
-        this.federate = federate;
-    }
-
-    private interface Name {
-        String of(Exchange federation) throws RTIexception;
+        this(new FederateNames(federate));
     }
 
     /** A handle without a name, such as one that is wrong, stands as its number. */
-    private String named(int handle, Name name) {
-        if (federate != null) {
-            synchronized (federate.federation()) {
-                try {
-                    return name.of(federate.federation());
-                } catch (RTIexception unknown) {
-                    return "#" + handle;
-                }
-            }
-        }
-        return "#" + handle;
+    private static String named(int handle, String name) {
+        return name == null ? "#" + handle : name;
     }
 
     public String objectClass(int handle) {
-        return named(handle, federation -> federation.lookups().objectClassName(handle));
+        return named(handle, names.objectClass(handle));
     }
 
     public String interactionClass(int handle) {
-        return named(handle, federation -> federation.lookups().interactionClassName(handle));
+        return named(handle, names.interactionClass(handle));
     }
 
     public String object(int handle) {
-        return named(handle, federation -> federation.objects().name(federate, handle));
+        return named(handle, names.object(handle));
     }
 
     public String attribute(int handle) {
-        return named(handle, federation -> {
-            ObjectModel model = federation.objectModel();
-            return model.hasAttribute(handle) ? model.attribute(handle).name() : "#" + handle;
-        });
+        return named(handle, names.attribute(handle));
     }
 
     public String parameter(int handle) {
-        return named(handle, federation -> {
-            ObjectModel model = federation.objectModel();
-            return model.hasParameter(handle) ? model.parameter(handle).name() : "#" + handle;
-        });
+        return named(handle, names.parameter(handle));
     }
 
     public String dimension(int handle) {
-        return named(handle, federation -> federation.lookups().dimensionName(handle));
+        return named(handle, names.dimension(handle));
     }
 
     public String federate(int handle) {
-        return named(handle, federation -> federation.federateName(handle));
+        return named(handle, names.federate(handle));
     }
 
     public String region(int handle) {
@@ -76,7 +58,7 @@ public final class Describer {
 
     /** A time or interval of the federation's family. */
     public String time(long bits) {
-        return federate == null ? Long.toHexString(bits) : federate.federation().timeFamily().describe(bits);
+        return names.timeFamily() == null ? Long.toHexString(bits) : names.timeFamily().describe(bits);
     }
 
     public String set(int[] handles, IntFunction<String> name) {

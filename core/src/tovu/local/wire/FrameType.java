@@ -10,7 +10,7 @@ public enum FrameType {
     CLOSING,
     /** Federate: a service. Number of the request; last callback begun and last one ended; service, message. */
     REQUEST,
-    /** Hub: what the service returns. Number of the request, result. */
+    /** Hub: what the service returns. Number of the request, whether that is a licence, result. */
     REPLY,
     /** Hub: the service has failed. Number of the request, name of the exception, text. */
     FAILURE,
@@ -39,6 +39,19 @@ public enum FrameType {
     HEARTBEAT,
     /** Federate: it leaves, and why. */
     GOODBYE,
+    /**
+     * Federate: a service for which it has a licence, and does not wait. Last callback begun and last one ended; service,
+     * retraction number or 0, message.
+     */
+    SEND,
+    /** Federate: asks for a reply once all before it is served. Number of the request; last callback begun, last ended. */
+    FENCE,
+    /** Hub: licences are over. The object instance that they concern, or 0 for all of them. */
+    REVOKE,
+    /** Hub: within which times the licences for what has a time hold. The first and the last one's bytes. */
+    LIMITS,
+    /** Hub: numbers for what the federate may retract. The first one, and how many. */
+    NUMBERS,
     /** Hub: another hub serves this. Number of the request, the address of that hub. */
     ELSEWHERE;
 

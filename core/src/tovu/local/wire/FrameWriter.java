@@ -81,8 +81,13 @@ public final class FrameWriter {
 
     /** Bytes to the end of the frame, without a count. */
     public FrameWriter rest(byte[] value) {
-        int position = reserve(value.length);
-        System.arraycopy(value, 0, buffer, position, value.length);
+        return rest(value, 0, value.length);
+    }
+
+    /** A part of them. */
+    public FrameWriter rest(byte[] value, int from, int count) {
+        int position = reserve(count);
+        System.arraycopy(value, from, buffer, position, count);
         return this;
     }
 

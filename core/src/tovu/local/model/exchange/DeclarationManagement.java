@@ -79,6 +79,7 @@ public final class DeclarationManagement implements Saved {
     public void unpublishInteractionClass(Federate federate, int classHandle) throws RTIexception {
         InteractionClass theClass = federation.lookup().interactionClass(classHandle);
         federate.publications.interactionClasses.remove(theClass);
+        federate.revokeLicences(0);
         federate.publications.interactionsOn.remove(theClass);
     }
 

@@ -87,5 +87,6 @@ public final class DeliveryChanges {
     public void changeInteractionOrder(Federate federate, int classHandle, OrderType order) throws RTIexception {
         InteractionClass theClass = federation.lookup().interactionClass(classHandle);
         InteractionManagement.requirePublished(federate, theClass).order = order;
+        federate.revokeLicences(0);
     }
 }

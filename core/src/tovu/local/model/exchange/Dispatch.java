@@ -12,6 +12,7 @@ final class Dispatch {
     private final byte[] tag;
     private final boolean timed;
     private final long time;
+    private final int retraction; // its number if it is given already, or 0
     private final boolean mayOrder;
     private Retractions.Sent sent;
 
@@ -21,6 +22,7 @@ final class Dispatch {
         this.tag = tag;
         timed = timing.isTimed();
         time = timed ? federation.time().sendingTime(sender, timing.bits()) : 0;
+        retraction = timing.retraction();
         mayOrder = timed && sender.time.regulation() == FederateTime.Switch.ON;
     }
 
@@ -31,6 +33,7 @@ final class Dispatch {
         this.tag = tag;
         timed = false;
         time = 0;
+        retraction = 0;
         mayOrder = false;
     }
 
@@ -43,7 +46,7 @@ final class Dispatch {
     Message.Origin sending(OrderType preferred) {
         OrderType order = sentOrder(preferred);
         if (order == OrderType.TIMESTAMP && sent == null) {
-            sent = federation.retractions().register(sender, time);
+            sent = federation.retractions().register(sender, time, retraction);
         }
         return new Message.Origin(time, timed, order, order == OrderType.TIMESTAMP ? sent.handle : 0,
                 federation.nextSequence(), tag);

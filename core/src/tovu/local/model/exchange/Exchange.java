@@ -254,7 +254,11 @@ public abstract class Exchange implements TimedFederation {
             throw new FederateNameAlreadyInUse("A federate named '" + federateName
                     + "' is joined to federation '" + name + "' already; choose another name");
         }
+        int before = objectModel.modules().size();
         objectModel.extend(modules);
+        if (objectModel.modules().size() > before) {
+            members().forEach(each -> each.revokeLicences(0)); // what was left open may be stated now
+        }
         int handle = ++lastFederate;
         String chosen = federateName == null ? unusedName(federateType, handle) : federateName;
         Federate federate = new Federate(this, handle, chosen, federateType, modules, ambassador, sink);

@@ -12,6 +12,7 @@ import tovu.local.fom.FomModule;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
 import tovu.local.model.port.FederateCallbacks;
+import tovu.local.model.port.RevocableCallback;
 import tovu.local.model.time.FederateTime;
 import tovu.local.model.time.MessageQueue;
 import tovu.local.model.time.TimedFederate;
@@ -174,13 +175,19 @@ public final class Federate implements TimedFederate, Saved {
         });
     }
 
-    /** Has a change of state come about that follows from a callback that was made. */
-    void change(Runnable change) {
+    /**
+     * Has a change of state come about that goes with a callback.
+     *
+     * @return whether it is a member still, and so is to have it
+     */
+    boolean change(Runnable change) {
         synchronized (federation) {
-            if (federation.isMember(this)) {
+            boolean due = federation.isMember(this);
+            if (due) {
                 change.run();
                 federation.settle(this);
             }
+            return due;
         }
     }
 
@@ -189,6 +196,21 @@ public final class Federate implements TimedFederate, Saved {
         postLate(() -> {
             change.run();
             return callback;
+        });
+    }
+
+    @Override
+    public void postForeseenChange(Runnable change, Callback callback) {
+        post(new RevocableCallback() {
+            @Override
+            public void foretell(FederateCallbacks to) throws FederateInternalError {
+                callback.deliver(to);
+            }
+
+            @Override
+            public boolean begin() {
+                return Federate.this.change(change);
+            }
         });
     }
 
@@ -201,6 +223,16 @@ public final class Federate implements TimedFederate, Saved {
     Supplement supplement(Set<Region> sentRegions) {
         return sentRegions.isEmpty() ? origin
                 : new Supplement(handle, sentRegions.stream().mapToInt(region -> region.handle).toArray());
+    }
+
+    @Override
+    public void revokeLicences(int object) {
+        sink.revoke(object);
+    }
+
+    @Override
+    public void limitTimes() {
+        sink.limitTimes(time.leastLicensedTime(), federation.timeFamily().last());
     }
 
     /** What it is told of a producer: its handle, or 0. */

@@ -11,6 +11,7 @@ import java.util.TreeMap;
 import java.util.TreeSet;
 import tovu.local.fom.InteractionClass;
 import tovu.local.model.exchange.Interest.Terms;
+import tovu.local.model.time.AdvanceKind;
 import tovu.local.model.time.FederateTime.Switch;
 import tovu.local.model.value.LogicalTime;
 
@@ -37,6 +38,16 @@ public final class FederateStatus {
     public record Acquaintance(List<Integer> owned, int registeredClass, int knownClass) {
     }
 
+    /** Where a federate is between one logical time and the next. */
+    public enum Progress {
+        /** It has the time that it was granted last. */
+        GRANTED,
+        /** It has asked for an advance that cannot be granted yet. */
+        WAITING,
+        /** It has been granted an advance, and has not been told yet. */
+        TO_BE_TOLD
+    }
+
     private final Exchange federation;
     private final Federate federate;
 
@@ -53,6 +64,40 @@ public final class FederateStatus {
     public LogicalTime lookahead() {
         return federate.time.regulation() == Switch.ON
                 ? new LogicalTime(federation.timeFamily(), federate.time.actualLookahead()) : null;
+    }
+
+    public boolean isRegulating() {
+        return federate.time.regulation() == Switch.ON;
+    }
+
+    public boolean isConstrained() {
+        return federate.time.constraint() == Switch.ON;
+    }
+
+    public Progress progress() {
+        return federate.time.isWaiting() ? Progress.WAITING
+                : federate.time.isAdvancing() ? Progress.TO_BE_TOLD : Progress.GRANTED;
+    }
+
+    /** How it has asked for an advance, or null when it has not. */
+    public AdvanceKind advance() {
+        return federate.time.kind();
+    }
+
+    /** What it has asked for, or null. */
+    public LogicalTime requested() {
+        return federate.time.isAdvancing()
+                ? new LogicalTime(federation.timeFamily(), federate.time.requested()) : null;
+    }
+
+    /** Nanoseconds since it asked for an advance, or was told of the last one. */
+    public long unchangedFor() {
+        return federate.time.unchangedFor();
+    }
+
+    /** Whether it has asked for an advance that depends on the times of others. */
+    public boolean waitsForOthers() {
+        return federate.time.isWaiting() && federate.time.isConstrained();
     }
 
     public LogicalTime galt() {

@@ -83,6 +83,7 @@ final class InstanceAttribute implements Saved {
     void giveTo(Federate newOwner) {
         if (owner != null) {
             associate(owner, Set.of());
+            owner.revokeLicences(object.handle);
         }
         owner = newOwner;
         ++tenure;
@@ -126,6 +127,7 @@ final class InstanceAttribute implements Saved {
     }
 
     void orderBy(OrderType type) {
+        owner.revokeLicences(object.handle);
         delivery = new Delivery(transportation(), type, isTransportationChanging());
     }
 

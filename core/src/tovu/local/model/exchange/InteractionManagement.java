@@ -42,6 +42,12 @@ public final class InteractionManagement {
         return dispatch.retraction();
     }
 
+    /** Whether the federation itself heeds interactions of a class. */
+    public boolean isHeeded(int classHandle) {
+        return federation.objectModel().interactionClass(classHandle).lineage().stream().anyMatch(each ->
+                federation.declarations().subscribers(each).contains(federation.infrastructure()));
+    }
+
     static Sending requirePublished(Federate federate, InteractionClass theClass)
             throws InteractionClassNotPublished {
         if (!federate.publications.publishes(theClass)) {

@@ -37,6 +37,7 @@ final class Knowledge implements Saved {
     /** The federate knows the object no more: what is on its way to it about the object is not told. */
     void end() {
         over = true;
+        federate.revokeLicences(object.handle);
         federate.invalidateMessages();
     }
 

@@ -24,6 +24,16 @@ abstract class Message implements RetractableCallback, Comparable<Message>, Save
      */
     record Origin(long time, boolean timed, OrderType sentOrder, int retraction, long sequence, byte[] tag)
             implements Saved {
+        /** Each is another one, also where two federations send the same at the same time. */
+        @Override
+        public boolean equals(Object other) {
+            return this == other;
+        }
+
+        @Override
+        public int hashCode() {
+            return Long.hashCode(sequence);
+        }
     }
 
     final Federate receiver;
@@ -99,6 +109,16 @@ abstract class Message implements RetractableCallback, Comparable<Message>, Save
         return due;
     }
 
+    /** What messages of one service call have in common that tell the same. */
+    private record Likeness(Origin sending, OrderType receivedOrder, Object content) {
+    }
+
+    @Override
+    public final Object likeness() {
+        update();
+        return wanted ? new Likeness(sending, receivedOrder, content()) : null;
+    }
+
     @Override
     public final void foretell(FederateCallbacks to) throws FederateInternalError {
         update();
@@ -134,6 +154,9 @@ abstract class Message implements RetractableCallback, Comparable<Message>, Save
 
     /** For what management tells of the receiver. */
     abstract void count();
+
+    /** Equal for messages of one service call that tell the same but for what this class knows. */
+    abstract Object content();
 
     abstract void tell(FederateCallbacks to) throws FederateInternalError;
 

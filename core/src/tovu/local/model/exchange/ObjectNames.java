@@ -88,7 +88,7 @@ public final class ObjectNames implements Saved {
     }
 
     /** A name for an instance that its registrant gave none. No federate can have reserved it. */
-    static String chosenFor(int handle) {
+    public static String chosenFor(int handle) {
         return FEDERATION_PREFIX + "object-" + handle;
     }
 

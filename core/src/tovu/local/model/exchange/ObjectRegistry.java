@@ -9,6 +9,7 @@ import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
+import java.util.TreeMap;
 import tovu.local.fom.ObjectClass;
 import tovu.local.model.value.HandleMap;
 import tovu.local.model.value.Saved;
@@ -52,6 +53,17 @@ public final class ObjectRegistry implements Saved {
 
     Collection<ObjectInstance> ofClass(ObjectClass theClass) {
         return byClass.getOrDefault(theClass, Set.of());
+    }
+
+    /** How many objects there are, by the handle of their class; not those of management. */
+    public Map<Integer, Integer> counts() {
+        Map<Integer, Integer> counts = new TreeMap<>();
+        byClass.forEach((theClass, objects) -> {
+            if (!objects.isEmpty() && !objects.iterator().next().isManagement()) {
+                counts.put(theClass.handle(), objects.size());
+            }
+        });
+        return counts;
     }
 
     private static ObjectInstanceNotKnown notKnown(Federate federate, String what) {

@@ -26,6 +26,7 @@ public final class Oversight implements Saved {
     public final int[] regions = new int[8];
     /** Seconds from one periodic update to the next; 0 for none. */
     public int reportPeriod;
+    private long services;
     private int posted; // in receive order
     private int timestampedPosted;
     private int delivered; // written where callbacks are made, as is the next one
@@ -56,6 +57,16 @@ public final class Oversight implements Saved {
         conveysProducer = switches.conveyProducingFederate();
         reportsServices = switches.serviceReporting();
         reportsExceptions = switches.exceptionReporting();
+    }
+
+    /** The federate calls a service. */
+    public void served() {
+        ++services;
+    }
+
+    /** How many services it has called. */
+    public long services() {
+        return services;
     }
 
     /** A message is left with the delivery. */

@@ -4,6 +4,7 @@ import hla.rti1516e.exceptions.FederateInternalError;
 import tovu.local.fom.InteractionClass;
 import tovu.local.model.port.FederateCallbacks;
 import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.Supplement;
 
 /** An interaction on its way to one federate, as the class that the federate subscribes to. */
 @SuppressWarnings("serial") // read by what wrote it
@@ -24,6 +25,14 @@ final class Reception extends Message {
         this.content = content;
         this.receivedClass = receivedClass;
         this.values = values;
+    }
+
+    private record Told(InteractionClass receivedClass, HandleValues values, Supplement supplement) {
+    }
+
+    @Override
+    Object content() {
+        return new Told(receivedClass, values, receiver.conveyed(content.supplement));
     }
 
     @Override

@@ -3,6 +3,7 @@ package tovu.local.model.exchange;
 import hla.rti1516e.exceptions.FederateInternalError;
 import tovu.local.model.port.FederateCallbacks;
 import tovu.local.model.value.HandleValues;
+import tovu.local.model.value.Supplement;
 
 /** Attribute values on their way to one federate. */
 @SuppressWarnings("serial") // read by what wrote it
@@ -17,6 +18,14 @@ final class Reflection extends Message {
         this.knowledge = knowledge;
         this.content = content;
         this.values = values;
+    }
+
+    private record Told(HandleValues values, Supplement supplement) {
+    }
+
+    @Override
+    Object content() {
+        return new Told(values, receiver.conveyed(content.supplement));
     }
 
     @Override

@@ -19,6 +19,11 @@ final class Removal extends Message {
     }
 
     @Override
+    Object content() {
+        return receiver.conveyed(deleter);
+    }
+
+    @Override
     void tell(FederateCallbacks to) throws FederateInternalError {
         to.removeObjectInstance(knowledge.object.handle, tag(), sentOrder(), stamp(), receiver.conveyed(deleter));
     }
@@ -35,6 +40,7 @@ final class Removal extends Message {
 
     @Override
     void post() {
+        receiver.revokeLicences(knowledge.object.handle);
         super.post();
         knowledge.ending = true;
     }

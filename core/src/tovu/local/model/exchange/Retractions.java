@@ -47,9 +47,20 @@ public final class Retractions implements Saved {
         this.federation = federation;
     }
 
-    Sent register(Federate sender, long time) {
-        lastHandle = lastHandle == Integer.MAX_VALUE ? 1 : lastHandle + 1;
-        Sent sent = new Sent(lastHandle, sender, time);
+    /**
+     * Sets numbers aside that a federate will give to what it sends.
+     *
+     * @return the first of them
+     */
+    public int setAside(int count) {
+        int before = lastHandle > Integer.MAX_VALUE - count ? 0 : lastHandle;
+        lastHandle = before + count;
+        return before + 1;
+    }
+
+    /** @param number one that was set aside, or 0 */
+    Sent register(Federate sender, long time, int number) {
+        Sent sent = new Sent(number == 0 ? setAside(1) : number, sender, time);
         retractable.put(sent.handle, sent);
         bySender.computeIfAbsent(sender, key -> new TreeSet<>()).add(sent);
         return sent;

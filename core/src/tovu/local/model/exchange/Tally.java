@@ -69,6 +69,18 @@ public final class Tally implements Saved {
         return byClass;
     }
 
+    /** Adds the counts of each class, whatever the transportation. */
+    public void addTo(Map<Integer, Long> totals) {
+        for (Row row : rows) {
+            int[] current = row.counts;
+            for (int theClass = 0; theClass < current.length; ++theClass) {
+                if (current[theClass] != 0) {
+                    totals.merge(theClass, Integer.toUnsignedLong(current[theClass]), Long::sum);
+                }
+            }
+        }
+    }
+
     public Map<Integer, Integer> byClass() {
         return byClass(Transportation.RELIABLE);
     }

@@ -4,6 +4,7 @@ import hla.rti1516e.exceptions.DesignatorIsHLAstandardMIM;
 import hla.rti1516e.exceptions.FederationExecutionAlreadyExists;
 import hla.rti1516e.exceptions.FederationExecutionDoesNotExist;
 import hla.rti1516e.exceptions.RTIexception;
+import java.util.Collection;
 import java.util.List;
 import java.util.Map;
 import java.util.concurrent.ConcurrentSkipListMap;
@@ -103,6 +104,10 @@ public final class Federations {
                     + "' in this process; create it first");
         }
         return federation;
+    }
+
+    public Collection<Federation> all() {
+        return byName.values();
     }
 
     List<FederationInformation> list() throws RTIexception {

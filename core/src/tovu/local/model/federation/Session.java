@@ -127,6 +127,7 @@ public final class Session {
             synchronized (joined) {
                 if (federation == joined) { // meanwhile it may have resigned
                     Federate member = federate;
+                    member.oversight().served();
                     R result = service.serve(joined, member);
                     joined.settle(member);
                     return result;
@@ -160,6 +161,14 @@ public final class Session {
     public <R> R callOutsideSave(Service<R> service) throws RTIexception {
         return call((federation, member) -> {
             federation.requireNoSaveOrRestore();
+            return service.serve(federation, member);
+        });
+    }
+
+    /** A service that the federate called before it knew of a save, and does not wait for. */
+    public <R> R callOutsideRestore(Service<R> service) throws RTIexception {
+        return call((federation, member) -> {
+            federation.restore().requireNotInProgress();
             return service.serve(federation, member);
         });
     }

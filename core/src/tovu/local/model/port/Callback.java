@@ -37,6 +37,11 @@ public interface Callback {
         // nothing follows from most callbacks
     }
 
+    /** Equal for callbacks that tell the same, whoever is told; null for one that tells what no other does. */
+    default Object likeness() {
+        return null;
+    }
+
     /** Whether it comes of management itself, which does not report on its own reports. */
     default boolean isByManagement() {
         return false;

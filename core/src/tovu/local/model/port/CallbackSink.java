@@ -30,6 +30,16 @@ public interface CallbackSink {
         // who looks at it when it is delivered need not be told
     }
 
+    /** What the federate did with success may fail from now on: with that object instance, or anything if it is 0. */
+    default void revoke(int object) {
+        // who serves while the federate waits need not be told
+    }
+
+    /** The bytes of the first and the last time that it may send with. */
+    default void limitTimes(long first, long last) {
+        // nor of that
+    }
+
     /** Drops what is left of the federation execution that the federate is no longer a member of. */
     void dropMembership();
 }

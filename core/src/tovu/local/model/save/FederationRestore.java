@@ -50,6 +50,16 @@ public final class FederationRestore {
         }
     }
 
+    /** The label of the restore in progress; empty when there is none. */
+    public String currentName() {
+        return isInProgress() ? label : "";
+    }
+
+    /** The federates that a restore in progress waits for. */
+    public List<Federate> awaited() {
+        return federation.members().stream().filter(each -> statuses.get(each) == RestoreStatus.RESTORING).toList();
+    }
+
     public void request(Federate requester, String theLabel) throws RestoreInProgress {
         if (reading) {
             throw new RestoreInProgress("A save of federation '" + federation.name()
@@ -90,7 +100,10 @@ public final class FederationRestore {
         restored = snapshot;
         label = theLabel;
         failed = false;
-        successors.keySet().forEach(federate -> statuses.put(federate, RestoreStatus.RESTORING));
+        successors.keySet().forEach(federate -> {
+            statuses.put(federate, RestoreStatus.RESTORING);
+            federate.revokeLicences(0);
+        });
         federation.management().savesChanged();
         requester.post(to -> to.requestFederationRestoreSucceeded(theLabel));
         federation.postToAll(FederateCallbacks::federationRestoreBegun);

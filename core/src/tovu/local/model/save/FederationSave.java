@@ -108,6 +108,17 @@ public final class FederationSave implements SaveBarrier {
         reached.clear();
     }
 
+    /** The label of the save in progress; empty when there is none. */
+    public String currentName() {
+        return isInProgress() ? label : "";
+    }
+
+    /** The federates that a save in progress waits for. */
+    public List<Federate> awaited() {
+        return federation.members().stream().filter(each -> statuses.containsKey(each)
+                && statuses.get(each) != SaveStatus.WAITING_FOR_FEDERATION_TO_SAVE).toList();
+    }
+
     /** The label of the last save that succeeded; empty before the first. */
     public String lastName() {
         return lastLabel;
@@ -159,10 +170,11 @@ public final class FederationSave implements SaveBarrier {
         instructed = told;
         for (Federate each : federation.members()) {
             statuses.put(each, SaveStatus.INSTRUCTED_TO_SAVE);
+            each.revokeLicences(0);
         }
         federation.management().savesChanged();
         for (Federate each : federation.members()) {
-            each.postChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, theTime));
+            each.postForeseenChange(() -> told.add(each), to -> to.initiateFederateSave(theLabel, theTime));
         }
     }
 

@@ -42,6 +42,11 @@ public final class FederateTime implements Saved {
         return stopwatch.take(advancing);
     }
 
+    /** Nanoseconds since it asked for an advance, or was told of the last one. */
+    public long unchangedFor() {
+        return stopwatch.running();
+    }
+
     /** Whether nobody has doubted yet that the federate uses times of the right class; from now on somebody has. */
     boolean isFirstDoubt() {
         boolean first = !doubted;
@@ -77,20 +82,20 @@ public final class FederateTime implements Saved {
         return time;
     }
 
-    boolean isAdvancing() {
+    public boolean isAdvancing() {
         return kind != null;
     }
 
     /** Asked for an advance and not yet to be granted it. */
-    boolean isWaiting() {
+    public boolean isWaiting() {
         return kind != null && !decided;
     }
 
-    AdvanceKind kind() {
+    public AdvanceKind kind() {
         return kind;
     }
 
-    long requested() {
+    public long requested() {
         return requested;
     }
 
@@ -224,6 +229,11 @@ public final class FederateTime implements Saved {
     /** The least time that it may send with now; while it advances, as if it had been granted what it asked for. */
     public long leastSendTime() {
         return kind == null ? leastSendTime(time, timeExcluded) : leastSendTime(requested, excludes(kind, requested));
+    }
+
+    /** The least time from the initial one on that it may send with for sure. */
+    public long leastLicensedTime() {
+        return regulation == Switch.ON ? Math.max(0, leastSendTime()) : 0;
     }
 
     /** The least time that it may send with from now on, if the first message for it is of that time. */

@@ -12,17 +12,28 @@ final class Stopwatch implements Saved {
     private final long[] spent = new long[2];
     private int running;
     private transient long since = System.nanoTime();
+    private transient long turned = since;
 
     void run(boolean advancing) {
+        add();
+        running = advancing ? 1 : 0;
+        turned = since;
+    }
+
+    private void add() {
         long now = System.nanoTime();
         spent[running] += now - since;
         since = now;
-        running = advancing ? 1 : 0;
+    }
+
+    /** The nanoseconds since the state that it is in began. */
+    long running() {
+        return System.nanoTime() - turned;
     }
 
     /** The milliseconds spent since they were last taken. */
     int take(boolean advancing) {
-        run(running == 1);
+        add();
         int which = advancing ? 1 : 0;
         long milliseconds = TimeUnit.NANOSECONDS.toMillis(spent[which]);
         spent[which] -= TimeUnit.MILLISECONDS.toNanos(milliseconds);
@@ -30,7 +41,7 @@ final class Stopwatch implements Saved {
     }
 
     private void writeObject(ObjectOutputStream out) throws IOException {
-        run(running == 1);
+        add();
         out.defaultWriteObject();
     }
 
@@ -38,5 +49,6 @@ final class Stopwatch implements Saved {
     private void readObject(ObjectInputStream in) throws IOException, ClassNotFoundException {
         in.defaultReadObject();
         since = System.nanoTime();
+        turned = since;
     }
 }

@@ -78,7 +78,10 @@ public final class TimeManagement implements Saved {
         }
         own.beginRegulation(interval, start, promised);
         regulating.add(federate);
-        federate.postChange(own::completeRegulation, to -> to.timeRegulationEnabled(time(own.time())));
+        federate.postChange(() -> {
+            own.completeRegulation();
+            regulationChanged(federate);
+        }, to -> to.timeRegulationEnabled(time(own.time())));
     }
 
     public void disableRegulation(TimedFederate federate) throws TimeRegulationIsNotEnabled {
@@ -87,8 +90,15 @@ public final class TimeManagement implements Saved {
         evaluate();
     }
 
+    /** It depends on that whether what is sent may be retracted. */
+    private static void regulationChanged(TimedFederate federate) {
+        federate.revokeLicences(0);
+        federate.limitTimes();
+    }
+
     private void stopRegulating(TimedFederate federate) {
         federate.time().endRegulation();
+        regulationChanged(federate);
         regulating.remove(federate);
         federate.forgetRetractions();
     }
@@ -126,6 +136,7 @@ public final class TimeManagement implements Saved {
                     + " already; ask for that or a later one");
         }
         federate.time().request(kind, requested);
+        federate.limitTimes();
         federate.inbox().releaseHeld();
         waiting.add(federate);
         evaluate();
@@ -150,8 +161,12 @@ public final class TimeManagement implements Saved {
 
     /** The greatest available logical time, or null when nobody else regulates. */
     public LogicalTime galt(TimedFederate federate) {
-        long galt = new GreatestAvailableTimes().of(federate);
-        return galt == TimeFamily.NEVER ? null : time(galt);
+        return new GreatestAvailableTimes().time(federate);
+    }
+
+    /** How far each federate may get as things stand. */
+    public GreatestAvailableTimes greatestAvailableTimes() {
+        return new GreatestAvailableTimes();
     }
 
     /** The least incoming time stamp, or null when nothing can come in. */
@@ -165,6 +180,7 @@ public final class TimeManagement implements Saved {
         requireNotAdvancing(federate);
         remindOfFamily(federate, lookahead);
         federate.time().modifyLookahead(family.lookahead(lookahead));
+        federate.limitTimes();
         evaluate();
     }
 
@@ -243,8 +259,9 @@ public final class TimeManagement implements Saved {
     }
 
     /** The greatest available logical time of each federate: the least that any other regulating one may still send. */
-    private final class GreatestAvailableTimes {
+    public final class GreatestAvailableTimes {
         private TimedFederate slowest;
+        private TimedFederate secondSlowest;
         private long least = TimeFamily.NEVER;
         private long second = TimeFamily.NEVER; // the least of all but the slowest
 
@@ -259,8 +276,12 @@ public final class TimeManagement implements Saved {
             for (TimedFederate each : regulating) {
                 if (each != slowest) {
                     // Who follows its messages may be sent one by the slowest, and answer that.
-                    second = Math.min(second, each.time().leastFutureSendTime(
-                            each.time().follows() ? Math.min(least, firstMessage(each)) : TimeFamily.NEVER));
+                    long own = each.time().leastFutureSendTime(
+                            each.time().follows() ? Math.min(least, firstMessage(each)) : TimeFamily.NEVER);
+                    if (secondSlowest == null || own < second) {
+                        secondSlowest = each;
+                        second = own;
+                    }
                 }
             }
         }
@@ -272,6 +293,16 @@ public final class TimeManagement implements Saved {
 
         long of(TimedFederate federate) {
             return federate == slowest ? second : least;
+        }
+
+        /** The federate's greatest available logical time, or null when nobody else regulates. */
+        public LogicalTime time(TimedFederate federate) {
+            return of(federate) == TimeFamily.NEVER ? null : TimeManagement.this.time(of(federate));
+        }
+
+        /** The regulating federate that it comes from, or null when nobody else is one. */
+        public TimedFederate heldBy(TimedFederate federate) {
+            return federate == slowest ? secondSlowest : slowest;
         }
     }
 
@@ -335,8 +366,9 @@ public final class TimeManagement implements Saved {
         federate.inbox().deliverUntil(last, target);
         own.decide(target);
         long reached = target;
-        federate.postChange(() -> {
+        federate.postForeseenChange(() -> {
             own.reach();
+            federate.limitTimes();
             federate.expireRetractions(own.leastSendTime());
         }, to -> to.timeAdvanceGrant(time(reached)));
     }

@@ -19,4 +19,13 @@ public interface TimedFederate {
 
     /** Gives up the right to retract anything that it sent. */
     void forgetRetractions();
+
+    /** The same as {@link #postChange} where the change does not alter what is told, so that it can be told ahead. */
+    void postForeseenChange(Runnable change, Callback callback);
+
+    /** What it did with success may fail from now on, be it with that object instance or, if that is 0, anything. */
+    void revokeLicences(int object);
+
+    /** It may send with other times than before. */
+    void limitTimes();
 }

@@ -17,6 +17,11 @@ public enum TimeFamily {
         }
 
         @Override
+        public long last() {
+            return Long.MAX_VALUE;
+        }
+
+        @Override
         long ordinal(long bits) {
             return bits;
         }
@@ -56,6 +61,11 @@ public enum TimeFamily {
         @Override
         boolean isNumber(long bits) {
             return !Double.isNaN(Double.longBitsToDouble(bits));
+        }
+
+        @Override
+        public long last() {
+            return INFINITY;
         }
 
         @Override
@@ -132,6 +142,9 @@ public enum TimeFamily {
     }
 
     abstract boolean isNumber(long bits);
+
+    /** The ordinal of the last time. From the initial one to that, ordinals are the times' own eight bytes. */
+    public abstract long last();
 
     /** The ordinal of a time or interval's own eight bytes. */
     abstract long ordinal(long bits);

@@ -1,0 +1,481 @@
+// Federates in processes of their own at a hub, beside the bare transport. All processes of a measurement
+// stay for all runs, which are interleaved; of the first nothing counts, because the Java VMs compile in it.
+// Where a time on the way is measured, the hub has one core and the federates have the other.
+//
+// hub_bench [--runs=5] [--seconds=3] [--federates=50]: the medians of so many runs, how long a stream of
+// updates lasts, and how many go on in step. Other arguments are for other benchmarks.
+#include "bench/hub/Parts.h"
+#include "bench/hub/Process.h"
+
+#include <RTI/Exception.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <thread>
+
+namespace bench {
+namespace {
+
+using Shared = std::shared_ptr<Process>;
+
+constexpr int federateCore = 0;
+constexpr int otherCore = 1;
+
+struct Row
+{
+   char const* name;
+   Part part;
+};
+
+constexpr Row parts[] = {{"answerPings", &answerPings},
+                         {"ping", &ping},
+                         {"relay", &relay},
+                         {"sendToRelay", &sendToRelay},
+                         {"receiveFromRelay", &receiveFromRelay},
+                         {"callService", &callService},
+                         {"callLookup", &callLookup},
+                         {"sendUpdates", &sendUpdates},
+                         {"receiveUpdates", &receiveUpdates},
+                         {"advance", &advance},
+                         {"advanceUpdating", &advanceUpdating},
+                         {"joinMany", &joinMany},
+                         {"connectOnce", &connectOnce}};
+
+std::unique_ptr<Process> start(char const* part, Arguments arguments, int core = Process::anyCore)
+{
+   arguments.insert(arguments.begin(), {"/proc/self/exe", part});
+   return std::make_unique<Process>(arguments, core);
+}
+
+// Started, and ready for what it is told.
+std::unique_ptr<Process> startReady(char const* part, Arguments const& arguments, int core = Process::anyCore)
+{
+   auto process = start(part, arguments, core);
+   process->line();
+   return process;
+}
+
+// With a certificate in that folder, or without TLS.
+class Hub
+{
+public:
+   explicit Hub(int core = Process::anyCore, std::string const& certificates = "")
+      : _process(std::make_shared<Process>(command(certificates), core))
+   {
+      _process->terminateAtEnd();
+      _designator = "hub=" + _process->line().substr(std::strlen("listening on "));
+      if (!certificates.empty()) {
+         _designator += ";ca=" + certificates + "/hub.pem";
+      }
+   }
+
+   std::string const& designator() const { return _designator; }
+   Shared process() const { return _process; }
+
+   // What of its heap is in use, in kB.
+   double memory() const
+   {
+      std::string const tell = "jcmd " + std::to_string(_process->id()) + " GC.run >/dev/null && jcmd " +
+                               std::to_string(_process->id()) +
+                               " GC.heap_info | sed -n 's/.*heap.* used \\([0-9]*\\)K.*/\\1/p'";
+      std::unique_ptr<FILE, int (*)(FILE*)> const output(popen(tell.c_str(), "r"), &pclose);
+      double used = 0;
+      return output != nullptr && std::fscanf(output.get(), "%lf", &used) == 1 ? used : 0;
+   }
+
+private:
+   static std::vector<std::string> command(std::string const& certificates)
+   {
+      std::vector<std::string> made{HUB, "--listen", "127.0.0.1:0"};
+      if (!certificates.empty()) {
+         made.insert(made.end(),
+                     {"--certificate", certificates + "/hub.pem", "--key", certificates + "/hub.key"});
+      }
+      return made;
+   }
+
+   std::shared_ptr<Process> _process;
+   std::string _designator;
+};
+
+class Certificates
+{
+public:
+   Certificates()
+   {
+      std::string const make =
+         "cd " + _folder.string() +
+         " && openssl req -x509 -newkey ec -pkeyopt "
+         "ec_paramgen_curve:P-256 -nodes -days 2 -keyout hub.key -out hub.pem -subj /CN=localhost "
+         "-addext subjectAltName=IP:127.0.0.1 2>/dev/null";
+      if (std::system(make.c_str()) != 0) {
+         throw std::runtime_error("openssl makes no certificate");
+      }
+   }
+   ~Certificates() { std::filesystem::remove_all(_folder); }
+   Certificates(Certificates const&) = delete;
+   Certificates& operator=(Certificates const&) = delete;
+
+   std::string folder() const { return _folder.string(); }
+
+private:
+   static std::filesystem::path made()
+   {
+      char folder[] = "/tmp/hub_bench.XXXXXX";
+      return mkdtemp(folder);
+   }
+
+   std::filesystem::path const _folder = made();
+};
+
+// What runs give, by name; in the units of the table.
+class Results
+{
+public:
+   void add(std::string const& name, double value) { _values[name].push_back(value); }
+   void clear() { _values.clear(); }
+   bool has(std::string const& name) const { return _values.count(name) != 0; }
+   double median(std::string const& name) const
+   {
+      std::vector<double> values = _values.at(name);
+      auto const middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+      std::nth_element(values.begin(), middle, values.end());
+      return *middle;
+   }
+
+private:
+   std::map<std::string, std::vector<double>> _values;
+};
+
+using Run = std::function<void(Results&)>;
+
+// Who sends, what is between, and who receives.
+struct Line
+{
+   Shared sender;
+   Shared between;
+   Shared receiver;
+};
+
+double number(std::string const& line) { return std::stod(line); }
+
+// One process that repeats something.
+Run repeated(std::string const& name, int count, Shared process)
+{
+   return [=](Results& results) {
+      process->say(std::to_string(count));
+      results.add(name, number(process->line()) / 1e3);
+   };
+}
+
+// A sender and a receiver: the time on the way at 2,000 a second.
+Run underway(std::string const& name, Line const& line)
+{
+   return [=](Results& results) {
+      line.receiver->say("go");
+      line.sender->say("2000 1");
+      line.sender->line();
+      results.add(name, number(line.receiver->line()) / 1e3);
+   };
+}
+
+// What processes take of the processors while something goes on, in us.
+class Usage
+{
+public:
+   explicit Usage(std::vector<Shared> processes) : _processes(std::move(processes)) {}
+
+   double sinceMade() const { return used() - _before; }
+
+private:
+   double used() const
+   {
+      double sum = 0;
+      for (auto const& each : _processes) {
+         sum += each->used();
+      }
+      return sum;
+   }
+
+   std::vector<Shared> _processes;
+   double _before = used();
+};
+
+// The same as fast as they can: the time for each, and what of the processors it takes.
+Run streamed(std::string const& name, double seconds, Line const& line)
+{
+   return [=](Results& results) {
+      Usage const bySender({line.sender});
+      Usage const byBetween({line.between});
+      Usage const byReceiver({line.receiver});
+      line.receiver->say("go");
+      line.sender->say("0 " + std::to_string(seconds));
+      double const count = number(line.sender->line());
+      std::istringstream in(line.receiver->line());
+      double median = 0;
+      double all = 0;
+      in >> median >> all;
+      results.add(name, all / 1e3 / count);
+      results.add(name + ": sender", bySender.sinceMade() / count);
+      results.add(name + ": between", byBetween.sinceMade() / count);
+      results.add(name + ": receiver", byReceiver.sinceMade() / count);
+   };
+}
+
+// Federates that advance together: the time of a step.
+Run inStep(std::string const& name, int steps, Shared hub, std::vector<Shared> const& federates)
+{
+   return [=](Results& results) {
+      Usage const byHub({hub});
+      Usage const byFederates(federates);
+      for (auto const& each : federates) {
+         each->say(std::to_string(steps));
+      }
+      double slowest = 0;
+      for (auto const& each : federates) {
+         slowest = std::max(slowest, number(each->line()));
+      }
+      results.add(name, slowest / 1e3);
+      results.add(name + ": hub", byHub.sinceMade() / steps);
+      results.add(name + ": federates", byFederates.sinceMade() / steps);
+   };
+}
+
+Run connecting(std::string const& name, std::string const& designator)
+{
+   return [=](Results& results) {
+      results.add(name, number(start("connectOnce", {designator}, federateCore)->line()) / 1e3);
+   };
+}
+
+struct Claim
+{
+   char const* measured;
+   char const* floor;
+   double bound; // of the ratio, or of the difference; 0 for none
+   bool isDifference;
+};
+
+constexpr Claim claims[] = {
+   {"service", "TCP round trip", 1.3, false},
+   {"service, TLS", "TCP round trip", 1.5, false},
+   {"lookup", "lookup in process", 1.5, false},
+   {"update on its way", "TCP round trip", 1.5, false},
+   {"update on its way", "TCP relay, on its way", 0, false},
+   {"update on its way, TLS", "TCP round trip", 0, false},
+   {"update, streamed", "TCP relay, streamed", 0, false},
+   {"step of 2 federates", "TCP round trip", 2.2, false},
+   {"step of many federates", "TCP round trip", 0, false},
+   {"connect", "connect in process", 30e3, true},
+   {"connect, TLS", "connect in process", 200e3, true},
+};
+
+int judge(Results const& results)
+{
+   int broken = 0;
+   std::printf("\n| %-26s | %10s | %-26s | %10s | %6s | %5s |\n", "measured", "us", "against", "us", "ratio",
+               "bound");
+   std::printf("|:--|--:|:--|--:|--:|--:|\n");
+   for (Claim const& claim : claims) {
+      if (!results.has(claim.measured) || !results.has(claim.floor)) {
+         continue;
+      }
+      double const measured = results.median(claim.measured);
+      double const floor = results.median(claim.floor);
+      double const ratio = measured / floor;
+      double const bound = claim.isDifference ? (floor + claim.bound) / floor : claim.bound;
+      bool const holds = bound == 0 || ratio <= bound;
+      broken += !holds;
+      std::printf("| %-26s | %10.2f | %-26s | %10.2f | %6.2f |", claim.measured, measured, claim.floor, floor,
+                  ratio);
+      if (bound == 0) {
+         std::printf("       |\n");
+      } else {
+         std::printf(" %5.2f%s |\n", bound, holds ? "" : " EXCEEDED");
+      }
+   }
+   return broken;
+}
+
+// A figure for itself, and at least how much it has to be; 0 for no bound.
+struct Figure
+{
+   char const* measured;
+   char const* told;
+   double (*of)(double microseconds);
+   double bound;
+};
+
+double aSecond(double microseconds) { return 1e6 / microseconds; }
+double same(double microseconds) { return microseconds; }
+double inNanoseconds(double microseconds) { return 1e3 * microseconds; }
+
+constexpr Figure figures[] = {
+   {"update, streamed", "updates a second", &aSecond, 300000},
+   {"update, streamed: sender", "processor time of an update, ns: sender", &inNanoseconds, 0},
+   {"update, streamed: between", "processor time of an update, ns: hub", &inNanoseconds, 0},
+   {"update, streamed: receiver", "processor time of an update, ns: receiver", &inNanoseconds, 0},
+   {"step of many federates", "steps a second of many federates", &aSecond, 0},
+   {"step of many federates: hub", "processor time of a step, us: hub", &same, 0},
+   {"step of many federates: federates", "processor time of a step, us: federates", &same, 0},
+   {"memory", "memory of a federate at the hub, kB of heap", &same, 0},
+};
+
+int judgeFigures(Results const& results)
+{
+   int broken = 0;
+   std::printf("\n| %-44s | %10s | %8s |\n|:--|--:|--:|\n", "measured", "", "at least");
+   for (Figure const& figure : figures) {
+      if (results.has(figure.measured)) {
+         double const value = figure.of(results.median(figure.measured));
+         bool const holds = value >= figure.bound;
+         broken += !holds;
+         std::string const bound = figure.bound == 0 ? "" : std::to_string(std::lround(figure.bound));
+         std::printf("| %-44s | %10.0f | %8s%s |\n", figure.told, value, bound.c_str(),
+                     holds ? "" : " MISSED");
+      }
+   }
+   return broken;
+}
+
+std::string option(int argc, char** argv, std::string const& name, std::string const& byDefault)
+{
+   std::string const begin = "--" + name + "=";
+   for (int i = 1; i < argc; ++i) {
+      if (std::string(argv[i]).rfind(begin, 0) == 0) {
+         return argv[i] + begin.size();
+      }
+   }
+   return byDefault;
+}
+
+double memoryOfAFederate()
+{
+   constexpr int count = 100;
+   Hub const hub;
+   auto const first = startReady("joinMany", {hub.designator(), "few", "1"});
+   double const before = hub.memory();
+   auto const others = startReady("joinMany", {hub.designator(), "few", std::to_string(count)});
+   return (hub.memory() - before) / count;
+}
+
+int measure(int argc, char** argv)
+{
+   int const runs = static_cast<int>(number(option(argc, argv, "runs", "5")));
+   double const seconds = number(option(argc, argv, "seconds", "3"));
+   std::size_t const federates = std::stoul(option(argc, argv, "federates", "50"));
+   std::string const only = option(argc, argv, "only", "");
+   Certificates const certificates;
+   Hub const near(otherCore);
+   Hub const nearSecured(otherCore, certificates.folder());
+   Hub const far;
+   std::vector<Shared> others; // that end when those they are connected to have
+   std::vector<Run> cases;
+   // What makes the processes of a case is done if the case is.
+   auto const add = [&](std::string const& name, auto const& make) {
+      if (name.find(only) != std::string::npos) {
+         cases.push_back(make(name));
+      }
+   };
+   auto const at = [](std::string const& designator, char const* part, char const* federation, int core) {
+      return Shared(startReady(part, {designator, federation}, core));
+   };
+   auto const repeating = [&](std::string const& designator, char const* part, int count) {
+      return [=](std::string const& name) {
+         return repeated(name, count, at(designator, part, name.c_str(), federateCore));
+      };
+   };
+   others.push_back(start("answerPings", {}, otherCore));
+   cases.push_back(repeated("TCP round trip", 5000, start("ping", {others.back()->line()}, federateCore)));
+   add("service", repeating(near.designator(), "callService", 5000));
+   add("service, TLS", repeating(nearSecured.designator(), "callService", 5000));
+   add("lookup", repeating(near.designator(), "callLookup", 20000));
+   add("lookup in process", repeating("hub=none", "callLookup", 20000));
+
+   // A sender, a receiver and what is between them.
+   auto const relayed = [&](int core, int relayCore) {
+      others.push_back(start("relay", {}, relayCore));
+      std::string const port = others.back()->line();
+      Shared const receiver = startReady("receiveFromRelay", {port}, core);
+      return Line{start("sendToRelay", {port}, core), others.back(), receiver};
+   };
+   auto const updating = [&](Hub const& hub, std::string const& federation, int core) {
+      return Line{at(hub.designator(), "sendUpdates", federation.c_str(), core), hub.process(),
+                  at(hub.designator(), "receiveUpdates", federation.c_str(), core)};
+   };
+   add("TCP relay, on its way",
+       [&](auto const& name) { return underway(name, relayed(federateCore, otherCore)); });
+   add("update on its way",
+       [&](auto const& name) { return underway(name, updating(near, name, federateCore)); });
+   add("update on its way, TLS",
+       [&](auto const& name) { return underway(name, updating(nearSecured, name, federateCore)); });
+   add("TCP relay, streamed", [&](auto const& name) {
+      return streamed(name, seconds, relayed(Process::anyCore, Process::anyCore));
+   });
+   add("update, streamed",
+       [&](auto const& name) { return streamed(name, seconds, updating(far, name, Process::anyCore)); });
+
+   auto const advancing = [&](Hub const& hub, char const* part, std::size_t count, int core) {
+      return [=, &hub](std::string const& name) {
+         std::vector<Shared> made;
+         while (made.size() < count) {
+            made.push_back(at(hub.designator(), part, name.c_str(), core));
+         }
+         return inStep(name, 1000, hub.process(), made);
+      };
+   };
+   add("step of 2 federates", advancing(near, "advance", 2, federateCore));
+   add("step of many federates", advancing(far, "advanceUpdating", federates, Process::anyCore));
+   auto const connectingTo = [](std::string const& designator) {
+      return [=](std::string const& name) { return connecting(name, designator); };
+   };
+   add("connect in process", connectingTo("hub=none"));
+   add("connect", connectingTo(near.designator()));
+   add("connect, TLS", connectingTo(nearSecured.designator()));
+
+   Results results;
+   for (int i = 0; i <= runs; ++i) {
+      for (Run const& each : cases) {
+         each(results);
+      }
+      if (i == 0) {
+         results.clear();
+      }
+   }
+   if (only.empty()) {
+      results.add("memory", memoryOfAFederate());
+   }
+   return judge(results) + judgeFigures(results) == 0 ? 0 : 1;
+}
+
+} // namespace
+} // namespace bench
+
+int main(int argc, char** argv)
+{
+   setenv("CLASSPATH", CORE_JAR, 1);
+   setenv("TOVU1516_OPTION1", "-Dtovu.local.evokeReminder=0", 1);
+   try {
+      for (bench::Row const& row : bench::parts) {
+         if (argc > 1 && std::string(argv[1]) == row.name) {
+            row.part({argv + 2, argv + argc});
+            return 0;
+         }
+      }
+      return bench::measure(argc, argv);
+   } catch (std::exception const& failure) {
+      std::cerr << argv[0] << ": " << failure.what() << std::endl;
+   } catch (rti1516e::Exception const& failure) {
+      std::wcerr << failure.what() << std::endl;
+   }
+   return 2;
+}
