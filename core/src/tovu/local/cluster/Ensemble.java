@@ -126,6 +126,7 @@ final class Ensemble {
                 throw new IOException("ZooKeeper does not let this hub in at " + servers + " within " + FIRST_SECONDS
                         + " s; start it, or correct --cluster and what it needs");
             }
+            reachable = true; // the listener may hear of it only later
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             throw new IOException(e);
