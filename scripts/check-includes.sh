@@ -47,6 +47,7 @@ packages=(
   morva.tovu1516e
   tovu.local.record
   tovu.local.hub
+  tovu.local.cluster
 )
 declare -A height
 for i in "${!packages[@]}"; do

@@ -7,6 +7,8 @@ import tovu.local.fom.ModuleSource;
 import tovu.local.management.Manager;
 import tovu.local.model.federation.FederationPlan;
 import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Placement;
+import tovu.local.model.save.MemorySaves;
 import tovu.local.model.federation.Session;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
@@ -43,7 +45,7 @@ final class ObjectMemory {
                 .mapToObj(i -> "<attribute><name>a" + i + "</name></attribute>")
                 .collect(Collectors.joining("", "<objectModel><objects><objectClass><name>HLAobjectRoot</name>"
                         + "<objectClass><name>Track</name>", "</objectClass></objectClass></objects></objectModel>")));
-        Federations federations = new Federations(Manager::new);
+        Federations federations = new Federations(Manager::new, Placement.alone(name -> new MemorySaves()));
         Session owner = new Session(federations);
         owner.connect(new Silence());
         owner.createFederationExecution(new FederationPlan("tracks", List.of(ModuleSource.file(fom.toString())), null, ""));

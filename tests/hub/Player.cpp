@@ -39,7 +39,13 @@ public:
       if (action == L"connect" || action == L"evoked")
          rti.connect(*this, action == L"evoked" ? HLA_EVOKED : HLA_IMMEDIATE, text);
       else if (action == L"create")
-         rti.createFederationExecution(L"Meeting", text, L"HLAinteger64Time");
+         rti.createFederationExecution(_federation, text, L"HLAinteger64Time");
+      else if (action == L"federation")
+         _federation = text;
+      else if (action == L"destroy")
+         rti.destroyFederationExecution(_federation);
+      else if (action == L"list")
+         rti.listFederationExecutions();
       else if (action == L"join")
          join(text);
       else if (action == L"person")
@@ -84,7 +90,7 @@ private:
    void join(std::wstring const& name)
    {
       RTIambassador& rti = *_ambassador;
-      rti.joinFederationExecution(name, L"participant", L"Meeting");
+      rti.joinFederationExecution(name, L"participant", _federation);
       rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
       _personClass = rti.getObjectClassHandle(L"Person");
       _place = rti.getAttributeHandle(_personClass, L"Place");
@@ -134,6 +140,13 @@ private:
       say(L"time " + now.toString());
    }
 
+   void reportFederationExecutions(FederationExecutionInformationVector const& all) override
+   {
+      std::wstring names;
+      for (FederationExecutionInformation const& each : all)
+         names += L" " + each.federationExecutionName;
+      say(L"< executions" + names);
+   }
    void connectionLost(std::wstring const& fault) override
    {
       _next = 0;
@@ -204,6 +217,7 @@ private:
    ObjectClassHandle _personClass;
    AttributeHandle _place;
    ObjectInstanceHandle _person;
+   std::wstring _federation{L"Meeting"};
    InteractionClassHandle _greeting;
    InteractionClassHandle _lost;
    std::atomic<unsigned> _received{0};

@@ -11,6 +11,7 @@ import tovu.local.model.exchange.Federate;
 import tovu.local.model.federation.Federation;
 import tovu.local.model.federation.FederationPlan;
 import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Placement;
 import tovu.local.model.federation.Session;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
@@ -55,7 +56,7 @@ final class SessionTest {
     }
 
     private static List<Session> twoWith(SaveStore saves) throws Exception {
-        Federations federations = new Federations(Manager::new, name -> saves);
+        Federations federations = new Federations(Manager::new, Placement.alone(name -> saves));
         List<Session> members = new ArrayList<>();
         for (String name : List.of("alpha", "beta")) {
             Session session = new Session(federations);

@@ -5,6 +5,7 @@ import java.util.List;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.federation.Federation;
 import tovu.local.model.federation.Session;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.model.value.ServiceCall;
 import tovu.local.remote.HubLink;
 import tovu.local.trace.Describer;
@@ -55,7 +56,14 @@ abstract class AmbassadorServices {
     @SuppressWarnings("unchecked") // at the hub it is the result of the same service
     final <R> R hereOrAtHub(Service service, byte[] message, MessageReader in, Call<R> call) throws RTIexception {
         HubLink hub = connection.hub();
-        return hub == null ? call.serve(in) : (R) hub.serve(service.ordinal(), service.licence(), message);
+        if (hub == null) {
+            return call.serve(in);
+        }
+        try {
+            return (R) hub.serve(service.ordinal(), service.licence(), message);
+        } catch (Elsewhere e) {
+            return (R) connection.requestElsewhere(e, service, message);
+        }
     }
 
     /** Serves what names FOM modules, which are read in this process, wherever the federation is. */

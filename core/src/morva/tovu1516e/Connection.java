@@ -3,23 +3,15 @@ package morva.tovu1516e;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
 import tovu.local.delivery.CallbackDelivery;
-import tovu.local.management.Manager;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Session;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.remote.HubLink;
-import tovu.local.saves.SaveFolder;
 
 /** What an ambassador holds of the core. It knows nothing of the ambassador, and so can tell when that is gone. */
 abstract class Connection {
-    /** Those that all ambassadors of this process share. */
-    static final Federations FEDERATIONS = new Federations(Manager::new, SaveFolder.stores());
-
     final Session session;
-
-    Connection() {
-        this(new Session(FEDERATIONS));
-    }
 
     Connection(Session session) {
         this.session = session;
@@ -40,6 +32,11 @@ abstract class Connection {
     /** The connection to the hub that serves instead of this process, or null. */
     HubLink hub() {
         return null;
+    }
+
+    /** Has another hub serve what the one here does not. */
+    Object requestElsewhere(Elsewhere hub, Service service, byte[] message) throws RTIexception {
+        throw hub;
     }
 
     /** Of the callbacks that wait in this process. */

@@ -7,14 +7,21 @@ import hla.rti1516e.exceptions.FederateIsExecutionMember;
 import hla.rti1516e.exceptions.NotConnected;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
+import java.util.List;
 import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.TimeUnit;
 import tovu.local.delivery.CallbackDelivery;
 import tovu.local.delivery.CallbackMethod;
 import tovu.local.delivery.CallbackPort;
+import tovu.local.management.Manager;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.federation.Placement;
+import tovu.local.model.federation.Session;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.model.port.FederateCallbacks;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
+import tovu.local.saves.SaveFolder;
 import tovu.local.trace.Trace;
 import tovu.local.watch.ProcessPage;
 import tovu.local.wire.Licence;
@@ -23,21 +30,34 @@ import tovu.local.wire.Licence;
 final class FederateConnection extends Connection {
     private static final String DESTROYED = "Its ambassador was destroyed while it was joined";
 
+    /** Those that all ambassadors of this process share. */
+    private static final Federations FEDERATIONS = new Federations(Manager::new, Placement.alone(SaveFolder.stores()));
+    private static final int MOST_HUBS_ASKED = 8;
+
+    /** How it came to a hub, to come to another one in the same way. */
+    private record Way(CallbackDelivery delivery, int context, byte[] message) {
+    }
+
     private final CallbackPort natives = new NativePort();
     private volatile String nameAtHub;
     private volatile CallbackDelivery delivery;
     private volatile HubLink hub;
+    private Way way;
+
+    FederateConnection() {
+        super(new Session(FEDERATIONS));
+    }
 
     @Override
     void connect(int context, boolean immediate, String designator, byte[] message) throws RTIexception {
-        HubAddress address = HubAddress.of(designator);
+        List<HubAddress> hubs = HubAddress.of(designator);
         CallbackDelivery created;
-        if (address == null) {
+        if (hubs.isEmpty()) {
             created = CallbackDelivery.toContext(context, natives, session::federate);
             connectHere(created);
         } else {
-            created = CallbackDelivery.ofSelfDelivering(() -> "The federate at the hub " + address);
-            connectToHub(address, created, context, message);
+            created = CallbackDelivery.ofSelfDelivering(() -> "The federate at the hub " + hubs);
+            connectToHub(hubs, new Way(created, context, message));
         }
         CallbackDelivery previous = delivery; // of a hub that was lost
         delivery = created;
@@ -56,21 +76,74 @@ final class FederateConnection extends Connection {
         ProcessPage.show(FEDERATIONS::all);
     }
 
-    private synchronized void connectToHub(HubAddress address, CallbackDelivery created, int context, byte[] message)
-            throws RTIexception {
+    private synchronized void connectToHub(List<HubAddress> hubs, Way theWay) throws RTIexception {
         requireNotConnectedToHub();
         session.requireNotConnected();
-        HubLink link = HubLink.open(address, created, Trace.ON ? this::trace : natives,
-                fault -> lost(created, context, fault));
+        hub = introduced(HubLink.open(hubs, theWay.delivery, callbacks(), fault -> lost(theWay, fault)), theWay);
+        way = theWay;
+    }
+
+    private CallbackPort callbacks() {
+        return Trace.ON ? this::trace : natives;
+    }
+
+    private static HubLink introduced(HubLink link, Way way) throws RTIexception {
         try {
-            link.serve(Service.connect_FA_CM_S.ordinal(), Licence.NONE, message);
+            link.serve(Service.connect_FA_CM_S.ordinal(), Licence.NONE, way.message);
+            return link;
         } catch (NotConnected e) {
             throw new ConnectionFailed(e.getMessage());
         } catch (RTIexception e) {
             link.close(e.getMessage());
             throw e;
         }
-        hub = link;
+    }
+
+    /** Who joins stays where the federation is; for anything else going there and back is enough. */
+    @Override
+    Object requestElsewhere(Elsewhere first, Service service, byte[] message) throws RTIexception {
+        Elsewhere next = first;
+        for (int left = MOST_HUBS_ASKED; left > 0; --left) {
+            try {
+                return service.isJoin() ? move(next).serve(service.ordinal(), Licence.NONE, message)
+                        : runErrand(next, service, message);
+            } catch (Elsewhere e) {
+                next = e;
+            } catch (ConnectionFailed e) {
+                throw new RTIinternalError("What this service asks for is at another hub. " + e.getMessage());
+            }
+        }
+        throw new RTIinternalError("One hub after the other says that it is the next one that serves this; try again");
+    }
+
+    private synchronized HubLink move(Elsewhere to) throws RTIexception {
+        HubLink from = hub;
+        if (from == null) {
+            throw new NotConnected("This ambassador has been disconnected meanwhile; connect again");
+        }
+        Way theWay = way;
+        hub = introduced(from.openElsewhere(to.address(), theWay.delivery, callbacks(), fault -> lost(theWay, fault)),
+                theWay);
+        from.close("it joins at " + to.address());
+        return hub;
+    }
+
+    private Object runErrand(Elsewhere to, Service service, byte[] message) throws RTIexception {
+        HubLink from;
+        Way theWay;
+        synchronized (this) {
+            from = hub;
+            theWay = way;
+        }
+        if (from == null) {
+            throw new NotConnected("This ambassador has been disconnected meanwhile; connect again");
+        }
+        HubLink there = introduced(from.openElsewhere(to.address(), theWay.delivery, natives, fault -> { }), theWay);
+        try {
+            return there.serve(service.ordinal(), Licence.NONE, message);
+        } finally {
+            there.close("its errand is done");
+        }
     }
 
     /** Names and values stand in the hub's own trace, and only there. */
@@ -87,10 +160,10 @@ final class FederateConnection extends Connection {
     }
 
     /** What came of a federation that the federate is no member of any more is not true any more, either. */
-    private void lost(CallbackDelivery of, int context, String fault) {
-        of.dropMembership();
-        FederateCallbacks federate = CallbackDelivery.encoder(context, natives, session::federate);
-        of.postToConnection(nobody -> federate.connectionLost(fault));
+    private void lost(Way theWay, String fault) {
+        theWay.delivery.dropMembership();
+        FederateCallbacks federate = CallbackDelivery.encoder(theWay.context, natives, session::federate);
+        theWay.delivery.postToConnection(nobody -> federate.connectionLost(fault));
     }
 
     @Override

@@ -21,9 +21,12 @@ public final class HubAmbassador extends RegionServices {
     private final HubAmbassador underWay; // serves what the federate does not wait for
     private int retraction; // of what is served now
 
-    /** @param sink makes what takes the callbacks of a federate with that callback context */
-    public HubAmbassador(IntFunction<CallbackSink> sink) {
-        super(new HubConnection(sink));
+    /**
+     * @param sink        makes what takes the callbacks of a federate with that callback context
+     * @param federations those of the hub
+     */
+    public HubAmbassador(IntFunction<CallbackSink> sink, Federations federations) {
+        super(new HubConnection(sink, federations));
         underWay = new HubAmbassador(connection.session);
     }
 
@@ -42,11 +45,6 @@ public final class HubAmbassador extends RegionServices {
         <R> R callOutsideSave(Session.Service<R> service) throws RTIexception {
             return session.callOutsideRestore(service);
         }
-    }
-
-    /** The federations that all of them meet in. */
-    public static Federations federations() {
-        return Connection.FEDERATIONS;
     }
 
     private static MethodHandle[] services() {
@@ -100,12 +98,21 @@ public final class HubAmbassador extends RegionServices {
         return service >= 0 && service < all.length ? all[service].licence() : Licence.NONE;
     }
 
-    /** Whether a service may take its time: it reads object models, or writes and reads states. */
-    public static boolean isLong(int service) {
+    /** Whether a service creates a federation. */
+    public static boolean isCreation(int service) {
         Service[] all = Service.values();
         return service >= 0 && service < all.length && switch (all[service]) {
             case createFederationExecution_S_URL_S, createFederationExecution_S_URLX_S,
-                    createFederationExecution_S_URLX_URL_S, joinFederationExecution_S_S_S_URLX,
+                    createFederationExecution_S_URLX_URL_S -> true;
+            default -> false;
+        };
+    }
+
+    /** Whether a service may take its time: it reads object models, writes and reads states, or asks which hub has what. */
+    public static boolean isLong(int service) {
+        Service[] all = Service.values();
+        return isCreation(service) || service >= 0 && service < all.length && switch (all[service]) {
+            case destroyFederationExecution_S, listFederationExecutions, joinFederationExecution_S_S_S_URLX,
                     joinFederationExecution_S_S_URLX, federateSaveComplete, requestFederationRestore_S -> true;
             default -> false;
         };

@@ -2,6 +2,7 @@ package morva.tovu1516e;
 
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.function.IntFunction;
+import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Session;
 import tovu.local.model.port.CallbackSink;
 
@@ -9,7 +10,8 @@ import tovu.local.model.port.CallbackSink;
 class HubConnection extends Connection {
     private final IntFunction<CallbackSink> sinkOf;
 
-    HubConnection(IntFunction<CallbackSink> sinkOf) {
+    HubConnection(IntFunction<CallbackSink> sinkOf, Federations federations) {
+        super(new Session(federations));
         this.sinkOf = sinkOf;
     }
 

@@ -208,6 +208,10 @@ enum Service {
         return parts.length > 1;
     }
 
+    boolean isJoin() {
+        return this == joinFederationExecution_S_S_S_URLX || this == joinFederationExecution_S_S_URLX;
+    }
+
     /** Of its parameters, in order. */
     List<String> codes() {
         return List.of(parts).subList(1, parts.length);

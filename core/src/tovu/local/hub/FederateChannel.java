@@ -22,6 +22,7 @@ import java.util.concurrent.atomic.AtomicBoolean;
 import morva.tovu1516e.HubAmbassador;
 import morva.tovu1516e.MalformedMessage;
 import tovu.local.model.exchange.Federate;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.record.RecordedConnection;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
@@ -44,13 +45,14 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     private final Hub hub;
     private final Channel channel;
-    private final HubAmbassador ambassador = new HubAmbassador(this::connect);
+    private final HubAmbassador ambassador;
     private final Queue<byte[]> outgoing = new ConcurrentLinkedQueue<>();
     private final AtomicBoolean writing = new AtomicBoolean();
     private final Brake brake;
     private RecordedConnection recording = RecordedConnection.NONE;
     private volatile RemoteSink sink; // once it has connected
     private boolean greeted;
+    private boolean sent; // by another hub: what it wants is to be here
     private volatile boolean ended;
     private final Pulse pulse = new Pulse();
     private FrameDecoder decoder;
@@ -58,6 +60,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
     FederateChannel(Hub hub, Channel channel) {
         this.hub = hub;
         this.channel = channel;
+        ambassador = new HubAmbassador(this::connect, hub.federations());
         brake = new Brake(channel, () -> sink == null ? 0 : sink.remembered(), hub.settings().queueLimit() / 2);
     }
 
@@ -227,6 +230,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                     + "; install the same release on both sides");
             return;
         }
+        sent = frame.flag();
         greeted = true;
         recording = hub.record(channel.remoteAddress().toString());
         send(new FrameWriter(FrameType.WELCOME).integer(Protocol.VERSION).integer(hub.settings().lostAfter())
@@ -290,6 +294,9 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     private void answer(int number, int service, byte[] message) {
         try {
+            if (!sent && HubAmbassador.isCreation(service)) {
+                hub.place();
+            }
             long since = sink == null ? 0 : sink.licences().revocations();
             Object result = ambassador.serve(service, message);
             recording.result(number, result);
@@ -301,6 +308,8 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                         : licence.isOfObject() ? handle(message) : 0;
                 sink.licences().reply(number, result, licence, object, since);
             }
+        } catch (Elsewhere e) {
+            send(new FrameWriter(FrameType.ELSEWHERE).integer(number).text(e.address()).end());
         } catch (RTIexception e) {
             send(failure(number, e.getClass().getSimpleName(), String.valueOf(e.getMessage())));
         } catch (MalformedMessage e) {

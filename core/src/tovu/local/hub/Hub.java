@@ -27,6 +27,9 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicInteger;
+import tovu.local.management.Manager;
+import tovu.local.model.federation.Federations;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.record.RecordedConnection;
 import tovu.local.record.Recorder;
 import tovu.local.wire.Identity;
@@ -48,11 +51,15 @@ final class Hub {
     private final AtomicInteger servingLong = new AtomicInteger();
     private final Set<FederateChannel> federates = ConcurrentHashMap.newKeySet();
     private final AtomicInteger connections = new AtomicInteger();
+    private final Cluster cluster;
+    private final Federations federations;
     private final Recorder recorder; // null for none
     private Channel server;
 
-    Hub(HubSettings settings) throws IOException {
+    Hub(HubSettings settings, Cluster cluster) throws IOException {
         this.settings = settings;
+        this.cluster = cluster;
+        federations = new Federations(Manager::new, cluster.placement());
         tls = settings.certificate() == null ? null : tls();
         recorder = settings.recording() == null ? null : new Recorder(settings.recording());
     }
@@ -74,6 +81,10 @@ final class Hub {
 
     HubSettings settings() {
         return settings;
+    }
+
+    Federations federations() {
+        return federations;
     }
 
     /** @return where it listens */
@@ -121,6 +132,23 @@ final class Hub {
         return servingLong.get() > 0;
     }
 
+    /** @param address where federates reach it */
+    void enterCluster(String address) throws IOException {
+        cluster.enter(new Cluster.Member(address, federations, federates::size, this::expel));
+    }
+
+    /** A federation is to be created. */
+    void place() throws Elsewhere {
+        String other = cluster.leastLoaded();
+        if (other != null) {
+            throw new Elsewhere(other);
+        }
+    }
+
+    private List<Future<?>> expel(String reason) {
+        return List.copyOf(federates).stream().<Future<?>>map(each -> each.end(reason)).toList();
+    }
+
     /** What takes what crosses the connection from that address. */
     RecordedConnection record(String address) {
         return recorder == null ? RecordedConnection.NONE : recorder.opened(address);
@@ -153,12 +181,11 @@ final class Hub {
     /** Tells the federates that it ends, and ends. */
     void stop() {
         server.close().syncUninterruptibly();
-        List<Future<?>> told = List.copyOf(federates).stream()
-                .<Future<?>>map(each -> each.end("the hub was shut down")).toList();
-        told.forEach(each -> each.awaitUninterruptibly(1_000)); // or the end might come before
+        expel("the hub was shut down").forEach(each -> each.awaitUninterruptibly(1_000)); // or the end might come before
         serving.shutdownGracefully(0, 2, TimeUnit.SECONDS).syncUninterruptibly();
         listening.shutdownGracefully(0, 1, TimeUnit.SECONDS).syncUninterruptibly();
         apart.shutdownNow();
+        cluster.leave();
         if (recorder != null) {
             recorder.close();
         }

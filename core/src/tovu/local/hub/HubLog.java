@@ -4,7 +4,7 @@ import io.netty.channel.Channel;
 import tovu.local.management.Journal;
 
 /** What a hub says on its standard error stream: one line for each thing that whoever runs it may want to know. */
-final class HubLog {
+public final class HubLog {
     private HubLog() {
     }
 
@@ -18,12 +18,12 @@ final class HubLog {
     }
 
     /** A fault of the hub's own. */
-    static void fault(Throwable fault) {
+    public static void fault(Throwable fault) {
         fault.printStackTrace();
     }
 
     /** Names come from whoever connects: they write no lines of their own, and nothing that a terminal obeys. */
-    static void say(String line) {
+    public static void say(String line) {
         System.err.println(line.replaceAll("\\p{Cntrl}", "?"));
     }
 }

@@ -3,7 +3,8 @@ package tovu.local.hub;
 import java.io.IOException;
 import java.net.InetSocketAddress;
 import java.security.GeneralSecurityException;
-import morva.tovu1516e.HubAmbassador;
+import java.util.ServiceConfigurationError;
+import java.util.ServiceLoader;
 import tovu.local.remote.Tls;
 import tovu.local.saves.SaveFolder;
 import tovu.local.watch.WebServer;
@@ -23,7 +24,8 @@ public final class HubMain {
             } else if (options.wantsVersion()) {
                 System.out.println("rti1516e-hub " + version());
             } else if (options.wantsList()) {
-                System.out.print(options.list());
+                ClusterSettings cluster = options.listedCluster();
+                System.out.print(cluster == null ? options.list() : provided(() -> provider().list(cluster)));
             } else {
                 run(options.settings());
             }
@@ -43,13 +45,12 @@ public final class HubMain {
         if (settings.web() != null) {
             requireSecurity(settings, settings.web(), "sees all federations");
         }
-        if (settings.saves() != null) {
-            System.setProperty(SaveFolder.PROPERTY, settings.saves().toString()); // before anything else looks at it
-        }
-        SaveFolder.openConfigured();
-        Hub hub = new Hub(settings);
+        Hub hub = new Hub(settings, cluster(settings));
         InetSocketAddress address = hub.start();
-        WebServer page = settings.web() == null ? null : page(settings);
+        WebServer page = settings.web() == null ? null : page(settings, hub);
+        // the system may say the same host in another way
+        String listening = new Endpoint(settings.listen().host(), address.getPort()).toString();
+        hub.enterCluster(listening);
         // SIGTERM and SIGINT run this; the VM's own exit status would call an orderly end a failure.
         Runtime.getRuntime().addShutdownHook(new Thread(() -> {
             hub.stop();
@@ -58,15 +59,43 @@ public final class HubMain {
         if (page != null) {
             System.out.println("page at " + page.url());
         }
-        // the system may say the same host in another way
-        System.out.println("listening on " + new Endpoint(settings.listen().host(), address.getPort()));
+        System.out.println("listening on " + listening);
         System.out.flush();
     }
 
-    /** Whoever needs a certificate to join needs one to look on. */
-    private static WebServer page(HubSettings settings) throws IOException {
+    private static Cluster cluster(HubSettings settings) throws IOException {
+        if (settings.cluster() == null) {
+            if (settings.saves() != null) {
+                System.setProperty(SaveFolder.PROPERTY, settings.saves().toString()); // before anything else looks at it
+            }
+            SaveFolder.openConfigured();
+            return new Alone();
+        }
+        return provided(() -> provider().find(settings.cluster()));
+    }
+
+    private static Cluster.Provider provider() throws IOException {
+        return ServiceLoader.load(Cluster.Provider.class).findFirst().orElseThrow(() ->
+                new IOException("this hub was built without what --cluster needs: rti1516e-hub-cluster.jar is missing"));
+    }
+
+    private interface Work<R> {
+        R run() throws IOException;
+    }
+
+    private static <R> R provided(Work<R> work) throws IOException {
         try {
-            return new WebServer(HubAmbassador.federations()::all, settings.web().socketAddress(),
+            return work.run();
+        } catch (NoClassDefFoundError | ServiceConfigurationError e) {
+            throw new IOException("--cluster needs the packages libcurator-framework-java, libzookeeper-java and "
+                    + "libslf4j-java (" + e.getMessage() + ")", e);
+        }
+    }
+
+    /** Whoever needs a certificate to join needs one to look on. */
+    private static WebServer page(HubSettings settings, Hub hub) throws IOException {
+        try {
+            return new WebServer(hub.federations()::all, settings.web().socketAddress(),
                     settings.certificate() == null ? null
                             : Tls.context(settings.clientCa(), settings.certificate(), settings.key()),
                     settings.clientCa() != null);

@@ -29,6 +29,15 @@ final class HubOptions {
               --queue-limit MB        a federate that leaves so much unread, or takes no callbacks for so much, is lost (256)
               --connections NUMBER    how many there may be at once (1000)
               --greatest-message MB   a message that is greater ends its connection (64)
+              --cluster SERVERS       is one of several hubs that ZooKeeper keeps together: HOST:PORT[,HOST:PORT...][/PATH]
+              --name NAME             what this hub is called there (its address)
+              --advertise HOST:PORT   where federates reach this hub (where it listens)
+              --takeover-after SECONDS
+                                      a hub that is silent for so long is dead, and others take over (3)
+              --cluster-login FILE    USER:PASSWORD for ZooKeeper, in a file
+              --cluster-ca FILE       connects to ZooKeeper with TLS; its certificate is of this authority, in PEM
+              --cluster-identity FILE
+                                      the hub's certificate for ZooKeeper and the key of that, in one file
               --web [HOST:PORT]       shows the federations on a page (without an address 127.0.0.1:15161)
               --record FILE           records what crosses, for rti1516e-replay
               --config FILE           a file of such settings: a line each, such as lost-after = 5
@@ -40,9 +49,11 @@ final class HubOptions {
             """;
 
     private static final Set<String> VALUES = Set.of("listen", "certificate", "key", "client-ca", "saves",
-            "lost-after", "queue-limit", "connections", "greatest-message", "config", "web", "list", "ca", "record");
+            "lost-after", "queue-limit", "connections", "greatest-message", "cluster", "name", "advertise",
+            "takeover-after", "cluster-login", "cluster-ca", "cluster-identity", "config", "web", "list", "ca", "record");
     private static final Set<String> FLAGS = Set.of("insecure", "help", "version", "json");
-    private static final Map<String, String> DEFAULTS = Map.of("web", "127.0.0.1:" + WebServer.DEFAULT_PORT);
+    private static final Map<String, String> DEFAULTS = Map.of("web", "127.0.0.1:" + WebServer.DEFAULT_PORT, "list",
+            "127.0.0.1:" + WebServer.DEFAULT_PORT);
     private static final int MEGABYTE_BITS = 20;
 
     /** A command line that means nothing. */
@@ -118,6 +129,11 @@ final class HubOptions {
         return values.containsKey("list");
     }
 
+    /** The cluster that is to be listed, or null when it is a hub. */
+    ClusterSettings listedCluster() throws WrongOption {
+        return cluster();
+    }
+
     /** What is to be listed. */
     String list() throws WrongOption, IOException {
         requireKey();
@@ -145,7 +161,32 @@ final class HubOptions {
                 number("lost-after", "20", 0, 86_400),
                 (long) number("queue-limit", "256", 1, 1 << MEGABYTE_BITS) << MEGABYTE_BITS,
                 number("connections", "1000", 1, 1_000_000),
-                Math.min(number("greatest-message", "64", 1, 2_047), 2_047) << MEGABYTE_BITS);
+                Math.min(number("greatest-message", "64", 1, 2_047), 2_047) << MEGABYTE_BITS, cluster());
+    }
+
+    private ClusterSettings cluster() throws WrongOption {
+        if (!values.containsKey("cluster")) {
+            for (String each : List.of("name", "advertise", "takeover-after", "cluster-login", "cluster-ca",
+                    "cluster-identity")) {
+                if (values.containsKey(each)) {
+                    throw new WrongOption("--" + each + " needs --cluster");
+                }
+            }
+            return null;
+        }
+        if (!values.get("cluster").matches("[^/]+:\\d{1,5}(/[\\w.-]+(/[\\w.-]+)*)?")) {
+            throw new WrongOption("'" + values.get("cluster") + "' for cluster is not HOST:PORT[,HOST:PORT...][/PATH]");
+        }
+        String advertised = values.get("advertise");
+        if (advertised != null && !advertised.matches(".+:\\d{1,5}")) {
+            throw new WrongOption("'" + advertised + "' for advertise is not HOST:PORT");
+        }
+        if (values.containsKey("cluster-identity") && !values.containsKey("cluster-ca")) {
+            throw new WrongOption("--cluster-identity needs --cluster-ca");
+        }
+        return new ClusterSettings(values.get("cluster"), values.get("name"), advertised,
+                number("takeover-after", "3", 1, 3_600), file("cluster-ca"), file("cluster-identity"),
+                file("cluster-login"), file("saves"));
     }
 
     private Endpoint endpoint(String name, String standard) throws WrongOption {

@@ -17,7 +17,9 @@ import java.nio.file.Path;
  * @param queueLimit      bytes that may wait for a federate's process to read them
  * @param connections     how many there may be at once
  * @param greatestFrame   bytes
+ * @param cluster         what it is to be a part of, or null
  */
 record HubSettings(Endpoint listen, Endpoint web, Path recording, Path certificate, Path key, Path clientCa,
-        boolean insecure, Path saves, int lostAfter, long queueLimit, int connections, int greatestFrame) {
+        boolean insecure, Path saves, int lostAfter, long queueLimit, int connections, int greatestFrame,
+        ClusterSettings cluster) {
 }

@@ -34,8 +34,8 @@ final class Player implements AutoCloseable {
         final HubLink link;
         long patience = PATIENCE_MILLIS;
 
-        Part(HubAddress hub) throws RTIexception {
-            link = HubLink.open(hub, this, this::told, fault -> { });
+        Part(List<HubAddress> hubs) throws RTIexception {
+            link = HubLink.open(hubs, this, this::told, fault -> { });
         }
 
         /** Who registers nothing itself, but discovers what the infrastructure does, knows that by its name. */
@@ -81,7 +81,7 @@ final class Player implements AutoCloseable {
     }
 
     private final RecordingReader in;
-    private final HubAddress hub;
+    private final List<HubAddress> hubs;
     private final boolean realTime;
     private final PrintStream out;
     private final RecordedNames names = new RecordedNames();
@@ -92,9 +92,9 @@ final class Player implements AutoCloseable {
     private int different;
     private int missing;
 
-    Player(RecordingReader in, HubAddress hub, boolean realTime, PrintStream out) {
+    Player(RecordingReader in, List<HubAddress> hubs, boolean realTime, PrintStream out) {
         this.in = in;
-        this.hub = hub;
+        this.hubs = hubs;
         this.realTime = realTime;
         this.out = out;
     }
@@ -143,7 +143,7 @@ final class Player implements AutoCloseable {
     private void serve(Entry entry) throws RTIexception, InterruptedException {
         Part part = parts.get(entry.connection());
         if (part == null) {
-            part = new Part(hub);
+            part = new Part(hubs);
             parts.put(entry.connection(), part);
         }
         take(entry);

@@ -3,6 +3,7 @@ package tovu.local.remote;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.concurrent.locks.LockSupport;
 import java.util.function.Consumer;
+import tovu.local.model.port.Elsewhere;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.Result;
@@ -58,6 +59,9 @@ final class Answer {
     Object result() throws RTIexception {
         if (frame.type() == FrameType.REPLY) {
             return result;
+        }
+        if (frame.type() == FrameType.ELSEWHERE) {
+            throw new Elsewhere(frame.text());
         }
         throw HubExceptions.of(frame.text(), frame.text());
     }

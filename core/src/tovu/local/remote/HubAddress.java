@@ -7,7 +7,7 @@ import java.util.ArrayList;
 import java.util.List;
 
 /**
- * Where the hub is that an ambassador connects to, and how.
+ * Where a hub is that an ambassador connects to, and how.
  *
  * @param host        its name or address
  * @param port        its port
@@ -19,15 +19,15 @@ public record HubAddress(String host, int port, Path ca, Path certificate, Path 
     private static final String NONE = "none";
     private static final String HUB = "hub=";
     private static final String USAGE =
-            "; write hub=HOST:PORT[;ca=FILE][;certificate=FILE;key=FILE], or hub=none for no hub";
+            "; write hub=HOST:PORT[,HOST:PORT...][;ca=FILE][;certificate=FILE;key=FILE], or hub=none for no hub";
 
     /**
      * What a local settings designator says. One that begins with something else than {@code hub=} is meant for another
      * infrastructure, and leaves the choice to the system properties.
      *
-     * @return null for none
+     * @return the hubs to try in turn: one is enough. Empty for none
      */
-    public static HubAddress of(String designator) throws InvalidLocalSettingsDesignator {
+    public static List<HubAddress> of(String designator) throws InvalidLocalSettingsDesignator {
         if (designator.strip().startsWith(HUB)) {
             return parse(designator.strip());
         }
@@ -42,7 +42,7 @@ public record HubAddress(String host, int port, Path ca, Path certificate, Path 
         return parse(String.join(";", settings));
     }
 
-    private static HubAddress parse(String designator) throws InvalidLocalSettingsDesignator {
+    private static List<HubAddress> parse(String designator) throws InvalidLocalSettingsDesignator {
         String where = null;
         Path ca = null;
         Path certificate = null;
@@ -63,17 +63,32 @@ public record HubAddress(String host, int port, Path ca, Path certificate, Path 
             }
         }
         if (NONE.equals(where)) {
-            return null;
+            return List.of();
         }
         if ((certificate == null) != (key == null) || certificate != null && ca == null) {
             throw refused(designator, "a certificate needs its key, and the ca that the hub is known by");
         }
-        int colon = where.lastIndexOf(':');
-        String host = where.substring(0, Math.max(0, colon)).replaceAll("^\\[(.*)]$", "$1");
-        if (host.isEmpty()) {
-            throw refused(designator, "'" + where + "' is not HOST:PORT");
+        List<HubAddress> hubs = new ArrayList<>();
+        for (String each : where.split(",", -1)) {
+            int colon = each.lastIndexOf(':');
+            String host = host(each.strip());
+            if (host.isEmpty()) {
+                throw refused(designator, "'" + each + "' is not HOST:PORT");
+            }
+            hubs.add(new HubAddress(host, port(designator, each.substring(colon + 1).strip()), ca, certificate, key));
         }
-        return new HubAddress(host, port(designator, where.substring(colon + 1)), ca, certificate, key);
+        return hubs;
+    }
+
+    /** Without the brackets of an IPv6 address. */
+    private static String host(String where) {
+        return where.substring(0, Math.max(0, where.lastIndexOf(':'))).replaceAll("^\\[(.*)]$", "$1");
+    }
+
+    /** Another hub that is reached in the same way. */
+    public HubAddress at(String where) {
+        return new HubAddress(host(where), Integer.parseInt(where.substring(where.lastIndexOf(':') + 1)), ca, certificate,
+                key);
     }
 
     private static Path path(String designator, String text) throws InvalidLocalSettingsDesignator {

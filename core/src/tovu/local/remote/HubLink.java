@@ -10,6 +10,7 @@ import java.io.DataInputStream;
 import java.io.EOFException;
 import java.io.FilterInputStream;
 import java.io.IOException;
+import java.util.ArrayList;
 import java.util.HashSet;
 import java.util.List;
 import java.util.Map;
@@ -42,6 +43,7 @@ import tovu.local.wire.Pulse;
 public final class HubLink {
     private static final int STREAM_BUFFER = 1 << 16;
     private static final long TELL_IDLE_MILLIS = 5;
+    private static final long PATIENCE_MILLIS = 4_500; // until one has let it in
     private static final long FAREWELL_MILLIS = 1_000; // for what an end needs of the other side
     private static final Consumer<Object> NO_LICENCE = result -> { };
 
@@ -68,20 +70,43 @@ public final class HubLink {
     private final AtomicBoolean tellingProgress = new AtomicBoolean();
     private final Pulse pulse = new Pulse();
     private final ScheduledFuture<?> beats;
+    private volatile boolean closing; // from this side: how it ends is no loss then
     private volatile String lost; // why, or null
 
     /**
-     * Returns when the hub has let it in.
+     * Returns when a hub has let it in, or none does.
      *
+     * @param hubs     tried in turn
      * @param queue    takes the callbacks that come
      * @param federate is called with them when it is their turn
      * @param onLoss   is told, once, how the connection has ended if that is before it is closed
      */
-    public static HubLink open(HubAddress hub, CallbackSink queue, CallbackPort federate, Consumer<String> onLoss)
-            throws ConnectionFailed {
-        HubSocket socket = HubSocket.connect(hub);
+    public static HubLink open(List<HubAddress> hubs, CallbackSink queue, CallbackPort federate,
+            Consumer<String> onLoss) throws ConnectionFailed {
+        long deadline = System.nanoTime() + TimeUnit.MILLISECONDS.toNanos(PATIENCE_MILLIS);
+        List<String> failures = new ArrayList<>();
+        for (HubAddress each : hubs) {
+            long left = TimeUnit.NANOSECONDS.toMillis(deadline - System.nanoTime());
+            try {
+                return open(each, Math.max(1, left / (hubs.size() - failures.size())), false, queue, federate, onLoss);
+            } catch (ConnectionFailed e) {
+                failures.add(e.getMessage());
+            }
+        }
+        throw new ConnectionFailed(String.join("; ", failures));
+    }
+
+    /** Opens a connection to another hub of the same service, to which this one has sent the federate. */
+    public HubLink openElsewhere(String address, CallbackSink theQueue, CallbackPort theFederate,
+            Consumer<String> toldOfLoss) throws ConnectionFailed {
+        return open(hub.at(address), PATIENCE_MILLIS, true, theQueue, theFederate, toldOfLoss);
+    }
+
+    private static HubLink open(HubAddress hub, long patienceMillis, boolean sent, CallbackSink queue,
+            CallbackPort federate, Consumer<String> onLoss) throws ConnectionFailed {
+        HubSocket socket = HubSocket.connect(hub, patienceMillis);
         try {
-            HubLink link = new HubLink(hub, socket, queue, federate, onLoss);
+            HubLink link = new HubLink(hub, socket, sent, queue, federate, onLoss);
             Thread reader = new Thread(link::read, "hub " + hub);
             reader.setDaemon(true);
             reader.start();
@@ -91,7 +116,7 @@ public final class HubLink {
         }
     }
 
-    private HubLink(HubAddress hub, HubSocket socket, CallbackSink queue, CallbackPort federate,
+    private HubLink(HubAddress hub, HubSocket socket, boolean sent, CallbackSink queue, CallbackPort federate,
             Consumer<String> onLoss) throws IOException, ConnectionFailed {
         this.hub = hub;
         this.socket = socket;
@@ -107,7 +132,7 @@ public final class HubLink {
             }
         }, STREAM_BUFFER));
         out = new Outbox(socket.output(), this::sendingFailed);
-        HubSocket.Welcome welcome = socket.greet(in);
+        HubSocket.Welcome welcome = socket.greet(in, sent);
         greatestFrame = welcome.greatestFrame();
         silence = welcome.lostAfterSeconds();
         long period = TimeUnit.SECONDS.toMillis(silence) / Pulse.BEATS;
@@ -252,7 +277,7 @@ public final class HubLink {
 
     private void take(FrameReader frame) {
         switch (frame.type()) {
-            case REPLY, FAILURE, RESOLVED -> {
+            case REPLY, FAILURE, ELSEWHERE, RESOLVED -> {
                 Answer answer = awaited.get(frame.integer());
                 if (answer != null) {
                     answer.give(frame);
@@ -434,7 +459,7 @@ public final class HubLink {
     }
 
     private void lose(String reason) {
-        if (end(reason)) {
+        if (end(reason) && !closing) {
             onLoss.accept("The connection to the hub at " + hub + " is lost: " + reason);
         }
     }
@@ -445,6 +470,7 @@ public final class HubLink {
      * @param reason what the others are told if the federate is still joined
      */
     public void close(String reason) {
+        closing = true;
         if (lost == null) { // a hub that does not read holds it up no longer than that
             Future<?> last = HubClock.INSTANCE.schedule(() -> end(reason), FAREWELL_MILLIS, TimeUnit.MILLISECONDS);
             tell(new FrameWriter(FrameType.GOODBYE).text(reason).end());

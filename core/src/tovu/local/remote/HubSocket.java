@@ -37,25 +37,25 @@ final class HubSocket {
     record Welcome(int lostAfterSeconds, int greatestFrame) {
     }
 
-    private static final double PATIENCE_SECONDS = 4.5; // for all until the welcome
-    private static final long PATIENCE_MILLIS = (long) (PATIENCE_SECONDS * 1_000);
-
     private final HubAddress hub;
+    private final long patienceMillis; // for all until the welcome
     private final Socket plain;
-    private final long deadline = System.nanoTime() + TimeUnit.MILLISECONDS.toNanos(PATIENCE_MILLIS);
+    private final long deadline;
     private Socket socket;
     private boolean secure; // TLS is agreed on, but with TLS 1.3 the hub looks at the federate's certificate only now
     private volatile boolean late;
 
-    private HubSocket(HubAddress hub) {
+    private HubSocket(HubAddress hub, long patienceMillis) {
         this.hub = hub;
+        this.patienceMillis = patienceMillis;
+        deadline = System.nanoTime() + TimeUnit.MILLISECONDS.toNanos(patienceMillis);
         plain = new Socket();
         socket = plain;
     }
 
-    static HubSocket connect(HubAddress hub) throws ConnectionFailed {
-        HubSocket made = new HubSocket(hub);
-        Future<?> watchdog = HubClock.INSTANCE.schedule(made::expire, PATIENCE_MILLIS, TimeUnit.MILLISECONDS);
+    static HubSocket connect(HubAddress hub, long patienceMillis) throws ConnectionFailed {
+        HubSocket made = new HubSocket(hub, patienceMillis);
+        Future<?> watchdog = HubClock.INSTANCE.schedule(made::expire, patienceMillis, TimeUnit.MILLISECONDS);
         try {
             made.connect();
             return made;
@@ -92,7 +92,7 @@ final class HubSocket {
         } catch (ExecutionException e) {
             throw new UnknownHostException(hub.host());
         } catch (TimeoutException e) {
-            throw new IOException("no name service has told within " + PATIENCE_SECONDS + " s where it is", e);
+            throw new IOException("no name service has told within " + patienceMillis / 1_000.0 + " s where it is", e);
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
             throw new InterruptedIOException("connecting was interrupted");
@@ -117,11 +117,16 @@ final class HubSocket {
         return socket.getOutputStream();
     }
 
-    /** Only the hub's welcome means that the federate is in: under TLS its certificate may still be refused. */
-    Welcome greet(DataInputStream in) throws IOException, ConnectionFailed {
+    /**
+     * Only the hub's welcome means that the federate is in: under TLS its certificate may still be refused.
+     *
+     * @param sent whether another hub has sent it here
+     */
+    Welcome greet(DataInputStream in, boolean sent) throws IOException, ConnectionFailed {
         Future<?> watchdog = HubClock.INSTANCE.schedule(this::expire, left(), TimeUnit.MILLISECONDS);
         try {
-            output().write(new FrameWriter(FrameType.HELLO).integer(Protocol.MAGIC).integer(Protocol.VERSION).end());
+            output().write(new FrameWriter(FrameType.HELLO).integer(Protocol.MAGIC).integer(Protocol.VERSION).flag(sent)
+                    .end());
             output().flush();
             int length = in.readInt();
             if (length < 1 || length > Protocol.GREATEST_FRAME) {
@@ -152,7 +157,7 @@ final class HubSocket {
     }
 
     ConnectionFailed failed(Exception failure) {
-        return ended(late ? "it did not answer within " + PATIENCE_SECONDS + " s"
+        return ended(late ? "it did not answer within " + patienceMillis / 1_000.0 + " s"
                 : failure instanceof MalformedFrame ? "what listens there is no hub: it sent " + failure.getMessage()
                 : secure ? notAccepted(failure)
                 : reason(failure));

@@ -22,12 +22,17 @@ final class FileSaves implements SaveStore {
     private static final int CHECKSUM = Integer.BYTES;
     static final int BUFFER = 1 << 16;
 
-    private final SaveFolder folder;
-    private final Path path;
+    /** Makes sure of the folder before something is written there. */
+    interface Preparation {
+        void run() throws IOException;
+    }
 
-    FileSaves(SaveFolder folder, Path path) {
-        this.folder = folder;
+    private final Path path;
+    private final Preparation preparation;
+
+    FileSaves(Path path, Preparation preparation) {
         this.path = path;
+        this.preparation = preparation;
     }
 
     private Path file(String label) {
@@ -41,7 +46,7 @@ final class FileSaves implements SaveStore {
 
     @Override
     public Draft draft(String label) throws IOException {
-        folder.prepare(path);
+        preparation.run();
         return new FileDraft(file(label));
     }
 

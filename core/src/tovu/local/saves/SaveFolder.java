@@ -31,7 +31,11 @@ public final class SaveFolder {
     /** Where this process has the saves of a federation of some name. */
     public static Function<String, SaveStore> stores() {
         return CONFIGURED == null ? name -> new MemorySaves()
-                : name -> new FileSaves(CONFIGURED, CONFIGURED.path.resolve(FileName.of(name)));
+                : name -> CONFIGURED.store(CONFIGURED.path.resolve(FileName.of(name)));
+    }
+
+    private SaveStore store(Path federation) {
+        return new FileSaves(federation, () -> prepare(federation));
     }
 
     /** Makes sure that saves can be written, where there is a folder for them; they do that themselves, but later. */
@@ -84,7 +88,7 @@ public final class SaveFolder {
     }
 
     /** Opens the folder, and makes that of a federation. */
-    void prepare(Path federation) throws IOException {
+    private void prepare(Path federation) throws IOException {
         open();
         if (!Files.isDirectory(federation)) {
             Files.createDirectory(federation);

@@ -2,7 +2,7 @@ package tovu.local.wire;
 
 /** What a frame says. Its code on the wire is its ordinal: new ones go to the end. */
 public enum FrameType {
-    /** Federate: the first frame. Magic number, version of the protocol, name of the program. */
+    /** Federate: the first frame. Magic number, version of the protocol, whether another hub has sent it here. */
     HELLO,
     /** Hub: the federate is in. Version, seconds of silence after which either side is lost, greatest frame. */
     WELCOME,
@@ -51,7 +51,9 @@ public enum FrameType {
     /** Hub: within which times the licences for what has a time hold. The first and the last one's bytes. */
     LIMITS,
     /** Hub: numbers for what the federate may retract. The first one, and how many. */
-    NUMBERS;
+    NUMBERS,
+    /** Hub: another hub serves this. Number of the request, the address of that hub. */
+    ELSEWHERE;
 
     private static final FrameType[] ALL = values();
 

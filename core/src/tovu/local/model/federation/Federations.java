@@ -9,6 +9,7 @@ import java.util.List;
 import java.util.Map;
 import java.util.concurrent.ConcurrentSkipListMap;
 import java.util.function.Function;
+import java.util.stream.Stream;
 import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ObjectModel;
@@ -22,21 +23,53 @@ public final class Federations {
     private static final String STANDARD_MIM = "HLAstandardMIM";
     private final Map<String, Federation> byName = new ConcurrentSkipListMap<>();
     private final Function<Federation, Management> management;
-    private final Function<String, SaveStore> saves;
+    private final Placement placement;
 
     /**
      * @param management makes the management of a federation
-     * @param saves      tells where the saves of a federation of that name are
+     * @param placement  whom the name of a federation belongs to
      */
-    public Federations(Function<Federation, Management> management, Function<String, SaveStore> saves) {
+    public Federations(Function<Federation, Management> management, Placement placement) {
         this.management = management;
-        this.saves = saves;
+        this.placement = placement;
     }
 
     void create(FederationPlan plan) throws RTIexception {
         if (byName.containsKey(plan.name())) {
-            throw alreadyExists(plan);
+            throw alreadyExists(plan.name());
         }
+        Function<SaveStore, Federation> federation = prepare(plan);
+        synchronized (this) { // what is claimed is here when anybody looks
+            put(federation.apply(placement.claim(plan)));
+        }
+    }
+
+    /** Has a federation here that is claimed already. */
+    public synchronized void host(FederationPlan plan, SaveStore saves) throws RTIexception {
+        put(prepare(plan).apply(saves));
+    }
+
+    public synchronized boolean hosts(String name) {
+        return byName.containsKey(name);
+    }
+
+    public int count() {
+        return byName.size();
+    }
+
+    /** Forgets all federations. Who is joined is still to be told. */
+    public synchronized void clear() {
+        byName.clear();
+    }
+
+    private void put(Federation federation) throws FederationExecutionAlreadyExists {
+        if (byName.putIfAbsent(federation.name(), federation) != null) {
+            throw alreadyExists(federation.name());
+        }
+    }
+
+    /** All that may be wrong with a plan shows here. */
+    private Function<SaveStore, Federation> prepare(FederationPlan plan) throws RTIexception {
         if (plan.mim() != null && STANDARD_MIM.equals(plan.mim().designator())) {
             throw new DesignatorIsHLAstandardMIM("'" + STANDARD_MIM
                     + "' designates the built-in MIM; name another one, or create the federation without a MIM");
@@ -45,27 +78,28 @@ public final class Federations {
         List<FomModule> modules = FomReader.ofModules().readAll(plan.fomModules());
         ObjectModel objectModel = ObjectModel.of(mim, modules);
         TimeFamily timeFamily = TimeFamily.named(plan.timeImplementation());
-        Federation federation = new Federation(plan.name(), objectModel, timeFamily, saves.apply(plan.name()),
-                management);
-        if (byName.putIfAbsent(plan.name(), federation) != null) {
-            throw alreadyExists(plan);
-        }
+        return saves -> new Federation(plan.name(), objectModel, timeFamily, saves, management);
     }
 
-    private static FederationExecutionAlreadyExists alreadyExists(FederationPlan plan) {
-        return new FederationExecutionAlreadyExists("Federation execution '" + plan.name()
+    /** What to throw when a name is taken. */
+    public static FederationExecutionAlreadyExists alreadyExists(String name) {
+        return new FederationExecutionAlreadyExists("Federation execution '" + name
                 + "' exists already; join it, or choose another name");
     }
 
     void destroy(String name) throws RTIexception {
         Federation federation = find(name);
-        federation.close();
-        byName.remove(name, federation);
+        synchronized (this) {
+            federation.close();
+            byName.remove(name, federation);
+            placement.release(name);
+        }
     }
 
-    Federation find(String name) throws FederationExecutionDoesNotExist {
+    Federation find(String name) throws RTIexception {
         Federation federation = byName.get(name);
         if (federation == null) {
+            placement.seek(name);
             throw new FederationExecutionDoesNotExist("There is no federation execution '" + name
                     + "' in this process; create it first");
         }
@@ -76,8 +110,8 @@ public final class Federations {
         return byName.values();
     }
 
-    List<FederationInformation> list() {
-        return byName.values().stream()
-                .map(each -> new FederationInformation(each.name(), each.timeFamily().implementationName())).toList();
+    List<FederationInformation> list() throws RTIexception {
+        return Stream.concat(placement.others().stream(), byName.values().stream()
+                .map(each -> new FederationInformation(each.name(), each.timeFamily().implementationName()))).toList();
     }
 }

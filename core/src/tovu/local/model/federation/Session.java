@@ -93,7 +93,7 @@ public final class Session {
         federations.destroy(name);
     }
 
-    public synchronized void listFederationExecutions() throws NotConnected {
+    public synchronized void listFederationExecutions() throws RTIexception {
         requireConnected();
         List<FederationInformation> executions = federations.list();
         sink.postToConnection(to -> to.reportFederationExecutions(executions));
