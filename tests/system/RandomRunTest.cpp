@@ -669,6 +669,8 @@ private:
       if (callback == "timeAdvanceGrant") {
          its.advancing = false;
          its.time = std::strtod(words[1].c_str(), nullptr);
+      } else if (callback == "timeRegulationEnabled") {
+         its.time = std::strtod(words[1].c_str(), nullptr); // where others may be long since
       } else if (callback == "timeConstrainedEnabled") {
          its.constrained = true;
       } else if (callback == "discover") {

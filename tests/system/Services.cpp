@@ -17,7 +17,8 @@ template <class Handle>
 void call(Stage& stage, Federate& federate, Handle const& result, std::string const& given)
 {
    if constexpr (std::is_same_v<Handle, ObjectInstanceHandle>) {
-      std::wstring const its = federate->getObjectInstanceName(result);
+      std::wstring its; // unless another federate has deleted it since
+      contract::caughtFrom([&] { its = federate->getObjectInstanceName(result); });
       if (its.rfind(L"HLA", 0) == 0) { // which nobody chose
          stage.names().add(its, given);
       }
