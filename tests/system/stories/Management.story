@@ -176,15 +176,18 @@ story reports services to those who are not reported on
    refused HLAadjust.HLAsetServiceReporting Federate... :1
    have alpha HLAsetServiceReporting HLAreportingState=:0
    have beta HLAsetServiceReporting HLAreportingState=:1
-   beta: getObjectClassName Car
+   beta: getFederateHandle alpha; getObjectClassName Car # of which beta has learned by then not to keep the answer
    beta: subscribe HLAreportServiceInvocation -> FederateServiceInvocationsAreBeingReportedViaMOM
    have beta HLAsetServiceReporting HLAreportingState=:0
    beta: getObjectClassName Car
    alpha < receive HLAreportServiceInvocation HLAexception=:0 HLAfederate=#beta
-      HLAreturnedArguments=('HLAobjectRoot.Vehicle.Car') HLAserialNumber=:0 HLAservice='getObjectClassName'
+      HLAreturnedArguments=('1') HLAserialNumber=:0 HLAservice='getFederateHandle' HLAsuccessIndicator=:1
+      HLAsuppliedArguments=('"alpha"') RO reliable by somebody;
+      receive HLAreportServiceInvocation HLAexception=:0 HLAfederate=#beta
+      HLAreturnedArguments=('HLAobjectRoot.Vehicle.Car') HLAserialNumber=:1 HLAservice='getObjectClassName'
       HLAsuccessIndicator=:1 HLAsuppliedArguments=('HLAobjectRoot.Vehicle.Car') RO reliable by somebody;
       receive HLAreportServiceInvocation HLAexception='FederateServiceInvocationsAreBeingReportedViaMOM:...'
-      HLAfederate=#beta HLAreturnedArguments=:0 HLAserialNumber=:1 HLAservice='subscribeInteractionClass'
+      HLAfederate=#beta HLAreturnedArguments=:0 HLAserialNumber=:2 HLAservice='subscribeInteractionClass'
       HLAsuccessIndicator=:0
       HLAsuppliedArguments=('HLAinteractionRoot.HLAmanager.HLAfederate.HLAreport.HLAreportServiceInvocation','true')
       RO reliable by somebody
