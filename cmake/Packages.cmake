@@ -57,7 +57,7 @@ The hub: a service that federates of several processes and machines meet at.")
   set(CPACK_DEBIAN_HUB_PACKAGE_SECTION java)
   set(CPACK_DEBIAN_HUB_PACKAGE_ARCHITECTURE all)
   set(CPACK_DEBIAN_HUB_PACKAGE_DEPENDS
-    "tovu1516e-localcore (= ${PROJECT_VERSION}), libnetty-java, ${jre_package} | java17-runtime-headless")
+    "tovu1516e-localcore (= ${PROJECT_VERSION}), libnetty-java, liblz4-java, ${jre_package} | java17-runtime-headless")
   set(CPACK_DEBIAN_HUB_PACKAGE_SUGGESTS "libcurator-framework-java, libslf4j-java, zookeeper")
   set(CPACK_DEBIAN_HUB_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/hub/conffiles)
 endif()

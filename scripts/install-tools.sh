@@ -12,6 +12,7 @@ needs=(
   "git git"
   "javac openjdk-17-jdk-headless"
   "/usr/share/java/netty-transport.jar libnetty-java"
+  "/usr/share/java/lz4-java.jar liblz4-java"
   "/usr/share/java/curator-framework.jar libcurator-framework-java"
   "/usr/share/zookeeper/bin/zkServer.sh zookeeper"
   "/usr/include/gtest/gtest.h libgtest-dev"

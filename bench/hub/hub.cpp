@@ -64,18 +64,15 @@ std::unique_ptr<Process> startReady(char const* part, Arguments const& arguments
    return process;
 }
 
-// With a certificate in that folder, or without TLS.
 class Hub
 {
 public:
-   explicit Hub(int core = Process::anyCore, std::string const& certificates = "")
-      : _process(std::make_shared<Process>(command(certificates), core))
+   explicit Hub(int core = Process::anyCore, Arguments const& options = {},
+                std::string const& endOfDesignator = "")
+      : _process(std::make_shared<Process>(command(options), core))
    {
       _process->terminateAtEnd();
-      _designator = "hub=" + _process->line().substr(std::strlen("listening on "));
-      if (!certificates.empty()) {
-         _designator += ";ca=" + certificates + "/hub.pem";
-      }
+      _designator = "hub=" + _process->line().substr(std::strlen("listening on ")) + endOfDesignator;
    }
 
    std::string const& designator() const { return _designator; }
@@ -93,13 +90,10 @@ public:
    }
 
 private:
-   static std::vector<std::string> command(std::string const& certificates)
+   static Arguments command(Arguments const& options)
    {
-      std::vector<std::string> made{HUB, "--listen", "127.0.0.1:0"};
-      if (!certificates.empty()) {
-         made.insert(made.end(),
-                     {"--certificate", certificates + "/hub.pem", "--key", certificates + "/hub.key"});
-      }
+      Arguments made{HUB, "--listen", "127.0.0.1:0"};
+      made.insert(made.end(), options.begin(), options.end());
       return made;
    }
 
@@ -107,25 +101,26 @@ private:
    std::string _designator;
 };
 
-class Certificates
+// What hubs need, and leave behind: a certificate with its key, and a recording.
+class Folder
 {
 public:
-   Certificates()
+   Folder()
    {
-      std::string const make =
-         "cd " + _folder.string() +
-         " && openssl req -x509 -newkey ec -pkeyopt "
-         "ec_paramgen_curve:P-256 -nodes -days 2 -keyout hub.key -out hub.pem -subj /CN=localhost "
-         "-addext subjectAltName=IP:127.0.0.1 2>/dev/null";
+      std::string const make = "cd " + _path.string() +
+                               " && openssl req -x509 -newkey ec -pkeyopt "
+                               "ec_paramgen_curve:P-256 -nodes -days 2 -keyout hub.key -out hub.pem -subj "
+                               "/CN=localhost "
+                               "-addext subjectAltName=IP:127.0.0.1 2>/dev/null";
       if (std::system(make.c_str()) != 0) {
          throw std::runtime_error("openssl makes no certificate");
       }
    }
-   ~Certificates() { std::filesystem::remove_all(_folder); }
-   Certificates(Certificates const&) = delete;
-   Certificates& operator=(Certificates const&) = delete;
+   ~Folder() { std::filesystem::remove_all(_path); }
+   Folder(Folder const&) = delete;
+   Folder& operator=(Folder const&) = delete;
 
-   std::string folder() const { return _folder.string(); }
+   std::string file(char const* name) const { return _path / name; }
 
 private:
    static std::filesystem::path made()
@@ -134,7 +129,7 @@ private:
       return mkdtemp(folder);
    }
 
-   std::filesystem::path const _folder = made();
+   std::filesystem::path const _path = made();
 };
 
 // What runs give, by name; in the units of the table.
@@ -273,6 +268,7 @@ constexpr Claim claims[] = {
    {"update on its way", "TCP relay, on its way", 0, false},
    {"update on its way, TLS", "TCP round trip", 0, false},
    {"update, streamed", "TCP relay, streamed", 0, false},
+   {"update, streamed, recorded", "update, streamed", 1 / 0.9, false},
    {"step of 2 federates", "TCP round trip", 2.2, false},
    {"step of many federates", "TCP round trip", 0, false},
    {"connect", "connect in process", 30e3, true},
@@ -374,10 +370,13 @@ int measure(int argc, char** argv)
    double const seconds = number(option(argc, argv, "seconds", "3"));
    std::size_t const federates = std::stoul(option(argc, argv, "federates", "50"));
    std::string const only = option(argc, argv, "only", "");
-   Certificates const certificates;
+   Folder const folder;
+   std::string const certificate = folder.file("hub.pem");
    Hub const near(otherCore);
-   Hub const nearSecured(otherCore, certificates.folder());
+   Hub const nearSecured(otherCore, {"--certificate", certificate, "--key", folder.file("hub.key")},
+                         ";ca=" + certificate);
    Hub const far;
+   Hub const recording(Process::anyCore, {"--record", folder.file("recording")});
    std::vector<Shared> others; // that end when those they are connected to have
    std::vector<Run> cases;
    // What makes the processes of a case is done if the case is.
@@ -423,6 +422,8 @@ int measure(int argc, char** argv)
    });
    add("update, streamed",
        [&](auto const& name) { return streamed(name, seconds, updating(far, name, Process::anyCore)); });
+   add("update, streamed, recorded",
+       [&](auto const& name) { return streamed(name, seconds, updating(recording, name, Process::anyCore)); });
 
    auto const advancing = [&](Hub const& hub, char const* part, std::size_t count, int core) {
       return [=, &hub](std::string const& name) {

@@ -25,6 +25,7 @@ depends librti1516e-dev 'librti1516e \(= [0-9.]+\)'
 if compgen -G 'rti1516e-hub_*.deb' >/dev/null; then
   depends rti1516e-hub 'tovu1516e-localcore \(= [0-9.]+\)'
   depends rti1516e-hub libnetty-java
+  depends rti1516e-hub liblz4-java
 fi
 
 # The root has nothing of what the packages depend on, and no shell that could configure them: they are only unpacked,

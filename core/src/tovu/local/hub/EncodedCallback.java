@@ -7,7 +7,6 @@ import tovu.local.delivery.CallbackMethod;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.FederateCallbacks;
-import tovu.local.record.RecordedConnection;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
 
@@ -85,11 +84,6 @@ final class EncodedCallback {
 
     FrameWriter frame(FrameType type) {
         return new FrameWriter(type, NUMBERS + (message == null ? 0 : message.length));
-    }
-
-    /** Records what was made last; late is what was made when it was its turn. */
-    void record(RecordedConnection recording, long number, boolean late) {
-        recording.callback(number, late, method.ordinal(), message);
     }
 
     /** Puts what was made last to the end of a frame. */

@@ -41,8 +41,6 @@ import tovu.local.wire.Result;
 final class FederateChannel extends ChannelInboundHandlerAdapter {
     private static final int TOGETHER = 1 << 14; // bytes of frames that leave as one
 
-    private static final int UNDER_WAY = 0; // in a recording, the number of a request that has none
-
     private final Hub hub;
     private final Channel channel;
     private final HubAmbassador ambassador;
@@ -66,13 +64,13 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
 
     /** @param greatestFrame in bytes, for now */
     FrameDecoder decoder(int greatestFrame) {
-        decoder = new FrameDecoder(greatestFrame, pulse);
+        decoder = new FrameDecoder(greatestFrame, pulse, recording);
         brake.setDecoder(decoder);
         return decoder;
     }
 
     private RemoteSink connect(int context) {
-        sink = new RemoteSink(context, ambassador.session()::federate, recording, this::send);
+        sink = new RemoteSink(context, ambassador.session()::federate, this::send);
         return sink;
     }
 
@@ -98,22 +96,27 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         ByteBuf together = null;
         for (; next != null; next = outgoing.poll()) {
             if (together != null && together.readableBytes() + next.length > TOGETHER) {
-                channel.write(together, channel.voidPromise());
+                write(together);
                 together = null;
             }
             if (next.length > TOGETHER) {
-                channel.write(Unpooled.wrappedBuffer(next), channel.voidPromise());
+                write(Unpooled.wrappedBuffer(next));
             } else {
                 together = together == null ? channel.alloc().buffer() : together;
                 together.writeBytes(next);
             }
         }
         if (together != null) {
-            channel.write(together, channel.voidPromise());
+            write(together);
         }
         pulse.say();
         channel.flush();
         limitWhatWaits();
+    }
+
+    private void write(ByteBuf frames) {
+        recording.sent(frames.nioBuffer());
+        channel.write(frames, channel.voidPromise());
     }
 
     private void limitWhatWaits() {
@@ -168,7 +171,6 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                 byte[] message = frame.rest();
                 serve(HubAmbassador.isLong(service), () -> {
                     progress(begun, endedUpTo);
-                    recording.request(request, service, begun, endedUpTo, message);
                     answer(request, service, message);
                 });
             }
@@ -180,7 +182,6 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
                 byte[] message = frame.rest();
                 serve(false, () -> {
                     progress(begun, endedUpTo);
-                    recording.request(UNDER_WAY, service, begun, endedUpTo, message);
                     serveUnderWay(service, retraction, message);
                 });
             }
@@ -208,7 +209,6 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             case PROGRESS -> {
                 long begun = frame.longInteger();
                 long endedUpTo = frame.longInteger();
-                recording.progress(begun);
                 serve(false, () -> progress(begun, endedUpTo));
             }
             case HEARTBEAT -> {
@@ -299,7 +299,6 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             }
             long since = sink == null ? 0 : sink.licences().revocations();
             Object result = ambassador.serve(service, message);
-            recording.result(number, result);
             Licence licence = HubAmbassador.licence(service);
             if (licence == Licence.NONE || !mayRepeat(licence, message, result)) {
                 send(reply(number, result));
@@ -358,13 +357,11 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         }
         try {
             ambassador.serveUnderWay(service, retraction, message);
-            recording.result(UNDER_WAY, retraction == 0 ? null
-                    : ByteBuffer.allocate(2 * Integer.BYTES).putInt(retraction).array());
             if (retraction != 0) {
                 setNumbersAside();
             }
         } catch (RTIexception e) {
-            recording.failure(UNDER_WAY, e.getClass().getSimpleName(), String.valueOf(e.getMessage())); // nobody waits
+            recording.dropped(service, message, e.getClass().getSimpleName(), String.valueOf(e.getMessage()));
         } catch (MalformedMessage e) {
             throw e;
         } catch (RuntimeException | Error e) {
@@ -381,8 +378,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         return reply.end();
     }
 
-    private byte[] failure(int number, String exception, String text) {
-        recording.failure(number, exception, text);
+    private static byte[] failure(int number, String exception, String text) {
         return new FrameWriter(FrameType.FAILURE).integer(number).text(exception).text(text).end();
     }
 

@@ -4,18 +4,21 @@ import io.netty.buffer.ByteBuf;
 import io.netty.buffer.Unpooled;
 import io.netty.channel.ChannelHandlerContext;
 import io.netty.handler.codec.LengthFieldBasedFrameDecoder;
+import tovu.local.record.RecordedConnection;
 import tovu.local.wire.Protocol;
 import tovu.local.wire.Pulse;
 
 /** Cuts what comes into frames, and lets none out while its connection is not to be read. */
 final class FrameDecoder extends LengthFieldBasedFrameDecoder {
     private final Pulse pulse;
+    private final RecordedConnection recording;
     private ChannelHandlerContext context;
     private int pauses;
 
-    FrameDecoder(int greatestFrame, Pulse pulse) {
+    FrameDecoder(int greatestFrame, Pulse pulse, RecordedConnection recording) {
         super(greatestFrame, 0, Protocol.LENGTH_BYTES, 0, Protocol.LENGTH_BYTES);
         this.pulse = pulse;
+        this.recording = recording;
     }
 
     @Override
@@ -27,6 +30,7 @@ final class FrameDecoder extends LengthFieldBasedFrameDecoder {
     @Override
     public void channelRead(ChannelHandlerContext from, Object read) throws Exception {
         pulse.hear();
+        recording.received(((ByteBuf) read).nioBuffer());
         super.channelRead(from, read);
     }
 
@@ -49,7 +53,7 @@ final class FrameDecoder extends LengthFieldBasedFrameDecoder {
         }
         context.channel().config().setAutoRead(true);
         try {
-            channelRead(context, Unpooled.EMPTY_BUFFER);
+            super.channelRead(context, Unpooled.EMPTY_BUFFER);
         } catch (Exception e) {
             context.pipeline().fireExceptionCaught(e);
         }

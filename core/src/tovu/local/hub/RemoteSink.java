@@ -13,7 +13,6 @@ import tovu.local.model.exchange.Federate;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
 import tovu.local.model.port.RetractableCallback;
-import tovu.local.record.RecordedConnection;
 import tovu.local.wire.CallbackFlags;
 import tovu.local.wire.FrameType;
 import tovu.local.wire.FrameWriter;
@@ -41,7 +40,6 @@ final class RemoteSink implements CallbackSink {
     }
 
     private final Consumer<byte[]> out;
-    private final RecordedConnection recording;
     private final IssuedLicences licences;
     private final Deque<Sent> unsettled = new ArrayDeque<>();
     private final Map<Callback, Sent> retractable = new IdentityHashMap<>();
@@ -56,9 +54,8 @@ final class RemoteSink implements CallbackSink {
      * @param member  whose callbacks they are, or null
      * @param out     takes the frames, in order
      */
-    RemoteSink(int context, Supplier<Federate> member, RecordedConnection recording, Consumer<byte[]> out) {
+    RemoteSink(int context, Supplier<Federate> member, Consumer<byte[]> out) {
         this.out = out;
-        this.recording = recording;
         licences = new IssuedLicences(out);
         told = new EncodedCallback(context, member);
         answer = new EncodedCallback(context, member);
@@ -96,7 +93,6 @@ final class RemoteSink implements CallbackSink {
         } else if (told.foretell(callback)) {
             frame = told.put(told.frame(FrameType.CALLBACK).longInteger(++last)
                     .octet(foresight == Callback.Foresight.CERTAIN ? flags | CallbackFlags.CERTAIN : flags)).end();
-            told.record(recording, last, false);
         } else {
             return;
         }
@@ -160,12 +156,8 @@ final class RemoteSink implements CallbackSink {
             retractable.remove(sent.callback);
         }
         Callback callback = sent.callback;
-        boolean something = callback.foresight() == Callback.Foresight.NONE ? answer.deliver(callback)
-                : callback.begin() && answer.foretell(callback);
-        if (something) {
-            answer.record(recording, number, true);
-        }
-        return answer(request, something);
+        return answer(request, callback.foresight() == Callback.Foresight.NONE ? answer.deliver(callback)
+                : callback.begin() && answer.foretell(callback));
     }
 
     private byte[] answer(int request, boolean something) {
@@ -191,8 +183,6 @@ final class RemoteSink implements CallbackSink {
         if (known) {
             post(instead);
         } else if (!numbers.isEmpty() && told.foretell(instead)) {
-            recording.retracted(numbers);
-            told.record(recording, last + 1, false);
             FrameWriter frame = told.frame(FrameType.RETRACT).integer(numbers.size());
             numbers.forEach(frame::longInteger);
             out.accept(told.put(frame.longInteger(++last)).end());

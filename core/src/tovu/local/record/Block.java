@@ -1,31 +1,27 @@
 package tovu.local.record;
 
-import java.io.IOException;
-import java.io.OutputStream;
-import java.util.Arrays;
+import java.nio.ByteBuffer;
 
-/** Bytes that records are put into, one after the other. */
+/** Bytes that records are put into, one after the other. They lie where a file is written from without a copy. */
 final class Block {
-    private static final int FIRST = 1 << 16;
-    private byte[] bytes = new byte[FIRST];
-    private int length;
+    private static final int FIRST = 1 << 19;
+    private ByteBuffer bytes = ByteBuffer.allocateDirect(FIRST);
 
     int length() {
-        return length;
+        return bytes.position();
     }
 
-    private int reserve(int size) {
-        int position = length;
-        length = Math.addExact(position, size);
-        if (length > bytes.length) {
-            bytes = Arrays.copyOf(bytes, (int) Math.min(Math.max(length, 2L * bytes.length), Integer.MAX_VALUE - 8));
+    private void reserve(int size) {
+        if (size > bytes.remaining()) {
+            long least = (long) bytes.position() + size;
+            long capacity = Math.max(least, Math.min(2L * bytes.capacity(), Integer.MAX_VALUE));
+            bytes = ByteBuffer.allocateDirect(Math.toIntExact(capacity)).put(bytes.flip());
         }
-        return position;
     }
 
     void octet(int value) {
-        int position = reserve(1);
-        bytes[position] = (byte) value;
+        reserve(1);
+        bytes.put((byte) value);
     }
 
     /** A number of so many groups of seven bits as it needs, the least first; all but the last have the eighth set. */
@@ -38,27 +34,20 @@ final class Block {
         octet((int) left);
     }
 
-    void bytes(byte[] from, int start, int size) {
-        int position = reserve(size);
-        System.arraycopy(from, start, bytes, position, size);
+    void bytes(ByteBuffer all) {
+        reserve(all.remaining());
+        bytes.put(all);
     }
 
-    void bytes(byte[] all) {
-        bytes(all, 0, all.length);
-    }
-
-    void append(Block other) {
-        bytes(other.bytes, 0, other.length);
-    }
-
-    void writeTo(OutputStream out) throws IOException {
-        out.write(bytes, 0, length);
+    /** What has been put into it. */
+    ByteBuffer content() {
+        return bytes.duplicate().flip();
     }
 
     void clear() {
-        length = 0;
-        if (bytes.length > FIRST * 64) {
-            bytes = new byte[FIRST]; // one huge message must not cost its memory for ever
+        bytes.clear();
+        if (bytes.capacity() > FIRST * 8) {
+            bytes = ByteBuffer.allocateDirect(FIRST); // one huge message must not cost its memory for ever
         }
     }
 }

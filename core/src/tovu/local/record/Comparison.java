@@ -8,7 +8,6 @@ import java.util.HashMap;
 import java.util.Map;
 import java.util.Set;
 import java.util.regex.Pattern;
-import tovu.local.record.RecordingReader.Entry;
 
 /**
  * Two recordings side by side. What one federate calls and is answered is compared in order, and so is what it is
@@ -104,7 +103,7 @@ final class Comparison {
     }
 
     private static String essence(Line line) {
-        return line.entry().kind() == Recording.Kind.RESULT && HANDLES.contains(line.name()) ? line.name()
+        return line.entry().kind() == Entry.Kind.RESULT && HANDLES.contains(line.name()) ? line.name()
                 : HANDLE.matcher(line.text()).replaceAll("$1");
     }
 

@@ -3,8 +3,6 @@ package tovu.local.record;
 import java.util.List;
 import morva.tovu1516e.RecordedCalls;
 import tovu.local.delivery.CallbackMethod;
-import tovu.local.record.RecordingReader.Entry;
-import tovu.local.trace.Describer;
 
 /**
  * An entry of a recording in words.
@@ -16,7 +14,7 @@ import tovu.local.trace.Describer;
  */
 record Line(Entry entry, String who, String name, List<String> arguments, String text) {
     boolean isCallback() {
-        return entry.kind() == Recording.Kind.CALLBACK || entry.kind() == Recording.Kind.LATE_CALLBACK;
+        return entry.kind() == Entry.Kind.CALLBACK || entry.kind() == Entry.Kind.LATE_CALLBACK;
     }
 
     /** Says it, and has the names follow; null for what is not worth a line. */
@@ -28,14 +26,8 @@ record Line(Entry entry, String who, String name, List<String> arguments, String
             }
             case CLOSED -> new Line(entry, names.who(entry.connection()), "", List.of(),
                     "is disconnected: " + entry.text());
-            case REQUEST -> {
-                if (!RecordedCalls.isService(entry.code())) {
-                    yield new Line(entry, names.who(entry.connection()), "", List.of(), "-> no service");
-                }
-                names.follow(entry);
-                yield call(entry, names.who(entry.connection()), "-> ", RecordedCalls.name(entry.code()),
-                        RecordedCalls.arguments(names.describer(entry.connection()), entry.code(), entry.content()));
-            }
+            case REQUEST -> call(entry, names.who(entry.connection()), "-> ", RecordedCalls.name(entry.code()),
+                    arguments(entry, names));
             case CALLBACK, LATE_CALLBACK -> {
                 names.follow(entry);
                 CallbackMethod method = CallbackMethod.of(entry.code());
@@ -43,6 +35,8 @@ record Line(Entry entry, String who, String name, List<String> arguments, String
                         RecordedCalls.arguments(names.describer(entry.connection()), method, entry.content()));
             }
             case RESULT, FAILURE -> answer(entry, names);
+            case DROPPED -> failure(entry, names.who(entry.connection()), RecordedCalls.name(entry.code()),
+                    arguments(entry, names));
             case PROGRESS -> null;
             case RETRACTED -> new Line(entry, names.who(entry.connection()), "", List.of(),
                     "callbacks are taken back");
@@ -53,17 +47,25 @@ record Line(Entry entry, String who, String name, List<String> arguments, String
         return new Line(entry, who, name, arguments, direction + name + "(" + String.join(", ", arguments) + ")");
     }
 
+    private static Line failure(Entry entry, String who, String name, List<String> arguments) {
+        return new Line(entry, who, name, arguments, "   " + name + " ! " + entry.text());
+    }
+
+    private static List<String> arguments(Entry request, RecordedNames names) {
+        return RecordedCalls.arguments(names.describer(request.connection()), request.code(), request.content());
+    }
+
     private static Line answer(Entry entry, RecordedNames names) {
-        Entry request = names.requestOf(entry);
-        Describer describer = names.describer(entry.connection());
+        Entry request = entry.request();
         String name = RecordedCalls.name(request.code());
-        List<String> arguments = RecordedCalls.arguments(describer, request.code(), request.content());
+        List<String> arguments = arguments(request, names);
         String who = names.who(entry.connection());
         names.follow(entry);
-        if (entry.kind() == Recording.Kind.FAILURE) {
-            return new Line(entry, who, name, arguments, "   " + name + " ! " + entry.text());
+        if (entry.kind() == Entry.Kind.FAILURE) {
+            return failure(entry, who, name, arguments);
         }
-        List<String> results = RecordedCalls.results(describer, request.code(), RecordedNames.result(entry));
+        List<String> results = RecordedCalls.results(names.describer(entry.connection()), request.code(),
+                RecordedNames.result(entry));
         return results.isEmpty() ? null : new Line(entry, who, name, arguments, "   " + name + " = " + results.get(0));
     }
 }

@@ -4,6 +4,8 @@ import hla.rti1516e.exceptions.FederateInternalError;
 import hla.rti1516e.exceptions.RTIexception;
 import java.io.IOException;
 import java.io.PrintStream;
+import java.util.ArrayList;
+import java.util.Arrays;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
@@ -15,7 +17,6 @@ import morva.tovu1516e.RecordedCalls.Discovery;
 import tovu.local.delivery.CallbackMethod;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
-import tovu.local.record.RecordingReader.Entry;
 import tovu.local.remote.HubAddress;
 import tovu.local.remote.HubLink;
 
@@ -80,6 +81,10 @@ final class Player implements AutoCloseable {
     private record Answer(Object result, RTIexception exception) {
     }
 
+    /** Of a service that nobody waited for: a difference, if it was not dropped then. */
+    private record Failure(Entry request, String line) {
+    }
+
     private final RecordingReader in;
     private final List<HubAddress> hubs;
     private final boolean realTime;
@@ -88,6 +93,7 @@ final class Player implements AutoCloseable {
     private final Handles handles = new Handles();
     private final Map<Integer, Part> parts = new HashMap<>();
     private final Map<Entry, Answer> answers = new HashMap<>(); // that the recorded one is still to come of
+    private final List<Failure> failures = new ArrayList<>();
     private int services;
     private int different;
     private int missing;
@@ -103,19 +109,15 @@ final class Player implements AutoCloseable {
     boolean play() throws IOException, RTIexception, InterruptedException {
         long begin = System.nanoTime();
         for (Entry entry = in.next(); entry != null; entry = in.next()) {
-            if (entry.kind() == Recording.Kind.REQUEST && !RecordedCalls.isService(entry.code())) {
-                continue;
-            }
             long early = TimeUnit.MICROSECONDS.toNanos(entry.micros()) - (System.nanoTime() - begin);
             if (realTime && early > 0) {
                 TimeUnit.NANOSECONDS.sleep(early);
             }
-            Entry request = entry.kind() == Recording.Kind.RESULT || entry.kind() == Recording.Kind.FAILURE
-                    ? names.requestOf(entry) : null;
             Line.of(entry, names); // has the names follow
             switch (entry.kind()) {
                 case REQUEST -> serve(entry);
-                case RESULT, FAILURE -> compare(entry, request);
+                case RESULT, FAILURE -> compare(entry);
+                case DROPPED -> drop(entry);
                 case CLOSED -> leave(entry);
                 case LATE_CALLBACK, PROGRESS -> {
                     take(entry);
@@ -135,6 +137,7 @@ final class Player implements AutoCloseable {
                 }
             }
         }
+        failures.forEach(each -> differ(each.line));
         out.println(services + " services played: " + different + " answers differ, " + missing
                 + " callbacks did not come");
         return different + missing == 0;
@@ -171,21 +174,46 @@ final class Player implements AutoCloseable {
         }
     }
 
-    private void compare(Entry recorded, Entry request) {
+    private void compare(Entry recorded) {
+        Entry request = recorded.request();
         Answer now = answers.remove(request);
+        RTIexception thrown = now.exception;
         String service = RecordedCalls.name(request.code());
-        boolean failed = recorded.kind() == Recording.Kind.FAILURE;
-        boolean same = failed == (now.exception != null) && (failed
-                ? recorded.text().startsWith(now.exception.getClass().getSimpleName() + ":")
+        boolean failed = recorded.kind() == Entry.Kind.FAILURE;
+        boolean same = failed == (thrown != null) && (failed
+                ? recorded.text().startsWith(thrown.getClass().getSimpleName() + ":")
                 : handles.agree(service, RecordedNames.result(recorded), now.result));
         if (!same) {
-            ++different;
-            RTIexception thrown = now.exception;
-            out.println(ReplayMain.stamp(in.begin(), recorded, names.who(recorded.connection())) + " then " + service
-                    + (failed ? ": " + recorded.text() : said(request, RecordedNames.result(recorded))) + "; now "
-                    + service + (thrown == null ? said(request, now.result)
-                            : ": " + thrown.getClass().getSimpleName() + ": " + thrown.getMessage()));
+            String line = difference(recorded, service,
+                    failed ? ": " + recorded.text() : said(request, RecordedNames.result(recorded)),
+                    thrown == null ? said(request, now.result) : ": " + thrown.getClass().getSimpleName() + ": "
+                            + thrown.getMessage());
+            if (!request.isAwaited() && thrown != null) {
+                failures.add(new Failure(request, line));
+            } else {
+                differ(line);
+            }
         }
+    }
+
+    /** What was not waited for and failed: now it has to have failed, too. */
+    private void drop(Entry recorded) {
+        boolean same = failures.removeIf(each -> each.request.connection() == recorded.connection()
+                && each.request.code() == recorded.code()
+                && Arrays.equals(each.request.content(), recorded.content()));
+        if (!same) {
+            differ(difference(recorded, RecordedCalls.name(recorded.code()), ": " + recorded.text(), " succeeded"));
+        }
+    }
+
+    private String difference(Entry recorded, String service, String then, String now) {
+        return ReplayMain.stamp(in.begin(), recorded, names.who(recorded.connection())) + " then " + service + then
+                + "; now " + service + now;
+    }
+
+    private void differ(String line) {
+        ++different;
+        out.println(line);
     }
 
     private String said(Entry request, Object result) {

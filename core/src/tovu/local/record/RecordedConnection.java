@@ -1,6 +1,6 @@
 package tovu.local.record;
 
-import java.util.List;
+import java.nio.ByteBuffer;
 
 /** Takes what crosses a connection, as it crosses. From any thread. */
 public interface RecordedConnection {
@@ -9,38 +9,19 @@ public interface RecordedConnection {
     };
 
     /**
-     * A federate calls a service.
+     * Bytes of the stream of frames that come from the federate.
      *
-     * @param request its number, by which the answer is told from others
-     * @param begun   the number of the last callback that has begun by then
-     * @param ended   the number of the last callback that has returned by then
+     * @param bytes are left as they are, and not kept
      */
-    default void request(int request, int service, long begun, long ended, byte[] message) {
+    default void received(ByteBuffer bytes) {
     }
 
-    /** @param result what the service returns, or null */
-    default void result(int request, Object result) {
+    /** Bytes of the stream of frames that go to it; the same holds for them. */
+    default void sent(ByteBuffer bytes) {
     }
 
-    default void failure(int request, String exception, String text) {
-    }
-
-    /**
-     * A callback is told.
-     *
-     * @param callback its number
-     * @param late     whether it is the federate's turn to be given it, and not only left for it
-     * @param message  whole, with what is around it
-     */
-    default void callback(long callback, boolean late, int method, byte[] message) {
-    }
-
-    /** Callbacks are taken back. */
-    default void retracted(List<Long> callbacks) {
-    }
-
-    /** @param begun the number of the last callback that has begun */
-    default void progress(long begun) {
+    /** A service that nobody waits for has failed. */
+    default void dropped(int service, byte[] message, String exception, String text) {
     }
 
     default void closed(String reason) {

@@ -5,6 +5,7 @@ import java.util.Arrays;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
+import morva.tovu1516e.MalformedMessage;
 import morva.tovu1516e.RecordedCalls;
 import morva.tovu1516e.RecordedCalls.Discovery;
 import tovu.local.delivery.CallbackMethod;
@@ -14,7 +15,6 @@ import tovu.local.fom.ObjectModel;
 import tovu.local.model.exchange.ObjectNames;
 import tovu.local.model.federation.FederationPlan;
 import tovu.local.model.value.TimeFamily;
-import tovu.local.record.RecordingReader.Entry;
 import tovu.local.trace.Describer;
 import tovu.local.trace.ModelNames;
 import tovu.local.wire.FrameReader;
@@ -39,7 +39,6 @@ final class RecordedNames {
     /** An ambassador's connection. */
     private final class Connection extends ModelNames {
         final String address;
-        final Map<Integer, Entry> requests = new HashMap<>(); // that are not answered, by tag
         final Describer describer = new Describer(this);
         Federation federation; // null for none
         String federate;
@@ -82,16 +81,8 @@ final class RecordedNames {
         return connections.get(connection).describer;
     }
 
-    /** The request that an answer is to; null when it came before the recording began. */
-    Entry requestOf(Entry answer) {
-        return connections.get(answer.connection()).requests.get(answer.tag());
-    }
-
     /** What a service returned. */
     static Object result(Entry answer) {
-        if (answer.content().length == 0) {
-            return null;
-        }
         byte[] frame = new byte[1 + answer.content().length];
         frame[0] = (byte) FrameType.REPLY.ordinal();
         System.arraycopy(answer.content(), 0, frame, 1, answer.content().length);
@@ -103,14 +94,13 @@ final class RecordedNames {
         Connection its = connections.get(entry.connection());
         switch (entry.kind()) {
             case OPENED -> connections.put(entry.connection(), new Connection(entry.text()));
-            case REQUEST -> its.requests.put(entry.tag(), entry);
             case RESULT -> {
-                Entry request = its.requests.remove(entry.tag());
-                if (request != null) {
-                    served(its, request, result(entry));
+                try {
+                    served(its, entry.request(), result(entry));
+                } catch (MalformedMessage e) {
+                    // it uses one number for several requests, and this is the answer to another one
                 }
             }
-            case FAILURE -> its.requests.remove(entry.tag());
             case CALLBACK, LATE_CALLBACK -> {
                 Discovery discovery = RecordedCalls.discovery(CallbackMethod.of(entry.code()), entry.content());
                 if (discovery != null && its.federation != null) {
@@ -132,16 +122,21 @@ final class RecordedNames {
         switch (RecordedCalls.name(request.code())) {
             case "createFederationExecution" -> create(RecordedCalls.plan(request.code(), request.content()));
             case "destroyFederationExecution" -> federations.remove(unquoted(arguments.get(0)));
-            case "joinFederationExecution" ->
-                join(its, RecordedCalls.joining(request.code(), request.content()), (Integer) result);
+            case "joinFederationExecution" -> {
+                if (result instanceof Integer handle) {
+                    join(its, RecordedCalls.joining(request.code(), request.content()), handle);
+                }
+            }
             case "resignFederationExecution" -> {
                 its.federation = null;
                 its.federate = null;
             }
             case "registerObjectInstance", "registerObjectInstanceWithRegions" -> {
                 String last = arguments.get(arguments.size() - 1);
-                its.federation.objects.put((Integer) result,
-                        last.startsWith("\"") ? unquoted(last) : ObjectNames.chosenFor((Integer) result));
+                if (result instanceof Integer handle && its.federation != null) {
+                    its.federation.objects.put(handle,
+                            last.startsWith("\"") ? unquoted(last) : ObjectNames.chosenFor(handle));
+                }
             }
             default -> {
                 // makes nothing that has a name
@@ -166,6 +161,9 @@ final class RecordedNames {
 
     private void join(Connection its, RecordedCalls.Joining joining, int handle) {
         its.federation = federations.get(joining.federation());
+        if (its.federation == null) {
+            return; // it was made before the recording began
+        }
         its.federate = joining.federateName() == null ? joining.federateType() + "-" + handle : joining.federateName();
         its.federation.federates.put(handle, its.federate);
         try {

@@ -1,38 +1,26 @@
 package tovu.local.record;
 
 import java.io.IOException;
-import java.io.OutputStream;
 import java.nio.ByteBuffer;
 import java.nio.charset.StandardCharsets;
-import java.nio.file.Files;
 import java.nio.file.Path;
-import java.time.Instant;
-import java.time.temporal.ChronoUnit;
-import java.util.List;
 import java.util.concurrent.TimeUnit;
-import java.util.zip.Deflater;
-import java.util.zip.DeflaterOutputStream;
 import tovu.local.record.Recording.Kind;
-import tovu.local.wire.FrameWriter;
-import tovu.local.wire.Result;
 
 /**
- * Writes a recording. Who has something to record only puts it into a block; a thread of its own compresses and
- * writes that, a few times a second, so that a crash costs no more than what came after the last time. When the file
- * cannot be written fast enough those who record wait, and when it cannot be written at all it ends there.
+ * Writes a recording. Who has something to record only puts it into a block; a thread of its own writes that, a few
+ * times a second, so that a crash costs no more than what came after the last time. When the file cannot be written fast enough those who record wait, and when it cannot be
+ * written at all it ends there.
  */
 public final class Recorder implements AutoCloseable {
     private static final long PERIOD_MILLIS = 250;
-    private static final int EAGER = 1 << 20; // bytes that are worth writing at once
+    private static final int EAGER = 1 << 18; // bytes that are worth writing at once
     private static final int GREATEST = 1 << 26; // bytes that may wait
-    private static final int BUFFER = 1 << 16;
 
     private final Path file;
-    private final OutputStream out;
+    private final BlockWriter out;
     private final Thread writer = new Thread(this::write, "recorder");
-    private final Deflater deflater = new Deflater(Deflater.BEST_SPEED);
     private Block filling = new Block(); // guarded by the monitor, like all below
-    private final Block record = new Block();
     private long last = System.nanoTime();
     private int connections;
     private boolean closed;
@@ -42,11 +30,7 @@ public final class Recorder implements AutoCloseable {
     public Recorder(Path file) throws IOException {
         this.file = file;
         try {
-            OutputStream plain = Files.newOutputStream(file);
-            plain.write(Recording.MAGIC);
-            plain.write(ByteBuffer.allocate(Integer.BYTES + Long.BYTES).putInt(Recording.VERSION)
-                    .putLong(ChronoUnit.MICROS.between(Instant.EPOCH, Instant.now())).array());
-            out = new DeflaterOutputStream(plain, deflater, BUFFER, true);
+            out = new BlockWriter(file);
         } catch (IOException e) {
             throw new IOException("'" + file + "' cannot be written (" + e + ")", e);
         }
@@ -59,14 +43,12 @@ public final class Recorder implements AutoCloseable {
         int number;
         synchronized (this) {
             number = connections++;
-            begin(Kind.OPENED, number);
-            record.bytes(address.getBytes(StandardCharsets.UTF_8));
-            end();
         }
+        record(Kind.OPENED, number, ByteBuffer.wrap(address.getBytes(StandardCharsets.UTF_8)));
         return new Connection(number);
     }
 
-    private void begin(Kind kind, int connection) {
+    private synchronized void record(Kind kind, int connection, ByteBuffer content) {
         while (filling.length() > GREATEST && failure == null && !closed) {
             try {
                 wait();
@@ -75,22 +57,18 @@ public final class Recorder implements AutoCloseable {
                 break;
             }
         }
-        long now = System.nanoTime();
-        long micros = TimeUnit.NANOSECONDS.toMicros(now - last);
+        if (failure != null || closed) {
+            return;
+        }
+        long micros = TimeUnit.NANOSECONDS.toMicros(System.nanoTime() - last);
         last += TimeUnit.MICROSECONDS.toNanos(micros);
-        record.clear();
-        record.octet(kind.ordinal());
-        record.number(micros);
-        record.number(connection);
-    }
-
-    private void end() {
-        if (failure == null && !closed) {
-            filling.number(record.length());
-            filling.append(record);
-            if (filling.length() > EAGER) {
-                notifyAll();
-            }
+        filling.octet(kind.ordinal());
+        filling.number(micros);
+        filling.number(connection);
+        filling.number(content.remaining());
+        filling.bytes(content);
+        if (filling.length() > EAGER) {
+            notifyAll();
         }
     }
 
@@ -110,11 +88,11 @@ public final class Recorder implements AutoCloseable {
                     notifyAll();
                 }
                 if (writing.length() > 0) {
-                    writing.writeTo(out);
-                    out.flush();
+                    out.write(writing);
                     writing.clear();
                 }
             }
+            out.end();
         } catch (IOException e) {
             synchronized (this) {
                 failure = e.toString();
@@ -123,8 +101,6 @@ public final class Recorder implements AutoCloseable {
             System.err.println("the recording '" + file + "' ends here: " + e);
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
-        } finally {
-            deflater.end();
         }
     }
 
@@ -150,82 +126,25 @@ public final class Recorder implements AutoCloseable {
         }
 
         @Override
-        public void request(int request, int service, long begun, long ended, byte[] message) {
-            synchronized (Recorder.this) {
-                begin(Kind.REQUEST, number);
-                record.octet(request);
-                record.number(service);
-                record.number(begun);
-                record.number(begun - ended);
-                record.bytes(message);
-                end();
-            }
+        public void received(ByteBuffer bytes) {
+            record(Kind.RECEIVED, number, bytes);
         }
 
         @Override
-        public void result(int request, Object result) {
-            byte[] encoded = null;
-            if (result != null) {
-                FrameWriter writing = FrameWriter.withoutFrame();
-                Result.write(writing, result);
-                encoded = writing.content();
-            }
-            synchronized (Recorder.this) {
-                begin(Kind.RESULT, number);
-                record.octet(request);
-                if (encoded != null) {
-                    record.bytes(encoded);
-                }
-                end();
-            }
+        public void sent(ByteBuffer bytes) {
+            record(Kind.SENT, number, bytes);
         }
 
         @Override
-        public void failure(int request, String exception, String text) {
-            synchronized (Recorder.this) {
-                begin(Kind.FAILURE, number);
-                record.octet(request);
-                record.bytes((exception + ": " + text).getBytes(StandardCharsets.UTF_8));
-                end();
-            }
-        }
-
-        @Override
-        public void callback(long callback, boolean late, int method, byte[] message) {
-            synchronized (Recorder.this) {
-                begin(late ? Kind.LATE_CALLBACK : Kind.CALLBACK, number);
-                record.number(callback);
-                record.number(method);
-                record.bytes(message, Recording.ENVELOPE_BEGIN, message.length - Recording.ENVELOPE);
-                end();
-            }
-        }
-
-        @Override
-        public void retracted(List<Long> callbacks) {
-            synchronized (Recorder.this) {
-                begin(Kind.RETRACTED, number);
-                callbacks.forEach(record::number);
-                end();
-            }
-        }
-
-        @Override
-        public void progress(long begun) {
-            synchronized (Recorder.this) {
-                begin(Kind.PROGRESS, number);
-                record.number(begun);
-                end();
-            }
+        public void dropped(int service, byte[] message, String exception, String text) {
+            byte[] failure = (exception + ": " + text).getBytes(StandardCharsets.UTF_8);
+            record(Kind.DROPPED, number, ByteBuffer.allocate(2 * Integer.BYTES + message.length + failure.length)
+                    .putInt(service).putInt(message.length).put(message).put(failure).flip());
         }
 
         @Override
         public void closed(String reason) {
-            synchronized (Recorder.this) {
-                begin(Kind.CLOSED, number);
-                record.bytes(reason.getBytes(StandardCharsets.UTF_8));
-                end();
-            }
+            record(Kind.CLOSED, number, ByteBuffer.wrap(reason.getBytes(StandardCharsets.UTF_8)));
         }
     }
 }

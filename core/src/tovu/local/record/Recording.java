@@ -6,31 +6,23 @@ import java.util.Arrays;
 /** What a file with a recording looks like; docs/watch.md tells it to others. */
 final class Recording {
     static final byte[] MAGIC = "RTI1516E RECORDING\n".getBytes(StandardCharsets.US_ASCII);
-    static final int VERSION = 1;
+    static final int VERSION = 2;
     /** Of the message of a callback, the same each time: what begins it, its context, and what ends it. */
     static final int ENVELOPE_BEGIN = 8;
     static final int ENVELOPE = ENVELOPE_BEGIN + 4;
 
-    /** What can be recorded. */
+    /** What is recorded, in the file. */
     enum Kind {
-        /** A federate has connected. */
+        /** A federate has connected. The address. */
         OPENED,
-        /** It calls a service. */
-        REQUEST,
-        /** The service has returned. */
-        RESULT,
-        /** The service has thrown. */
-        FAILURE,
-        /** A callback is left for the federate. */
-        CALLBACK,
-        /** A callback whose turn it is, and of which nothing certain was known before. */
-        LATE_CALLBACK,
-        /** Callbacks are taken back. */
-        RETRACTED,
-        /** The connection has ended. */
-        CLOSED,
-        /** Callbacks have begun that no service has told of yet. */
-        PROGRESS;
+        /** Bytes of the stream of frames that came from it. */
+        RECEIVED,
+        /** Bytes of the stream of frames that went to it. */
+        SENT,
+        /** A service that nobody waits for has failed. Service, message, failure. */
+        DROPPED,
+        /** The connection has ended. Why. */
+        CLOSED;
 
         private static final Kind[] ALL = values();
 

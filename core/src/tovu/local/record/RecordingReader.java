@@ -4,60 +4,49 @@ import java.io.BufferedInputStream;
 import java.io.DataInputStream;
 import java.io.EOFException;
 import java.io.IOException;
-import java.nio.charset.StandardCharsets;
+import java.nio.BufferUnderflowException;
+import java.nio.ByteBuffer;
 import java.nio.file.Files;
 import java.nio.file.NoSuchFileException;
 import java.nio.file.Path;
 import java.time.Instant;
 import java.time.temporal.ChronoUnit;
+import java.util.ArrayDeque;
 import java.util.Arrays;
-import java.util.zip.InflaterInputStream;
-import java.util.zip.ZipException;
-import tovu.local.record.Recording.Kind;
+import java.util.HashMap;
+import java.util.Map;
+import java.util.Queue;
+import java.util.zip.CRC32C;
+import net.jpountz.lz4.LZ4Factory;
+import net.jpountz.lz4.LZ4SafeDecompressor;
 
 /** Reads a recording from its beginning to its end, which may be where its hub has crashed. */
 final class RecordingReader implements AutoCloseable {
-    /**
-     * Something that was recorded.
-     *
-     * @param micros     since the recording began
-     * @param connection its number
-     * @param tag        of a request and its answer: the same for both
-     * @param code       of the service, or of the callback
-     * @param number     of the callback; in a request of the last one that had begun
-     * @param content    a message, a result or a text
-     */
-    record Entry(Kind kind, long micros, int connection, int tag, int code, long number, byte[] content) {
-        String text() {
-            return new String(content, StandardCharsets.UTF_8);
-        }
-    }
-
     private final DataInputStream in;
     private final Instant begin;
+    private final Map<Integer, RecordedFrames> connections = new HashMap<>();
+    private final Queue<Entry> entries = new ArrayDeque<>();
+    private final LZ4SafeDecompressor decompressor = LZ4Factory.fastestInstance().safeDecompressor();
+    private ByteBuffer block = ByteBuffer.allocate(0);
     private long micros;
+    private boolean ended;
     private boolean cut;
-    private byte[] record;
-    private int position;
 
     RecordingReader(Path file) throws IOException {
-        BufferedInputStream plain;
         try {
-            plain = new BufferedInputStream(Files.newInputStream(file), 1 << 16);
+            in = new DataInputStream(new BufferedInputStream(Files.newInputStream(file), 1 << 16));
         } catch (NoSuchFileException e) {
             throw new IOException("'" + file + "' does not exist", e);
         }
-        DataInputStream header = new DataInputStream(plain);
-        if (!Arrays.equals(header.readNBytes(Recording.MAGIC.length), Recording.MAGIC)) {
+        if (!Arrays.equals(in.readNBytes(Recording.MAGIC.length), Recording.MAGIC)) {
             throw new IOException("'" + file + "' is no recording of a hub");
         }
-        int version = header.readInt();
+        int version = in.readInt();
         if (version != Recording.VERSION) {
             throw new IOException("'" + file + "' is of version " + version + ", and this program reads version "
                     + Recording.VERSION + "; take the one of the release that recorded it");
         }
-        begin = Instant.EPOCH.plus(header.readLong(), ChronoUnit.MICROS);
-        in = new DataInputStream(new BufferedInputStream(new InflaterInputStream(plain), 1 << 16));
+        begin = Instant.EPOCH.plus(in.readLong(), ChronoUnit.MICROS);
     }
 
     /** When it began. */
@@ -72,70 +61,74 @@ final class RecordingReader implements AutoCloseable {
 
     /** The next one, or null at the end. */
     Entry next() throws IOException {
+        while (entries.isEmpty() && hasRecord()) {
+            record();
+        }
+        return entries.poll();
+    }
+
+    private boolean hasRecord() throws IOException {
+        if (!block.hasRemaining() && !ended) {
+            try {
+                block = readBlock();
+                ended = !block.hasRemaining();
+            } catch (EOFException e) {
+                ended = true;
+                cut = true;
+            }
+        }
+        return !ended;
+    }
+
+    private ByteBuffer readBlock() throws IOException {
+        int expected = in.readInt();
+        int size = in.readInt();
+        int length = in.readInt();
+        byte[] compressed = in.readNBytes(Math.max(0, size));
+        if (compressed.length < size) {
+            throw new EOFException();
+        }
+        CRC32C sum = new CRC32C();
+        sum.update(ByteBuffer.allocate(2 * Integer.BYTES).putInt(size).putInt(length).flip());
+        sum.update(compressed);
+        if ((int) sum.getValue() != expected) {
+            throw damaged();
+        }
+        return ByteBuffer.wrap(decompressor.decompress(compressed, length));
+    }
+
+    private static IOException damaged() {
+        return new IOException("the recording is damaged: it has something in it that no hub records");
+    }
+
+    private void record() throws IOException {
         try {
-            int first = in.read();
-            if (first < 0) {
-                return null;
+            Recording.Kind kind = Recording.Kind.of(block.get());
+            if (kind == null) {
+                throw damaged();
             }
-            record = in.readNBytes(length(first));
-            position = 0;
-            return entry();
-        } catch (EOFException | ZipException | ArrayIndexOutOfBoundsException e) {
-            cut = true;
-            return null;
-        }
-    }
-
-    private int length(int first) throws IOException {
-        int length = first & 0x7F;
-        for (int next = first, shift = 7; (next & 0x80) != 0; shift += 7) {
-            next = in.readUnsignedByte();
-            length |= (next & 0x7F) << shift;
-        }
-        return length;
-    }
-
-    private Entry entry() throws IOException {
-        Kind kind = Kind.of(octet());
-        if (kind == null) {
-            throw new IOException("the recording has something in it that no hub records");
-        }
-        micros += number();
-        int connection = (int) number();
-        return switch (kind) {
-            case OPENED, RETRACTED, CLOSED -> new Entry(kind, micros, connection, 0, 0, 0, rest());
-            case REQUEST -> {
-                int tag = octet();
-                int service = (int) number();
-                long begun = number();
-                number(); // how many of these have not ended
-                yield new Entry(kind, micros, connection, tag, service, begun, rest());
+            micros += number();
+            int connection = (int) number();
+            RecordedFrames its = connections.computeIfAbsent(connection, one -> new RecordedFrames(one, entries::add));
+            int length = (int) number();
+            its.record(kind, micros, block.slice(block.position(), length));
+            block.position(block.position() + length);
+            if (kind == Recording.Kind.CLOSED) {
+                connections.remove(connection);
             }
-            case RESULT, FAILURE -> new Entry(kind, micros, connection, octet(), 0, 0, rest());
-            case PROGRESS -> new Entry(kind, micros, connection, 0, 0, number(), rest());
-            case CALLBACK, LATE_CALLBACK -> {
-                long number = number();
-                yield new Entry(kind, micros, connection, 0, (int) number(), number, rest());
-            }
-        };
-    }
-
-    private int octet() {
-        return record[position++] & 0xFF;
+        } catch (BufferUnderflowException | IllegalArgumentException | IndexOutOfBoundsException e) {
+            throw new IOException(damaged().getMessage(), e);
+        }
     }
 
     private long number() {
         long number = 0;
         int next = 0x80;
         for (int shift = 0; (next & 0x80) != 0; shift += 7) {
-            next = octet();
+            next = block.get();
             number |= (next & 0x7FL) << shift;
         }
         return number;
-    }
-
-    private byte[] rest() {
-        return Arrays.copyOfRange(record, position, record.length);
     }
 
     @Override

@@ -15,7 +15,6 @@ import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
-import tovu.local.record.RecordingReader.Entry;
 import tovu.local.remote.HubAddress;
 
 /** The command rti1516e-replay. */
