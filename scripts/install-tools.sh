@@ -33,7 +33,8 @@ case ${1:-} in
     needs+=("/usr/include/benchmark/benchmark.h libbenchmark-dev"
       "/usr/include/google/protobuf/message.h libprotobuf-dev" "protoc protobuf-compiler"
       "/usr/include/capnp/message.h libcapnp-dev" "capnp capnproto"
-      "/usr/include/flatbuffers/flatbuffers.h libflatbuffers-dev" "flatc flatbuffers-compiler" "openssl openssl")
+      "/usr/include/flatbuffers/flatbuffers.h libflatbuffers-dev" "flatc flatbuffers-compiler" "openssl openssl"
+      "/usr/bin/curl curl")
     ;;
   fuzz)
     needs+=("clang++ clang"

@@ -72,10 +72,16 @@ public:
       : _process(std::make_shared<Process>(command(options), core))
    {
       _process->terminateAtEnd();
-      _designator = "hub=" + _process->line().substr(std::strlen("listening on ")) + endOfDesignator;
+      std::string line = _process->line();
+      if (auto const address = line.find("http://"); address != std::string::npos) {
+         _page = line.substr(address);
+         line = _process->line();
+      }
+      _designator = "hub=" + line.substr(std::strlen("listening on ")) + endOfDesignator;
    }
 
    std::string const& designator() const { return _designator; }
+   std::string const& page() const { return _page; }
    Shared process() const { return _process; }
 
    // What of its heap is in use, in kB.
@@ -99,6 +105,7 @@ private:
 
    std::shared_ptr<Process> _process;
    std::string _designator;
+   std::string _page;
 };
 
 // What hubs need, and leave behind: a certificate with its key, and a recording.
@@ -268,6 +275,7 @@ constexpr Claim claims[] = {
    {"update on its way", "TCP relay, on its way", 0, false},
    {"update on its way, TLS", "TCP round trip", 0, false},
    {"update, streamed", "TCP relay, streamed", 0, false},
+   {"update, streamed, watched", "update, streamed", 1 / 0.99, false},
    {"update, streamed, recorded", "update, streamed", 1 / 0.9, false},
    {"step of 2 federates", "TCP round trip", 2.2, false},
    {"step of many federates", "TCP round trip", 0, false},
@@ -376,6 +384,9 @@ int measure(int argc, char** argv)
    Hub const nearSecured(otherCore, {"--certificate", certificate, "--key", folder.file("hub.key")},
                          ";ca=" + certificate);
    Hub const far;
+   Hub const watched(Process::anyCore, {"--web", "127.0.0.1:0"});
+   Process watching({"/usr/bin/curl", "-sN", "-o", "/dev/null", watched.page() + "events"});
+   watching.terminateAtEnd();
    Hub const recording(Process::anyCore, {"--record", folder.file("recording")});
    std::vector<Shared> others; // that end when those they are connected to have
    std::vector<Run> cases;
@@ -422,6 +433,8 @@ int measure(int argc, char** argv)
    });
    add("update, streamed",
        [&](auto const& name) { return streamed(name, seconds, updating(far, name, Process::anyCore)); });
+   add("update, streamed, watched",
+       [&](auto const& name) { return streamed(name, seconds, updating(watched, name, Process::anyCore)); });
    add("update, streamed, recorded",
        [&](auto const& name) { return streamed(name, seconds, updating(recording, name, Process::anyCore)); });
 
