@@ -435,8 +435,9 @@ int measure(int argc, char** argv)
        [&](auto const& name) { return streamed(name, seconds, updating(far, name, Process::anyCore)); });
    add("update, streamed, watched",
        [&](auto const& name) { return streamed(name, seconds, updating(watched, name, Process::anyCore)); });
-   add("update, streamed, recorded",
-       [&](auto const& name) { return streamed(name, seconds, updating(recording, name, Process::anyCore)); });
+   add("update, streamed, recorded", [&](auto const& name) {
+      return streamed(name, seconds, updating(recording, name, Process::anyCore));
+   });
 
    auto const advancing = [&](Hub const& hub, char const* part, std::size_t count, int core) {
       return [=, &hub](std::string const& name) {

@@ -213,8 +213,7 @@ int run(long operations, double allowedGrowth)
    Look const& last = seen.back();
    double const growth = 100 * (last.memory - middle.memory) / middle.memory;
    std::printf("In the second half: memory %+.2f %%\n", growth);
-   bool const rests =
-      last.globals - middle.globals < ofTheVM && last.locals - middle.locals < ofTheVM;
+   bool const rests = last.globals - middle.globals < ofTheVM && last.locals - middle.locals < ofTheVM;
    return growth < allowedGrowth && rests && callbacks * 5 > services ? 0 : 1;
 }
 
