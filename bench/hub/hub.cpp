@@ -1,6 +1,6 @@
 // Federates in processes of their own at a hub, beside the bare transport. All processes of a measurement
-// stay for all runs, which are interleaved; of the first nothing counts, because the Java VMs compile in it.
-// Where a time on the way is measured, the hub has one core and the federates have the other.
+// stay for all runs, which are interleaved; the first ones do not count, because the Java VMs compile in
+// them. Where a time on the way is measured, the hub has one core and the federates have the other.
 //
 // hub_bench [--runs=5] [--seconds=3] [--federates=50]: the medians of so many runs, how long a stream of
 // updates lasts, and how many go on in step. Other arguments are for other benchmarks.
@@ -29,6 +29,7 @@ using Shared = std::shared_ptr<Process>;
 
 constexpr int federateCore = 0;
 constexpr int otherCore = 1;
+constexpr int untilCompiled = 10; // runs, where a hub's compilers share one core with it
 
 struct Row
 {
@@ -254,9 +255,8 @@ Run inStep(std::string const& name, int steps, Shared hub, std::vector<Shared> c
 
 Run connecting(std::string const& name, std::string const& designator)
 {
-   return [=](Results& results) {
-      results.add(name, number(start("connectOnce", {designator}, federateCore)->line()) / 1e3);
-   };
+   return
+      [=](Results& results) { results.add(name, number(start("connectOnce", {designator})->line()) / 1e3); };
 }
 
 struct Claim
@@ -389,11 +389,16 @@ int measure(int argc, char** argv)
    watching.terminateAtEnd();
    Hub const recording(Process::anyCore, {"--record", folder.file("recording")});
    std::vector<Shared> others; // that end when those they are connected to have
-   std::vector<Run> cases;
+   struct Case
+   {
+      Run run;
+      int untilItCounts; // runs
+   };
+   std::vector<Case> cases;
    // What makes the processes of a case is done if the case is.
-   auto const add = [&](std::string const& name, auto const& make) {
+   auto const add = [&](std::string const& name, auto const& make, int untilItCounts = 1) {
       if (name.find(only) != std::string::npos) {
-         cases.push_back(make(name));
+         cases.push_back({make(name), untilItCounts});
       }
    };
    auto const at = [](std::string const& designator, char const* part, char const* federation, int core) {
@@ -405,9 +410,10 @@ int measure(int argc, char** argv)
       };
    };
    others.push_back(start("answerPings", {}, otherCore));
-   cases.push_back(repeated("TCP round trip", 5000, start("ping", {others.back()->line()}, federateCore)));
-   add("service", repeating(near.designator(), "callService", 5000));
-   add("service, TLS", repeating(nearSecured.designator(), "callService", 5000));
+   cases.push_back(
+      {repeated("TCP round trip", 5000, start("ping", {others.back()->line()}, federateCore)), 1});
+   add("service", repeating(near.designator(), "callService", 5000), untilCompiled);
+   add("service, TLS", repeating(nearSecured.designator(), "callService", 5000), untilCompiled);
    add("lookup", repeating(near.designator(), "callLookup", 20000));
    add("lookup in process", repeating("hub=none", "callLookup", 20000));
 
@@ -424,10 +430,13 @@ int measure(int argc, char** argv)
    };
    add("TCP relay, on its way",
        [&](auto const& name) { return underway(name, relayed(federateCore, otherCore)); });
-   add("update on its way",
-       [&](auto const& name) { return underway(name, updating(near, name, federateCore)); });
-   add("update on its way, TLS",
-       [&](auto const& name) { return underway(name, updating(nearSecured, name, federateCore)); });
+   add(
+      "update on its way",
+      [&](auto const& name) { return underway(name, updating(near, name, federateCore)); }, untilCompiled);
+   add(
+      "update on its way, TLS",
+      [&](auto const& name) { return underway(name, updating(nearSecured, name, federateCore)); },
+      untilCompiled);
    add("TCP relay, streamed", [&](auto const& name) {
       return streamed(name, seconds, relayed(Process::anyCore, Process::anyCore));
    });
@@ -448,7 +457,7 @@ int measure(int argc, char** argv)
          return inStep(name, 1000, hub.process(), made);
       };
    };
-   add("step of 2 federates", advancing(near, "advance", 2, federateCore));
+   add("step of 2 federates", advancing(near, "advance", 2, federateCore), untilCompiled);
    add("step of many federates", advancing(far, "advanceUpdating", federates, Process::anyCore));
    auto const connectingTo = [](std::string const& designator) {
       return [=](std::string const& name) { return connecting(name, designator); };
@@ -458,12 +467,15 @@ int measure(int argc, char** argv)
    add("connect, TLS", connectingTo(nearSecured.designator()));
 
    Results results;
-   for (int i = 0; i <= runs; ++i) {
-      for (Run const& each : cases) {
-         each(results);
+   for (Case const& each : cases) {
+      for (int i = 0; i < each.untilItCounts; ++i) {
+         each.run(results);
       }
-      if (i == 0) {
-         results.clear();
+   }
+   results.clear();
+   for (int i = 0; i < runs; ++i) {
+      for (Case const& each : cases) {
+         each.run(results);
       }
    }
    if (only.empty()) {
