@@ -36,6 +36,7 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     private final Supplier<?> member;
     private final EvokeReminder reminder = new EvokeReminder(this);
     private boolean enabled = true;
+    private int waiting; // threads
     private volatile boolean closed; // written under the monitor only
     private volatile boolean immediate;
 
@@ -95,7 +96,9 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     public synchronized void post(Callback callback) {
         if (!closed) {
             pending.add(callback);
-            notifyAll();
+            if (waiting > 0) {
+                notifyAll();
+            }
             reminder.posted();
         }
     }
@@ -247,11 +250,14 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
             if (left <= 0) {
                 return null;
             }
+            ++waiting;
             try {
                 wait(Math.max(1, TimeUnit.NANOSECONDS.toMillis(left)));
             } catch (InterruptedException e) {
                 Thread.currentThread().interrupt();
                 return null;
+            } finally {
+                --waiting;
             }
         }
         return pending.poll();

@@ -7,7 +7,6 @@ import hla.rti1516e.exceptions.ObjectClassNotPublished;
 import hla.rti1516e.exceptions.OwnershipAcquisitionPending;
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.ArrayList;
-import java.util.HashMap;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
@@ -124,10 +123,15 @@ public final class ObjectManagement {
         Content content = new Content(values, passel.regions, passel.transportation,
                 own.federate.supplement(passel.regions));
         count(own, passel.transportation);
-        Map<HandleSet, HandleValues> selections = new HashMap<>();
+        HandleSet selection = null; // by the one before, who mostly wants the same
+        HandleValues wanted = null;
         for (Knowledge each : own.object.knowers()) {
             if (each != own && (only == null || each.federate == only)) {
-                HandleValues wanted = selections.computeIfAbsent(each.wanted(passel.regions), values::select);
+                HandleSet wants = each.wanted(passel.regions);
+                if (!wants.equals(selection)) {
+                    selection = wants;
+                    wanted = values.select(wants);
+                }
                 if (passel.order == OrderType.RECEIVE && each.isPaced(passel.transportation.isReliable())) {
                     sendPaced(each, sending, content, wanted, dispatch);
                 } else if (wanted.size() > 0) {
