@@ -35,7 +35,7 @@ TEST_F(DocumentedExamplesTest, AreWhatTheLibrarySendsAndUnderstands)
    auto messages = documentedMessages();
    RTIambassador& rti = *ambassador;
    auto const expectSent = [&](char const* method, std::size_t context = 0) {
-      EXPECT_EQ(Bytes(fake::account.lastMessage).from(context), messages.at(method).from(context));
+      EXPECT_EQ(fake::account.lastMessage.from(context), messages.at(method).from(context));
       messages.erase(method);
    };
    auto const attribute = handle<AttributeHandle>(3);

@@ -81,13 +81,11 @@ TEST_P(ServiceFaults, EndInAnException)
 {
    std::string const& name = GetParam().method;
    fake::Core& core = fake::core;
-   core.number = 1; // a handle, true, and an enumerator of each kind
-   core.bytes = name == "queryLookahead"      ? TestInterval::encoded(7)
-                : name.rfind("query", 0) == 0 ? someTime
-                                              : Bytes("00000009 00000002 0102");
-   core.ints = {3, 1, 2, 3};
-   core.longs = {5, 10};
-   core.text = name == "getTimeFactory" ? u"TestTime" : u"a name that is longer than any small string";
+   core.result = name == "queryLookahead"      ? TestInterval::encoded(7)
+                 : name.rfind("query", 0) == 0 ? someTime
+                 : name == "getTimeFactory"    ? Bytes().units(u"TestTime")
+                                            // a handle, true, and an enumerator of each kind
+                                            : Bytes("00000001 00000002 0102 010203040506");
    std::string const some("Some octets that make a message of every kind of argument");
    Octets octets(reinterpret_cast<std::uint8_t const*>(some.data()), some.size());
    auto const made = GetParam().make(octets);

@@ -52,13 +52,16 @@ public:
    }
 
    // The compiler has made the UTF-16.
-   Bytes& text(std::u16string const& value)
+   Bytes& units(std::u16string const& value)
    {
-      int32(static_cast<std::uint32_t>(value.size()));
       for (char16_t const unit : value) {
          int16(unit);
       }
       return *this;
+   }
+   Bytes& text(std::u16string const& value)
+   {
+      return int32(static_cast<std::uint32_t>(value.size())).units(value);
    }
 
    // With the length before them.

@@ -18,8 +18,7 @@ struct Object
    std::string className;
    std::vector<std::uint8_t> storage = {}; // of arrays
    std::size_t length = 0;
-   std::u16string text = {}; // of strings, and messages of exceptions
-   bool hasText = true;
+   std::optional<std::u16string> text = {};     // of strings, and messages of exceptions
    std::set<std::string> classes = {className}; // its own and its bases
 };
 
@@ -101,8 +100,7 @@ bool failsNow()
 void raise(std::vector<std::string> const& classes, std::optional<std::u16string> const& message)
 {
    state.pending = newObject(classes.front());
-   state.pending->text = message.value_or(u"");
-   state.pending->hasText = message.has_value();
+   state.pending->text = message;
    state.pending->classes = {classes.begin(), classes.end()};
 }
 
@@ -127,6 +125,25 @@ Object* stringOf(std::u16string const& text)
 }
 
 void* pinned(void* storage) { return failsNow() ? nullptr : (++account.pins, storage); }
+
+// The elements of the core's result, whose octets stand the other way round in the processor.
+template <class Elements>
+Elements resultAs()
+{
+   constexpr std::size_t size = sizeof(typename Elements::value_type);
+   Elements elements(core.result->size() / size, 0);
+   for (std::size_t i = 0; i < elements.size() * size; ++i) {
+      reinterpret_cast<std::uint8_t*>(elements.data())[i ^ (size - 1)] = (*core.result)[i];
+   }
+   return elements;
+}
+
+template <class Number>
+Number numberReturned()
+{
+   auto const numbers = core.result ? resultAs<std::vector<Number>>() : std::vector<Number>();
+   return numbers.empty() ? Number() : numbers.front();
+}
 
 template <class Array, class Element>
 void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Element* to)
@@ -173,11 +190,7 @@ bool call(jmethodID id, jvalue const* arguments, char const* results)
    if (arguments != nullptr && arguments->l != nullptr) {
       account.lastMessage = objectOf(arguments->l)->storage;
    }
-   auto const raiseNext = std::exchange(core.raiseNext, {});
    doMeanwhile();
-   if (!raiseNext.empty()) {
-      core.raises = raiseNext;
-   }
    if (!core.raises.empty()) {
       raise(core.raises, core.message);
       return false;
@@ -216,9 +229,9 @@ JNINativeInterface_ functions()
    FUNCTION(GetArrayLength, Never, jsize, (JNIEnv*, jarray array),
             static_cast<jsize>(objectOf(array)->length))
    FUNCTION(GetStringLength, Never, jsize, (JNIEnv*, jstring string),
-            static_cast<jsize>(objectOf(string)->text.size()))
+            static_cast<jsize>(objectOf(string)->text->size()))
    FUNCTION(GetStringCritical, Never, jchar const*, (JNIEnv*, jstring string, jboolean*),
-            static_cast<jchar const*>(pinned(objectOf(string)->text.data())))
+            static_cast<jchar const*>(pinned(objectOf(string)->text->data())))
    FUNCTION(ReleasePrimitiveArrayCritical, Always, void, (JNIEnv*, jarray, void*, jint), void(--account.pins))
    FUNCTION(GetPrimitiveArrayCritical, Never, void*, (JNIEnv*, jarray array, jboolean*),
             pinned(objectOf(array)->storage.data()))
@@ -279,20 +292,20 @@ JNINativeInterface_ functions()
       return call(id, arguments, kind) ? static_cast<result>(given) : result();                        \
    };
    CALL_METHOD(Void, void, "V", 0)
-   CALL_METHOD(Int, jint, "I", core.number)
-   CALL_METHOD(Boolean, jboolean, "Z", core.number != 0)
-   CALL_METHOD(Long, jlong, "J", core.number)
-   CALL_METHOD(Double, jdouble, "D", core.real)
+   CALL_METHOD(Int, jint, "I", numberReturned<jint>())
+   CALL_METHOD(Boolean, jboolean, "Z", numberReturned<jint>() != 0)
+   CALL_METHOD(Long, jlong, "J", numberReturned<jlong>())
+   CALL_METHOD(Double, jdouble, "D", numberReturned<jdouble>())
 #undef CALL_METHOD
    table.CallObjectMethodA = [](JNIEnv*, jobject, jmethodID id, jvalue const* arguments) -> jobject {
-      if (!call(id, arguments, "[L") || core.returnsNull) {
+      if (!call(id, arguments, "[L") || !core.result) {
          return nullptr;
       }
       char const kind = methodOf(id).back();
-      return local<jobject>(kind == 'B'   ? arrayOf(core.bytes)
-                            : kind == 'I' ? arrayOf(core.ints)
-                            : kind == 'J' ? arrayOf(core.longs)
-                                          : stringOf(core.text));
+      return local<jobject>(kind == 'B'   ? arrayOf(*core.result)
+                            : kind == 'I' ? arrayOf(resultAs<std::vector<jint>>())
+                            : kind == 'J' ? arrayOf(resultAs<std::vector<jlong>>())
+                                          : stringOf(resultAs<std::u16string>()));
    };
    // Methods of exceptions.
    table.CallObjectMethodV = [](JNIEnv*, jobject object, jmethodID method, std::va_list) -> jobject {
@@ -302,11 +315,11 @@ JNINativeInterface_ functions()
       }
       Object const& exception = *objectOf(object);
       if (methodOf(method).rfind("getMessage", 0) == 0) {
-         return exception.hasText ? local<jobject>(stringOf(exception.text)) : nullptr;
+         return exception.text ? local<jobject>(stringOf(*exception.text)) : nullptr;
       }
       std::u16string description(exception.className.begin(), exception.className.end());
       std::replace(description.begin(), description.end(), u'/', u'.');
-      return local<jobject>(stringOf(exception.hasText ? description + u": " + exception.text : description));
+      return local<jobject>(stringOf(exception.text ? description + u": " + *exception.text : description));
    };
    table.CallVoidMethodV = [](JNIEnv*, jobject object, jmethodID, std::va_list) -> void {
       Entry const entry("CallVoidMethod");
@@ -317,12 +330,12 @@ JNINativeInterface_ functions()
       Entry const entry("NewObject");
       account.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
       doMeanwhile();
-      if (core.makesNothing) {
+      if (!core.result) {
          return nullptr;
       }
       jobject const object = local<jobject>(newObject(objectOf(cls)->className));
-      if (core.constructorRaises) {
-         raise({"java/lang/IllegalStateException"}, core.message);
+      if (!core.raises.empty()) {
+         raise(core.raises, core.message);
       }
       failsWith("java/lang/IllegalStateException"); // some VMs give a reference all the same
       return object;
@@ -404,7 +417,7 @@ void failCall(int n)
 bool hasFailed() { return state.failed; }
 bool isInside() { return depth != 0; }
 
-std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message)
+std::string callNative(std::string const& name, contract::Bytes const& message)
 {
    using Native = void(JNICALL*)(JNIEnv*, jobject, jbyteArray);
    ++depth;
@@ -416,7 +429,7 @@ std::string callNative(std::string const& name, std::vector<std::uint8_t> const&
    std::string described = "none";
    if (state.pending != nullptr) {
       described = state.pending->className + ": ";
-      described.append(state.pending->text.begin(), state.pending->text.end());
+      described.append(state.pending->text->begin(), state.pending->text->end());
       state.pending = nullptr;
    }
    --depth;
@@ -444,15 +457,10 @@ extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void
    if (runtime.onCreation) {
       runtime.onCreation();
    }
-   auto const& given = *static_cast<JavaVMInitArgs const*>(arguments);
-   runtime.version = given.version;
-   runtime.ignoreUnrecognized = given.ignoreUnrecognized;
+   runtime.arguments = *static_cast<JavaVMInitArgs const*>(arguments);
    runtime.options.clear();
-   for (jint i = 0; i < given.nOptions; ++i) {
-      runtime.options.emplace_back(given.options[i].optionString);
-      if (given.options[i].extraInfo != nullptr) {
-         fake::offend("JNI_CreateJavaVM with extra information");
-      }
+   for (jint i = 0; i < runtime.arguments.nOptions; ++i) {
+      runtime.options.emplace_back(runtime.arguments.options[i].optionString);
    }
    if (runtime.createStatus == JNI_OK) {
       *vm = &fake::vm;
