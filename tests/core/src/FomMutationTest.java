@@ -1,4 +1,5 @@
 import hla.rti1516e.exceptions.RTIexception;
+import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
@@ -46,23 +47,20 @@ public final class FomMutationTest {
 
     private void run(int rounds) throws Exception {
         for (int round = 0; round < rounds; ++round) {
-            List<String> both = List.of(Harness.file(mutant()), Harness.file(mutant()));
+            ModuleSource one = ModuleSource.received("one module", mutant());
+            ModuleSource other = ModuleSource.received("another module", mutant());
             try {
-                for (int first = 0; first < 2; ++first) {
-                    tryModules(both.subList(first, first + 1), both.subList(1 - first, 2 - first));
-                }
+                tryModules(one, other);
+                tryModules(other, one);
             } catch (Exception | StackOverflowError | AssertionError e) {
-                throw new AssertionError("round " + round + ", with " + both, e);
-            }
-            for (String each : both) {
-                Files.delete(Path.of(each));
+                throw new AssertionError("round " + round, e);
             }
         }
         System.out.println(consistent + " consistent, " + refused + " refused");
         Harness.that(consistent > rounds / 20 && refused > rounds / 20, "the mutations hit nothing or everything");
     }
 
-    private String mutant() {
+    private byte[] mutant() {
         List<String> tokens = tokens();
         for (int left = random.nextInt(4); left >= 0; --left) {
             List<String> element = element(tokens);
@@ -74,7 +72,7 @@ public final class FomMutationTest {
             }
             tokens.add("");
         }
-        return String.join("", tokens);
+        return String.join("", tokens).getBytes(StandardCharsets.UTF_8);
     }
 
     private List<String> tokens() {
@@ -96,35 +94,35 @@ public final class FomMutationTest {
         return tokens.subList(begin, end);
     }
 
-    private void tryModules(List<String> one, List<String> other) throws Exception {
-        List<String> both = List.of(one.get(0), other.get(0));
-        String alone = describe(one, List.of());
+    private void tryModules(ModuleSource one, ModuleSource other) throws Exception {
+        List<ModuleSource> both = List.of(one, other);
+        String alone = describe(List.of(one), List.of());
         String created = describe(both, List.of());
         consistent += alone == null ? 0 : 1;
         refused += alone == null ? 1 : 0;
-        Harness.equal(describe(one, one), alone);
+        Harness.equal(describe(List.of(one), List.of(one)), alone);
         Harness.equal(describe(both, both), created);
-        if (alone != null && describe(other, List.of()) != null) {
-            Harness.equal(describe(one, other), created);
+        if (alone != null && describe(List.of(other), List.of()) != null) {
+            Harness.equal(describe(List.of(one), List.of(other)), created);
         }
         try {
-            describe(ObjectModel.of(FomReader.ofMim().readMim(ModuleSource.file(one.get(0))), List.of()));
+            describe(ObjectModel.of(FomReader.ofMim().readMim(one), List.of()));
         } catch (RTIexception e) {
-            Harness.that(e.getMessage().contains(one.get(0)), "the file is not named: " + e);
+            Harness.that(e.getMessage().contains(one.designator()), "the module is not named: " + e);
         }
     }
 
     /** What a federation created with some modules and joined with others is made of; null if they are refused. */
-    private static String describe(List<String> modules, List<String> joining) throws Exception {
+    private static String describe(List<ModuleSource> modules, List<ModuleSource> joining) throws Exception {
         ObjectModel model = null;
         String before = null;
         try {
-            model = ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(Harness.sources(modules)));
+            model = ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(modules));
             before = describe(model);
-            model.extend(FomReader.ofModules().readAll(Harness.sources(joining)));
+            model.extend(FomReader.ofModules().readAll(joining));
             return describe(model);
         } catch (RTIexception e) {
-            Harness.that(modules.stream().anyMatch(e.getMessage()::contains), "no file is named: " + e);
+            Harness.that(e.getMessage().contains(" module'"), "no module is named: " + e);
             Harness.that(model == null || describe(model).equals(before), "what was refused changes the model");
             return null;
         }

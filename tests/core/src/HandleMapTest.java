@@ -6,9 +6,6 @@ import tovu.local.model.value.HandleMap;
 
 /** That a handle map holds what any map would, also where many handles want one place, or the last one. */
 final class HandleMapTest {
-    private HandleMapTest() {
-    }
-
     public static void main(String[] arguments) {
         Harness.run(() -> play(1, 0), () -> play(64, 0), () -> play(8, 7), () -> play(Integer.MAX_VALUE / 40, 0));
     }

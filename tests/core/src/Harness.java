@@ -12,9 +12,6 @@ final class Harness {
 
     static final String AIR = System.getProperty("fom.modules") + "/Air.xml";
 
-    private Harness() {
-    }
-
     static void run(Case... cases) {
         try {
             for (Case each : cases) {
