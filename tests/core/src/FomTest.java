@@ -4,6 +4,7 @@ import java.util.List;
 import java.util.regex.MatchResult;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
+import tovu.local.fom.FomModule;
 import tovu.local.fom.FomReader;
 import tovu.local.fom.ModuleSource;
 import tovu.local.fom.ObjectModel;
@@ -15,8 +16,12 @@ final class FomTest {
                 FomTest::completion, FomTest::mim);
     }
 
+    private static List<FomModule> read(String... modules) throws Exception {
+        return FomReader.ofModules().readAll(Harness.sources(List.of(modules)));
+    }
+
     private static ObjectModel model(String... modules) throws Exception {
-        return ObjectModel.of(FomReader.standardMim(), FomReader.ofModules().readAll(Harness.sources(List.of(modules))));
+        return ObjectModel.of(FomReader.standardMim(), read(modules));
     }
 
     private static void designators() throws Exception {
@@ -71,12 +76,17 @@ final class FomTest {
         return cases;
     }
 
+    /** Whoever brings one changes nothing, be it at the creation or with a federate that joins. */
     private static void contradictions() throws Exception {
+        ObjectModel joined = model(Harness.AIR);
         for (MatchResult each : cases("told")) {
             String module = Harness.module(each.group(3));
             String other = each.group(2) == null ? module : each.group(2);
-            Harness.refuses("InconsistentFDD", () -> model(Harness.AIR, module), module + "', line",
-                    other + "', line", each.group(1));
+            for (Harness.Case bringing : List.<Harness.Case>of(() -> model(Harness.AIR, module),
+                    () -> joined.extend(read(module)))) {
+                Harness.refuses("InconsistentFDD", bringing, module + "', line", other + "', line", each.group(1));
+            }
+            Harness.that(joined.objectClass("New") == null && joined.dimension("Z") == null, module + " was taken");
         }
         String below = Harness.module(cases("below").get(0).group(3));
         Harness.refuses("InconsistentFDD", () -> model(below, Harness.AIR), Harness.AIR + "', line", "below", "colour");
@@ -89,9 +99,10 @@ final class FomTest {
         for (MatchResult each : cases("gives")) {
             String more = Harness.module(each.group(3));
             ObjectModel joined = model(open);
-            joined.extend(FomReader.ofModules().readAll(Harness.sources(List.of(more))));
+            joined.extend(read(more));
             for (ObjectModel model : List.of(model(open, more), model(more, open), joined)) {
                 var position = model.objectClass("Vehicle").member("position");
+                Harness.equal(model.objectClass("Vehicle").member(position.handle()), position);
                 var report = model.interactionClass("Report");
                 Harness.equal(position.order() + " " + position.transportation().hlaName() + " " + position.dimensions()
                         + " " + position.dataType() + ", " + report.order() + " " + report.dimensions() + " "
