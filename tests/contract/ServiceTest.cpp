@@ -3,11 +3,10 @@
 
 #include <algorithm>
 #include <fstream>
-#include <functional>
 #include <map>
 #include <optional>
+#include <regex>
 #include <set>
-#include <sstream>
 
 namespace contract {
 namespace {
@@ -26,21 +25,16 @@ struct Page
 {
    Page()
    {
+      static std::regex const row("\\| `(.*)` \\| `(.*)` \\| (.*) \\|"), item("- `(.*)`"), word("\\w+");
       std::ifstream page(CONTRACT_METHODS);
+      std::smatch parts;
       for (std::string line; std::getline(page, line);) {
-         bool const isItem = line.rfind("- `", 0) == 0;
-         bool const isRow = line.rfind("| `", 0) == 0;
-         std::replace_if(
-            line.begin(), line.end(), [](char c) { return std::strchr("-`|,", c) != nullptr; }, ' ');
-         std::istringstream words(line);
-         std::string name;
-         if ((isItem || isRow) && words >> name) {
-            Method method;
-            words >> method.signature;
-            for (std::string exception; words >> exception;) {
-               method.exceptions.push_back(exception);
-            }
-            isRow ? void(methods[name] = method) : void(natives.insert(name + " ([B)V"));
+         if (std::regex_match(line, parts, item)) {
+            natives.insert(parts.str(1) + " ([B)V");
+         } else if (std::regex_match(line, parts, row)) {
+            std::string const exceptions = parts[3];
+            methods[parts[1]] = {
+               parts[2], {std::sregex_token_iterator(exceptions.begin(), exceptions.end(), word), {}}};
          }
       }
    }

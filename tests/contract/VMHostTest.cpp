@@ -14,7 +14,6 @@
 #include <map>
 #include <string>
 #include <thread>
-#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -138,52 +137,44 @@ TEST_F(VMHostTest, TakesOptionsFromEnvironmentAndFile)
                       "-DenableBundling=true", "-Dsinglethread=true", "-verbose:jni", "-Xss1024k"}));
 }
 
-// A step that fails: what is said then, the status that it ends with, and how often it was tried.
-using Failure = std::tuple<std::string, jint Runtime::*, int Runtime::*>;
-
-class VMHostFailureTest : public VMHostTest, public testing::WithParamInterface<Failure>
-{};
-INSTANTIATE_TEST_SUITE_P(
-   Each, VMHostFailureTest,
-   testing::Values(
-      Failure{"Cannot check for existing JVM. Error: ", &Runtime::queryStatus, &Runtime::queries},
-      Failure{"Cannot attach to existing JVM. Error: ", &Runtime::attachStatus, &Runtime::attachments},
-      Failure{"Cannot create JVM. Error: ", &Runtime::createStatus, &Runtime::creations}));
-
-TEST_P(VMHostFailureTest, IsPrintedAndThrown)
+TEST_F(VMHostTest, TellsWhichStepFailsAndTriesAgain)
 {
-   auto const& [message, status, count] = GetParam();
-   runtime.alreadyRunning = status == &Runtime::attachStatus;
-   char const* const texts[] = {"Unknown error (-1)",      "JVM Detached (-2)",
-                                "JNI Version Error (-3)",  "Not enough JVM memory allocated (-4)",
-                                "VM already created (-5)", "Invalid JVM arguments (-6)",
-                                "Unknown JVM error -7"};
-   for (auto const* const text : texts) {
-      --(runtime.*status);
-      expectFailure(message + text + "\n");
+   struct
+   {
+      std::string message;
+      jint Runtime::*status;
+      int Runtime::*count;
+   } const steps[] = {
+      {"Cannot check for existing JVM. Error: ", &Runtime::queryStatus, &Runtime::queries},
+      {"Cannot attach to existing JVM. Error: ", &Runtime::attachStatus, &Runtime::attachments},
+      {"Cannot create JVM. Error: ", &Runtime::createStatus, &Runtime::creations},
+   };
+   for (auto const& [message, status, count] : steps) {
+      runtime.alreadyRunning = status == &Runtime::attachStatus;
+      for (auto const* const text : {"Unknown error (-1)", "JVM Detached (-2)", "JNI Version Error (-3)",
+                                     "Not enough JVM memory allocated (-4)", "VM already created (-5)",
+                                     "Invalid JVM arguments (-6)", "Unknown JVM error -7"}) {
+         --(runtime.*status);
+         expectFailure(message + text + "\n");
+      }
+      EXPECT_EQ(runtime.*count, 7);
+      runtime.*status = JNI_OK;
    }
-   EXPECT_EQ(runtime.*count, 7);
 
    // The next try is a new one, from the options on, and no fork has lost a VM that never was.
-   runtime.*status = JNI_OK;
-   runtime.alreadyRunning = false;
    EXPECT_EXIT((tryToCreate(), _exit(runtime.creations)), testing::ExitedWithCode(runtime.creations + 1), "");
    expectOptions({"set meanwhile", "written meanwhile", "-Xss1024k"}, "written meanwhile",
                  {{"OPTION5", "set meanwhile"}});
    EXPECT_EQ(caught.text.find(L"Cannot locate Tovu core Java classes"), 0U);
 
-   // And then the VM is there for good.
+   // And then the VM is there for good, also where a thread cannot be attached to it.
    auto const before = runtime;
    create();
-   EXPECT_EQ(runtime.queries, before.queries);
-   EXPECT_EQ(runtime.creations, before.creations);
-   EXPECT_EQ(runtime.attachments, before.attachments + 1);
-}
-
-TEST_F(VMHostTest, FailsWithATextWhenTheThreadCannotBeAttached)
-{
    runtime.attachStatus = JNI_ENOMEM;
    expectFailure("Cannot attach the thread to the Java VM: Not enough JVM memory allocated (-4)\n");
+   EXPECT_EQ(runtime.queries, before.queries);
+   EXPECT_EQ(runtime.creations, before.creations);
+   EXPECT_EQ(runtime.attachments, before.attachments + 2);
 }
 
 TEST_F(VMHostTest, StartsOneVMForThreadsThatComeAtOnce)

@@ -97,6 +97,11 @@ bool failsNow()
    return fails;
 }
 
+bool isLacking(char const* className)
+{
+   return !core.lacksClasses.empty() && std::string(className).rfind(core.lacksClasses, 0) == 0;
+}
+
 void raise(std::vector<std::string> const& classes, std::optional<std::u16string> const& message)
 {
    state.pending = newObject(classes.front());
@@ -104,7 +109,11 @@ void raise(std::vector<std::string> const& classes, std::optional<std::u16string
    state.pending->classes = {classes.begin(), classes.end()};
 }
 
-bool failsWith(char const* className) { return failsNow() && (raise({className}, u"on demand"), true); }
+// If it is to, for its own reasons or on demand.
+bool failsWith(char const* className, bool anyway = false)
+{
+   return (anyway || failsNow()) && (raise({className}, u"on demand"), true);
+}
 
 template <class Element>
 Object* arrayOf(std::vector<Element> const& elements)
@@ -159,19 +168,6 @@ void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Ele
    }
 }
 
-// Whether JNI takes it: characters of one to three bytes, none of which is cut off.
-bool isJniText(char const* text)
-{
-   for (int trailing = 0; *text != '\0' || trailing != 0; ++text) {
-      auto const byte = static_cast<unsigned char>(*text);
-      if (trailing != 0 ? byte / 0x40 != 2 : byte >= 0xF0 || byte / 0x40 == 2) {
-         return false;
-      }
-      trailing = trailing != 0 ? trailing - 1 : (byte >= 0xC0) + (byte >= 0xE0);
-   }
-   return true;
-}
-
 void doMeanwhile()
 {
    if (auto const action = std::exchange(core.meanwhile, nullptr); action) {
@@ -202,21 +198,15 @@ bool call(jmethodID id, jvalue const* arguments, char const* results)
 JNINativeInterface_ functions()
 {
    JNINativeInterface_ table{};
-   table.FindClass = [](JNIEnv*, char const* name) -> jclass {
-      Entry const entry("FindClass");
-      std::string const& lacking = core.lacksClasses;
-      if (!lacking.empty() && std::strncmp(name, lacking.c_str(), lacking.size()) == 0) {
-         raise({"java/lang/NoClassDefFoundError"}, u"on demand");
-         return nullptr;
-      }
-      return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(name));
-   };
 // A function that is one expression.
 #define FUNCTION(Name, allowed, Result, parameters, ...) \
    table.Name = [] parameters -> Result {                \
       Entry const entry(#Name, Allowed::allowed);        \
       return __VA_ARGS__;                                \
    };
+   FUNCTION(FindClass, Never, jclass, (JNIEnv*, char const* name),
+            failsWith("java/lang/NoClassDefFoundError", isLacking(name)) ? nullptr
+                                                                         : local<jclass>(newObject(name)))
    FUNCTION(GetObjectClass, Never, jclass, (JNIEnv*, jobject object),
             local<jclass>(newObject(objectOf(object)->className)))
    FUNCTION(ExceptionOccurred, WhilePending, jthrowable, (JNIEnv*),
@@ -252,13 +242,12 @@ JNINativeInterface_ functions()
       bool const ofCore = objectOf(cls)->className == "morva/tovu1516e/RTIambassadorC2007";
       bool const ofService = ofCore && std::strcmp(name, "<init>") != 0;
       std::string const id = name + std::string(" ") + signature;
-      if (ofCore && name == core.lacks) {
-         raise({"java/lang/NoSuchMethodError"}, u"on demand");
-      } else if (ofCore) {
-         account.methods.insert(id);
-      }
-      if (state.pending != nullptr || (!ofService && failsWith("java/lang/NoSuchMethodError"))) {
+      bool const isLacking = ofCore && name == core.lacks;
+      if ((isLacking || !ofService) && failsWith("java/lang/NoSuchMethodError", isLacking)) {
          return nullptr;
+      }
+      if (ofCore) {
+         account.methods.insert(id);
       }
       return reinterpret_cast<jmethodID>(const_cast<std::string*>(&*methods.insert(id).first));
    };
@@ -266,9 +255,6 @@ JNINativeInterface_ functions()
       Entry const entry("ThrowNew");
       if (failsWith("java/lang/OutOfMemoryError")) {
          return JNI_ERR;
-      }
-      if (!isJniText(message)) {
-         offend("ThrowNew with what is no text");
       }
       std::u16string text;
       for (; *message != '\0'; ++message) {
