@@ -4,7 +4,6 @@
 
 #include <fstream>
 #include <map>
-#include <sstream>
 
 namespace contract {
 namespace {

@@ -4,7 +4,6 @@
 #include "tests/support/ContractTest.h"
 #include "tests/support/CountedMemory.h"
 
-#include <functional>
 #include <new>
 #include <string_view>
 

@@ -29,7 +29,7 @@ final class FomTest {
         Path file = Files.copy(Path.of(Harness.AIR), folder.resolve("air \u00e9.xml"));
         for (String designator : List.of(file.toUri().toString(), "file:" + file,
                 "file://localhost" + file.toUri().getRawPath(), "FILE://" + file)) {
-            Harness.that(model(designator).objectClass("Vehicle") != null, designator);
+            assert model(designator).objectClass("Vehicle") != null : designator;
         }
         for (String[] row : new String[][] {{folder.toString(), "folder"}, {"", "empty"}, {"file:%zz", "%zz"}, {"a\0b", ""}}) {
             Harness.refuses("CouldNotOpenFDD", () -> model(row[0]), row);
@@ -58,7 +58,7 @@ final class FomTest {
         String external = "<!DOCTYPE objectModel [<!ENTITY x SYSTEM \"file://" + secret + "\">]>"
                 + "<objectModel><objects><objectClass><name>HLAobjectRoot</name><objectClass><name>A&x;</name>"
                 + "</objectClass></objectClass></objects></objectModel>";
-        Harness.that(model(Harness.file(external)).objectClass("Asecret") == null, "an external entity was loaded");
+        assert model(Harness.file(external)).objectClass("Asecret") == null : "an external entity was loaded";
         model(Harness.file("<!DOCTYPE objectModel SYSTEM \"http://localhost:1/x.dtd\"><objectModel/>"));
         StringBuilder laughs = new StringBuilder("<!DOCTYPE objectModel [<!ENTITY l0 \"ha\">");
         for (int i = 1; i < 30; ++i) {
@@ -72,7 +72,7 @@ final class FomTest {
         String all = Files.readString(Path.of(System.getProperty("fom.cases")));
         List<MatchResult> cases = Pattern.compile("(?s)<case " + kind + "=\"(.*?)\"(?: against=\"(.*?)\")?>(.*?)</case>")
                 .matcher(all).results().toList();
-        Harness.that(!cases.isEmpty(), "no such case");
+        assert !cases.isEmpty() : kind;
         return cases;
     }
 
@@ -86,7 +86,7 @@ final class FomTest {
                     () -> joined.extend(read(module)))) {
                 Harness.refuses("InconsistentFDD", bringing, module + "', line", other + "', line", each.group(1));
             }
-            Harness.that(joined.objectClass("New") == null && joined.dimension("Z") == null, module + " was taken");
+            assert joined.objectClass("New") == null && joined.dimension("Z") == null : module + " was taken";
         }
         String below = Harness.module(cases("below").get(0).group(3));
         Harness.refuses("InconsistentFDD", () -> model(below, Harness.AIR), Harness.AIR + "', line", "below", "colour");
@@ -102,11 +102,12 @@ final class FomTest {
             joined.extend(read(more));
             for (ObjectModel model : List.of(model(open, more), model(more, open), joined)) {
                 var position = model.objectClass("Vehicle").member("position");
-                Harness.equal(model.objectClass("Vehicle").member(position.handle()), position);
+                assert model.objectClass("Vehicle").member(position.handle()) == position;
                 var report = model.interactionClass("Report");
-                Harness.equal(position.order() + " " + position.transportation().hlaName() + " " + position.dimensions()
+                String made = position.order() + " " + position.transportation().hlaName() + " " + position.dimensions()
                         + " " + position.dataType() + ", " + report.order() + " " + report.dimensions() + " "
-                        + report.members(), each.group(1));
+                        + report.members();
+                assert made.equals(each.group(1)) : made;
             }
         }
     }
@@ -133,7 +134,7 @@ final class FomTest {
         }
         Matcher used = Pattern.compile("<(?:dataType|representation)>(\\w+)<").matcher(standard);
         while (used.find()) {
-            Harness.that(standard.contains("Data><name>" + used.group(1) + "<"), used.group(1) + " is not defined");
+            assert standard.contains("Data><name>" + used.group(1) + "<") : used.group(1) + " is not defined";
         }
     }
 }

@@ -97,7 +97,7 @@ final class SessionTest {
             federation.restore().complete(federate, true);
         });
         loss.join();
-        Harness.equal(alpha.call((federation, federate) -> federation.time().galt(federate)), null);
+        assert alpha.call((federation, federate) -> federation.time().galt(federate)) == null;
     }
 
     private static void endOfASaveWhileItIsWritten() throws Exception {
@@ -130,7 +130,7 @@ final class SessionTest {
             }
             members.get(0).requireNoSaveOrRestore();
             discarded.await();
-            Harness.that(!done.contains("publish"), "a save that has failed is there");
+            assert !done.contains("publish") : "a save that has failed is there";
         }
     }
 }
