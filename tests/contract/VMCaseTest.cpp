@@ -51,15 +51,11 @@ struct Member : NullFederateAmbassador
 };
 
 // Goes with the static objects of the process, and the last of them.
-struct UseAndDestroy
+struct Late
 {
-   void operator()(Member* member) const
-   {
-      member->useAndDestroy();
-      delete member;
-   }
-};
-std::unique_ptr<Member, UseAndDestroy> late;
+   ~Late() { member != nullptr ? member->useAndDestroy() : void(); }
+   std::unique_ptr<Member> member;
+} late;
 
 JavaVM& createdVM()
 {
@@ -102,8 +98,8 @@ void destroyVMAndUseIt()
 
 void exitWithinACallback()
 {
-   late.reset(new Member);
-   Member& member = *late;
+   late.member = std::make_unique<Member>();
+   Member& member = *late.member;
    auto const entered = std::make_shared<std::promise<void>>();
    member.inCallback = [entered] {
       entered->set_value();
@@ -143,7 +139,7 @@ TEST(VMCases, TellWhatTheyShould)
    for (auto const& [work, told] : std::vector<std::pair<std::function<void()>, std::string>>{
            {startVMAndUseIt, "0\n" + working},
            {destroyVMAndUseIt, "0\n" + destroyed},
-           {[] { late.reset(new Member); }, working},
+           {[] { late.member = std::make_unique<Member>(); }, working},
            {exitWithinACallback, destroyed},
            {cancelAThreadThatEvokes, "left the callback\ncancelled\n" + working}}) {
       EXPECT_EXIT((work(), std::exit(0)), testing::ExitedWithCode(0), told);

@@ -194,16 +194,17 @@ bool call(jmethodID id, jvalue const* arguments, char const* results)
    return !failsWith("java/lang/IllegalStateException");
 }
 
-// The functions, each where the VM has its own.
-JNINativeInterface_ functions()
-{
-   JNINativeInterface_ table{};
 // A function that is one expression.
 #define FUNCTION(Name, allowed, Result, parameters, ...) \
    table.Name = [] parameters -> Result {                \
       Entry const entry(#Name, Allowed::allowed);        \
       return __VA_ARGS__;                                \
    };
+
+// The functions, each where the VM has its own.
+JNINativeInterface_ functions()
+{
+   JNINativeInterface_ table{};
    FUNCTION(FindClass, Never, jclass, (JNIEnv*, char const* name),
             failsWith("java/lang/NoClassDefFoundError", isLacking(name)) ? nullptr
                                                                          : local<jclass>(newObject(name)))
@@ -234,7 +235,6 @@ JNINativeInterface_ functions()
    FUNCTION(IsInstanceOf, Never, jboolean, (JNIEnv*, jobject object, jclass cls),
             static_cast<jboolean>(objectOf(object)->classes.count(objectOf(cls)->className)))
    FUNCTION(ReleaseStringCritical, Always, void, (JNIEnv*, jstring, jchar const*), void(--account.pins))
-#undef FUNCTION
    // Without the methods that the core's ambassador has for the services no ambassador is made, so that each
    // of these is taken away by its name.
    table.GetMethodID = [](JNIEnv*, jclass cls, char const* name, char const* signature) -> jmethodID {
@@ -360,14 +360,11 @@ JNIInvokeInterface_ invocationFunctions()
       *environment = &env;
       return failsNow() ? JNI_ENOMEM : JNI_OK;
    };
-   table.DetachCurrentThread = [](JavaVM*) -> jint {
-      Entry const entry("DetachCurrentThread");
-      ++runtime.detachments;
-      isAttached = false;
-      return JNI_OK;
-   };
+   FUNCTION(DetachCurrentThread, Never, jint, (JavaVM*), (++runtime.detachments, isAttached = false, JNI_OK))
    return table;
 }
+
+#undef FUNCTION
 
 JNIInvokeInterface_ const invocationTable = invocationFunctions();
 
