@@ -101,8 +101,9 @@ final class FomTest {
             ObjectModel joined = model(open);
             joined.extend(read(more));
             for (ObjectModel model : List.of(model(open, more), model(more, open), joined)) {
-                var position = model.objectClass("Vehicle").member("position");
-                assert model.objectClass("Vehicle").member(position.handle()) == position;
+                var vehicle = model.objectClass("Vehicle");
+                assert vehicle.members().stream().allMatch(any -> vehicle.member(any.handle()) == any) : vehicle;
+                var position = vehicle.member("position");
                 var report = model.interactionClass("Report");
                 String made = position.order() + " " + position.transportation().hlaName() + " " + position.dimensions()
                         + " " + position.dataType() + ", " + report.order() + " " + report.dimensions() + " "
