@@ -109,16 +109,14 @@ TEST_F(CallbackTest, IsRefusedForATokenThatNobodyHas)
 {
    auto const notConnected = newAmbassador();
    auto const own = token;
-   std::vector<std::uint32_t> tokens = {0, 0xFFFFFFFF};
    for (unsigned int shift = 0; shift < 32; shift += 4) {
       for (std::uint32_t step = 1; step < 16; ++step) {
-         tokens.push_back(own ^ step << shift);
-         tokens.push_back(own + (step << shift));
+         for (auto const stranger : {own ^ step << shift, own + (step << shift), step - 1}) {
+            token = stranger;
+            EXPECT_EQ(deliver(saved).find(federateInternalError + "The RTI ambassador of this callback is "),
+                      0U);
+         }
       }
-   }
-   for (auto const stranger : tokens) {
-      token = stranger;
-      EXPECT_EQ(deliver(saved).find(federateInternalError + "The RTI ambassador of this callback is "), 0U);
    }
    EXPECT_TRUE(federate.takeCalled().empty());
 }

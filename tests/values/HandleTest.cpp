@@ -12,6 +12,7 @@
 namespace {
 
 using namespace rti1516e;
+using contract::Bytes;
 
 struct
 {
@@ -44,12 +45,6 @@ void expectHandle(Handle const& handle, Row const& row, std::wstring const& text
    EXPECT_EQ(octetsOf(decoded.encode()), encoded);
 }
 
-Octets encodedNumber(std::uint32_t number)
-{
-   auto const bytes = contract::Bytes().int32(number);
-   return Octets(bytes.begin(), bytes.end());
-}
-
 template <class Handle, class Implementation>
 void areTheirNumber()
 {
@@ -62,7 +57,7 @@ void areTheirNumber()
    for (auto const& row : rows) {
       SCOPED_TRACE(row.number);
       auto const handle = HandleAccess::make<Handle>(row.number);
-      Octets const encoded = encodedNumber(row.number);
+      Octets const encoded = octets(Bytes().int32(row.number));
       expectHandle(handle, row, kind + std::to_wstring(static_cast<std::int32_t>(row.number)) + L">", encoded,
                    L"Buffer needs to be at least 4 bytes!");
       EXPECT_EQ(HandleAccess::decode<Handle>(dataOf(joined(encoded, {'a'}))), handle);
@@ -94,11 +89,11 @@ TEST(MessageRetractionHandles, TravelWithTheirFurtherBytes)
 {
    MessageRetractionHandle previous;
    for (auto const& row : rows) {
-      for (Octets const& extra : {Octets(), Octets{'x'}, Octets{'a', '\0', 'b'}}) {
+      for (Bytes const& extra : {Bytes(), Bytes("78"), Bytes("610062")}) {
          SCOPED_TRACE(testing::Message() << row.number << " and " << extra.size());
          auto const length = static_cast<std::uint32_t>(extra.size());
          MessageRetractionHandle handle = HandleAccess::retractionHandle(row.number, extra.data(), length);
-         Octets const encoded = joined(joined(encodedNumber(row.number), encodedNumber(length)), extra);
+         Octets const encoded = octets(Bytes().int32(row.number).counted(extra));
          expectHandle(handle, row, L"MessageRetractionHandle<" + std::to_wstring(row.number) + L">", encoded,
                       L"Buffer needs to be atleast 4 bytes!");
          for (auto const& other : rows) {
