@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <functional>
 #include <future>
+#include <pthread.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -155,6 +156,22 @@ TEST_F(LifetimeTest, OfTheVMDoesNotReachIntoAFork)
    EXPECT_EQ(deliver(saved), "none");
    ambassador->enableCallbacks();
    expectClean(1);
+}
+
+TEST_F(LifetimeTest, OfAThreadMayEndInACallbackWhereNoJavaIsBelowIt)
+{
+   bool hasReturned = false;
+   federate.inCallback = [] {
+      pthread_cancel(pthread_self());
+      pthread_testcancel();
+   };
+   std::thread([&] {
+      deliver(saved);
+      hasReturned = true;
+   }).join();
+   EXPECT_FALSE(hasReturned);
+   expectClean(1);
+   ambassador.reset(); // and does not wait for it
 }
 
 TEST_F(LifetimeTest, OfAnExceptionIsTheFederatesWhereItIsNotToBeCaught)
