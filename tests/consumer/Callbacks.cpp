@@ -36,8 +36,7 @@ struct Everything : Base
 };
 
 // What else such authors write.
-void send(RTIambassador& ambassador, ParameterHandle parameter);
-void send(RTIambassador& ambassador, ParameterHandle parameter)
+inline void send(RTIambassador& ambassador, ParameterHandle parameter)
 {
    HLAinteger64Time time = 2;
    time += HLAinteger64Interval(5);

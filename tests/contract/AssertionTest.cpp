@@ -34,7 +34,7 @@ TEST_F(AssertionTest, NamesExpressionUnitAndLine)
    std::string const firstMagic = "preMagic == PRE_MAGIC, file gen/cpp/FederateAmbassadorC, line [0-9]+";
    std::string const lastMagic = "postMagic == POST_MAGIC, file gen/cpp/FederateAmbassadorC, line [0-9]+";
    std::string const encoder = "false, file gen/cpp_handwritten/Encoder, line ";
-   fake::core.number = 3;
+   fake::core.result = Bytes("00000003");
    for (auto const& [violate, failure] : std::vector<std::pair<std::function<void()>, std::string>>{
            {[&] { deliverBare("63626161", "59585756"); }, firstMagic},
            {[&] { deliverBare("63626160", "59585757"); }, lastMagic},

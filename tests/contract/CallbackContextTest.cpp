@@ -6,18 +6,17 @@
 #include <RTI/NullFederateAmbassador.h>
 #include <RTI/time/HLAinteger64TimeFactory.h>
 
-#include <algorithm>
 #include <array>
 #include <atomic>
 #include <chrono>
 #include <deque>
-#include <functional>
 #include <future>
 #include <gtest/gtest.h>
 #include <memory>
 #include <pthread.h>
 #include <set>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -69,7 +68,7 @@ TEST(CallbackContexts, WaitForCallbacksAsTheyGo)
    CallbackToken const token = context->token();
    std::promise<void> inside;
    std::atomic<bool> left{false};
-   std::thread callback([&] {
+   auto const callback = std::async(std::launch::async, [&] {
       CallbackContextReference const reference(token);
       inside.set_value();
       while (CallbackContextReference(token)) { // until it begins to go
@@ -78,38 +77,33 @@ TEST(CallbackContexts, WaitForCallbacksAsTheyGo)
       left = true;
    });
    inside.get_future().wait();
-   auto const destroy = [](void* own) -> void* {
-      auto& going = *static_cast<std::unique_ptr<CallbackContext>*>(own);
-      CallbackContextReference const ownCallback(going->token());
+   bool isGone = false, isCancelled = true;
+   std::thread([&] {
+      CallbackContextReference const ownCallback(token);
       pthread_cancel(pthread_self());
-      going.reset();
+      context.reset();
+      isGone = left;
       pthread_testcancel();
-      return nullptr;
-   };
-   pthread_t destroyer{};
-   pthread_create(&destroyer, nullptr, destroy, &context);
-   void* result = nullptr;
-   pthread_join(destroyer, &result);
-   EXPECT_TRUE(left && context == nullptr && result == PTHREAD_CANCELED);
-   callback.join();
+      isCancelled = false;
+   }).join();
+   EXPECT_TRUE(isGone && isCancelled);
 }
 
 // Those that are abandoned leave nothing to the next ones in their slots.
 TEST(CallbackContexts, StandManyThreads)
 {
-   constexpr int ambassadors = 4;
    constexpr int rounds = 1000;
    constexpr long enough = 10000;
-   std::array<std::atomic<std::uint32_t>, ambassadors> tokens{};
+   std::array<std::atomic<std::uint32_t>, 4> tokens{};
    std::atomic<bool> stop{false};
    std::atomic<long> delivered{0};
    rti1516e::NullFederateAmbassador federate;
 
-   std::deque<std::thread> callbacks;
-   for (int i = 0; i < 4; ++i) {
-      callbacks.emplace_back([&, i] {
-         for (unsigned turn = static_cast<unsigned>(i); !stop; ++turn) {
-            CallbackContextReference const context({tokens[turn % ambassadors].load()});
+   std::vector<std::future<void>> callbacks, owners;
+   for (auto& token : tokens) {
+      callbacks.push_back(std::async(std::launch::async, [&] {
+         for (unsigned turn = 0; !stop; ++turn) {
+            CallbackContextReference const context({tokens[turn % tokens.size()].load()});
             if (!context) {
                continue;
             }
@@ -119,11 +113,8 @@ TEST(CallbackContexts, StandManyThreads)
             EXPECT_TRUE(context.federateAmbassador() == nullptr || context.federateAmbassador() == &federate);
             delivered.fetch_add(1, std::memory_order_relaxed);
          }
-      });
-   }
-   std::deque<std::thread> owners;
-   for (auto& token : tokens) {
-      owners.emplace_back([&] {
+      }));
+      owners.push_back(std::async(std::launch::async, [&] {
          for (int round = 0; round < rounds || delivered < enough; ++round) {
             CallbackContext context;
             token = context.token().value;
@@ -133,18 +124,17 @@ TEST(CallbackContexts, StandManyThreads)
                   context.setTimeFactory(std::make_unique<CountedFactory>());
                }
             };
-            std::thread other(join);
+            auto const other = std::async(std::launch::async, join);
             join();
-            other.join();
             if (round % 2 == 0) {
                context.abandonCallbacks();
             }
          }
-      });
+      }));
    }
-   std::for_each(owners.begin(), owners.end(), std::mem_fn(&std::thread::join));
+   owners.clear(); // which waits for them
    stop = true;
-   std::for_each(callbacks.begin(), callbacks.end(), std::mem_fn(&std::thread::join));
+   callbacks.clear();
    EXPECT_GE(delivered, enough);
    EXPECT_EQ(livingFactories, 0);
 }

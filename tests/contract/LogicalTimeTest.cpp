@@ -14,7 +14,7 @@ protected:
    // What the ambassador's factory makes of a returned time, as a text that tells which factory it is.
    std::wstring returned(Bytes const& bytes)
    {
-      fake::core.bytes = bytes;
+      fake::core.result = bytes;
       auto const time = ambassador->queryLogicalTime();
       return time.get() == nullptr ? L"none" : time->implementationName() + time->toString();
    }
@@ -51,7 +51,7 @@ TEST_F(LogicalTimeTest, OnlyASuccessfulJoinReplacesTheFactory)
 {
    auto const watched = inTime;
    auto const fails = [&](auto const& exception) {
-      fake::core.text = u"HLAfloat64Time";
+      fake::core.result = Bytes().units(u"HLAfloat64Time");
       EXPECT_NE(caughtFrom([&] { ambassador->joinFederationExecution(L"type", L"federation"); }).type, "");
       fake::core.raises.clear();
       inTime = watched;
@@ -59,7 +59,9 @@ TEST_F(LogicalTimeTest, OnlyASuccessfulJoinReplacesTheFactory)
    };
    fake::core.raises = {exceptionPath + "SaveInProgress"};
    fails("of the join");
-   fake::core.meanwhile = [] { fake::core.raiseNext = {exceptionPath + "NotConnected"}; };
+   fake::core.meanwhile = [] {
+      fake::core.meanwhile = [] { fake::core.raises = {exceptionPath + "NotConnected"}; };
+   };
    fails("of what belongs to it");
    inTime = [](std::string const&) { throw std::runtime_error("fault"); };
    fails("of the time library");
@@ -108,7 +110,7 @@ TEST_F(LogicalTimeTest, FaultsAreTold)
    };
    int const living = TestTime::count + TestInterval::count;
    RTIambassador& rti = *ambassador;
-   fake::core.bytes = someTime;
+   fake::core.result = someTime;
    for (auto const& fault : std::vector<Fault>{
            {[] { throw InvalidLogicalTime(L"fault"); }, {"InvalidLogicalTime", L"fault"}, "fault"},
            {[] { throw std::runtime_error("fault"); }, {"std::exception", L"fault"}, "fault"},

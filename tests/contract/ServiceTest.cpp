@@ -1,13 +1,14 @@
-// What each of the services sends, returns and throws.
+// What each of the services sends, returns and throws, and what the pages for authors of cores say of that.
 #include "tests/support/ContractTest.h"
+
+#include <RTI/time/HLAinteger64Time.h>
 
 #include <algorithm>
 #include <fstream>
-#include <functional>
 #include <map>
 #include <optional>
+#include <regex>
 #include <set>
-#include <sstream>
 
 namespace contract {
 namespace {
@@ -26,21 +27,16 @@ struct Page
 {
    Page()
    {
+      static std::regex const row("\\| `(.*)` \\| `(.*)` \\| (.*) \\|"), item("- `(.*)`"), word("\\w+");
       std::ifstream page(CONTRACT_METHODS);
+      std::smatch parts;
       for (std::string line; std::getline(page, line);) {
-         bool const isItem = line.rfind("- `", 0) == 0;
-         bool const isRow = line.rfind("| `", 0) == 0;
-         std::replace_if(
-            line.begin(), line.end(), [](char c) { return std::strchr("-`|,", c) != nullptr; }, ' ');
-         std::istringstream words(line);
-         std::string name;
-         if ((isItem || isRow) && words >> name) {
-            Method method;
-            words >> method.signature;
-            for (std::string exception; words >> exception;) {
-               method.exceptions.push_back(exception);
-            }
-            isRow ? void(methods[name] = method) : void(natives.insert(name + " ([B)V"));
+         if (std::regex_match(line, parts, item)) {
+            natives.insert(parts.str(1) + " ([B)V");
+         } else if (std::regex_match(line, parts, row)) {
+            std::string const exceptions = parts[3];
+            methods[parts[1]] = {
+               parts[2], {std::sregex_token_iterator(exceptions.begin(), exceptions.end(), word), {}}};
          }
       }
    }
@@ -74,12 +70,11 @@ INSTANTIATE_TEST_SUITE_P(Each, ServiceTest, testing::ValuesIn(services()),
 
 TEST_P(ServiceTest, SendsItsMessage)
 {
-   fake::core.returnsNull = true;
-   fake::core.number = 1; // an enumerator of each kind
    withRandomOctets(30, [&](Octets& octets) {
       auto const made = GetParam().make(octets);
       std::string called;
       fake::core.meanwhile = [&called] { called = fake::account.lastMethod; };
+      fake::core.result = method.signature.back() == 'I' ? std::optional<Bytes>("00000001") : std::nullopt;
       fake::account.lastMessage.clear();
       made.call(*ambassador);
       EXPECT_EQ(called, GetParam().method + " " + method.signature);
@@ -93,66 +88,59 @@ TEST_P(ServiceTest, SendsItsMessage)
 // What the core answers, and the encoding of what becomes of it.
 struct Answer
 {
-   std::function<void(fake::Core&)> give;
+   std::optional<Bytes> given;
    Bytes result;
 };
-template <class Field, class Value>
-Answer answer(Field fake::Core::*field, Value const& value, Bytes const& result)
-{
-   return {[=](fake::Core& core) { core.*field = value; }, result};
-}
-Answer null(Bytes const& result) { return answer(&fake::Core::returnsNull, true, result); }
-Answer text(std::u16string const& units) { return answer(&fake::Core::text, units, Bytes().text(units)); }
-Answer bytes(Bytes const& given, Bytes const& result) { return answer(&fake::Core::bytes, given, result); }
-Answer bounds(std::vector<std::int64_t> const& longs, std::uint64_t lower, std::uint64_t upper)
-{
-   return answer(&fake::Core::longs, longs, Bytes().int64(lower).int64(upper));
-}
-std::vector<Answer> numbers(std::vector<std::int64_t> const& each)
-{
-   std::vector<Answer> answers;
-   for (auto const number : each) {
-      answers.push_back(
-         answer(&fake::Core::number, number, Bytes().int32(static_cast<std::uint32_t>(number))));
-   }
-   return answers;
-}
+Answer same(char const* bytes) { return {Bytes(bytes), Bytes(bytes)}; }
+Answer text(std::u16string const& units) { return {Bytes().units(units), Bytes().text(units)}; }
+auto const null = std::nullopt;
 
 // By the service where it is one service's alone, else by the type of the result.
 std::map<std::string, std::vector<Answer>> const answers = {
-   {"queryLogicalTime", {bytes(someTime, someTime), null({})}},
-   {"queryLookahead", {bytes(TestInterval::encoded(6), TestInterval::encoded(6)), null({})}},
-   {"queryGALT", {bytes(someTime, Bytes("00000001").append(someTime)), null(Bytes("00000000"))}},
-   {"queryLITS", {bytes(someTime, Bytes("00000001").append(someTime)), null(Bytes("00000000"))}},
-   {"getOrderType_S", numbers({0, 1})},
-   {"getTransportationTypeHandle_S", numbers({1, 2})},
-   {"getAutomaticResignDirective", numbers({0, 5})},
+   {"queryLogicalTime", {{someTime, someTime}, {null, {}}}},
+   {"queryLookahead", {{TestInterval::encoded(6), TestInterval::encoded(6)}, {null, {}}}},
+   {"queryGALT", {{someTime, Bytes("00000001").append(someTime)}, {null, Bytes("00000000")}}},
+   {"queryLITS", {{someTime, Bytes("00000001").append(someTime)}, {null, Bytes("00000000")}}},
+   {"getOrderType_S", {same("00000000"), same("00000001")}},
+   {"getTransportationTypeHandle_S", {same("00000001"), same("00000002")}},
+   {"getAutomaticResignDirective", {same("00000000"), same("00000005")}},
    {"getTimeFactory",
-    {text(u"TestTime"), text(u"HLAinteger64Time"), null(Bytes().text(u"HLAfloat64Time")),
-     answer(&fake::Core::text, u"", Bytes().text(u"HLAfloat64Time")),
-     answer(&fake::Core::text, u"unheard of", {})}},
-   {"V", {null({})}},
-   {"I", numbers({0, 0x01020304, INT32_MIN, -1})},
-   {"Z", numbers({0, 1})},
-   {"J", {answer(&fake::Core::number, -2, Bytes("FFFFFFFFFFFFFFFE"))}},
-   {"D", {answer(&fake::Core::real, -2.5, Bytes("C004000000000000"))}},
+    {text(u"TestTime"),
+     text(u"HLAinteger64Time"),
+     {null, Bytes().text(u"HLAfloat64Time")},
+     {Bytes(), Bytes().text(u"HLAfloat64Time")},
+     {Bytes().units(u"unheard of"), {}}}},
+   {"V", {{null, {}}}},
+   {"I", {same("00000000"), same("01020304"), same("80000000"), same("FFFFFFFF")}},
+   {"Z", {same("00000000"), same("00000001")}},
+   {"J", {same("FFFFFFFFFFFFFFFE")}},
+   {"D", {same("C004000000000000")}},
    {"[I",
-    {answer(&fake::Core::ints, std::vector<std::int32_t>{3, -2, 1, 3},
-            Bytes("00000003 00000001 00000003 FFFFFFFE")),
-     null(Bytes("00000000"))}},
+    {{Bytes("00000003 FFFFFFFE 00000001 00000003"), Bytes("00000003 00000001 00000003 FFFFFFFE")},
+     {null, Bytes("00000000")}}},
    {"[J",
-    {bounds({5, 10}, 5, 10), bounds({-1, 0x1FFFFFFFF, 7}, 0xFFFFFFFF, 0xFFFFFFFF), bounds({7}, 7, 0),
-     bounds({}, 0, 0), null(Bytes(16))}},
+    {same("0000000000000005 000000000000000A"),
+     {Bytes("FFFFFFFFFFFFFFFF 00000001FFFFFFFF 0000000000000007"),
+      Bytes("00000000FFFFFFFF 00000000FFFFFFFF")},
+     {Bytes("0000000000000007"), Bytes("0000000000000007 0000000000000000")},
+     {Bytes(), Bytes(16)},
+     {null, Bytes(16)}}},
    {"[B",
-    {bytes(Bytes("80000001 00000003 AABBCC"), Bytes("80000001 00000003 AABBCC")),
-     bytes(Bytes("00000007 00000003 AA"), Bytes("00000007 00000000")),
-     bytes(Bytes("00000007 FFFFFFFF AA"), Bytes("00000007 00000000")), bytes({}, Bytes(8)), null(Bytes(8)),
-     bytes(Bytes("00000007 00000001 AABB"), Bytes("00000007 00000001 AA")),
-     bytes(Bytes("00000007 000000"), Bytes("00000007 00000000")), bytes(Bytes("000007"), Bytes(8))}},
+    {same("80000001 00000003 AABBCC"),
+     {Bytes("00000007 00000003 AA"), Bytes("00000007 00000000")},
+     {Bytes("00000007 FFFFFFFF AA"), Bytes("00000007 00000000")},
+     {Bytes("00000007 00000001 AABB"), Bytes("00000007 00000001 AA")},
+     {Bytes("00000007 000000"), Bytes("00000007 00000000")},
+     {Bytes("000007"), Bytes(8)},
+     {Bytes(), Bytes(8)},
+     {null, Bytes(8)}}},
    // Halves of pairs stay as they are: alone, the wrong way round, at either end.
    {"Ljava/lang/String;",
-    {text(u"Z\u00fcrich"), text({u'a', 0, u'b'}), text(u"\xD83D\xDE80\xDBFF\xDFFF\xFFFF"),
-     text(u"\xD83D\xD83D\xDE80x\xDE80\xD83D"), null(Bytes(4))}},
+    {text(u"Z\u00fcrich"),
+     text({u'a', 0, u'b'}),
+     text(u"\xD83D\xDE80\xDBFF\xDFFF\xFFFF"),
+     text(u"\xD83D\xD83D\xDE80x\xDE80\xD83D"),
+     {null, Bytes(4)}}},
 };
 
 TEST_P(ServiceTest, ReturnsWhatTheCoreAnswers)
@@ -160,8 +148,7 @@ TEST_P(ServiceTest, ReturnsWhatTheCoreAnswers)
    auto const type = method.signature.substr(method.signature.find(')') + 1);
    auto const byName = answers.find(GetParam().method);
    for (auto const& answer : byName != answers.end() ? byName->second : answers.at(type)) {
-      fake::core = fake::Core();
-      answer.give(fake::core);
+      fake::core.result = answer.given;
       EXPECT_EQ(call(), answer.result);
    }
 }
@@ -251,22 +238,74 @@ TEST_F(ServicesTest, HaveTheirOtherSpellings)
    RTIambassador& rti = *ambassador;
    TestTime time(1), galt(1), lits(1);
    TestInterval interval(1);
-   fake::core.returnsNull = true;
+   fake::core.result.reset();
    EXPECT_FALSE(rti.queryGALT(time) || rti.queryLITS(time));
    EXPECT_EQ(encoded(time), TestTime::encoded(1));
-   fake::core = fake::Core();
-   fake::core.bytes = someTime;
+   fake::core.result = someTime;
    EXPECT_TRUE(rti.queryGALT(galt) && rti.queryLITS(lits));
    rti.queryLogicalTime(time);
    EXPECT_EQ(encoded(galt, lits, time), Bytes(someTime).append(someTime).append(someTime));
-   fake::core.bytes = TestInterval::encoded(5);
+   fake::core.result = TestInterval::encoded(5);
    rti.queryLookahead(interval);
    EXPECT_EQ(encoded(interval), TestInterval::encoded(5));
-   fake::core.number = 2;
+   fake::core.result = Bytes("00000002");
    EXPECT_EQ(rti.getTransportationType(L"HLAbestEffort"), BEST_EFFORT);
-   fake::core.text = u"HLAreliable";
+   fake::core.result = Bytes().units(u"HLAreliable");
    EXPECT_EQ(rti.getTransportationName(RELIABLE), L"HLAreliable");
    EXPECT_EQ(rtiName() + rtiVersion(), L"Tovu Evolved5.3.2.0");
+}
+
+// The messages that the page for authors of cores shows: blocks that name their method, with the bytes of a
+// line before its explanation.
+std::map<std::string, Bytes> documentedMessages()
+{
+   std::map<std::string, Bytes> messages;
+   std::ifstream stream(CONTRACT_PAGE);
+   std::string method;
+   for (std::string line; std::getline(stream, line);) {
+      if (line.rfind("```", 0) == 0) {
+         method = method.empty() && line.rfind("```text ", 0) == 0 ? line.substr(8) : "";
+      } else if (!method.empty()) {
+         messages[method].append(Bytes(line.substr(0, line.find("  "))));
+      }
+   }
+   return messages;
+}
+
+// Where the callback context stands, the number is the example's.
+TEST_F(ServicesTest, AndCallbacksHaveTheMessagesThatAreShown)
+{
+   join(u"HLAinteger64Time");
+   auto messages = documentedMessages();
+   RTIambassador& rti = *ambassador;
+   auto const expectSent = [&](char const* method, std::size_t context = 0) {
+      EXPECT_EQ(fake::account.lastMessage.from(context), messages.at(method).from(context));
+      messages.erase(method);
+   };
+   auto const attribute = handle<AttributeHandle>(3);
+   auto const region = handle<RegionHandle>(1);
+   rti.updateAttributeValues(handle<ObjectInstanceHandle>(5), {{attribute, data(Bytes("01 02"))}}, {},
+                             HLAinteger64Time(7));
+   expectSent("updateAttributeValues_OIH_AHVM_BX_LT");
+   rti.setRangeBounds(region, handle<DimensionHandle>(2), RangeBounds(5, 10));
+   expectSent("setRangeBounds_RH_DH_RB");
+   rti.requestFederationSave(L"Z\u00FCrich \U0001D11E");
+   expectSent("requestFederationSave_S");
+   rti.subscribeObjectClassAttributesWithRegions(
+      handle<ObjectClassHandle>(6), {{{attribute, handle<AttributeHandle>(4)}, {region}}}, true, L"a");
+   expectSent("subscribeObjectClassAttributesWithRegions_OCH_ASRSPL_Z_S");
+   rti.connect(federate, HLA_EVOKED);
+   expectSent("connect_FA_CM_S", 4);
+
+   for (auto const& callback : callbacks()) {
+      if (auto const found = messages.find(callback.native); found != messages.end()) {
+         Bytes const arguments(found->second.data() + 8, found->second.size() - 12); // within the envelope
+         EXPECT_EQ(deliver(callback.native, arguments), "none");
+         EXPECT_EQ(federate.takeCalled(), (RecordingFederate::Calls{{callback.member, arguments}}));
+         messages.erase(found);
+      }
+   }
+   EXPECT_TRUE(messages.empty());
 }
 
 } // namespace

@@ -34,9 +34,7 @@ void run(std::wstring const& fomModule, std::vector<std::wstring> const& given)
    HLAinteger64Time time(4);
    ObjectInstanceHandle person;
    auto const personClass = [&] { return rti->getObjectClassHandle(L"Person"); };
-   auto const publish = [&] {
-      rti->publishObjectClassAttributes(personClass(), {rti->getAttributeHandle(personClass(), L"Place")});
-   };
+   auto const place = [&] { return AttributeHandleSet{rti->getAttributeHandle(personClass(), L"Place")}; };
    using Name = std::wstring const&;
    std::map<std::wstring, std::function<void(Name)>> const steps = {
       {L"start", [&](Name) { rti = federates.emplace_back(std::make_unique<Federate>())->rti.get(); }},
@@ -44,7 +42,7 @@ void run(std::wstring const& fomModule, std::vector<std::wstring> const& given)
       {L"create", [&](Name name) { rti->createFederationExecution(name, fomModule); }},
       {L"join", [&](Name name) { rti->joinFederationExecution(L"display", L"type", name); }},
       {L"class", [&](Name name) { rti->getObjectClassHandle(name); }},
-      {L"publish", [&](Name) { publish(); }},
+      {L"publish", [&](Name) { rti->publishObjectClassAttributes(personClass(), place()); }},
       {L"register", [&](Name) { person = rti->registerObjectInstance(personClass()); }},
       {L"delete", [&](Name) { federates[0]->rti->deleteObjectInstance(person, VariableLengthData()); }},
       {L"advance", [&](Name) { rti->timeAdvanceRequest(time); }},

@@ -1,6 +1,7 @@
 // Bytes of messages and results as the tests write them down, independent of the library's encoder.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <ostream>
@@ -16,19 +17,13 @@ public:
    Bytes(std::vector<std::uint8_t> const& octets) : vector(octets) {}
 
    // From pairs of hexadecimal digits; blanks are for the reader.
-   explicit Bytes(std::string const& hexadecimal)
+   explicit Bytes(std::string digits)
    {
-      std::string digits;
-      for (char const c : hexadecimal) {
-         if (c != ' ') {
-            digits += c;
-         }
-      }
+      digits.erase(std::remove(digits.begin(), digits.end(), ' '), digits.end());
       for (std::size_t i = 0; i + 1 < digits.size(); i += 2) {
          byte(static_cast<unsigned int>(std::stoul(digits.substr(i, 2), nullptr, 16)));
       }
    }
-   explicit Bytes(char const* hexadecimal) : Bytes(std::string(hexadecimal)) {}
    Bytes(void const* data, std::size_t size)
       : vector(static_cast<std::uint8_t const*>(data), static_cast<std::uint8_t const*>(data) + size)
    {}
@@ -52,13 +47,16 @@ public:
    }
 
    // The compiler has made the UTF-16.
-   Bytes& text(std::u16string const& value)
+   Bytes& units(std::u16string const& value)
    {
-      int32(static_cast<std::uint32_t>(value.size()));
       for (char16_t const unit : value) {
          int16(unit);
       }
       return *this;
+   }
+   Bytes& text(std::u16string const& value)
+   {
+      return int32(static_cast<std::uint32_t>(value.size())).units(value);
    }
 
    // With the length before them.

@@ -6,7 +6,6 @@
 #include <RTI/RTIambassador.h>
 
 #include <functional>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -23,7 +22,6 @@ struct Service
    std::string method; // of the core
    ServiceCall (*make)(Octets& octets);
 };
-inline void PrintTo(Service const& service, std::ostream* stream) { *stream << service.method; }
 
 struct Callback
 {
@@ -31,7 +29,6 @@ struct Callback
    std::string member; // of the federate ambassador
    Bytes (*makeArguments)(Octets& octets);
 };
-inline void PrintTo(Callback const& callback, std::ostream* stream) { *stream << callback.native; }
 
 std::vector<Service> const& services();
 std::vector<Callback> const& callbacks();

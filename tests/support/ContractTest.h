@@ -54,13 +54,13 @@ protected:
    void connect(RTIambassador& newcomer)
    {
       newcomer.connect(federate, HLA_EVOKED);
-      token = Bytes(fake::account.lastMessage).leadingInt();
+      token = fake::account.lastMessage.leadingInt();
    }
 
    void join(std::u16string const& timeImplementation)
    {
       inTime = [](std::string const&) { EXPECT_EQ(fake::account.pins, 0); };
-      fake::core.text = timeImplementation;
+      fake::core.result = Bytes().units(timeImplementation);
       ambassador->joinFederationExecution(L"type", L"federation");
    }
 

@@ -7,7 +7,6 @@
 
 #include <memory>
 #include <string>
-#include <type_traits>
 #include <utility>
 
 namespace contract {
@@ -72,6 +71,7 @@ public:
       bytes.append(Bytes(own.data(), own.size()));
    }
    void put(LogicalTimeFactory const& value) { put(value.getName()); }
+   void put(FederateAmbassador const&) {} // whose token stands before the message
    template <class T>
    void put(std::auto_ptr<T> const& value)
    {
@@ -140,12 +140,10 @@ private:
    }
 };
 
-template <class... T>
-Bytes encoded(T const&... values)
-{
+inline constexpr auto encoded = [](auto const&... values) {
    Encoding encoding;
    encoding.putAll(values...);
    return encoding.bytes;
-}
+};
 
 } // namespace contract

@@ -18,8 +18,7 @@ struct Object
    std::string className;
    std::vector<std::uint8_t> storage = {}; // of arrays
    std::size_t length = 0;
-   std::u16string text = {}; // of strings, and messages of exceptions
-   bool hasText = true;
+   std::optional<std::u16string> text = {};     // of strings, and messages of exceptions
    std::set<std::string> classes = {className}; // its own and its bases
 };
 
@@ -98,15 +97,23 @@ bool failsNow()
    return fails;
 }
 
+bool isLacking(char const* className)
+{
+   return !core.lacksClasses.empty() && std::string(className).rfind(core.lacksClasses, 0) == 0;
+}
+
 void raise(std::vector<std::string> const& classes, std::optional<std::u16string> const& message)
 {
    state.pending = newObject(classes.front());
-   state.pending->text = message.value_or(u"");
-   state.pending->hasText = message.has_value();
+   state.pending->text = message;
    state.pending->classes = {classes.begin(), classes.end()};
 }
 
-bool failsWith(char const* className) { return failsNow() && (raise({className}, u"on demand"), true); }
+// If it is to, for its own reasons or on demand.
+bool failsWith(char const* className, bool anyway = false)
+{
+   return (anyway || failsNow()) && (raise({className}, u"on demand"), true);
+}
 
 template <class Element>
 Object* arrayOf(std::vector<Element> const& elements)
@@ -128,6 +135,25 @@ Object* stringOf(std::u16string const& text)
 
 void* pinned(void* storage) { return failsNow() ? nullptr : (++account.pins, storage); }
 
+// The elements of the core's result, whose octets stand the other way round in the processor.
+template <class Elements>
+Elements resultAs()
+{
+   constexpr std::size_t size = sizeof(typename Elements::value_type);
+   Elements elements(core.result->size() / size, 0);
+   for (std::size_t i = 0; i < elements.size() * size; ++i) {
+      reinterpret_cast<std::uint8_t*>(elements.data())[i ^ (size - 1)] = (*core.result)[i];
+   }
+   return elements;
+}
+
+template <class Number>
+Number numberReturned()
+{
+   auto const numbers = core.result ? resultAs<std::vector<Number>>() : std::vector<Number>();
+   return numbers.empty() ? Number() : numbers.front();
+}
+
 template <class Array, class Element>
 void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Element* to)
 {
@@ -140,19 +166,6 @@ void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Ele
       std::memcpy(to, objectOf(array)->storage.data() + static_cast<std::size_t>(start) * sizeof(Element),
                   static_cast<std::size_t>(length) * sizeof(Element));
    }
-}
-
-// Whether JNI takes it: characters of one to three bytes, none of which is cut off.
-bool isJniText(char const* text)
-{
-   for (int trailing = 0; *text != '\0' || trailing != 0; ++text) {
-      auto const byte = static_cast<unsigned char>(*text);
-      if (trailing != 0 ? byte / 0x40 != 2 : byte >= 0xF0 || byte / 0x40 == 2) {
-         return false;
-      }
-      trailing = trailing != 0 ? trailing - 1 : (byte >= 0xC0) + (byte >= 0xE0);
-   }
-   return true;
 }
 
 void doMeanwhile()
@@ -173,11 +186,7 @@ bool call(jmethodID id, jvalue const* arguments, char const* results)
    if (arguments != nullptr && arguments->l != nullptr) {
       account.lastMessage = objectOf(arguments->l)->storage;
    }
-   auto const raiseNext = std::exchange(core.raiseNext, {});
    doMeanwhile();
-   if (!raiseNext.empty()) {
-      core.raises = raiseNext;
-   }
    if (!core.raises.empty()) {
       raise(core.raises, core.message);
       return false;
@@ -185,25 +194,20 @@ bool call(jmethodID id, jvalue const* arguments, char const* results)
    return !failsWith("java/lang/IllegalStateException");
 }
 
-// The functions, each where the VM has its own.
-JNINativeInterface_ functions()
-{
-   JNINativeInterface_ table{};
-   table.FindClass = [](JNIEnv*, char const* name) -> jclass {
-      Entry const entry("FindClass");
-      std::string const& lacking = core.lacksClasses;
-      if (!lacking.empty() && std::strncmp(name, lacking.c_str(), lacking.size()) == 0) {
-         raise({"java/lang/NoClassDefFoundError"}, u"on demand");
-         return nullptr;
-      }
-      return failsWith("java/lang/NoClassDefFoundError") ? nullptr : local<jclass>(newObject(name));
-   };
 // A function that is one expression.
 #define FUNCTION(Name, allowed, Result, parameters, ...) \
    table.Name = [] parameters -> Result {                \
       Entry const entry(#Name, Allowed::allowed);        \
       return __VA_ARGS__;                                \
    };
+
+// The functions, each where the VM has its own.
+JNINativeInterface_ functions()
+{
+   JNINativeInterface_ table{};
+   FUNCTION(FindClass, Never, jclass, (JNIEnv*, char const* name),
+            failsWith("java/lang/NoClassDefFoundError", isLacking(name)) ? nullptr
+                                                                         : local<jclass>(newObject(name)))
    FUNCTION(GetObjectClass, Never, jclass, (JNIEnv*, jobject object),
             local<jclass>(newObject(objectOf(object)->className)))
    FUNCTION(ExceptionOccurred, WhilePending, jthrowable, (JNIEnv*),
@@ -216,9 +220,9 @@ JNINativeInterface_ functions()
    FUNCTION(GetArrayLength, Never, jsize, (JNIEnv*, jarray array),
             static_cast<jsize>(objectOf(array)->length))
    FUNCTION(GetStringLength, Never, jsize, (JNIEnv*, jstring string),
-            static_cast<jsize>(objectOf(string)->text.size()))
+            static_cast<jsize>(objectOf(string)->text->size()))
    FUNCTION(GetStringCritical, Never, jchar const*, (JNIEnv*, jstring string, jboolean*),
-            static_cast<jchar const*>(pinned(objectOf(string)->text.data())))
+            static_cast<jchar const*>(pinned(objectOf(string)->text->data())))
    FUNCTION(ReleasePrimitiveArrayCritical, Always, void, (JNIEnv*, jarray, void*, jint), void(--account.pins))
    FUNCTION(GetPrimitiveArrayCritical, Never, void*, (JNIEnv*, jarray array, jboolean*),
             pinned(objectOf(array)->storage.data()))
@@ -231,7 +235,6 @@ JNINativeInterface_ functions()
    FUNCTION(IsInstanceOf, Never, jboolean, (JNIEnv*, jobject object, jclass cls),
             static_cast<jboolean>(objectOf(object)->classes.count(objectOf(cls)->className)))
    FUNCTION(ReleaseStringCritical, Always, void, (JNIEnv*, jstring, jchar const*), void(--account.pins))
-#undef FUNCTION
    // Without the methods that the core's ambassador has for the services no ambassador is made, so that each
    // of these is taken away by its name.
    table.GetMethodID = [](JNIEnv*, jclass cls, char const* name, char const* signature) -> jmethodID {
@@ -239,13 +242,12 @@ JNINativeInterface_ functions()
       bool const ofCore = objectOf(cls)->className == "morva/tovu1516e/RTIambassadorC2007";
       bool const ofService = ofCore && std::strcmp(name, "<init>") != 0;
       std::string const id = name + std::string(" ") + signature;
-      if (ofCore && name == core.lacks) {
-         raise({"java/lang/NoSuchMethodError"}, u"on demand");
-      } else if (ofCore) {
-         account.methods.insert(id);
-      }
-      if (state.pending != nullptr || (!ofService && failsWith("java/lang/NoSuchMethodError"))) {
+      bool const isLacking = ofCore && name == core.lacks;
+      if ((isLacking || !ofService) && failsWith("java/lang/NoSuchMethodError", isLacking)) {
          return nullptr;
+      }
+      if (ofCore) {
+         account.methods.insert(id);
       }
       return reinterpret_cast<jmethodID>(const_cast<std::string*>(&*methods.insert(id).first));
    };
@@ -253,9 +255,6 @@ JNINativeInterface_ functions()
       Entry const entry("ThrowNew");
       if (failsWith("java/lang/OutOfMemoryError")) {
          return JNI_ERR;
-      }
-      if (!isJniText(message)) {
-         offend("ThrowNew with what is no text");
       }
       std::u16string text;
       for (; *message != '\0'; ++message) {
@@ -279,20 +278,20 @@ JNINativeInterface_ functions()
       return call(id, arguments, kind) ? static_cast<result>(given) : result();                        \
    };
    CALL_METHOD(Void, void, "V", 0)
-   CALL_METHOD(Int, jint, "I", core.number)
-   CALL_METHOD(Boolean, jboolean, "Z", core.number != 0)
-   CALL_METHOD(Long, jlong, "J", core.number)
-   CALL_METHOD(Double, jdouble, "D", core.real)
+   CALL_METHOD(Int, jint, "I", numberReturned<jint>())
+   CALL_METHOD(Boolean, jboolean, "Z", numberReturned<jint>() != 0)
+   CALL_METHOD(Long, jlong, "J", numberReturned<jlong>())
+   CALL_METHOD(Double, jdouble, "D", numberReturned<jdouble>())
 #undef CALL_METHOD
    table.CallObjectMethodA = [](JNIEnv*, jobject, jmethodID id, jvalue const* arguments) -> jobject {
-      if (!call(id, arguments, "[L") || core.returnsNull) {
+      if (!call(id, arguments, "[L") || !core.result) {
          return nullptr;
       }
       char const kind = methodOf(id).back();
-      return local<jobject>(kind == 'B'   ? arrayOf(core.bytes)
-                            : kind == 'I' ? arrayOf(core.ints)
-                            : kind == 'J' ? arrayOf(core.longs)
-                                          : stringOf(core.text));
+      return local<jobject>(kind == 'B'   ? arrayOf(*core.result)
+                            : kind == 'I' ? arrayOf(resultAs<std::vector<jint>>())
+                            : kind == 'J' ? arrayOf(resultAs<std::vector<jlong>>())
+                                          : stringOf(resultAs<std::u16string>()));
    };
    // Methods of exceptions.
    table.CallObjectMethodV = [](JNIEnv*, jobject object, jmethodID method, std::va_list) -> jobject {
@@ -302,11 +301,11 @@ JNINativeInterface_ functions()
       }
       Object const& exception = *objectOf(object);
       if (methodOf(method).rfind("getMessage", 0) == 0) {
-         return exception.hasText ? local<jobject>(stringOf(exception.text)) : nullptr;
+         return exception.text ? local<jobject>(stringOf(*exception.text)) : nullptr;
       }
       std::u16string description(exception.className.begin(), exception.className.end());
       std::replace(description.begin(), description.end(), u'/', u'.');
-      return local<jobject>(stringOf(exception.hasText ? description + u": " + exception.text : description));
+      return local<jobject>(stringOf(exception.text ? description + u": " + *exception.text : description));
    };
    table.CallVoidMethodV = [](JNIEnv*, jobject object, jmethodID, std::va_list) -> void {
       Entry const entry("CallVoidMethod");
@@ -317,12 +316,12 @@ JNINativeInterface_ functions()
       Entry const entry("NewObject");
       account.lastMessage = objectOf(va_arg(arguments, jobject))->storage;
       doMeanwhile();
-      if (core.makesNothing) {
+      if (!core.result) {
          return nullptr;
       }
       jobject const object = local<jobject>(newObject(objectOf(cls)->className));
-      if (core.constructorRaises) {
-         raise({"java/lang/IllegalStateException"}, core.message);
+      if (!core.raises.empty()) {
+         raise(core.raises, core.message);
       }
       failsWith("java/lang/IllegalStateException"); // some VMs give a reference all the same
       return object;
@@ -361,14 +360,11 @@ JNIInvokeInterface_ invocationFunctions()
       *environment = &env;
       return failsNow() ? JNI_ENOMEM : JNI_OK;
    };
-   table.DetachCurrentThread = [](JavaVM*) -> jint {
-      Entry const entry("DetachCurrentThread");
-      ++runtime.detachments;
-      isAttached = false;
-      return JNI_OK;
-   };
+   FUNCTION(DetachCurrentThread, Never, jint, (JavaVM*), (++runtime.detachments, isAttached = false, JNI_OK))
    return table;
 }
+
+#undef FUNCTION
 
 JNIInvokeInterface_ const invocationTable = invocationFunctions();
 
@@ -404,7 +400,7 @@ void failCall(int n)
 bool hasFailed() { return state.failed; }
 bool isInside() { return depth != 0; }
 
-std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message)
+std::string callNative(std::string const& name, contract::Bytes const& message)
 {
    using Native = void(JNICALL*)(JNIEnv*, jobject, jbyteArray);
    ++depth;
@@ -416,7 +412,7 @@ std::string callNative(std::string const& name, std::vector<std::uint8_t> const&
    std::string described = "none";
    if (state.pending != nullptr) {
       described = state.pending->className + ": ";
-      described.append(state.pending->text.begin(), state.pending->text.end());
+      described.append(state.pending->text->begin(), state.pending->text->end());
       state.pending = nullptr;
    }
    --depth;
@@ -444,15 +440,10 @@ extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void
    if (runtime.onCreation) {
       runtime.onCreation();
    }
-   auto const& given = *static_cast<JavaVMInitArgs const*>(arguments);
-   runtime.version = given.version;
-   runtime.ignoreUnrecognized = given.ignoreUnrecognized;
+   runtime.arguments = *static_cast<JavaVMInitArgs const*>(arguments);
    runtime.options.clear();
-   for (jint i = 0; i < given.nOptions; ++i) {
-      runtime.options.emplace_back(given.options[i].optionString);
-      if (given.options[i].extraInfo != nullptr) {
-         fake::offend("JNI_CreateJavaVM with extra information");
-      }
+   for (jint i = 0; i < runtime.arguments.nOptions; ++i) {
+      runtime.options.emplace_back(runtime.arguments.options[i].optionString);
    }
    if (runtime.createStatus == JNI_OK) {
       *vm = &fake::vm;

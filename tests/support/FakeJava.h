@@ -2,9 +2,10 @@
 // what is referenced, pinned and pending, objects to what JNI forbids, and fails on demand.
 #pragma once
 
+#include "tests/support/Bytes.h"
+
 #include <jni.h>
 
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <set>
@@ -16,18 +17,10 @@ namespace fake {
 // What the core has and what its methods do when they are called.
 struct Core
 {
-   std::vector<std::string> raises;    // the JNI paths of an exception's class and of its bases, or nothing
-   std::vector<std::string> raiseNext; // the same, from the method after the next on
+   std::vector<std::string> raises; // the JNI paths of an exception's class and of its bases, or nothing
    std::optional<std::u16string> message = u"raised"; // of that exception
-   std::vector<std::uint8_t> bytes;                   // returned as byte[]
-   std::vector<std::int32_t> ints;                    // returned as int[]
-   std::vector<std::int64_t> longs;                   // returned as long[]
-   std::u16string text;                               // returned as String
-   std::int64_t number = 0;                           // returned as a whole number of any kind
-   double real = 0;                                   // returned as double
-   bool returnsNull = false;                          // instead of an object
-   bool constructorRaises = false;                    // that of its ambassadors
-   bool makesNothing = false;       // its ambassadors' constructor, as if it could return null
+   // What is returned: a number, or the elements of an array or a text, big-endian; or null. Too little is 0.
+   std::optional<contract::Bytes> result = contract::Bytes();
    std::string lacks;               // the method of its ambassador that is not there
    std::string lacksClasses;        // those whose names begin so are not there, if it is not empty
    std::function<void()> meanwhile; // done once, in the next method or constructor
@@ -45,8 +38,7 @@ struct Runtime
    int creations = 0;
    int attachments = 0;
    int detachments = 0;
-   jint version = 0;
-   jboolean ignoreUnrecognized = JNI_FALSE;
+   JavaVMInitArgs arguments{}; // of the last creation
    std::vector<std::string> options;
    std::function<void()> onCreation;
 };
@@ -59,11 +51,11 @@ struct Account
    int pins = 0;
    int calls = 0; // of any function of the VM
    int arraysMade = 0;
-   std::vector<std::string> offences;     // what JNI forbids and was done all the same
-   std::string lastMethod;                // that was called, a blank, and its signature
-   std::vector<std::uint8_t> lastMessage; // that it was given
-   std::set<std::string> methods;         // of the core's ambassador that were looked up, as the last one
-   std::set<std::string> natives;         // that were registered
+   std::vector<std::string> offences; // what JNI forbids and was done all the same
+   std::string lastMethod;            // that was called, a blank, and its signature
+   contract::Bytes lastMessage;       // that it was given
+   std::set<std::string> methods;     // of the core's ambassador that were looked up, as the last one
+   std::set<std::string> natives;     // that were registered
 };
 
 extern JavaVM vm;
@@ -89,6 +81,6 @@ bool isInside();
 
 // Calls a callback's native with a message, as the core would. Returns the message of the exception that it
 // left pending, or "none".
-std::string callNative(std::string const& name, std::vector<std::uint8_t> const& message);
+std::string callNative(std::string const& name, contract::Bytes const& message);
 
 } // namespace fake

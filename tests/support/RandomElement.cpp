@@ -28,17 +28,11 @@ Shape ShapeReader::read(int depth, std::size_t copies)
    if (std::strchr("AVRD", letter) == nullptr || letter == '\0' || depth == 0 || _elements >= mostElements) {
       return {letter == '#' || std::islower(letter) != 0 ? letter : '*', {}};
    }
-   Shape shape{letter, {}};
-   if (letter == 'V') {
-      shape.parts.push_back(read(depth - 1, copies));
-   } else if (letter == 'A') {
-      shape.length = _octets.octet() & 7U;
+   Shape shape{letter, {}, letter == 'A' ? _octets.octet() & 7U : 0};
+   std::size_t const parts = letter == 'A' || letter == 'V' ? 1 : _octets.octet() & 7U;
+   _isInVariant = _isInVariant || letter == 'D';
+   while (shape.parts.size() < parts) {
       shape.parts.push_back(read(depth - 1, copies * std::max<std::size_t>(shape.length, 1)));
-   } else {
-      _isInVariant = _isInVariant || letter == 'D';
-      for (unsigned int left = _octets.octet() & 7U; left != 0; --left) {
-         shape.parts.push_back(read(depth - 1, copies));
-      }
    }
    return shape;
 }
@@ -99,22 +93,22 @@ void encodeAny(Shape const& shape, Octets& values, std::vector<char>& buffer)
       buffer.resize((buffer.size() + boundary - 1) / boundary * boundary);
    };
    pad();
-   auto const count = [&] {
-      buffer.insert(buffer.end(), {0, 0, 0, static_cast<char>(values.below(6))});
-      return static_cast<std::size_t>(buffer.back());
-   };
    switch (shape.letter) {
    case 'V':
    case 'A':
-      for (std::size_t left = shape.letter == 'V' ? count() : shape.length; left > 0; --left) {
-         encodeAny(shape.parts[0], values, buffer);
+   case 'R': {
+      std::size_t times = shape.letter == 'A' ? shape.length : 1;
+      if (shape.letter == 'V') {
+         times = values.below(6);
+         buffer.insert(buffer.end(), {0, 0, 0, static_cast<char>(times)});
+      }
+      for (; times > 0; --times) {
+         for (Shape const& part : shape.parts) {
+            encodeAny(part, values, buffer);
+         }
       }
       break;
-   case 'R':
-      for (Shape const& part : shape.parts) {
-         encodeAny(part, values, buffer);
-      }
-      break;
+   }
    case 'D': {
       auto const selected = values.below(static_cast<unsigned int>(shape.parts.size()));
       buffer.push_back(static_cast<char>(selected + 1));

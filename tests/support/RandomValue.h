@@ -4,6 +4,7 @@
 #include "tests/support/Encoding.h"
 #include "tests/support/TestTime.h"
 
+#include <RTI/NullFederateAmbassador.h>
 #include <RTI/RTI1516.h>
 
 #include <string>
@@ -24,7 +25,7 @@ Handle handle(Bytes const& bytes)
 {
    struct Maker : Handle
    {
-      explicit Maker(VariableLengthData const& encoded) : Handle(encoded) {}
+      explicit Maker(VariableLengthData const& encoding) : Handle(encoding) {}
    };
    return Maker(data(bytes));
 }
@@ -85,6 +86,11 @@ public:
       return static_cast<Enum>(Enumerators<Enum>::first + static_cast<int>(_from.below(values)));
    }
 
+   FederateAmbassador& make(Type<FederateAmbassador>)
+   {
+      static NullFederateAmbassador nobody;
+      return nobody;
+   }
    RangeBounds make(Type<RangeBounds>) { return {_from.int32(), _from.int32()}; }
    template <class First, class Second>
    std::pair<First, Second> make(Type<std::pair<First, Second>>)
@@ -125,11 +131,5 @@ public:
 private:
    Octets& _from;
 };
-
-template <class T>
-T randomValue(Octets& octets)
-{
-   return RandomValue(octets).make(Type<T>());
-}
 
 } // namespace contract

@@ -34,24 +34,17 @@ struct Living
    static inline std::atomic<int> count = 0;
 };
 
-// What times and intervals have in common: the numbers are those of a standard one, but encoded as a mark and
-// the number in what is left of an encoded length. Only exactly that many bytes are decoded.
-template <class Base, unsigned int length>
-class TestValue : public Base, public Living<TestValue<Base, length>>
+// What times and intervals have in common: the numbers are those of a standard one, but encoded behind a
+// mark. Only exactly that many bytes are decoded.
+template <class Base, unsigned int mark>
+class TestValue : public Base, public Living<TestValue<Base, mark>>
 {
 public:
    using Base::operator=;
    explicit TestValue(rti1516e::Integer64 number) : Base(number) {}
    ~TestValue() override { enterTime("destroy"); }
 
-   static Bytes encoded(std::uint64_t number)
-   {
-      Bytes bytes("7A");
-      for (unsigned int i = length - 1; i > 0; --i) {
-         bytes.byte(i > 8 ? 0U : static_cast<unsigned int>(number >> 8 * (i - 1) & 0xFFU));
-      }
-      return bytes;
-   }
+   static Bytes encoded(std::uint64_t number) { return Bytes().byte(mark).int64(number); }
 
    rti1516e::VariableLengthData encode() const override
    {
@@ -67,21 +60,20 @@ public:
    void decode(void* buffer, size_t bufferSize) override
    {
       enterTime("decode");
-      auto const* const bytes = static_cast<unsigned char const*>(buffer);
-      if (bufferSize != length || bytes[0] != 0x7A) {
+      auto* const bytes = static_cast<unsigned char*>(buffer);
+      if (bufferSize != length || bytes[0] != mark) {
          throw rti1516e::CouldNotDecode(L"not the bytes of a TestTime");
       }
-      rti1516e::Integer64 number = 0;
-      for (unsigned int i = 1; i < length; ++i) {
-         number = number << 8 | bytes[i];
-      }
-      *this = TestValue(number);
+      Base::decode(bytes + 1, length - 1);
    }
    std::wstring implementationName() const override { return L"TestTime"; }
+
+private:
+   static constexpr unsigned int length = 9;
 };
 
-using TestTime = TestValue<rti1516e::HLAinteger64Time, 11>;
-using TestInterval = TestValue<rti1516e::HLAinteger64Interval, 3>;
+using TestTime = TestValue<rti1516e::HLAinteger64Time, 0x7A>;
+using TestInterval = TestValue<rti1516e::HLAinteger64Interval, 0x7B>;
 
 struct TestTimeFactory : rti1516e::HLAinteger64TimeFactory, Living<TestTimeFactory>
 {

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <limits>
 #include <sstream>
 #include <type_traits>
 #include <utility>
@@ -13,17 +12,33 @@
 namespace {
 
 using namespace rti1516e;
+using contract::Bytes;
 
-template <class Handle>
-void expectHandle(Handle const& handle, std::wstring const& text, long hash, Octets const& encoded,
+struct
+{
+   std::uint32_t number;
+   long hash;
+} const rows[] = {
+   {0, 0},
+   {12, 444},
+   {0x01020304, 625635220},
+   {0x7FFFFFFF, 2147483611},
+   {0x80000000, INT32_MIN},
+   {0xFFFFFFFF, -37},
+};
+
+// What holds of every handle.
+template <class Handle, class Row>
+void expectHandle(Handle const& handle, Row const& row, std::wstring const& text, Octets const& encoded,
                   std::wstring const& failure)
 {
    std::wostringstream stream;
    stream << handle;
    EXPECT_EQ(stream.str(), text);
    EXPECT_EQ(handle.toString(), text);
-   EXPECT_EQ(handle.hash(), hash);
-   EXPECT_EQ(std::hash<Handle>()(handle), static_cast<std::size_t>(hash));
+   EXPECT_EQ(handle.isValid(), row.number != 0);
+   EXPECT_EQ(handle.hash(), row.hash);
+   EXPECT_EQ(std::hash<Handle>()(handle), static_cast<std::size_t>(row.hash));
    expectEncoding(handle, encoded, {"CouldNotEncode", failure});
    Handle const decoded = HandleAccess::decode<Handle>(dataOf(encoded));
    EXPECT_EQ(decoded, handle);
@@ -33,32 +48,18 @@ void expectHandle(Handle const& handle, std::wstring const& text, long hash, Oct
 template <class Handle, class Implementation>
 void areTheirNumber()
 {
-   struct
-   {
-      std::uint32_t number;
-      char const* encoded;
-      std::wstring text;
-      long hash;
-   } const rows[] = {
-      {0, "00000000", L"<0>", 0},
-      {12, "0000000c", L"<12>", 444},
-      {0x01020304, "01020304", L"<16909060>", 625635220},
-      {0x7FFFFFFF, "7fffffff", L"<2147483647>", 2147483611},
-      {0x80000000, "80000000", L"<-2147483648>", std::numeric_limits<std::int32_t>::min()},
-      {0xFFFFFFFF, "ffffffff", L"<-1>", -37},
-   };
    struct Derived : Handle // reaches what is for derived classes alone
    {
       explicit Derived(Implementation* implementation) : Handle(implementation) {}
       using Handle::getImplementation;
    };
-   std::wstring const kind = std::is_same_v<Handle, FederateHandle> ? L"FederateHandle" : L"HandleKind";
+   std::wstring const kind = std::is_same_v<Handle, FederateHandle> ? L"FederateHandle<" : L"HandleKind<";
    for (auto const& row : rows) {
-      SCOPED_TRACE(row.encoded);
+      SCOPED_TRACE(row.number);
       auto const handle = HandleAccess::make<Handle>(row.number);
-      Octets const encoded = octets(row.encoded);
-      EXPECT_EQ(handle.isValid(), row.number != 0);
-      expectHandle(handle, kind + row.text, row.hash, encoded, L"Buffer needs to be at least 4 bytes!");
+      Octets const encoded = octets(Bytes().int32(row.number));
+      expectHandle(handle, row, kind + std::to_wstring(static_cast<std::int32_t>(row.number)) + L">", encoded,
+                   L"Buffer needs to be at least 4 bytes!");
       EXPECT_EQ(HandleAccess::decode<Handle>(dataOf(joined(encoded, {'a'}))), handle);
       auto* const number = reinterpret_cast<Implementation*>(std::uintptr_t{row.number});
       EXPECT_EQ(Derived(number), handle);
@@ -83,43 +84,33 @@ TEST(Handles, AreTheirNumber)
 #undef CHECK_HANDLE
 }
 
+// They are told apart by their number, and in order as if it had a sign.
 TEST(MessageRetractionHandles, TravelWithTheirFurtherBytes)
 {
-   struct
-   {
-      std::uint32_t number;
-      std::string extra;
-      char const* encoded;
-      std::wstring text;
-      long hash;
-   } const rows[] = {
-      // in the order of their numbers, as signed ones
-      {0x80000000, "", "80000000 00000000", L"2147483648", std::numeric_limits<std::int32_t>::min()},
-      {0xFFFFFFFF, "", "ffffffff 00000000", L"4294967295", -37},
-      {0, "", "00000000 00000000", L"0", 0},
-      {0, "x", "00000000 00000001 78", L"0", 0},
-      {12, "", "0000000c 00000000", L"12", 444},
-      {0x01020304, {"a\0b", 3}, "01020304 00000003 610062", L"16909060", 625635220},
-   };
-   MessageRetractionHandle previous = HandleAccess::retractionHandle(0x80000000, nullptr, 0);
+   MessageRetractionHandle previous;
    for (auto const& row : rows) {
-      SCOPED_TRACE(row.encoded);
-      MessageRetractionHandle handle = HandleAccess::retractionHandle(
-         row.number, row.extra.data(), static_cast<std::uint32_t>(row.extra.size()));
-      Octets const encoded = octets(row.encoded);
-      EXPECT_EQ(handle.isValid(), row.number != 0);
-      expectHandle(handle, L"MessageRetractionHandle<" + row.text + L">", row.hash, encoded,
-                   L"Buffer needs to be atleast 4 bytes!");
-      EXPECT_EQ(previous < handle, previous != handle);
-      EXPECT_FALSE(handle < previous);
-      previous = handle;
-      MessageRetractionHandle const& itself = handle;
-      handle = itself;
-      MessageRetractionHandle const copy(handle);
-      MessageRetractionHandle const moved(std::move(handle));
-      EXPECT_FALSE(handle.isValid()); // NOLINT(bugprone-use-after-move): what a move leaves is the point
-      for (MessageRetractionHandle const* each : {&std::as_const(previous), &copy, &moved}) {
-         EXPECT_EQ(octetsOf(each->encode()), encoded);
+      for (Bytes const& extra : {Bytes(), Bytes("78"), Bytes("610062")}) {
+         SCOPED_TRACE(testing::Message() << row.number << " and " << extra.size());
+         auto const length = static_cast<std::uint32_t>(extra.size());
+         MessageRetractionHandle handle = HandleAccess::retractionHandle(row.number, extra.data(), length);
+         Octets const encoded = octets(Bytes().int32(row.number).counted(extra));
+         expectHandle(handle, row, L"MessageRetractionHandle<" + std::to_wstring(row.number) + L">", encoded,
+                      L"Buffer needs to be atleast 4 bytes!");
+         for (auto const& other : rows) {
+            auto const right = HandleAccess::retractionHandle(other.number, nullptr, 0);
+            EXPECT_EQ(handle == right, row.number == other.number);
+            EXPECT_EQ(handle != right, row.number != other.number);
+            EXPECT_EQ(handle < right, std::int32_t(row.number) < std::int32_t(other.number));
+         }
+         previous = handle;
+         MessageRetractionHandle const& itself = handle;
+         handle = itself;
+         MessageRetractionHandle const copy(handle);
+         MessageRetractionHandle const moved(std::move(handle));
+         EXPECT_FALSE(handle.isValid()); // NOLINT(bugprone-use-after-move): what a move leaves is the point
+         for (MessageRetractionHandle const* each : {&std::as_const(previous), &copy, &moved}) {
+            EXPECT_EQ(octetsOf(each->encode()), encoded);
+         }
       }
    }
 }

@@ -14,12 +14,10 @@ using contract::Caught;
 using contract::caughtFrom;
 using Octets = std::vector<char>;
 
+inline Octets octets(contract::Bytes const& bytes) { return Octets(bytes.begin(), bytes.end()); }
+
 // From pairs of hexadecimal digits; blanks are for the reader.
-inline Octets octets(std::string const& hexadecimal)
-{
-   contract::Bytes const bytes(hexadecimal);
-   return Octets(bytes.begin(), bytes.end());
-}
+inline Octets octets(std::string const& hexadecimal) { return octets(contract::Bytes(hexadecimal)); }
 
 inline Octets octetsOf(rti1516e::VariableLengthData const& data)
 {

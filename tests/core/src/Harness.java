@@ -1,19 +1,15 @@
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.List;
-import java.util.Objects;
 import tovu.local.fom.ModuleSource;
 
-/** What tests expect. A test is a program, which fails at the first thing that is not as expected. */
+/** What tests share. A test is a program that runs with assertions enabled, and fails at the first that does not hold. */
 final class Harness {
     interface Case {
         void run() throws Exception;
     }
 
     static final String AIR = System.getProperty("fom.modules") + "/Air.xml";
-
-    private Harness() {
-    }
 
     static void run(Case... cases) {
         try {
@@ -26,24 +22,14 @@ final class Harness {
         }
     }
 
-    static void equal(Object actual, Object expected) {
-        that(Objects.equals(actual, expected), "expected " + expected + "\n but was " + actual);
-    }
-
-    static void that(boolean condition, String message) {
-        if (!condition) {
-            throw new AssertionError(message);
-        }
-    }
-
     /** Expects an exception of that simple name, with all those words in its text. */
     static void refuses(String exception, Case body, String... words) {
         try {
             body.run();
         } catch (Exception e) {
-            that(e.getClass().getSimpleName().equals(exception), "expected " + exception + " but was " + e);
+            assert e.getClass().getSimpleName().equals(exception) : "expected " + exception + " but was " + e;
             for (String word : words) {
-                that(e.getMessage().contains(word), "'" + word + "' is missing in: " + e.getMessage());
+                assert e.getMessage().contains(word) : "'" + word + "' is missing in: " + e.getMessage();
             }
             return;
         }

@@ -5,7 +5,12 @@
 #include "tests/values/encoding/Elements.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <random>
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size);
 
 namespace {
 
@@ -46,6 +51,19 @@ TEST(RandomElements, AreDecodedAndEncodedByTheLetter)
    }
    EXPECT_GT(octetsSeen, 10'000U);
    EXPECT_EQ(ForeignElement::live, 0);
+}
+
+// What the fuzzer has found worth keeping, where there is none to go on with it.
+TEST(RandomElements, OfTheCorpusAreDecodedOrRefused)
+{
+   int inputs = 0;
+   for (auto const& file : std::filesystem::directory_iterator(FUZZ_CORPUS)) {
+      std::ifstream stream(file.path(), std::ios::binary);
+      std::vector<char> const input{std::istreambuf_iterator<char>(stream), {}};
+      LLVMFuzzerTestOneInput(reinterpret_cast<std::uint8_t const*>(input.data()), input.size());
+      ++inputs;
+   }
+   EXPECT_GT(inputs, 0);
 }
 
 } // namespace
