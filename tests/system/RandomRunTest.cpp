@@ -100,7 +100,7 @@ Row const rows[] = {
    {5, "registerFederationSynchronizationPoint $point", ""},
    {20, "synchronizationPointAchieved $announced", ""},
    {2, "setAutomaticResignDirective $directive", ""},
-   {2, "resignFederationExecution $directive", "OwnershipAcquisitionPending FederateOwnsAttributes"},
+   {4, "resignFederationExecution $directive", "OwnershipAcquisitionPending FederateOwnsAttributes"},
    {3, "requestFederationSave noon", ""},
    {2, "requestFederationRestore noon", ""},
    {1, "vanish", ""},
@@ -311,7 +311,6 @@ private:
       }
       bool const isInTime = step == "a step in time";
       if (isInTime) {
-         hear(who);
          row = &dice.byChance(rowsInTime);
          step = row->step;
       }

@@ -74,7 +74,7 @@ public:
       _all[who] = Federate();
    }
 
-   // The federate, which has heard all that there is to hear, has called a service, successfully or not.
+   // The federate has called a service, successfully or not.
    void called(std::size_t who, std::vector<std::string> const& words, bool done)
    {
       Federate& of = _all[who];
@@ -88,8 +88,8 @@ public:
       if (!done) {
          return;
       }
-      of.last = {-never, 0};
       if (words[0] == "enableTimeRegulation") {
+         of.last = {-never, 0};
          of.regulation = pending;
          of.lookahead = value;
          of.latestStart = of.time;
@@ -103,13 +103,16 @@ public:
          of.constraint = pending;
       } else if (words[0] == "disableTimeConstrained") {
          of.constraint = off;
+         of.surely = -never;
       } else if (words[0] == "modifyLookahead") {
          of.promised = std::max(of.promised, plus(of.time, of.lookahead));
          of.lookahead = value;
       } else {
-         of.available = of.constraint == on ? galt(who) : never;
          of.advance = words[0];
          of.requested = value;
+         of.surely = of.constraint == on && flushes(of) ? galt(who) : never;
+         of.newest = _newest;
+         of.last = {-never, 0};
       }
    }
 
@@ -176,8 +179,9 @@ private:
       double promised = -never; // not to send anything before
       std::string advance;      // the service that asked for it
       double requested = 0;
-      double available = 0; // when it asked
-      Message first;        // in the order of time since it asked
+      double surely = never; // how far that leads, where it does not lead to the requested time or a message
+      int newest = 0;        // message when it asked
+      Message first;         // in the order of time since it asked
       Message last{-never, 0};
       std::set<Message> due;
       std::set<int> received;
@@ -236,7 +240,8 @@ private:
          }
       }
       if (done) {
-         _retractable[message.second] = {who, message.first};
+         _newest = message.second;
+         _retractable[_newest] = {who, message.first};
       }
    }
 
@@ -275,10 +280,13 @@ private:
    {
       bool const stops = stopsAtMessage(of) && of.last.first != -never;
       double const latest = std::max(of.time, stops ? std::min(of.requested, of.first.first) : of.requested);
-      double const earliest = flushes(of) ? std::max(of.time, std::min(latest, of.available)) : latest;
+      double const earliest = std::max(of.time, std::min(latest, of.surely));
       demand(!of.advance.empty() && earliest <= to && to <= latest, "is granted another time");
       demand(of.constraint != on || (excludes(of) ? firstDue(of) > to : firstDue(of) >= to),
              "has not received all that is before");
+      for (Message const& each : of.due) {
+         demand(!flushes(of) || each.second > of.newest, "has not received all that there was");
+      }
       of.excluded = excludes(of) || (of.excluded && to == of.time);
       of.time = to;
       of.advance.clear();
@@ -293,6 +301,7 @@ private:
    bool _integers;
    std::vector<Federate> _all;
    std::map<int, Sent> _retractable;
+   int _newest = 0; // message
    std::string _fault;
 };
 
