@@ -67,17 +67,23 @@ public:
       return ofOthers(who);
    }
 
-   void join(std::size_t who) { _all[who].joined = true; }
+   void join(std::size_t who)
+   {
+      _all[who].joined = true;
+      _allHaveHeard = false;
+   }
    void resign(std::size_t who)
    {
       regulateNoMore(who);
       _all[who] = Federate();
+      _allHaveHeard = false;
    }
 
    // The federate has called a service, successfully or not.
    void called(std::size_t who, std::vector<std::string> const& words, bool done)
    {
       Federate& of = _all[who];
+      bool const allHaveHeard = std::exchange(_allHaveHeard, false);
       double const value = number(words.back());
       if (words[0] == "retract") {
          return retract(who, messageCalled(words[1]), done);
@@ -92,11 +98,7 @@ public:
          of.last = {-never, 0};
          of.regulation = pending;
          of.lookahead = value;
-         of.latestStart = of.time;
-         for (Federate const& each : _all) {
-            double const reached = std::max(each.time, each.advance.empty() ? 0 : each.requested);
-            of.latestStart = std::max(of.latestStart, reached + (_integers ? 1 : 0.01) - value);
-         }
+         of.start = allHaveHeard ? earliestStart(of) : -never;
       } else if (words[0] == "disableTimeRegulation") {
          regulateNoMore(who);
       } else if (words[0] == "enableTimeConstrained") {
@@ -124,9 +126,8 @@ public:
          grant(of, number(words[1]));
       } else if (words[0] == "timeRegulationEnabled") {
          double const start = number(words[1]);
-         demand(of.regulation == pending && start >= of.time && start >= of.last.first,
-                "regulates too early");
-         demand(start <= of.latestStart, "regulates too late");
+         demand(of.regulation == pending && start >= std::max(of.time, of.last.first), "regulates too early");
+         demand(of.start == -never || of.start == start, "regulates from another time");
          of.regulation = on;
          of.excluded &= start == of.time;
          of.time = start;
@@ -144,6 +145,7 @@ public:
    void expectNoMore(std::size_t who)
    {
       Federate const& of = _all[who];
+      _allHaveHeard = true;
       double const available = galt(who);
       demand(of.retracted.empty(), "is not told of a retraction");
       demand(of.regulation != pending, "is not told that it regulates");
@@ -174,7 +176,7 @@ private:
       bool excluded = false; // nothing more comes or goes for just that time
       Switch regulation = off;
       Switch constraint = off;
-      double latestStart = 0; // to regulate from
+      double start = 0; // of regulation, where it is known
       double lookahead = 0;
       double promised = -never; // not to send anything before
       std::string advance;      // the service that asked for it
@@ -216,6 +218,21 @@ private:
       return time + interval == time && interval > 0 ? next(time) : time + interval;
    }
    double leastReceiveTime(Federate const& of) const { return of.excluded ? next(of.time) : of.time; }
+   double earliestStart(Federate const& of) const
+   {
+      double promised = of.time;
+      for (Federate const& each : _all) {
+         if (&each != &of && each.constraint == on) {
+            double const received = each.advance.empty() ? -never : each.last.first;
+            promised = std::max({promised, received, leastReceiveTime(each)});
+         }
+      }
+      double start = std::max(of.time, promised - of.lookahead);
+      while (plus(start, of.lookahead) < promised) {
+         start = next(start);
+      }
+      return start;
+   }
    double leastSendTime(Federate const& of, double at) const
    {
       bool const excluded = excludes(of) || (of.excluded && at == of.time);
@@ -302,6 +319,7 @@ private:
    std::vector<Federate> _all;
    std::map<int, Sent> _retractable;
    int _newest = 0; // message
+   bool _allHaveHeard = true;
    std::string _fault;
 };
 
