@@ -96,25 +96,6 @@ TEST_P(Ambassadors, MayGoWhileAnotherIsInACallback)
    EXPECT_EQ(beta.callbacks(2).size(), 2U);
 }
 
-TEST_P(Ambassadors, AreToldOfSynchronizationPointsWhileTheyAreMembers)
-{
-   Federate& alpha = joined("alpha");
-   for (int point = 0; point < 20; ++point) {
-      alpha->registerFederationSynchronizationPoint(std::to_wstring(point), bytes("tag"));
-   }
-   Federate& late = _stage.federate("late");
-   std::atomic<int> refused{0};
-   late.onCallback = [&](std::string const&) {
-      refused += refusal([&] { late->getAutomaticResignDirective(); }) != "nothing";
-   };
-   for (int visit = 0; visit < 10; ++visit) {
-      joined("late");
-      EXPECT_EQ(late.callbacks(20).size(), 20U);
-      steps(late, "resignFederationExecution NO_ACTION");
-   }
-   EXPECT_EQ(refused, 0);
-}
-
 TEST_P(Ambassadors, MaySaveAndRestoreInGreatNumbers)
 {
    std::vector<Federate*> all;

@@ -99,11 +99,9 @@ Row const rows[] = {
    {2, "enableAttributeRelevanceAdvisorySwitch", "AttributeRelevanceAdvisorySwitchIsOn"},
    {5, "registerFederationSynchronizationPoint $point", ""},
    {20, "synchronizationPointAchieved $announced", ""},
-   {2, "setAutomaticResignDirective $directive", ""},
    {4, "resignFederationExecution $directive", "OwnershipAcquisitionPending FederateOwnsAttributes"},
    {3, "requestFederationSave noon", ""},
    {2, "requestFederationRestore noon", ""},
-   {1, "vanish", ""},
    {400, "a step in time", ""}};
 #define ADVANCE_REFUSALS                                                            \
    "InTimeAdvancingState LogicalTimeAlreadyPassed RequestForTimeRegulationPending " \
@@ -301,9 +299,6 @@ private:
       }
       Row const* row = &dice.byChance(rows);
       std::string step = row->step;
-      if (step == "vanish") {
-         return _together || !dice.oneIn(5) ? void() : vanish(who);
-      }
       if (!_together && step == "requestFederationSave noon") {
          return save(who, dice);
       }
@@ -459,15 +454,6 @@ private:
       }
       federate(who).callbacks();
       life(who) = Life();
-   }
-
-   // Its ambassador is destroyed. That is noticed when its name is free.
-   void vanish(std::size_t who)
-   {
-      _log.push_back("   " + nameOf(who) + ": destroyAmbassador");
-      _stage->forget(nameOf(who));
-      leave(who);
-      join(who);
    }
 
    void compareTimes(std::size_t who)
