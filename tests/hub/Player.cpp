@@ -8,7 +8,9 @@
 
 #include <atomic>
 #include <clocale>
+#include <functional>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <sstream>
@@ -35,85 +37,36 @@ public:
       std::wstring action;
       std::wstring text;
       in >> action >> text;
-      RTIambassador& rti = *_ambassador;
-      if (action == L"connect" || action == L"evoked")
-         rti.connect(*this, action == L"evoked" ? HLA_EVOKED : HLA_IMMEDIATE, text);
-      else if (action == L"create")
-         rti.createFederationExecution(_federation, text, L"HLAinteger64Time");
-      else if (action == L"federation")
-         _federation = text;
-      else if (action == L"destroy")
-         rti.destroyFederationExecution(_federation);
-      else if (action == L"list")
-         rti.listFederationExecutions();
-      else if (action == L"join")
-         join(text);
-      else if (action == L"person")
-         _person = rti.registerObjectInstance(_personClass);
-      else if (action == L"update")
-         update(std::stoi(text));
-      else if (action == L"regulate")
-         rti.enableTimeRegulation(HLAinteger64Interval(text.empty() ? 1 : std::stoll(text)));
-      else if (action == L"constrain")
-         rti.enableTimeConstrained();
-      else if (action == L"advance")
-         rti.timeAdvanceRequest(HLAinteger64Time(std::stoll(text)));
-      else if (action == L"save")
-         rti.requestFederationSave(text);
-      else if (action == L"answer")
-         _answers = true;
-      else if (action == L"restore")
-         rti.requestFederationRestore(text);
-      else if (action == L"chain")
-         chain(std::stol(text));
-      else if (action == L"later")
-         later(std::stoi(text));
-      else if (action == L"time")
-         showTime();
-      else if (action == L"knows")
-         say(L"knows " + text + L" as " + rti.getObjectInstanceHandle(text).toString());
-      else if (action == L"greet")
-         greet(std::stoi(text), 1);
-      else if (action == L"flood")
-         greet(std::stoi(text), 1 << 16);
-      else if (action == L"count")
-         say(L"received " + std::to_wstring(_received));
-      else if (action == L"evoke")
-         rti.evokeCallback(std::stod(text));
-      else if (action == L"resign")
-         rti.resignFederationExecution(NO_ACTION);
-      else if (action == L"disconnect")
-         rti.disconnect();
+      _actions.at(action)(text);
    }
 
 private:
    void join(std::wstring const& name)
    {
-      RTIambassador& rti = *_ambassador;
-      rti.joinFederationExecution(name, L"participant", _federation);
-      rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
-      _personClass = rti.getObjectClassHandle(L"Person");
-      _place = rti.getAttributeHandle(_personClass, L"Place");
-      rti.publishObjectClassAttributes(_personClass, {_place});
-      rti.subscribeObjectClassAttributes(_personClass, {_place});
-      _greeting = rti.getInteractionClassHandle(L"Greeting");
-      rti.publishInteractionClass(_greeting);
-      rti.subscribeInteractionClass(_greeting);
-      _lost = rti.getInteractionClassHandle(L"HLAmanager.HLAfederate.HLAreport.HLAreportFederateLost");
-      rti.subscribeInteractionClass(_lost);
+      _rti.joinFederationExecution(name, L"participant", _federation);
+      _rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
+      _personClass = _rti.getObjectClassHandle(L"Person");
+      _place = _rti.getAttributeHandle(_personClass, L"Place");
+      _rti.publishObjectClassAttributes(_personClass, {_place});
+      _rti.subscribeObjectClassAttributes(_personClass, {_place});
+      _greeting = _rti.getInteractionClassHandle(L"Greeting");
+      _rti.publishInteractionClass(_greeting);
+      _rti.subscribeInteractionClass(_greeting);
+      _lost = _rti.getInteractionClassHandle(L"HLAmanager.HLAfederate.HLAreport.HLAreportFederateLost");
+      _rti.subscribeInteractionClass(_lost);
    }
 
    void update(int times)
    {
       for (int i = 0; i < times; ++i)
-         _ambassador->updateAttributeValues(_person, {{_place, VariableLengthData(&i, sizeof i)}}, {});
+         _rti.updateAttributeValues(_person, {{_place, VariableLengthData(&i, sizeof i)}}, {});
    }
 
    void greet(int times, unsigned size)
    {
       std::vector<char> const tag(size);
       for (int i = 0; i < times; ++i)
-         _ambassador->sendInteraction(_greeting, {}, VariableLengthData(tag.data(), size));
+         _rti.sendInteraction(_greeting, {}, VariableLengthData(tag.data(), size));
    }
 
    // What waits for its time is part of the federation's state.
@@ -122,21 +75,21 @@ private:
       unsigned const size = 1 << 16;
       std::vector<char> const value(size);
       for (int i = 0; i < times; ++i)
-         _ambassador->updateAttributeValues(_person, {{_place, VariableLengthData(value.data(), size)}}, {},
-                                            HLAinteger64Time(1000000));
+         _rti.updateAttributeValues(_person, {{_place, VariableLengthData(value.data(), size)}}, {},
+                                    HLAinteger64Time(1000000));
    }
 
    // Saves again and again, each save named after the time that it is made at.
    void chain(long label)
    {
       _next = label;
-      _ambassador->timeAdvanceRequest(HLAinteger64Time(label));
+      _rti.timeAdvanceRequest(HLAinteger64Time(label));
    }
 
    void showTime()
    {
       HLAinteger64Time now;
-      _ambassador->queryLogicalTime(now);
+      _rti.queryLogicalTime(now);
       say(L"time " + now.toString());
    }
 
@@ -173,7 +126,7 @@ private:
    std::wstring in(ParameterHandleValueMap const& values, wchar_t const* parameter) const
    {
       HLAunicodeString text;
-      text.decode(values.at(_ambassador->getParameterHandle(_lost, parameter)));
+      text.decode(values.at(_rti.getParameterHandle(_lost, parameter)));
       return text.get();
    }
    void reflectAttributeValues(ObjectInstanceHandle, AttributeHandleValueMap const&,
@@ -186,14 +139,14 @@ private:
    {
       say(L"< grant " + time.toString());
       if (_next != 0)
-         _ambassador->requestFederationSave(std::to_wstring(_next));
+         _rti.requestFederationSave(std::to_wstring(_next));
    }
    void initiateFederateSave(std::wstring const& label) override
    {
       say(L"< save " + label);
       if (_answers) {
-         _ambassador->federateSaveBegun();
-         _ambassador->federateSaveComplete();
+         _rti.federateSaveBegun();
+         _rti.federateSaveComplete();
       }
    }
    void federationSaved() override
@@ -209,11 +162,40 @@ private:
    }
    void initiateFederateRestore(std::wstring const&, std::wstring const&, FederateHandle) override
    {
-      _ambassador->federateRestoreComplete();
+      _rti.federateRestoreComplete();
    }
    void federationRestored() override { say(L"< restored"); }
 
    std::unique_ptr<RTIambassador> const _ambassador{RTIambassadorFactory().createRTIambassador()};
+   RTIambassador& _rti = *_ambassador;
+   using Text = std::wstring const&;
+   std::map<std::wstring, std::function<void(Text)>> const _actions = {
+      {L"connect", [&](Text hub) { _rti.connect(*this, HLA_IMMEDIATE, hub); }},
+      {L"disconnect", [&](Text) { _rti.disconnect(); }},
+      {L"federation", [&](Text name) { _federation = name; }},
+      {L"create", [&](Text fom) { _rti.createFederationExecution(_federation, fom, L"HLAinteger64Time"); }},
+      {L"destroy", [&](Text) { _rti.destroyFederationExecution(_federation); }},
+      {L"list", [&](Text) { _rti.listFederationExecutions(); }},
+      {L"join", [&](Text name) { join(name); }},
+      {L"resign", [&](Text) { _rti.resignFederationExecution(NO_ACTION); }},
+      {L"person", [&](Text) { _person = _rti.registerObjectInstance(_personClass); }},
+      {L"update", [&](Text times) { update(std::stoi(times)); }},
+      {L"later", [&](Text times) { later(std::stoi(times)); }},
+      {L"greet", [&](Text times) { greet(std::stoi(times), 1); }},
+      {L"flood", [&](Text times) { greet(std::stoi(times), 1 << 16); }},
+      {L"count", [&](Text) { say(L"received " + std::to_wstring(_received)); }},
+      {L"knows",
+       [&](Text name) { say(L"knows " + name + L" as " + _rti.getObjectInstanceHandle(name).toString()); }},
+      {L"regulate",
+       [&](Text by) { _rti.enableTimeRegulation(HLAinteger64Interval(by.empty() ? 1 : std::stoll(by))); }},
+      {L"constrain", [&](Text) { _rti.enableTimeConstrained(); }},
+      {L"advance", [&](Text to) { _rti.timeAdvanceRequest(HLAinteger64Time(std::stoll(to))); }},
+      {L"time", [&](Text) { showTime(); }},
+      {L"save", [&](Text label) { _rti.requestFederationSave(label); }},
+      {L"restore", [&](Text label) { _rti.requestFederationRestore(label); }},
+      {L"answer", [&](Text) { _answers = true; }},
+      {L"chain", [&](Text label) { chain(std::stol(label)); }},
+      {L"evoke", [&](Text seconds) { _rti.evokeCallback(std::stod(seconds)); }}};
    ObjectClassHandle _personClass;
    AttributeHandle _place;
    ObjectInstanceHandle _person;

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # A hub as whoever runs it meets it: what it and its federates say when something is wrong, and who notices what when
-# processes are killed or stopped. operations.sh HUB PLAYER FOM JAVA
+# processes are killed or stopped. operations.sh HUB PLAYER FOM
 set -euo pipefail
-hub=$1 player=$2 fom=$3 java=$4
+hub=$1 player=$2 fom=$3
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source-path=SCRIPTDIR
 . "$here/players.sh"
@@ -87,7 +87,7 @@ connect && quiet=$client
 connect && dribbling=$client
 (while printf '\0' >&"$dribbling" && sleep 4; do :; done 2>/dev/null) &
 pid[dribbling]=$!
-"$java" "$here/FrameFuzzer.java" "$plain" 3 "$player" "$fom" || fail "the fuzzer"
+"$here/frames.py" "$plain" 3 "$player" "$fom" || fail "the fuzzer"
 for each in "$quiet" "$dribbling"; do
   timeout 20 cat <&"$each" >/dev/null || fail "a connection that says nothing stays"
   exec {each}>&-

@@ -135,5 +135,3 @@ try:
     print("the page shows who is in, whose time moves, who waits for whom, and who is lost")
 finally:
     browser.quit()
-    for each in [hub, *players.values()]:
-        each.process.kill()

@@ -1,4 +1,5 @@
-"""Processes that tests talk to."""
+"""Processes that tests talk to, and that end with them."""
+import atexit
 import re
 import subprocess
 import threading
@@ -10,6 +11,7 @@ class Program:
 
     def __init__(self, *command):
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        atexit.register(self.process.kill)
         self.lines = []
         threading.Thread(target=lambda: self.lines.extend(iter(self.process.stdout.readline, "")), daemon=True).start()
 

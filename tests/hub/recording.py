@@ -11,13 +11,6 @@ from programs import Program, start, within
 
 hub_path, replay_path, player_path, fom = sys.argv[1:]
 folder = tempfile.TemporaryDirectory()
-started = []
-
-
-def hub(*options):
-    process, address = start(hub_path, *options)
-    started.append(process)
-    return process, address
 
 
 def replay(status, *arguments):
@@ -34,62 +27,54 @@ def lines(text, *patterns):
         at = found.end()
 
 
-try:
-    first = os.path.join(folder.name, "first")
-    process, address = hub("--record", first)
-    ada, ben = (Program(player_path) for _ in range(2))
-    started += [ada, ben]
-    ada.tell("connect hub=" + address, "create " + fom, "join ada", "constrain")
-    ben.tell("connect hub=" + address, "join ben", "regulate 5", "person")
-    ben.tell("update 2", "greet 1", "advance 20")
-    ada.tell("advance 10")
-    assert within(30, lambda: ada.line("< grant"))
-    ada.fail("advance 5", "has reached 10 already")
-    ben.process.kill()
-    ada.tell("resign", "disconnect")
-    time.sleep(1.5)
-    process.process.kill()  # all but the last second is there
+first = os.path.join(folder.name, "first")
+process, address = start(hub_path, "--record", first)
+ada, ben = (Program(player_path) for _ in range(2))
+ada.tell("connect hub=" + address, "create " + fom, "join ada", "constrain")
+ben.tell("connect hub=" + address, "join ben", "regulate 5", "person")
+ben.tell("update 2", "greet 1", "advance 20")
+ada.tell("advance 10")
+assert within(30, lambda: ada.line("< grant"))
+ada.fail("advance 5", "has reached 10 already")
+ben.process.kill()
+ada.tell("resign", "disconnect")
+time.sleep(1.5)
+process.process.kill()  # all but the last second is there
 
-    text = replay(0, first)
-    lines(text, r"^recorded from ", r"\[/127\.0\.0\.1:\d+\] has connected",
-          r"-> joinFederationExecution\(\"ada\", \"participant\", \"Meeting\", \[]\)",
-          r"\[ada] <- discoverObjectInstance\(HLAobject-\d+, HLAobjectRoot\.Person, ",
-          r"\[ben] -> updateAttributeValues\(HLAobject-\d+, {Place: <00 00 00 00>}, tag <>\)",
-          r"\[ada] <- reflectAttributeValues\(HLAobject-\d+, {Place: <00 00 00 00>}, tag <>, Receive, HLAreliable",
-          r"\[ada] <- timeAdvanceGrant\(time 10\)", r"timeAdvanceRequest ! LogicalTimeAlreadyPassed: ",
-          r"\[ben] is disconnected: ", r"here the recording is cut off")
-    chosen = replay(0, first, "--federate", "ben", "--service", "updateAttributeValues").splitlines()[1:-1]
-    assert len(chosen) == 2 and all("[ben] -> update" in each for each in chosen), chosen
-    person = re.search(r"HLAobject-\d+", text)[0]
-    assert len(replay(0, first, "--object", person, "--until", "3600").splitlines()) >= 6
-    assert replay(0, first, "--from", "3600").count("\n") == 2
-    lines(replay(2, fom), "is no recording")
+text = replay(0, first)
+lines(text, r"^recorded from ", r"\[/127\.0\.0\.1:\d+\] has connected",
+      r"-> joinFederationExecution\(\"ada\", \"participant\", \"Meeting\", \[]\)",
+      r"\[ada] <- discoverObjectInstance\(HLAobject-\d+, HLAobjectRoot\.Person, ",
+      r"\[ben] -> updateAttributeValues\(HLAobject-\d+, {Place: <00 00 00 00>}, tag <>\)",
+      r"\[ada] <- reflectAttributeValues\(HLAobject-\d+, {Place: <00 00 00 00>}, tag <>, Receive, HLAreliable",
+      r"\[ada] <- timeAdvanceGrant\(time 10\)", r"timeAdvanceRequest ! LogicalTimeAlreadyPassed: ",
+      r"\[ben] is disconnected: ", r"here the recording is cut off")
+chosen = replay(0, first, "--federate", "ben", "--service", "updateAttributeValues").splitlines()[1:-1]
+assert len(chosen) == 2 and all("[ben] -> update" in each for each in chosen), chosen
+person = re.search(r"HLAobject-\d+", text)[0]
+assert len(replay(0, first, "--object", person, "--until", "3600").splitlines()) >= 6
+assert replay(0, first, "--from", "3600").count("\n") == 2
+lines(replay(2, fom), "is no recording")
 
-    second = os.path.join(folder.name, "second")
-    process, address = hub("--record", second)
-    assert replay(0, first, "--play", address).endswith(": 0 answers differ, 0 callbacks did not come\n")
-    process.process.terminate()
-    process.process.wait(20)
-    assert "cut off" not in replay(0, second)
-    assert replay(0, first, "--compare", second) == "no difference\n"
+second = os.path.join(folder.name, "second")
+process, address = start(hub_path, "--record", second)
+assert replay(0, first, "--play", address).endswith(": 0 answers differ, 0 callbacks did not come\n")
+process.process.terminate()
+process.process.wait(20)
+assert "cut off" not in replay(0, second)
+assert replay(0, first, "--compare", second) == "no difference\n"
 
-    _, address = hub()
-    guest = Program(player_path)
-    started.append(guest)
-    guest.tell("connect hub=" + address, "create " + fom)
-    lines(replay(1, first, "--play", address), "then createFederationExecution succeeded; now "
-          "createFederationExecution: FederationExecutionAlreadyExists", "services played: 1 answers differ")
+_, address = start(hub_path)
+guest = Program(player_path)
+guest.tell("connect hub=" + address, "create " + fom)
+lines(replay(1, first, "--play", address), "then createFederationExecution succeeded; now "
+      "createFederationExecution: FederationExecutionAlreadyExists", "services played: 1 answers differ")
 
-    third = os.path.join(folder.name, "third")
-    _, address = hub("--record", third)
-    guest = Program(player_path)
-    started.append(guest)
-    guest.tell("connect hub=" + address, "create " + fom, "join ada", "regulate 7", "resign", "disconnect")
-    time.sleep(1)
-    lines(replay(1, first, "--compare", third), r"what ada calls differs at its line \d+:",
-          r"-> enableTimeConstrained\(\)", r"-> enableTimeRegulation\(7\)")
-    print("what is recorded can be read, compared and played")
-finally:
-    for each in started:
-        each.process.kill()
-    folder.cleanup()
+third = os.path.join(folder.name, "third")
+_, address = start(hub_path, "--record", third)
+guest = Program(player_path)
+guest.tell("connect hub=" + address, "create " + fom, "join ada", "regulate 7", "resign", "disconnect")
+time.sleep(1)
+lines(replay(1, first, "--compare", third), r"what ada calls differs at its line \d+:",
+      r"-> enableTimeConstrained\(\)", r"-> enableTimeRegulation\(7\)")
+print("what is recorded can be read, compared and played")

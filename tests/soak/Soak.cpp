@@ -4,9 +4,7 @@
 //
 // Usage: soak [operations [growth]], the growth in percent of the resident memory. CLASSPATH names the core's
 // jar.
-#include <RTI/RTI1516.h>
-#include <RTI/time/HLAinteger64Interval.h>
-#include <RTI/time/HLAinteger64Time.h>
+#include "tests/system/Services.h"
 
 #include <jni.h>
 
@@ -15,9 +13,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <jvmti.h>
-#include <memory>
 #include <pthread.h>
-#include <stdexcept>
 #include <string>
 #include <thread>
 #include <unistd.h>
@@ -25,7 +21,7 @@
 
 namespace {
 
-using namespace rti1516e;
+using namespace system_tests;
 
 constexpr int threadCount = 8;
 constexpr int looks = 10;
@@ -34,101 +30,50 @@ constexpr long ofTheVM = 8; // references that the VM itself and its own threads
 std::atomic<long> services{0};
 std::atomic<long> callbacks{0};
 
-struct Federate : FederateAmbassador
-{
-   explicit Federate(CallbackModel model) { _ambassador->connect(*this, model); }
-
-   // For one service.
-   RTIambassador* operator->()
-   {
-      ++services;
-      return _ambassador.get();
-   }
-
-   void evoke()
-   {
-      while ((*this)->evokeMultipleCallbacks(0.0, 1.0)) {
-      }
-   }
-
-   // Throws every other time, and each time something else.
-   template <class... Arguments>
-   void called(Arguments const&...)
-   {
-      switch (long const turn = ++callbacks; turn % 8) {
-      case 1:
-         throw FederateInternalError(L"thrown every other time");
-      case 3:
-         throw std::runtime_error("thrown every other time");
-      case 5:
-         throw std::string("thrown every other time");
-      case 7:
-         throw turn;
-      default:
-         break;
-      }
-   }
-
-#define CALLBACK(name, parameters, arguments) \
-   void name parameters override { called arguments; }
-#include "tests/support/Callbacks.def"
-
-private:
-   std::unique_ptr<RTIambassador> _ambassador{RTIambassadorFactory().createRTIambassador().release()};
-};
-
 // Two federates lead a whole life in a federation of their own: they find each other, send and receive, fail,
-// and go.
-void leadALife(std::wstring const& federation, int rounds)
+// and go. Every other callback throws.
+void leadALife(int rounds)
 {
-   std::string const path = SOAK_FOM;
-   Federate sender(HLA_EVOKED);
-   Federate receiver(rounds % 2 == 0 ? HLA_EVOKED : HLA_IMMEDIATE);
-   sender->createFederationExecution(federation, std::wstring(path.begin(), path.end()), L"HLAinteger64Time");
-   sender->joinFederationExecution(L"soaked", federation);
-   receiver->joinFederationExecution(L"soaked", federation);
-   auto const vehicle = sender->getObjectClassHandle(L"Vehicle");
-   auto const message = sender->getInteractionClassHandle(L"Message");
-   auto const words = sender->getParameterHandle(message, L"Words");
-   auto const position = sender->getAttributeHandle(vehicle, L"Position");
-   receiver->subscribeObjectClassAttributes(vehicle, {position});
-   receiver->subscribeInteractionClass(message);
-   receiver->enableTimeConstrained();
-   sender->publishObjectClassAttributes(vehicle, {position});
-   sender->publishInteractionClass(message);
-   sender->enableTimeRegulation(HLAinteger64Interval(1));
-   sender.evoke();
-   receiver.evoke();
-   auto const object = sender->registerObjectInstance(vehicle);
-
-   VariableLengthData const tag("12345678", 8);
-   for (int round = 1; round <= rounds; ++round) {
-      std::string const value(static_cast<std::size_t>(round % 300), 'v');
-      AttributeHandleValueMap const values = {
-         {position, VariableLengthData(value.data(), static_cast<unsigned int>(value.size()))}};
-      sender->updateAttributeValues(object, values, tag);
-      sender->updateAttributeValues(object, values, tag, HLAinteger64Time(round + 10));
-      sender->sendInteraction(message, {{words, tag}}, tag);
-      sender->getObjectInstanceName(object);
-      sender->queryLogicalTime();
-      sender->queryLookahead();
-      try {
-         sender->updateAttributeValues(ObjectInstanceHandle(), values, tag);
-         throw std::logic_error("a service that should have been refused was not");
-      } catch (ObjectInstanceNotKnown const&) {
-      }
-      for (Federate* const federate : {&sender, &receiver}) {
-         try {
-            (*federate)->timeAdvanceRequest(HLAinteger64Time(round));
-         } catch (InTimeAdvancingState const&) { // an earlier callback has not come
-         } catch (RequestForTimeConstrainedPending const&) {
+   Stage stage(rounds % 2 == 0 ? HLA_EVOKED : HLA_IMMEDIATE, true);
+   stage.createFederation("Road.xml", "integer");
+   auto const have = [&stage](std::string const& name, std::string const& text) {
+      for (auto const& step : split(text, ';')) {
+         std::string const refused = serve(stage, stage.federate(name), wordsOf(step)).exception;
+         if (refused != "nothing" && refused != "InTimeAdvancingState" &&
+             refused != "RequestForTimeConstrainedPending") {
+            std::printf("%s: %s\n", step.c_str(), refused.c_str());
+            std::abort();
          }
-         federate->evoke();
+         ++services;
+      }
+   };
+   for (auto const& name : {"sender", "receiver"}) {
+      stage.federate(name).onCallback = [](std::string const&) {
+         long const turn = ++callbacks;
+         if (turn % 4 == 1) {
+            throw FederateInternalError(L"thrown every other time");
+         }
+         if (turn % 4 == 3) {
+            throw turn;
+         }
+      };
+   }
+   have("sender", "join; publish Vehicle Position; publish Message; enableTimeRegulation 1");
+   have("receiver", "join; subscribe Vehicle Position; subscribe Message; enableTimeConstrained");
+   stage.federate("sender").callbacks();
+   have("sender", "car = register Vehicle");
+   for (int round = 1; round <= rounds; ++round) {
+      std::string const value(static_cast<std::size_t>(round), 'v');
+      std::string const now = std::to_string(round);
+      have("sender", "update car Position=" + value + "; update car Position=" + value + " at " +
+                        std::to_string(round + 10));
+      have("sender", "send Message Words=12345678 tag=12345678; getObjectInstanceName car; queryLogicalTime");
+      for (auto const& name : {"sender", "receiver"}) {
+         have(name, "timeAdvanceRequest " + now + "; timeAdvanceRequest " + now);
+         stage.federate(name).callbacks();
       }
    }
-   sender->resignFederationExecution(DELETE_OBJECTS_THEN_DIVEST);
-   receiver->resignFederationExecution(NO_ACTION);
-   sender->destroyFederationExecution(federation);
+   stage.end();
 }
 
 // What is seen at one time. The references are those that the VM itself counts; local ones those of threads
@@ -189,10 +134,10 @@ int run(long operations, double allowedGrowth)
    // A thread that a Java VM has seen is never forgotten by it: there must not be more and more of them.
    std::vector<std::thread> threads;
    for (int number = 0; number < threadCount; ++number) {
-      threads.emplace_back([&, number] {
+      threads.emplace_back([&] {
          for (int look = 1; look <= looks; ++look) {
             for (int life = 0; life == 0 || services + callbacks < operations / looks * look; ++life) {
-               leadALife(L"soak " + std::to_wstring(number), 100 + life % 2);
+               leadALife(100 + life % 2);
             }
             pthread_barrier_wait(&barrier);
             pthread_barrier_wait(&barrier);

@@ -58,26 +58,23 @@ inline Steps randomSteps(std::uint32_t seed, std::size_t count)
    return steps;
 }
 
-// The steps that are left when no one of them can be left out any more.
+// The steps that are left when ever shorter rows of them, and at last each one, have been tried to be left
+// out.
 template <class Fails>
 Steps shrunk(Steps steps, Fails&& fails)
 {
-   for (std::size_t size = steps.size(); size > 0;) {
-      bool shorter = false;
+   for (std::size_t size = steps.size(); size > 0; size /= 2) {
       for (std::size_t from = 0; from < steps.size();) {
-         auto const first = steps.begin() + static_cast<std::ptrdiff_t>(from);
-         Steps without(steps.begin(), first);
-         if (from + size < steps.size()) {
-            without.insert(without.end(), first + static_cast<std::ptrdiff_t>(size), steps.end());
+         Steps without(steps.begin(), steps.begin() + static_cast<std::ptrdiff_t>(from));
+         for (std::size_t each = from + size; each < steps.size(); ++each) {
+            without.push_back(steps[each]);
          }
          if (fails(without)) {
             steps = without;
-            shorter = true;
          } else {
             from += size;
          }
       }
-      size = size > 1 ? size / 2 : shorter ? 1 : 0;
    }
    return steps;
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cctype>
+#include <deque>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -267,24 +268,16 @@ struct Told
 // They live as long as the tests.
 std::vector<Told> const& allStories()
 {
-   static std::vector<StoryFile> const files = [] {
-      std::set<std::string> paths;
-      for (auto const& entry : std::filesystem::directory_iterator(SYSTEM_TESTS_STORIES)) {
-         paths.insert(entry.path().string());
-      }
-      std::vector<StoryFile> read;
-      for (auto const& path : paths) {
-         if (std::filesystem::path(path).extension() == ".story") {
-            read.push_back(storiesIn(path));
-         }
-      }
-      return read;
-   }();
+   static std::deque<StoryFile> files;
    static std::vector<Told> const all = [] {
       std::vector<Told> told;
-      for (auto const& file : files) {
-         for (auto const& story : file.stories) {
-            told.push_back({&file, &story, told.size() % 2 == 0});
+      for (auto const& path :
+           std::set<std::filesystem::path>{std::filesystem::directory_iterator(SYSTEM_TESTS_STORIES), {}}) {
+         if (path.extension() == ".story") {
+            files.push_back(storiesIn(path.string()));
+            for (auto const& story : files.back().stories) {
+               told.push_back({&files.back(), &story, told.size() % 2 == 0});
+            }
          }
       }
       return told;

@@ -25,13 +25,6 @@ std::string inBrackets(std::wstring const& text)
    return narrow(text.substr(open + 1, text.find(L'>') - open - 1));
 }
 
-template <std::size_t n, class Enum>
-std::string showOneOf(char const* const (&names)[n], Enum value)
-{
-   auto const index = static_cast<std::size_t>(value);
-   return index < n ? names[index] : "#" + std::to_string(index);
-}
-
 // A HLAunicodeString, in which _ stands for blanks and of which only the first word is shown when it has
 // many; or nothing if it is none.
 std::string unicode(std::string const& bytes)
@@ -127,7 +120,6 @@ std::string nameInStories(std::string const& name)
    return verbs.count(verb) != 0 && others.count(name) == 0 ? verb : name;
 }
 
-std::string show(std::wstring const& text) { return narrow(text); }
 std::string show(VariableLengthData const& data)
 {
    std::string const characters(static_cast<char const*>(data.data()), data.size());
@@ -147,30 +139,6 @@ std::string show(LogicalTimeInterval const& interval)
    auto const* const number = dynamic_cast<HLAfloat64Interval const*>(&interval);
    return number != nullptr ? show(number->getInterval()) : inBrackets(interval.toString());
 }
-std::string show(TimeQueryReturn const& answer) { return answer.timeIsValid ? show(*answer.time) : "none"; }
-
-#define SHOW_ENUMERATORS(Enum, ...)                     \
-   std::string show(Enum value)                         \
-   {                                                    \
-      static char const* const names[] = {__VA_ARGS__}; \
-      return showOneOf(names, value);                   \
-   }
-SHOW_ENUMERATORS(OrderType, "#0", "RO", "TSO")
-SHOW_ENUMERATORS(TransportationType, "#0", "reliable", "best-effort")
-SHOW_ENUMERATORS(SynchronizationPointFailureReason, "label-not-unique", "member-not-joined")
-SHOW_ENUMERATORS(SaveFailureReason, "unable", "federate-failed", "federate-resigned", "detected",
-                 "time-cannot-be-honored", "aborted")
-SHOW_ENUMERATORS(RestoreFailureReason, "unable", "federate-failed", "federate-resigned", "detected",
-                 "aborted")
-SHOW_ENUMERATORS(SaveStatus, "idle", "instructed", "saving", "waiting")
-SHOW_ENUMERATORS(RestoreStatus, "idle", "requested", "awaiting-start", "prepared", "restoring", "waiting")
-SHOW_ENUMERATORS(ResignAction, "UNCONDITIONALLY_DIVEST_ATTRIBUTES", "DELETE_OBJECTS",
-                 "CANCEL_PENDING_OWNERSHIP_ACQUISITIONS", "DELETE_OBJECTS_THEN_DIVEST",
-                 "CANCEL_THEN_DELETE_THEN_DIVEST", "NO_ACTION")
-SHOW_ENUMERATORS(ServiceGroup, "FEDERATION_MANAGEMENT", "DECLARATION_MANAGEMENT", "OBJECT_MANAGEMENT",
-                 "OWNERSHIP_MANAGEMENT", "TIME_MANAGEMENT", "DATA_DISTRIBUTION_MANAGEMENT",
-                 "SUPPORT_SERVICES")
-#undef SHOW_ENUMERATORS
 
 std::string show(MessageRetractionHandle const& handle)
 {
@@ -184,14 +152,11 @@ std::string show(FederationExecutionInformation const& federation)
 {
    return narrow(federation.federationExecutionName + L"=" + federation.logicalTimeImplementationName);
 }
-std::string show(LogicalTimeFactory const& factory) { return narrow(factory.getName()); }
-std::string show(bool value) { return value ? "true" : "false"; }
 std::string show(double value)
 {
    char text[32];
    return std::string(text, std::to_chars(text, std::end(text), value).ptr); // with all its digits
 }
-std::string show(unsigned long value) { return std::to_string(value); }
 std::string show(RangeBounds const& bounds)
 {
    return show(bounds.getLowerBound()) + ".." + show(bounds.getUpperBound());

@@ -32,28 +32,47 @@ std::string joined(std::vector<std::string> const& words, std::string const& bet
 // A service or callback by its verb alone where that tells enough.
 std::string nameInStories(std::string const& name);
 
-std::string show(std::wstring const& text);
+inline std::string show(std::wstring const& text) { return narrow(text); }
 std::string show(VariableLengthData const& data);
 std::string show(LogicalTime const& time);
 std::string show(LogicalTimeInterval const& interval);
-std::string show(TimeQueryReturn const& answer);
-std::string show(OrderType order);
-std::string show(TransportationType transportation);
-std::string show(SynchronizationPointFailureReason reason);
-std::string show(SaveFailureReason reason);
-std::string show(RestoreFailureReason reason);
+inline std::string show(TimeQueryReturn const& answer)
+{
+   return answer.timeIsValid ? show(*answer.time) : "none";
+}
 std::string show(MessageRetractionHandle const& handle); // whether there is one
-std::string show(SaveStatus status);
-std::string show(RestoreStatus status);
 std::string show(FederateRestoreStatus const& status);
 std::string show(FederationExecutionInformation const& federation);
-std::string show(bool value);
+inline std::string show(bool value) { return value ? "true" : "false"; }
 std::string show(double value);
-std::string show(unsigned long value);
+inline std::string show(unsigned long value) { return std::to_string(value); }
 std::string show(RangeBounds const& bounds);
-std::string show(ResignAction action);
-std::string show(ServiceGroup group);
-std::string show(LogicalTimeFactory const& factory); // its name
+inline std::string show(LogicalTimeFactory const& factory) { return narrow(factory.getName()); }
+
+template <class Enum>
+std::string showOneOf(std::vector<std::string> const& names, Enum value)
+{
+   auto const index = static_cast<std::size_t>(value);
+   return index < names.size() ? names[index] : "#" + std::to_string(index);
+}
+#define SHOW_ENUMERATORS(Enum, ...) \
+   inline std::string show(Enum value) { return showOneOf({__VA_ARGS__}, value); }
+SHOW_ENUMERATORS(OrderType, "#0", "RO", "TSO")
+SHOW_ENUMERATORS(TransportationType, "#0", "reliable", "best-effort")
+SHOW_ENUMERATORS(SynchronizationPointFailureReason, "label-not-unique", "member-not-joined")
+SHOW_ENUMERATORS(SaveFailureReason, "unable", "federate-failed", "federate-resigned", "detected",
+                 "time-cannot-be-honored", "aborted")
+SHOW_ENUMERATORS(RestoreFailureReason, "unable", "federate-failed", "federate-resigned", "detected",
+                 "aborted")
+SHOW_ENUMERATORS(SaveStatus, "idle", "instructed", "saving", "waiting")
+SHOW_ENUMERATORS(RestoreStatus, "idle", "requested", "awaiting-start", "prepared", "restoring", "waiting")
+SHOW_ENUMERATORS(ResignAction, "UNCONDITIONALLY_DIVEST_ATTRIBUTES", "DELETE_OBJECTS",
+                 "CANCEL_PENDING_OWNERSHIP_ACQUISITIONS", "DELETE_OBJECTS_THEN_DIVEST",
+                 "CANCEL_THEN_DELETE_THEN_DIVEST", "NO_ACTION")
+SHOW_ENUMERATORS(ServiceGroup, "FEDERATION_MANAGEMENT", "DECLARATION_MANAGEMENT", "OBJECT_MANAGEMENT",
+                 "OWNERSHIP_MANAGEMENT", "TIME_MANAGEMENT", "DATA_DISTRIBUTION_MANAGEMENT",
+                 "SUPPORT_SERVICES")
+#undef SHOW_ENUMERATORS
 
 template <class Value>
 std::string show(std::auto_ptr<Value> const& value)

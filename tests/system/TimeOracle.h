@@ -1,5 +1,6 @@
-// What time management owes to each federate, reckoned the slow way: every promise is kept in a list, and the
-// greatest available logical times are tried until they fit.
+// What time management owes to federates, as far as they can tell themselves: no message is lost, comes
+// twice, too late or out of order, and no grant comes earlier than the others' promises allow it, or later.
+// The greatest available logical times are tried until they fit.
 #ifndef RTI1516E_TESTS_SYSTEM_TIMEORACLE_H
 #define RTI1516E_TESTS_SYSTEM_TIMEORACLE_H
 
@@ -8,10 +9,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <deque>
+#include <cstdlib>
 #include <limits>
+#include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace system_tests {
@@ -19,298 +22,153 @@ namespace system_tests {
 class TimeOracle
 {
 public:
-   enum Way // to advance
-   {
-      timeAdvance,
-      timeAdvanceAvailable,
-      nextMessage,
-      nextMessageAvailable,
-      flushQueue
-   };
-   enum Switch
-   {
-      off,
-      pending, // asked for, or decided and not yet told
-      on
-   };
-
    static constexpr double never = std::numeric_limits<double>::infinity();
 
    // Times and intervals of either family are real numbers here; those of integers stay small.
    TimeOracle(std::size_t federates, bool integers) : _integers(integers), _all(federates) {}
 
-   void join(std::size_t who) { _all[who].joined = true; }
+   // What was first not as it has to be, if anything.
+   std::string const& fault() const { return _fault; }
 
    double time(std::size_t who) const { return _all[who].time; }
    bool isRegulating(std::size_t who) const { return _all[who].regulation == on; }
-   std::size_t messages() const { return _messages.size(); }
-   // Messages that came for a time that their receiver had been promised to be over: there must be none.
-   std::vector<std::string> const& brokenPromises() const { return _broken; }
-
-   double next(double time) const { return _integers ? time + 1 : std::nextafter(time, never); }
-
    double leastSendTime(std::size_t who) const
    {
       Federate const& of = _all[who];
-      return least(of, of.advancing ? State{of.requested, of.lookahead, excludes(of, of.requested)}
-                                    : State{of.time, of.lookahead, of.excluded});
+      return leastSendTime(of, of.advance.empty() ? of.time : of.requested);
    }
+   // What was asked for, or what is left of a longer one.
+   double lookahead(std::size_t who) const
+   {
+      Federate const& of = _all[who];
+      return plus(of.time, of.lookahead) < of.promised ? of.promised - of.time : of.lookahead;
+   }
+   double lits(std::size_t who) const { return std::min(galt(who), firstDue(_all[who])); }
 
    // Nobody sends anything, to begin with; then everybody only what the others let him.
    double galt(std::size_t who) const
    {
       std::vector<double> sends(_all.size(), never);
       auto const ofOthers = [&](std::size_t one) {
-         double least = never;
-         for (std::size_t other = 0; other < _all.size(); ++other) {
-            least = other == one ? least : std::min(least, sends[other]);
-         }
-         return least;
+         auto others = sends;
+         others[one] = never;
+         return *std::min_element(others.begin(), others.end());
       };
       for (bool changed = true; changed;) {
          changed = false;
          for (std::size_t one = 0; one < _all.size(); ++one) {
             Federate const& of = _all[one];
-            if (!of.joined || of.regulation == off) {
-               continue;
-            }
-            State state{of.time, of.lookahead, of.excluded};
-            if (of.advancing) {
-               state.time = of.decided ? of.granted : of.requested;
-               if (!of.decided && stopsAtMessage(of.way)) {
-                  state.time = std::min({of.requested, first(of), of.ordered ? ofOthers(one) : never});
-               }
-               state.excluded = excludes(of, state.time);
-            }
-            changed |= least(of, state) != sends[one];
-            sends[one] = least(of, state);
+            double const available = stopsAtMessage(of) && of.constraint == on ? ofOthers(one) : never;
+            double const at = of.advance.empty() ? of.time : std::min(target(of), available);
+            double const least = of.regulation == off ? never : leastSendTime(of, at);
+            changed |= least != std::exchange(sends[one], least);
          }
       }
       return ofOthers(who);
    }
 
-   double lits(std::size_t who) const { return std::min(galt(who), first(_all[who])); }
-
-   // What was asked for, or what is left of the longer ones that were promised.
-   double lookahead(std::size_t who) const
+   void join(std::size_t who)
    {
-      Federate const& of = _all[who];
-      double until = plus(of.time, of.lookahead);
-      double lookahead = of.lookahead;
-      for (State const& each : of.promises) {
-         if (plus(each.time, each.lookahead) > until) {
-            until = plus(each.time, each.lookahead);
-            lookahead = until - of.time;
-         }
-      }
-      return lookahead;
+      _all[who].joined = true;
+      _allHaveHeard = false;
    }
-
-   std::string enableRegulation(std::size_t who, double lookahead)
-   {
-      Federate& of = _all[who];
-      if (of.regulation != off || of.advancing) {
-         return of.regulation == on        ? "TimeRegulationAlreadyEnabled"
-                : of.regulation == pending ? "RequestForTimeRegulationPending"
-                                           : "InTimeAdvancingState";
-      }
-      double promised = of.time;
-      for (std::size_t other = 0; other < _all.size(); ++other) {
-         Federate const& each = _all[other];
-         if (other != who && each.joined && each.ordered) {
-            promised = std::max({promised, each.received, leastReceiveTime(each)});
-         }
-      }
-      of.regulation = pending;
-      of.lookahead = lookahead;
-      of.start = std::max(of.time, promised - lookahead);
-      while (plus(of.start, lookahead) < promised) {
-         of.start = next(of.start);
-      }
-      of.promises = {{of.start, lookahead, false}};
-      if (of.ordered && of.start > of.time) {
-         deliver(of, of.start, true);
-      }
-      of.events.push_back({Event::regulates});
-      return "nothing";
-   }
-
-   std::string disableRegulation(std::size_t who)
-   {
-      Federate& of = _all[who];
-      if (of.regulation != on) {
-         return "TimeRegulationIsNotEnabled";
-      }
-      of.regulation = off;
-      of.promises.clear();
-      for (Message& each : _messages) {
-         each.retractable &= each.sender != who;
-      }
-      settle();
-      return "nothing";
-   }
-
-   std::string enableConstrained(std::size_t who)
-   {
-      Federate& of = _all[who];
-      if (of.constraint != off || of.advancing) {
-         return of.constraint == on        ? "TimeConstrainedAlreadyEnabled"
-                : of.constraint == pending ? "RequestForTimeConstrainedPending"
-                                           : "InTimeAdvancingState";
-      }
-      of.constraint = pending;
-      settle();
-      return "nothing";
-   }
-
-   std::string disableConstrained(std::size_t who)
-   {
-      Federate& of = _all[who];
-      if (of.constraint != on) {
-         return "TimeConstrainedIsNotEnabled";
-      }
-      of.constraint = off;
-      of.ordered = false;
-      ++of.constraints;
-      deliver(of, never, true);
-      settle();
-      return "nothing";
-   }
-
-   std::string modifyLookahead(std::size_t who, double lookahead)
-   {
-      Federate& of = _all[who];
-      if (of.regulation != on || of.advancing) {
-         return of.regulation != on ? "TimeRegulationIsNotEnabled" : "InTimeAdvancingState";
-      }
-      of.lookahead = lookahead;
-      of.promises.push_back({of.time, lookahead, of.excluded});
-      settle();
-      return "nothing";
-   }
-
-   std::string advance(std::size_t who, Way way, double to)
-   {
-      Federate& of = _all[who];
-      if (of.constraint == pending || of.regulation == pending) {
-         return of.constraint == pending ? "RequestForTimeConstrainedPending"
-                                         : "RequestForTimeRegulationPending";
-      }
-      if (of.advancing || to < of.time) {
-         return of.advancing ? "InTimeAdvancingState" : "LogicalTimeAlreadyPassed";
-      }
-      of.advancing = true;
-      of.way = way;
-      of.requested = to;
-      settle();
-      return "nothing";
-   }
-
-   std::string send(std::size_t who, double at)
-   {
-      if (at < leastSendTime(who)) {
-         return "InvalidLogicalTime";
-      }
-      std::size_t const id = _messages.size();
-      _messages.push_back({at, who, {}});
-      for (std::size_t receiver = 0; receiver < _all.size(); ++receiver) {
-         Federate& to = _all[receiver];
-         if (receiver == who || !to.joined) {
-            continue;
-         }
-         _messages.back().receivers.insert(receiver);
-         if (!to.ordered) {
-            to.events.push_back({Event::message, id, false, to.constraints});
-            continue;
-         }
-         if (at < std::max(to.received, leastReceiveTime(to))) {
-            _broken.push_back("message " + std::to_string(id) + " to " + std::to_string(receiver));
-         }
-         auto const later = [&](std::size_t other) { return _messages[other].time > at; };
-         to.inbox.insert(std::find_if(to.inbox.begin(), to.inbox.end(), later), id);
-      }
-      settle();
-      return "nothing";
-   }
-
-   std::string retract(std::size_t who, std::size_t id)
-   {
-      Message& message = _messages[id];
-      if (_all[who].regulation != on || message.sender != who) {
-         return _all[who].regulation != on ? "TimeRegulationIsNotEnabled"
-                : message.retractable      ? "InvalidMessageRetractionHandle"
-                                           : "MessageCanNoLongerBeRetracted";
-      }
-      if (!message.retractable || message.time < leastSendTime(who)) {
-         return "MessageCanNoLongerBeRetracted";
-      }
-      message.retractable = false;
-      for (Federate& to : _all) {
-         auto const waits = std::find(to.inbox.begin(), to.inbox.end(), id);
-         auto const comes = std::find_if(to.events.begin(), to.events.end(), [&](Event const& each) {
-            return each.kind == Event::message && each.id == id;
-         });
-         if (waits != to.inbox.end()) {
-            to.inbox.erase(waits);
-         } else if (comes != to.events.end()) {
-            to.events.erase(comes);
-         } else if (message.receivers.count(static_cast<std::size_t>(&to - _all.data())) != 0) {
-            to.events.push_back({Event::retraction, id});
-         }
-      }
-      settle();
-      return "nothing";
-   }
-
    void resign(std::size_t who)
    {
-      disableRegulation(who);
+      regulateNoMore(who);
       _all[who] = Federate();
-      for (Message& each : _messages) {
-         each.receivers.erase(who);
-      }
-      settle();
+      _allHaveHeard = false;
    }
 
-   // The callbacks on their way, as federates write them down; they have come with this.
-   std::vector<std::string> evoke(std::size_t who)
+   // The federate has called a service, successfully or not.
+   void called(std::size_t who, std::vector<std::string> const& words, bool done)
    {
-      Federate& to = _all[who];
-      std::vector<std::string> told;
-      for (; !to.events.empty(); to.events.pop_front()) {
-         told.push_back(tell(to, to.events.front()));
+      Federate& of = _all[who];
+      bool const allHaveHeard = std::exchange(_allHaveHeard, false);
+      double const value = number(words.back());
+      if (words[0] == "retract") {
+         return retract(who, messageCalled(words[1]), done);
       }
-      return told;
+      if (words.size() > 2) {
+         return send(who, {value, messageCalled(words[0])}, done);
+      }
+      if (!done) {
+         return;
+      }
+      if (words[0] == "enableTimeRegulation") {
+         of.last = {-never, 0};
+         of.regulation = pending;
+         of.lookahead = value;
+         of.start = allHaveHeard ? earliestStart(of) : -never;
+      } else if (words[0] == "disableTimeRegulation") {
+         regulateNoMore(who);
+      } else if (words[0] == "enableTimeConstrained") {
+         of.constraint = pending;
+      } else if (words[0] == "disableTimeConstrained") {
+         of.constraint = off;
+         of.surely = -never;
+      } else if (words[0] == "modifyLookahead") {
+         of.promised = std::max(of.promised, plus(of.time, of.lookahead));
+         of.lookahead = value;
+      } else {
+         of.advance = words[0];
+         of.requested = value;
+         of.surely = of.constraint == on && flushes(of) ? galt(who) : never;
+         of.newest = _newest;
+         of.last = {-never, 0};
+      }
+   }
+
+   // A callback has come, if it is one that has to do with time.
+   void told(std::size_t who, std::vector<std::string> const& words)
+   {
+      Federate& of = _all[who];
+      if (words[0] == "timeAdvanceGrant") {
+         grant(of, number(words[1]));
+      } else if (words[0] == "timeRegulationEnabled") {
+         double const start = number(words[1]);
+         demand(of.regulation == pending && start >= std::max(of.time, of.last.first), "regulates too early");
+         demand(of.start == -never || of.start == start, "regulates from another time");
+         of.regulation = on;
+         of.excluded &= start == of.time;
+         of.time = start;
+      } else if (words[0] == "timeConstrainedEnabled") {
+         demand(of.constraint == pending && number(words[1]) == of.time, "is constrained at another time");
+         of.constraint = on;
+      } else if (words[0] == "requestRetraction") {
+         demand(of.retracted.erase(messageCalled(words[1])) != 0, "has " + words[1] + " retracted");
+      } else if (words[0] == "receive" && words[1] == "Accident") {
+         receive(of, {number(words[6]), messageCalled(words[2].substr(4))}, words[7] == "TSO");
+      }
+   }
+
+   // When everybody has heard all that there is to hear, nobody waits for what could be.
+   void expectNoMore(std::size_t who)
+   {
+      Federate const& of = _all[who];
+      _allHaveHeard = true;
+      double const available = galt(who);
+      demand(of.retracted.empty(), "is not told of a retraction");
+      demand(of.regulation != pending, "is not told that it regulates");
+      demand(of.constraint == off || (of.constraint == on) == (available >= leastReceiveTime(of)),
+             "is constrained without need, or is not");
+      if (of.constraint != on) {
+         demand(of.due.empty(), "waits for messages though it is not constrained");
+         demand(of.advance.empty(), "waits for time though it is not constrained");
+      } else if (!of.advance.empty()) {
+         demand(excludes(of) ? target(of) >= available : target(of) > available, "is not granted its time");
+         demand(stopsAtMessage(of) || firstDue(of) >= std::min(available, next(of.requested)),
+                "does not get what nothing can overtake any more");
+      }
    }
 
 private:
-   struct State // of a federate that sends
+   enum Switch
    {
-      double time;
-      double lookahead;
-      bool excluded; // nothing is sent for just that time any more
+      off,
+      pending,
+      on
    };
-   struct Event // a callback on its way
-   {
-      enum Kind
-      {
-         regulates,
-         isConstrained,
-         granted,
-         message,
-         retraction
-      } kind;
-      std::size_t id = 0; // of the message
-      bool ordered = false;
-      int constraints = 0; // how often constraint had been given up when it was sent
-   };
-   struct Message
-   {
-      double time;
-      std::size_t sender;
-      std::set<std::size_t> receivers;
-      bool retractable = true;
-   };
+   using Message = std::pair<double, int>; // its time, and its number
    struct Federate
    {
       bool joined = false;
@@ -318,153 +176,151 @@ private:
       bool excluded = false; // nothing more comes or goes for just that time
       Switch regulation = off;
       Switch constraint = off;
-      bool ordered = false; // its messages are, whether it knows or not
-      int constraints = 0;
-      double start = 0; // the time it will have when it regulates
+      double start = 0; // of regulation, where it is known
       double lookahead = 0;
-      std::vector<State> promises;
-      bool advancing = false;
-      bool decided = false;
-      Way way = timeAdvance;
+      double promised = -never; // not to send anything before
+      std::string advance;      // the service that asked for it
       double requested = 0;
-      double granted = 0;
-      double received = -never;       // the time of the last message it was sent before a grant
-      std::vector<std::size_t> inbox; // by time
-      std::deque<Event> events;
+      double surely = never; // how far that leads, where it does not lead to the requested time or a message
+      int newest = 0;        // message when it asked
+      Message first;         // in the order of time since it asked
+      Message last{-never, 0};
+      std::set<Message> due;
+      std::set<int> received;
+      std::set<int> retracted; // of which it is to be told
    };
 
-   static bool excludes(Way way) { return way == timeAdvance || way == nextMessage; }
-   static bool stopsAtMessage(Way way) { return way >= nextMessage; }
+   static double number(std::string const& text) { return std::strtod(text.c_str(), nullptr); }
+   static int messageCalled(std::string const& name) { return std::atoi(name.c_str() + 1); } // such as m5
 
+   static bool excludes(Federate const& of)
+   {
+      return of.advance == "timeAdvanceRequest" || of.advance == "nextMessageRequest";
+   }
+   static bool flushes(Federate const& of) { return of.advance == "flushQueueRequest"; }
+   static bool stopsAtMessage(Federate const& of) { return of.advance[0] == 'n' || flushes(of); }
+   static double firstDue(Federate const& of) { return of.due.empty() ? never : of.due.begin()->first; }
+   static double target(Federate const& of)
+   {
+      return stopsAtMessage(of) ? std::min(of.requested, firstDue(of)) : of.requested;
+   }
+
+   void demand(bool holds, std::string const& otherwise)
+   {
+      if (!holds && _fault.empty()) {
+         _fault = otherwise;
+      }
+   }
+
+   double next(double time) const { return _integers ? time + 1 : std::nextafter(time, never); }
    double plus(double time, double interval) const
    {
       return time + interval == time && interval > 0 ? next(time) : time + interval;
    }
-
-   static bool excludes(Federate const& of, double time)
+   double leastReceiveTime(Federate const& of) const { return of.excluded ? next(of.time) : of.time; }
+   double earliestStart(Federate const& of) const
    {
-      return excludes(of.way) || (of.excluded && time == of.time);
-   }
-
-   // The least time to send with in that state, by that and by all that was promised.
-   double least(Federate const& of, State const& state) const
-   {
-      auto promises = of.promises;
-      promises.push_back(state);
-      double least = -never;
-      for (State const& each : promises) {
-         bool const excluded = each.excluded && each.lookahead == 0;
-         least = std::max(least, excluded ? next(each.time) : plus(each.time, each.lookahead));
-      }
-      return least;
-   }
-
-   double first(Federate const& of) const
-   {
-      return of.inbox.empty() ? never : _messages[of.inbox.front()].time;
-   }
-
-   double reached(Federate const& of) const
-   {
-      return of.decided ? of.granted : of.regulation == pending ? std::max(of.time, of.start) : of.time;
-   }
-
-   // The least time of a message that may still come, as far as its grants go.
-   double leastReceiveTime(Federate const& of) const
-   {
-      double const at = reached(of);
-      bool const excluded = of.decided ? excludes(of, at) : of.excluded && at == of.time;
-      return excluded ? next(at) : at;
-   }
-
-   void deliver(Federate& to, double until, bool including)
-   {
-      while (first(to) < until || (including && first(to) == until && !to.inbox.empty())) {
-         to.received = to.ordered ? first(to) : to.received;
-         to.events.push_back({Event::message, to.inbox.front(), to.ordered, to.constraints});
-         to.inbox.erase(to.inbox.begin());
-      }
-   }
-
-   void settle()
-   {
-      for (bool changed = true; changed;) {
-         changed = false;
-         for (std::size_t who = 0; who < _all.size(); ++who) {
-            changed |= settle(who);
+      double promised = of.time;
+      for (Federate const& each : _all) {
+         if (&each != &of && each.constraint == on) {
+            double const received = each.advance.empty() ? -never : each.last.first;
+            promised = std::max({promised, received, leastReceiveTime(each)});
          }
       }
+      double start = std::max(of.time, promised - of.lookahead);
+      while (plus(start, of.lookahead) < promised) {
+         start = next(start);
+      }
+      return start;
+   }
+   double leastSendTime(Federate const& of, double at) const
+   {
+      bool const excluded = excludes(of) || (of.excluded && at == of.time);
+      return std::max(of.promised, excluded && of.lookahead == 0 ? next(at) : plus(at, of.lookahead));
    }
 
-   // What is decided for the federate now.
-   bool settle(std::size_t who)
+   void regulateNoMore(std::size_t who)
    {
-      Federate& of = _all[who];
-      double const available = of.ordered || of.constraint == pending ? galt(who) : never;
-      if (of.constraint == pending && !of.ordered && available >= leastReceiveTime(of)) {
-         of.ordered = true;
-         of.received = reached(of);
-         of.events.push_back({Event::isConstrained});
-         return true;
+      _all[who].regulation = off;
+      _all[who].promised = -never;
+      for (auto each = _retractable.begin(); each != _retractable.end();) {
+         each = each->second.sender == who ? _retractable.erase(each) : std::next(each);
       }
-      if (!of.advancing || of.decided) {
-         return false;
-      }
-      double at = stopsAtMessage(of.way) ? std::min(of.requested, first(of)) : of.requested;
-      if (of.way == flushQueue) {
-         at = std::max(of.time, std::min(at, available));
-      }
-      if (excludes(of.way) ? at < available : at <= available) {
-         double const before = of.received; // what a grant brings is covered by its time
-         deliver(of, of.way == flushQueue ? never : at, true);
-         of.received = before;
-         of.decided = true;
-         of.granted = at;
-         of.events.push_back({Event::granted});
-         return true;
-      }
-      if (!stopsAtMessage(of.way)) {
-         deliver(of, std::min(available, next(of.requested)), false);
-      }
-      return false;
    }
 
-   std::string tell(Federate& to, Event const& event)
+   void send(std::size_t who, Message const& message, bool done)
    {
-      switch (event.kind) {
-      case Event::message: {
-         bool const ordered = event.ordered && (event.constraints == to.constraints || to.constraint == on);
-         return "receive Accident tag=" + std::to_string(event.id) + " TSO reliable at " +
-                show(_messages[event.id].time) + (ordered ? " TSO" : " RO");
+      demand(done == (message.first >= leastSendTime(who)), "may send what is too early, or may not");
+      for (std::size_t each = 0; done && each < _all.size(); ++each) {
+         if (each != who && _all[each].joined) {
+            _all[each].due.insert(message);
+         }
       }
-      case Event::retraction:
-         return "requestRetraction m" + std::to_string(event.id);
-      case Event::isConstrained:
-         to.constraint = on;
-         return "timeConstrainedEnabled " + show(to.time);
-      case Event::regulates:
-         to.regulation = on;
-         to.excluded &= to.start <= to.time;
-         to.time = std::max(to.time, to.start);
-         break;
-      case Event::granted:
-         to.excluded = excludes(to, to.granted);
-         to.time = to.granted;
-         to.advancing = to.decided = false;
-         break;
+      if (done) {
+         _newest = message.second;
+         _retractable[_newest] = {who, message.first};
       }
-      to.promises.push_back({to.time, to.lookahead, to.excluded});
-      auto const who = static_cast<std::size_t>(&to - _all.data());
-      for (Message& each : _messages) {
-         each.retractable &= each.sender != who || each.time >= leastSendTime(who);
-      }
-      return (event.kind == Event::granted ? "timeAdvanceGrant " : "timeRegulationEnabled ") + show(to.time);
    }
+
+   void retract(std::size_t who, int number, bool done)
+   {
+      auto const sent = _retractable.find(number);
+      bool const may = sent != _retractable.end() && sent->second.time >= leastSendTime(who);
+      demand(done == may, "may retract what is too late, or may not");
+      if (done && may) {
+         for (Federate& each : _all) {
+            if (each.due.erase({sent->second.time, number}) == 0 && each.received.erase(number) != 0) {
+               each.retracted.insert(number);
+            }
+         }
+         _retractable.erase(sent);
+      }
+   }
+
+   void receive(Federate& of, Message const& message, bool ordered)
+   {
+      demand(of.due.erase(message) != 0, "receives what is not for it");
+      of.received.insert(message.second);
+      demand(ordered == (of.constraint == on), "receives in the wrong order");
+      if (ordered) {
+         demand(of.regulation == pending || flushes(of) ||
+                   (!of.advance.empty() && message.first <= of.requested),
+                "receives too early");
+         demand(message.first >= leastReceiveTime(of), "receives too late");
+         demand(message > of.last, "receives the later one first");
+         of.first = of.last.first == -never ? message : of.first;
+         of.last = message;
+      }
+   }
+
+   void grant(Federate& of, double to)
+   {
+      bool const stops = stopsAtMessage(of) && of.last.first != -never;
+      double const latest = std::max(of.time, stops ? std::min(of.requested, of.first.first) : of.requested);
+      double const earliest = std::max(of.time, std::min(latest, of.surely));
+      demand(!of.advance.empty() && earliest <= to && to <= latest, "is granted another time");
+      demand(of.constraint != on || (excludes(of) ? firstDue(of) > to : firstDue(of) >= to),
+             "has not received all that is before");
+      for (Message const& each : of.due) {
+         demand(!flushes(of) || each.second > of.newest, "has not received all that there was");
+      }
+      of.excluded = excludes(of) || (of.excluded && to == of.time);
+      of.time = to;
+      of.advance.clear();
+   }
+
+   struct Sent
+   {
+      std::size_t sender;
+      double time;
+   };
 
    bool _integers;
    std::vector<Federate> _all;
-   std::vector<Message> _messages;
-   std::vector<std::string> _broken;
+   std::map<int, Sent> _retractable;
+   int _newest = 0; // message
+   bool _allHaveHeard = true;
+   std::string _fault;
 };
 
 } // namespace system_tests

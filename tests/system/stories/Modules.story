@@ -7,7 +7,7 @@ every story
 
 story name transportation types of their own
    beta: getTransportationTypeHandle Radio = best-effort; getTransportationTypeName best-effort = Radio
-   beta: getTransportationTypeName reliable = HLAreliable
+   beta: getTransportationTypeName reliable = HLAreliable; getTransportationTypeHandle HLAreliable = reliable
    gamma: getTransportationTypeName best-effort = HLAbestEffort
    beta: getTransportationTypeHandle HLAbestEffort = best-effort; getTransportationTypeName best-effort = HLAbestEffort
 

@@ -131,28 +131,20 @@ story of the privilege to delete passes the right to delete
    beta < attributeOwnershipAcquisitionNotification car HLAprivilegeToDeleteObject
    beta: delete car => alpha, gamma < remove car RO by beta
 
-# The owner has all of the lorry, and the buyer has asked for the fuel and owns nothing.
-to resign $action $owning $acquiring
-   owner, buyer < whatever # of the row before
+# The owner has all of the lorry, and the buyer has asked for the fuel and owns nothing. Whoever is left goes in the end.
+to resign $action $owning $acquiring $left
    owner, buyer: join; publish Truck Position Speed Fuel; subscribe Truck Position Speed Fuel
    owner: lorry = register Truck => buyer < discover lorry Truck lorry owner
    buyer: attributeOwnershipAcquisition lorry Fuel => owner < requestAttributeOwnershipRelease lorry Fuel
    buyer: resignFederationExecution $action -> $acquiring
    owner: resignFederationExecution $action -> $owning
-
+   $left: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
+   owner, buyer < whatever
 story ends as the resigning federate has it
-   owner, buyer: connect
-   resign NO_ACTION FederateOwnsAttributes OwnershipAcquisitionPending
-   owner, buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
-   resign CANCEL_PENDING_OWNERSHIP_ACQUISITIONS FederateOwnsAttributes nothing
-   owner: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
-   resign UNCONDITIONALLY_DIVEST_ATTRIBUTES nothing OwnershipAcquisitionPending
-   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
-   resign DELETE_OBJECTS nothing OwnershipAcquisitionPending
-   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
-   resign DELETE_OBJECTS_THEN_DIVEST nothing OwnershipAcquisitionPending
-   buyer: resignFederationExecution CANCEL_THEN_DELETE_THEN_DIVEST
-   resign CANCEL_THEN_DELETE_THEN_DIVEST nothing nothing
+   resign NO_ACTION FederateOwnsAttributes OwnershipAcquisitionPending "owner, buyer"
+   resign CANCEL_PENDING_OWNERSHIP_ACQUISITIONS FederateOwnsAttributes nothing owner
+   resign [UNCONDITIONALLY_DIVEST_ATTRIBUTES|DELETE_OBJECTS|DELETE_OBJECTS_THEN_DIVEST] nothing OwnershipAcquisitionPending buyer
+   resign CANCEL_THEN_DELETE_THEN_DIVEST nothing nothing gamma
 
 story is on offer after the owner resigned
    alpha: resignFederationExecution UNCONDITIONALLY_DIVEST_ATTRIBUTES

@@ -20,17 +20,11 @@ story knows interactions and parameters by name and handle
    beta: getParameterName Message Level -> InteractionParameterNotDefined
    beta: getParameterName Message noParameter -> InvalidParameterHandle
 
-story knows orders transportations and update rates
+story knows orders and update rates
    alpha: getOrderType Receive = RO; getOrderType TimeStamp = TSO; getOrderType Chaos -> InvalidOrderName
    alpha: getOrderName RO = Receive; getOrderName TSO = TimeStamp
-   alpha: getTransportationTypeHandle HLAreliable = reliable; getTransportationTypeName reliable = HLAreliable
-   alpha: getTransportationTypeHandle HLAbestEffort = best-effort
-   alpha: getTransportationTypeName best-effort = HLAbestEffort
    alpha: getUpdateRateValue Slow = 0.5; getUpdateRateValue Fast = 50
    alpha: getUpdateRateValue Breakneck -> InvalidUpdateRateDesignator
-   alpha: publish Car Position; car = register Car
-   beta: subscribe Car Position Fast => beta < discover car Car car alpha
-   beta: getUpdateRateValueForAttribute car Position = 50
 
 story knows dimensions
    beta: getDimensionName Lane = Lane; getDimensionHandle Lane = Lane

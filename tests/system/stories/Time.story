@@ -26,35 +26,19 @@ story is taken up when the callback says so and given up
    beta: disableTimeConstrained; * -> TimeConstrainedIsNotEnabled
    regulate alpha 0
    constrain beta
+   beta: timeAdvanceRequest 10; * -1 but TimeRegulationIsNotEnabled -> InTimeAdvancingState
+   advance alpha 1
+   alpha: * 0 -> LogicalTimeAlreadyPassed
 
 story takes no heed of what is unwanted
    let-alpha-lead
-   alpha: send Accident at 25; update car Position=e at 26
+   alpha: send Accident at 25; update car Position=e at 26; delete car tag=gone at 27
    advance alpha 30
    beta: unsubscribe Accident; queryLITS = 26
    beta: subscribe Accident; nextMessageRequest 30 # once beta was told so it comes no more
    beta < reflect car Position=e TSO reliable at 26 TSO retractable by alpha; timeAdvanceGrant 26
-
-story holds constrained federates back
-   let-alpha-lead
-   beta: timeAdvanceRequest 10
-   beta: * -1 but TimeRegulationIsNotEnabled -> InTimeAdvancingState
-   advance alpha 1
-   alpha: * 0 -> LogicalTimeAlreadyPassed
-   advance alpha 10
-   beta < timeAdvanceGrant 10
-
-story delivers in the order of time
-   let-alpha-lead
-   alpha: update car Position=c at 7 = retractable
-   alpha: update car Position=a at 5; send Accident Damage=b at 6; delete car tag=gone at 25
-   advance alpha 30
    beta: getKnownObjectClassHandle car = Car # as yet
-   beta: timeAdvanceRequest 30
-   beta < reflect car Position=a TSO reliable at 5 TSO retractable by alpha;
-      receive Accident Damage=b TSO reliable at 6 TSO retractable by alpha;
-      reflect car Position=c TSO reliable at 7 TSO retractable by alpha;
-      remove car tag=gone TSO at 25 TSO retractable by alpha; timeAdvanceGrant 30
+   beta: timeAdvanceRequest 30 => beta < remove car tag=gone TSO at 27 TSO retractable by alpha; timeAdvanceGrant 30
 
 story orders only what is sent and received in order
    # Not regulating: without order, though with a time.
@@ -77,8 +61,6 @@ story orders only what is sent and received in order
       reflect car Fuel=2 TSO reliable at 5 TSO retractable by alpha;
       receive Message TSO reliable at 7 TSO retractable by alpha; timeAdvanceGrant 10
 
-to both $request $time
-   alpha, beta: $request $time => alpha, beta < timeAdvanceGrant $time
 story delivers without order only to who is advancing
    let-alpha-lead
    alpha: send Message Words=early => beta < nothing
@@ -136,7 +118,7 @@ story and objects come back with a restore
    gamma: join; subscribe Car Position Speed Fuel # is sent the same messages
    gamma < discover car Car car alpha
    constrain gamma
-   both timeAdvanceRequest 10
+   alpha, beta: timeAdvanceRequest 10 => alpha, beta < timeAdvanceGrant 10
    alpha: update car Position=kept at 15
    save
    alpha: delete car
