@@ -30,6 +30,13 @@ story is taken up when the callback says so and given up
    advance alpha 1
    alpha: * 0 -> LogicalTimeAlreadyPassed
 
+story holds back what may still have company
+   let-alpha-lead
+   beta: timeAdvanceRequest 10
+   alpha: send Accident at 2
+   advance alpha 1 => beta < nothing
+   advance alpha 2 => beta < receive Accident TSO reliable at 2 TSO retractable by alpha
+
 story takes no heed of what is unwanted
    let-alpha-lead
    alpha: send Accident at 25; update car Position=e at 26; delete car tag=gone at 27
