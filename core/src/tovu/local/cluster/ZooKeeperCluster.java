@@ -69,10 +69,11 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         }
         ensemble.connect(this);
         try {
-            clock.submit(this::settle).get();
+            clock.submit(this::confirm).get();
             entered = true;
+            // What it takes over may take long; nobody who could connect meanwhile is to wait for that.
+            clock.scheduleWithFixedDelay(guarded(this::settle), 0, SWEEP_SECONDS, TimeUnit.SECONDS);
             clock.scheduleWithFixedDelay(guarded(this::lookAround), LOAD_SECONDS, LOAD_SECONDS, TimeUnit.SECONDS);
-            clock.scheduleWithFixedDelay(guarded(this::sweep), SWEEP_SECONDS, SWEEP_SECONDS, TimeUnit.SECONDS);
             int session = ensemble.sessionMillis();
             if (session > TimeUnit.SECONDS.toMillis(settings.takeoverAfter())) {
                 HubLog.say("warning: ZooKeeper takes a hub for dead after " + session / 1_000.0 + " s, not after "
@@ -139,7 +140,13 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         hub.expel().accept(reason);
     }
 
-    private Void settle() throws Exception {
+    private void settle() throws Exception {
+        confirm();
+        sweep();
+    }
+
+    /** Has this hub in the cluster, and none of what it lost when it was not. */
+    private Void confirm() throws Exception {
         String mine = me;
         if (mine != null && ensemble.ask(zookeeper -> zookeeper.checkExists().forPath(Registry.hubPath(mine))) == null) {
             lose("its place in the cluster was removed");
@@ -147,7 +154,6 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         if (me == null) {
             register();
         }
-        sweep();
         return null;
     }
 
@@ -265,11 +271,11 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     }
 
     @Override
-    public void seek(String federation) throws RTIexception {
+    public boolean seek(String federation) throws RTIexception {
         try {
             Registry.Seen seen = registry.federation(federation);
             if (seen == null || seen.node().hub().equals(me)) {
-                return;
+                return seen != null;
             }
             HubNode other = registry.hub(seen.node().hub());
             if (other != null) {
