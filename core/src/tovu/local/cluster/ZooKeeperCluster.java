@@ -24,6 +24,7 @@ import tovu.local.model.port.SaveStore;
 import tovu.local.model.save.MemorySaves;
 import tovu.local.model.value.FederationInformation;
 import tovu.local.saves.SharedSaves;
+import tovu.local.watch.ClusterView;
 
 /**
  * The cluster as ZooKeeper knows it: a node for each hub, which lives as long as the hub's session, and a node for each
@@ -37,6 +38,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     private final ClusterSettings settings;
     private final Ensemble ensemble;
     private final Registry registry;
+    private final Overview overview;
     private final SharedSaves saves; // or null
     private final ScheduledExecutorService clock =
             new ScheduledThreadPoolExecutor(1, new ThreadPoolExecutor.DiscardPolicy()); // whatever comes at the end
@@ -51,6 +53,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         this.settings = settings;
         ensemble = new Ensemble(settings);
         registry = new Registry(ensemble);
+        overview = new Overview(registry);
         saves = settings.saves() == null ? null : new SharedSaves(settings.saves());
     }
 
@@ -178,13 +181,14 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     private byte[] content(int load) {
         String version = ZooKeeperCluster.class.getPackage().getImplementationVersion();
-        return new HubNode(name(), address(), load, version == null ? "" : version).content();
+        return HubNode.content(name(), address(), load, version == null ? "" : version);
     }
 
     /** Cut off from ZooKeeper, it may yet see in the folder of saves that it was taken for dead. */
     private void lookAround() throws Exception {
         if (ensemble.isReachable()) {
             tellLoad();
+            overview.refresh(name());
         } else if (saves != null && saves.isTakenOver()) {
             lose("the others took this hub for dead, because it cannot reach ZooKeeper");
         }
@@ -322,6 +326,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         try {
             change(mine, zookeeper -> zookeeper.transactionOp().setData().withVersion(lost.version())
                     .forPath(Registry.federationPath(lost.federation()), taken.content()));
+            Overview.takenOver(lost.federation(), name(), lost.node().hubName());
             HubLog.say("takes over federation " + lost.federation() + " of the lost hub " + lost.node().hubName());
             return true;
         } catch (KeeperException.BadVersionException | KeeperException.NoNodeException e) {
@@ -354,6 +359,11 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
             change(mine, zookeeper -> zookeeper.transactionOp().delete().forPath(Registry.federationPath(name)));
             HubLog.say("federation " + name + " is over; its name is free");
         }
+    }
+
+    @Override
+    public ClusterView view() {
+        return overview.latest(ensemble.isReachable());
     }
 
     @Override
