@@ -34,6 +34,8 @@ import tovu.local.watch.ClusterView;
 final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     private static final long SWEEP_SECONDS = 10; // when nothing has happened that calls for one
     private static final long LOAD_SECONDS = 2;
+    private static final String TAKEN_FOR_DEAD =
+            "the others took this hub for dead, because ZooKeeper had not heard of it in time";
 
     private final ClusterSettings settings;
     private final Ensemble ensemble;
@@ -48,6 +50,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     private int told; // the load that the others know
     private volatile boolean entered; // once, at the beginning
     private volatile String me; // this hub's node, or null
+    private String former; // the node that it had before, or null
 
     ZooKeeperCluster(ClusterSettings settings) throws IOException {
         this.settings = settings;
@@ -105,7 +108,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     @Override
     public void expired() {
-        clock.execute(guarded(() -> lose("the others took this hub for dead, because ZooKeeper had not heard of it in time")));
+        clock.execute(guarded(() -> lose(TAKEN_FOR_DEAD)));
     }
 
     private interface Task {
@@ -131,10 +134,12 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     /** What this hub has may be another one's by now. */
     private void lose(String reason) {
-        if (me == null) {
+        String mine = me;
+        if (mine == null) {
             return;
         }
         me = null;
+        former = mine;
         HubLog.say("left the cluster: " + reason);
         federations.clear();
         if (saves != null) {
@@ -169,6 +174,9 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
                     zookeeper.create().orSetData().creatingParentsIfNeeded().forPath(each, new byte[0]);
                 }
             }
+            if (former != null) { // whose session may have gone on
+                zookeeper.delete().quietly().forPath(Registry.hubPath(former));
+            }
             return zookeeper.create().withMode(CreateMode.EPHEMERAL).forPath(Registry.hubPath(node), content(told));
         });
         me = node;
@@ -184,13 +192,16 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         return HubNode.content(name(), address(), load, version == null ? "" : version);
     }
 
-    /** Cut off from ZooKeeper, it may yet see in the folder of saves that it was taken for dead. */
+    /**
+     * In the folder of saves it sees that it was taken for dead before ZooKeeper tells it: at once when it has stood
+     * still, and also when it is cut off.
+     */
     private void lookAround() throws Exception {
-        if (ensemble.isReachable()) {
+        if (saves != null && saves.isTakenOver()) {
+            lose(TAKEN_FOR_DEAD);
+        } else if (ensemble.isReachable()) {
             tellLoad();
             overview.refresh(name());
-        } else if (saves != null && saves.isTakenOver()) {
-            lose("the others took this hub for dead, because it cannot reach ZooKeeper");
         }
     }
 
