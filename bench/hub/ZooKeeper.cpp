@@ -69,7 +69,7 @@ bool ZooKeeper::isInstalled() { return std::filesystem::exists(jar) && std::file
 ZooKeeper::ZooKeeper() : _folder(madeFolder()), _port(Socket().freePort())
 {
    std::string const settings = _folder + "/zoo.cfg";
-   std::ofstream(settings) << "tickTime=500\ndataDir=" << _folder << "\nclientPort=" << _port
+   std::ofstream(settings) << "tickTime=3000\ndataDir=" << _folder << "\nclientPort=" << _port
                            << "\nclientPortAddress=127.0.0.1\nadmin.enableServer=false\n";
    _process = std::make_unique<Process>(
       std::vector<std::string>{"/usr/bin/env", "java", "-cp", std::string(jar) + ":" + silence,

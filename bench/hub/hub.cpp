@@ -79,7 +79,8 @@ public:
    }
    // One of several, each of which has a core if it needs one.
    explicit Hub(ZooKeeper const& with)
-      : Hub({HUB, "--listen", "127.0.0.1:0", "--cluster", with.servers()}, Process::anyCore)
+      : Hub({HUB, "--listen", "127.0.0.1:0", "--cluster", with.servers(), "--takeover-after", "60"},
+            Process::anyCore)
    {}
 
    std::string const& designator() const { return _designator; }
