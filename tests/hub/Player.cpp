@@ -36,8 +36,8 @@ public:
       std::wstring text;
       in >> action >> text;
       RTIambassador& rti = *_ambassador;
-      if (action == L"connect" || action == L"evoked")
-         rti.connect(*this, action == L"evoked" ? HLA_EVOKED : HLA_IMMEDIATE, text);
+      if (action == L"connect")
+         rti.connect(*this, HLA_IMMEDIATE, text);
       else if (action == L"create")
          rti.createFederationExecution(_federation, text, L"HLAinteger64Time");
       else if (action == L"federation")
@@ -90,6 +90,7 @@ private:
    void join(std::wstring const& name)
    {
       RTIambassador& rti = *_ambassador;
+      _next = 0;
       rti.joinFederationExecution(name, L"participant", _federation);
       rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
       _personClass = rti.getObjectClassHandle(L"Person");

@@ -35,19 +35,16 @@ attempt() {
   grep -q "^done ${2//./\\.}" "$1.out"
 }
 
-# insist NAME LINE: until it succeeds.
+# insist NAME LINE...: until the last one succeeds; those before it may have done so already.
 insist() {
-  local begin=${EPOCHREALTIME/./}
+  local begin=${EPOCHREALTIME/./} line
   renew "$1"
-  until attempt "$1" "$2"; do
-    ((${EPOCHREALTIME/./} - begin < 60000000)) || fail "$1: $2"
+  until for line in "${@:2}"; do attempt "$1" "$line"; done; do
+    ((${EPOCHREALTIME/./} - begin < 60000000)) || fail "$1: $line"
     renew "$1"
     sleep 0.1
   done
 }
 
 # enter NAME: joins as soon as the federation is there (again).
-enter() {
-  insist "$1" "connect hub=$all"
-  insist "$1" "join $1"
-}
+enter() { insist "$1" "connect hub=$all" "join $1"; }
