@@ -190,6 +190,12 @@ void joinMany(Arguments const& arguments)
    std::cin >> end;
 }
 
+void createAndJoin(Arguments const& arguments)
+{
+   ready();
+   repeatAsTold([&] { Federate const federate(arguments); });
+}
+
 void connectOnce(Arguments const& arguments)
 {
    NullFederateAmbassador callbacks;

@@ -57,6 +57,7 @@ void receiveUpdates(Arguments const&);
 void advance(Arguments const&);
 void advanceUpdating(Arguments const&);
 void joinMany(Arguments const&); // how many
+void createAndJoin(Arguments const&);
 void connectOnce(Arguments const&);
 
 } // namespace bench

@@ -6,6 +6,7 @@
 // updates lasts, and how many go on in step. Other arguments are for other benchmarks.
 #include "bench/hub/Parts.h"
 #include "bench/hub/Process.h"
+#include "bench/hub/ZooKeeper.h"
 
 #include <RTI/Exception.h>
 
@@ -49,6 +50,7 @@ constexpr Row parts[] = {{"answerPings", &answerPings},
                          {"advance", &advance},
                          {"advanceUpdating", &advanceUpdating},
                          {"joinMany", &joinMany},
+                         {"createAndJoin", &createAndJoin},
                          {"connectOnce", &connectOnce}};
 
 std::unique_ptr<Process> start(char const* part, Arguments arguments, int core = Process::anyCore)
@@ -80,6 +82,10 @@ public:
       }
       _designator = "hub=" + line.substr(std::strlen("listening on ")) + endOfDesignator;
    }
+   // One of several, each of which has a core if it needs one.
+   explicit Hub(ZooKeeper const& with)
+      : Hub(Process::anyCore, {"--cluster", with.servers(), "--takeover-after", "60"})
+   {}
 
    std::string const& designator() const { return _designator; }
    std::string const& page() const { return _page; }
@@ -107,6 +113,15 @@ private:
    std::shared_ptr<Process> _process;
    std::string _designator;
    std::string _page;
+};
+
+// Two hubs that are one service. Each keeps what is created by who connects to it first.
+struct Cluster
+{
+   ZooKeeper zookeeper;
+   Hub one{zookeeper};
+   Hub two{zookeeper};
+   std::string const designator = one.designator() + "," + two.designator().substr(std::strlen("hub="));
 };
 
 // What hubs need, and leave behind: a certificate with its key, and a recording.
@@ -196,10 +211,22 @@ class Usage
 {
 public:
    explicit Usage(std::vector<Shared> processes) : _processes(std::move(processes)) {}
+   Usage(std::vector<Line> const& lines, Shared Line::*part) : Usage(once(lines, part)) {}
 
    double sinceMade() const { return used() - _before; }
 
 private:
+   static std::vector<Shared> once(std::vector<Line> const& lines, Shared Line::*part)
+   {
+      std::vector<Shared> made;
+      for (Line const& line : lines) {
+         if (std::find(made.begin(), made.end(), line.*part) == made.end()) {
+            made.push_back(line.*part);
+         }
+      }
+      return made;
+   }
+
    double used() const
    {
       double sum = 0;
@@ -213,21 +240,30 @@ private:
    double _before = used();
 };
 
-// The same as fast as they can: the time for each, and what of the processors it takes.
-Run streamed(std::string const& name, double seconds, Line const& line)
+// The same as fast as they can, all lines together: the time for each, and what of the processors it takes.
+Run streamed(std::string const& name, double seconds, std::vector<Line> const& lines)
 {
    return [=](Results& results) {
-      Usage const bySender({line.sender});
-      Usage const byBetween({line.between});
-      Usage const byReceiver({line.receiver});
-      line.receiver->say("go");
-      line.sender->say("0 " + std::to_string(seconds));
-      double const count = number(line.sender->line());
-      std::istringstream in(line.receiver->line());
-      double median = 0;
-      double all = 0;
-      in >> median >> all;
-      results.add(name, all / 1e3 / count);
+      Usage const bySender(lines, &Line::sender);
+      Usage const byBetween(lines, &Line::between);
+      Usage const byReceiver(lines, &Line::receiver);
+      for (Line const& line : lines) {
+         line.receiver->say("go");
+      }
+      for (Line const& line : lines) {
+         line.sender->say("0 " + std::to_string(seconds));
+      }
+      double count = 0;
+      double longest = 0;
+      for (Line const& line : lines) {
+         count += number(line.sender->line());
+         std::istringstream in(line.receiver->line());
+         double median = 0;
+         double all = 0;
+         in >> median >> all;
+         longest = std::max(longest, all);
+      }
+      results.add(name, longest / 1e3 / count);
       results.add(name + ": sender", bySender.sinceMade() / count);
       results.add(name + ": between", byBetween.sinceMade() / count);
       results.add(name + ": receiver", byReceiver.sinceMade() / count);
@@ -279,6 +315,8 @@ constexpr Claim claims[] = {
    {"update, streamed, recorded", "update, streamed", 1 / 0.9, false},
    {"step of 2 federates", "TCP round trip", 2.2, false},
    {"step of many federates", "TCP round trip", 0, false},
+   {"2 federations, 2 hubs", "2 federations, 1 hub", 0, false},
+   {"create, join, cluster", "create, join", 0, false},
    {"connect", "connect in process", 30e3, true},
    {"connect, TLS", "connect in process", 200e3, true},
 };
@@ -388,6 +426,7 @@ int measure(int argc, char** argv)
    Process watching({"/usr/bin/curl", "-sN", "-o", "/dev/null", watched.page() + "events"});
    watching.terminateAtEnd();
    Hub const recording(Process::anyCore, {"--record", folder.file("recording")});
+   std::unique_ptr<Cluster> cluster;
    std::vector<Shared> others; // that end when those they are connected to have
    struct Case
    {
@@ -438,14 +477,15 @@ int measure(int argc, char** argv)
       [&](auto const& name) { return underway(name, updating(nearSecured, name, federateCore)); },
       untilCompiled);
    add("TCP relay, streamed", [&](auto const& name) {
-      return streamed(name, seconds, relayed(Process::anyCore, Process::anyCore));
+      return streamed(name, seconds, {relayed(Process::anyCore, Process::anyCore)});
    });
    add("update, streamed",
-       [&](auto const& name) { return streamed(name, seconds, updating(far, name, Process::anyCore)); });
-   add("update, streamed, watched",
-       [&](auto const& name) { return streamed(name, seconds, updating(watched, name, Process::anyCore)); });
+       [&](auto const& name) { return streamed(name, seconds, {updating(far, name, Process::anyCore)}); });
+   add("update, streamed, watched", [&](auto const& name) {
+      return streamed(name, seconds, {updating(watched, name, Process::anyCore)});
+   });
    add("update, streamed, recorded", [&](auto const& name) {
-      return streamed(name, seconds, updating(recording, name, Process::anyCore));
+      return streamed(name, seconds, {updating(recording, name, Process::anyCore)});
    });
 
    auto const advancing = [&](Hub const& hub, char const* part, std::size_t count, int core) {
@@ -465,6 +505,27 @@ int measure(int argc, char** argv)
    add("connect in process", connectingTo("hub=none"));
    add("connect", connectingTo(near.designator()));
    add("connect, TLS", connectingTo(nearSecured.designator()));
+
+   // Several hubs that are one service, against one.
+   auto const together = [&](std::string const& name, Hub const& first, Hub const& second) {
+      return streamed(
+         name, seconds,
+         {updating(first, name + " 1", Process::anyCore), updating(second, name + " 2", Process::anyCore)});
+   };
+   auto const hubs = [&]() -> Cluster const& {
+      cluster = cluster == nullptr ? std::make_unique<Cluster>() : std::move(cluster);
+      return *cluster;
+   };
+   if (ZooKeeper::isInstalled()) {
+      add("2 federations, 2 hubs", [&](auto const& name) { return together(name, hubs().one, hubs().two); });
+      add("2 federations, 1 hub", [&](auto const& name) { return together(name, far, far); });
+      add("create, join, cluster",
+          [&](auto const& name) { return repeating(hubs().designator, "createAndJoin", 100)(name); });
+      add("create, join", repeating(far.designator(), "createAndJoin", 100));
+   } else {
+      std::printf(
+         "Without ZooKeeper (the packages zookeeper and libslf4j-java) nothing is measured of a cluster.\n");
+   }
 
    Results results;
    for (Case const& each : cases) {

@@ -43,6 +43,7 @@ public:
 private:
    void join(std::wstring const& name)
    {
+      _next = 0;
       _rti.joinFederationExecution(name, L"participant", _federation);
       _rti.setAutomaticResignDirective(DELETE_OBJECTS_THEN_DIVEST);
       _personClass = _rti.getObjectClassHandle(L"Person");

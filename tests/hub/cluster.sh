@@ -71,9 +71,17 @@ for ((i = 0; i < takeovers; ++i)); do
   fi
   ((back)) || join_cluster "$killed"
   [ "$(find saves/Meeting -mindepth 1 -maxdepth 1 | wc -l)" = 1 ] || fail "the federation has two folders"
+  [ "$(sed -n 's/^federation Meeting is here.* epoch //p' one.err two.err three.err | sort | uniq -d)" = "" ] || fail "it is at two hubs"
+done
+for each in one two three; do
+  case $each in "$(holder)" | "$killed") continue ;; esac
+  "$here/browser.py" "${page[$each]}" '#hubs' '(?s)\bone\b.*three.*two' '#places' "Meeting\s+$(holder)\s.*(one|two|three)$" \
+    '#events' "taken over\s*$(holder)\s*Meeting\s*from the lost hub" || [ $? = 77 ] || fail "the page does not show it"
 done
 
 echo "--- a hub is frozen"
+attempt ada "chain $((saved + 1))" || true
+sleep "0.$((RANDOM % 900 + 100))"
 frozen=$(holder)
 kill -STOP "${pid[$frozen]}"
 say ada "save late"
@@ -82,15 +90,18 @@ for ((i = 0; i < 300; ++i)); do
   sleep 0.1
 done
 sleep "$frost"
+((frost < 30)) || lose # while it stands still
+reported=$(grep -c '< saved' ada.out || true)
 kill -CONT "${pid[$frozen]}"
 lose
 within 20 "$frozen.err" '^left the cluster: the others took this hub for dead'
 within 20 "$frozen.err" '^entered the cluster'
-! grep -q '^< saved 0' ada.out || fail "the frozen hub says that it has saved"
+[ "$(grep -c '< saved' ada.out || true)" = "$reported" ] || fail "the frozen hub says that it has saved"
+saved=$(sed -n 's/^< saved //p' ada.out | tail -n 1 | grep . || echo "$saved")
 [ "$(find saves -name 'late*')" = "" ] || fail "the frozen hub has saved"
 enter ada
 enter ben
-restore "$saved"
+((saved == 0)) || restore "$saved"
 renew ada
 tell ada "save soon"
 within 20 ada.out '< saved'
@@ -105,10 +116,7 @@ tell cleo "connect hub=${at[$(holder)]}" "join cleo" resign "federation New"
 grep -q 'failed create.*ZooKeeper, .* cannot be reached' cleo.out || fail "created, or not for that reason"
 sleep $((patience + 2)) # more than a session may be silent
 zookeeper
-until attempt cleo "create $fom"; do
-  renew cleo
-  sleep 0.1
-done
+insist cleo "create $fom"
 renew cleo
 tell cleo list
 within 10 cleo.out '^< executions .*Meeting'
@@ -116,9 +124,6 @@ tell ada "save after"
 ! grep -q connectionLost ada.out ben.out || fail "a federation was lost"
 kill -KILL "${pid[ada]}" "${pid[ben]}"
 tell cleo destroy "federation Meeting"
-until attempt cleo destroy; do
-  renew cleo
-  sleep 0.1
-done
+insist cleo destroy
 ! compgen -G "saves/Meeting/*/federation" || fail "what is destroyed would be taken over"
 echo "--- all holds"

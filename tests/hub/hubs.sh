@@ -16,10 +16,11 @@ port=$((20000 + RANDOM % 10000))
 printf '%s\n' tickTime=500 "dataDir=$PWD/zookeeper" "clientPort=$port" clientPortAddress=127.0.0.1 \
   admin.enableServer=false >zoo.cfg
 
-declare -A at
+declare -A at page
 join_cluster() {
-  start "$1" --cluster "127.0.0.1:$port/test" --name "$1" --takeover-after "$patience" --saves saves
+  start "$1" --cluster "127.0.0.1:$port/test" --name "$1" --takeover-after "$patience" --saves saves --web 127.0.0.1:0
   at[$1]=$address
+  page[$1]=$(sed -n 's/^page at //p' "$1.out")
   all=$(IFS=, && echo "${at[*]}")
 }
 
@@ -34,15 +35,16 @@ attempt() {
   grep -q "^done ${2//./\\.}" "$1.out"
 }
 
-# enter NAME: joins as soon as the federation is there (again).
-enter() {
+# insist NAME LINE...: until the last one succeeds; those before it may have done so already.
+insist() {
   local begin=${EPOCHREALTIME/./} line
-  for line in "connect hub=$all" "join $1"; do
+  renew "$1"
+  until for line in "${@:2}"; do attempt "$1" "$line"; done; do
+    ((${EPOCHREALTIME/./} - begin < 60000000)) || fail "$1: $line"
     renew "$1"
-    until attempt "$1" "$line"; do
-      ((${EPOCHREALTIME/./} - begin < 60000000)) || fail "$1: $line"
-      renew "$1"
-      sleep 0.1
-    done
+    sleep 0.1
   done
 }
+
+# enter NAME: joins as soon as the federation is there (again).
+enter() { insist "$1" "connect hub=$all" "join $1"; }

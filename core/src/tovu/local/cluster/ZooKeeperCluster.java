@@ -24,6 +24,7 @@ import tovu.local.model.port.SaveStore;
 import tovu.local.model.save.MemorySaves;
 import tovu.local.model.value.FederationInformation;
 import tovu.local.saves.SharedSaves;
+import tovu.local.watch.ClusterView;
 
 /**
  * The cluster as ZooKeeper knows it: a node for each hub, which lives as long as the hub's session, and a node for each
@@ -33,10 +34,13 @@ import tovu.local.saves.SharedSaves;
 final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     private static final long SWEEP_SECONDS = 10; // when nothing has happened that calls for one
     private static final long LOAD_SECONDS = 2;
+    private static final String TAKEN_FOR_DEAD =
+            "the others took this hub for dead, because ZooKeeper had not heard of it in time";
 
     private final ClusterSettings settings;
     private final Ensemble ensemble;
     private final Registry registry;
+    private final Overview overview;
     private final SharedSaves saves; // or null
     private final ScheduledExecutorService clock =
             new ScheduledThreadPoolExecutor(1, new ThreadPoolExecutor.DiscardPolicy()); // whatever comes at the end
@@ -46,11 +50,13 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     private int told; // the load that the others know
     private volatile boolean entered; // once, at the beginning
     private volatile String me; // this hub's node, or null
+    private String former; // the node that it had before, or null
 
     ZooKeeperCluster(ClusterSettings settings) throws IOException {
         this.settings = settings;
         ensemble = new Ensemble(settings);
         registry = new Registry(ensemble);
+        overview = new Overview(registry);
         saves = settings.saves() == null ? null : new SharedSaves(settings.saves());
     }
 
@@ -69,10 +75,11 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         }
         ensemble.connect(this);
         try {
-            clock.submit(this::settle).get();
+            clock.submit(this::confirm).get();
             entered = true;
+            // What it takes over may take long; nobody who could connect meanwhile is to wait for that.
+            clock.scheduleWithFixedDelay(guarded(this::settle), 0, SWEEP_SECONDS, TimeUnit.SECONDS);
             clock.scheduleWithFixedDelay(guarded(this::lookAround), LOAD_SECONDS, LOAD_SECONDS, TimeUnit.SECONDS);
-            clock.scheduleWithFixedDelay(guarded(this::sweep), SWEEP_SECONDS, SWEEP_SECONDS, TimeUnit.SECONDS);
             int session = ensemble.sessionMillis();
             if (session > TimeUnit.SECONDS.toMillis(settings.takeoverAfter())) {
                 HubLog.say("warning: ZooKeeper takes a hub for dead after " + session / 1_000.0 + " s, not after "
@@ -101,7 +108,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     @Override
     public void expired() {
-        clock.execute(guarded(() -> lose("the others took this hub for dead, because ZooKeeper had not heard of it in time")));
+        clock.execute(guarded(() -> lose(TAKEN_FOR_DEAD)));
     }
 
     private interface Task {
@@ -127,10 +134,12 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     /** What this hub has may be another one's by now. */
     private void lose(String reason) {
-        if (me == null) {
+        String mine = me;
+        if (mine == null) {
             return;
         }
         me = null;
+        former = mine;
         HubLog.say("left the cluster: " + reason);
         federations.clear();
         if (saves != null) {
@@ -139,7 +148,13 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         hub.expel().accept(reason);
     }
 
-    private Void settle() throws Exception {
+    private void settle() throws Exception {
+        confirm();
+        sweep();
+    }
+
+    /** Has this hub in the cluster, and none of what it lost when it was not. */
+    private Void confirm() throws Exception {
         String mine = me;
         if (mine != null && ensemble.ask(zookeeper -> zookeeper.checkExists().forPath(Registry.hubPath(mine))) == null) {
             lose("its place in the cluster was removed");
@@ -147,7 +162,6 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         if (me == null) {
             register();
         }
-        sweep();
         return null;
     }
 
@@ -159,6 +173,9 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
                 if (zookeeper.checkExists().forPath(each) == null) {
                     zookeeper.create().orSetData().creatingParentsIfNeeded().forPath(each, new byte[0]);
                 }
+            }
+            if (former != null) { // whose session may have gone on
+                zookeeper.delete().quietly().forPath(Registry.hubPath(former));
             }
             return zookeeper.create().withMode(CreateMode.EPHEMERAL).forPath(Registry.hubPath(node), content(told));
         });
@@ -172,15 +189,19 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
 
     private byte[] content(int load) {
         String version = ZooKeeperCluster.class.getPackage().getImplementationVersion();
-        return new HubNode(name(), address(), load, version == null ? "" : version).content();
+        return HubNode.content(name(), address(), load, version == null ? "" : version);
     }
 
-    /** Cut off from ZooKeeper, it may yet see in the folder of saves that it was taken for dead. */
+    /**
+     * In the folder of saves it sees that it was taken for dead before ZooKeeper tells it: at once when it has stood
+     * still, and also when it is cut off.
+     */
     private void lookAround() throws Exception {
-        if (ensemble.isReachable()) {
+        if (saves != null && saves.isTakenOver()) {
+            lose(TAKEN_FOR_DEAD);
+        } else if (ensemble.isReachable()) {
             tellLoad();
-        } else if (saves != null && saves.isTakenOver()) {
-            lose("the others took this hub for dead, because it cannot reach ZooKeeper");
+            overview.refresh(name());
         }
     }
 
@@ -265,11 +286,11 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
     }
 
     @Override
-    public void seek(String federation) throws RTIexception {
+    public boolean seek(String federation) throws RTIexception {
         try {
             Registry.Seen seen = registry.federation(federation);
             if (seen == null || seen.node().hub().equals(me)) {
-                return;
+                return seen != null;
             }
             HubNode other = registry.hub(seen.node().hub());
             if (other != null) {
@@ -316,6 +337,7 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
         try {
             change(mine, zookeeper -> zookeeper.transactionOp().setData().withVersion(lost.version())
                     .forPath(Registry.federationPath(lost.federation()), taken.content()));
+            Overview.takenOver(lost.federation(), name(), lost.node().hubName());
             HubLog.say("takes over federation " + lost.federation() + " of the lost hub " + lost.node().hubName());
             return true;
         } catch (KeeperException.BadVersionException | KeeperException.NoNodeException e) {
@@ -348,6 +370,11 @@ final class ZooKeeperCluster implements Cluster, Placement, Ensemble.Events {
             change(mine, zookeeper -> zookeeper.transactionOp().delete().forPath(Registry.federationPath(name)));
             HubLog.say("federation " + name + " is over; its name is free");
         }
+    }
+
+    @Override
+    public ClusterView view() {
+        return overview.latest(ensemble.isReachable());
     }
 
     @Override

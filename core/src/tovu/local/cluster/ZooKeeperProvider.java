@@ -27,7 +27,7 @@ public final class ZooKeeperProvider implements Cluster.Provider {
                     // who only looks has nothing to lose
                 }
             });
-            return ClusterList.of(new Registry(ensemble));
+            return new Registry(ensemble).view("").text();
         } catch (KeeperException.NoNodeException e) {
             return "no hub\n";
         } catch (Ensemble.Unreachable | KeeperException e) {

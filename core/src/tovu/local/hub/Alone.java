@@ -2,6 +2,7 @@ package tovu.local.hub;
 
 import tovu.local.model.federation.Placement;
 import tovu.local.saves.SaveFolder;
+import tovu.local.watch.ClusterView;
 
 /** A hub that is a service of its own. */
 final class Alone implements Cluster {
@@ -17,6 +18,11 @@ final class Alone implements Cluster {
 
     @Override
     public String leastLoaded() {
+        return null;
+    }
+
+    @Override
+    public ClusterView view() {
         return null;
     }
 

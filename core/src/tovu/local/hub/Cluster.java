@@ -5,6 +5,7 @@ import java.util.function.Consumer;
 import java.util.function.IntSupplier;
 import tovu.local.model.federation.Federations;
 import tovu.local.model.federation.Placement;
+import tovu.local.watch.ClusterView;
 
 /** The hubs that are one service together with this one. */
 public interface Cluster {
@@ -34,6 +35,9 @@ public interface Cluster {
 
     /** @return the address of the hub that is to get the next federation, or null for this one */
     String leastLoaded();
+
+    /** What a page shows of the cluster, as it was seen last, or null. Nobody waits for it. */
+    ClusterView view();
 
     /** The federations of this hub are over: others need not wait to find that out. */
     void leave();

@@ -32,6 +32,7 @@ import tovu.local.model.federation.Federations;
 import tovu.local.model.port.Elsewhere;
 import tovu.local.record.RecordedConnection;
 import tovu.local.record.Recorder;
+import tovu.local.watch.ClusterView;
 import tovu.local.wire.Identity;
 
 /** The process that federates of other processes meet in: it listens, and hosts their federations. */
@@ -85,6 +86,10 @@ final class Hub {
 
     Federations federations() {
         return federations;
+    }
+
+    ClusterView clusterView() {
+        return cluster.view();
     }
 
     /** @return where it listens */

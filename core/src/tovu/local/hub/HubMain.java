@@ -95,7 +95,7 @@ public final class HubMain {
     /** Whoever needs a certificate to join needs one to look on. */
     private static WebServer page(HubSettings settings, Hub hub) throws IOException {
         try {
-            return new WebServer(hub.federations()::all, settings.web().socketAddress(),
+            return new WebServer(hub.federations()::all, hub::clusterView, settings.web().socketAddress(),
                     settings.certificate() == null ? null
                             : Tls.context(settings.clientCa(), settings.certificate(), settings.key()),
                     settings.clientCa() != null);

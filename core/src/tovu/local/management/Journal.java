@@ -11,7 +11,7 @@ import java.util.Map;
 public final class Journal {
     /** What can happen. */
     public enum Kind {
-        JOINED, RESIGNED, LOST, REFUSED
+        JOINED, RESIGNED, LOST, REFUSED, TAKEN_OVER
     }
 
     /**
@@ -20,7 +20,7 @@ public final class Journal {
      * @param number     one more than that of the event before
      * @param time       milliseconds since 1970
      * @param federation in which, or an empty text
-     * @param who        a federate's name, or the address of a connection that was refused
+     * @param who        a federate's name, the address of a connection that was refused, or the hub that took over
      * @param why        an empty text where that goes without saying
      */
     public record Event(long number, long time, Kind kind, String federation, String who, String why) {

@@ -60,7 +60,11 @@ final class Json {
 
     Json put(String name, Consumer<Json> filling) {
         name(name);
-        object(out, filling);
+        if (filling == null) {
+            out.append("null");
+        } else {
+            object(out, filling);
+        }
         return this;
     }
 

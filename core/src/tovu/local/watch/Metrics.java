@@ -29,6 +29,8 @@ final class Metrics {
     private void federations() {
         begin("federations", "gauge", "Federation executions");
         value("federations", sample.federations().size());
+        begin("hubs", "gauge", "Hubs of the cluster");
+        value("hubs", sample.cluster() == null || !sample.cluster().reachable() ? null : sample.cluster().hubs().size());
         ofFederations("federates", "gauge", "Joined federates", federation -> federation.federates().size());
         ofFederations("synchronization_points", "gauge", "Synchronization points that are not reached",
                 federation -> federation.points().size());
@@ -73,7 +75,7 @@ final class Metrics {
     }
 
     private void events() {
-        begin("events_total", "counter", "Federates that joined, resigned or were lost, and connections refused");
+        begin("events_total", "counter", "Federates that joined, resigned or were lost, connections refused, federations taken over");
         for (Journal.Kind kind : Journal.Kind.values()) {
             value("events_total", Journal.count(kind), "event", kind.name().toLowerCase(Locale.ROOT));
         }

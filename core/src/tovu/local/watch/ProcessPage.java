@@ -18,7 +18,7 @@ public final class ProcessPage {
         String where = System.getProperty("tovu.web");
         if (where != null && isFirst()) {
             try {
-                WebServer page = new WebServer(federations, address(where), null, false);
+                WebServer page = new WebServer(federations, () -> null, address(where), null, false);
                 System.err.println("watch this process at " + page.url());
             } catch (IOException e) {
                 System.err.println("There is no page to watch this process: " + e.getMessage());

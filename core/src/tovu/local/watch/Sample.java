@@ -12,19 +12,20 @@ import tovu.local.management.Journal;
  * @param time    milliseconds since 1970
  * @param seconds since the sample before; 0 for the first
  * @param before  the federations of that by name, without which there is no rate
+ * @param cluster what this process is a part of, or null
  */
 record Sample(long number, long time, double seconds, List<FederationView> federations,
-        Map<String, FederationView> before, List<Journal.Event> events) {
+        Map<String, FederationView> before, ClusterView cluster, List<Journal.Event> events) {
 
-    static Sample after(Sample previous, long time, List<FederationView> federations) {
+    static Sample after(Sample previous, long time, List<FederationView> federations, ClusterView cluster) {
         Map<String, FederationView> before = new HashMap<>();
         previous.federations.forEach(each -> before.put(each.name(), each));
         return new Sample(previous.number + 1, time, (time - previous.time) / 1e3, federations, before,
-                Journal.events());
+                cluster, Journal.events());
     }
 
     static Sample first() {
-        return new Sample(0, System.currentTimeMillis(), 0, List.of(), Map.of(), List.of());
+        return new Sample(0, System.currentTimeMillis(), 0, List.of(), Map.of(), null, List.of());
     }
 
     /** Updates of a class each second. */

@@ -16,6 +16,7 @@ final class StateJson {
     static String of(Sample sample) {
         return Json.object(out -> out.put("schema", SCHEMA).put("time", Instant.ofEpochMilli(sample.time()).toString())
                 .list("federations", sample.federations(), (json, each) -> federation(json, sample, each))
+                .put("cluster", sample.cluster() == null ? null : sample.cluster()::json)
                 .list("events", sample.events(), StateJson::event));
     }
 

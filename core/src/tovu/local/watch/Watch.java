@@ -25,12 +25,14 @@ final class Watch {
     }
 
     private final Supplier<Collection<Federation>> federations;
+    private final Supplier<ClusterView> cluster;
     private final Map<Federate, Activity> activities = new WeakHashMap<>();
     private final Deque<String> history = new ArrayDeque<>();
     private Sample latest = Sample.first();
 
-    Watch(Supplier<Collection<Federation>> federations) {
+    Watch(Supplier<Collection<Federation>> federations, Supplier<ClusterView> cluster) {
         this.federations = federations;
+        this.cluster = cluster;
         look();
         Thread thread = new Thread(this::run, "watch");
         thread.setDaemon(true);
@@ -53,7 +55,7 @@ final class Watch {
         for (Federation each : federations.get()) {
             views.add(FederationView.of(each, this::silence));
         }
-        add(Sample.after(latest(), System.currentTimeMillis(), views));
+        add(Sample.after(latest(), System.currentTimeMillis(), views, cluster.get()));
     }
 
     private double silence(Federate federate) {

@@ -35,12 +35,13 @@ public final class WebServer {
     private final String scheme;
 
     /**
+     * @param cluster     gives what this process is a part of at the moment, without waiting for anything, or null
      * @param address     where it listens
      * @param tls         with what certificate, or null for no TLS
      * @param clientKnown whether a browser, too, has to show a certificate that is trusted
      */
-    public WebServer(Supplier<Collection<Federation>> federations, InetSocketAddress address, SSLContext tls,
-            boolean clientKnown) throws IOException {
+    public WebServer(Supplier<Collection<Federation>> federations, Supplier<ClusterView> cluster,
+            InetSocketAddress address, SSLContext tls, boolean clientKnown) throws IOException {
         if (System.getProperty("sun.net.httpserver.maxReqTime") == null) {
             System.setProperty("sun.net.httpserver.maxReqTime", "10"); // seconds; else a request may take for ever
         }
@@ -63,7 +64,7 @@ public final class WebServer {
         }
         localOnly = tls == null && address.getAddress().isLoopbackAddress();
         scheme = tls == null ? "http" : "https";
-        watch = new Watch(federations);
+        watch = new Watch(federations, cluster);
         server.setExecutor(Executors.newFixedThreadPool(THREADS, task -> {
             Thread thread = new Thread(task, "web");
             thread.setDaemon(true);

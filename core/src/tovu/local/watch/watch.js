@@ -89,6 +89,7 @@ const number = value => value === null || value === undefined ? '–'
   : value.toLocaleString('en', {maximumSignificantDigits: Math.abs(value) < 1000 ? 4 : 15, maximumFractionDigits: 3});
 const rate = value => value === 0 ? '0' : number(value < 10 ? Math.round(value * 10) / 10 : Math.round(value));
 const clock = time => new Date(time).toLocaleTimeString('en-GB');
+const moment = time => new Date(time).toLocaleString('sv');
 const shortName = name => name.replace(/^HLA(object|interaction)Root\./, '');
 
 function seconds(value) {
@@ -270,14 +271,39 @@ function show() {
   if (federation) {
     showFederation(federation);
   }
+  byId('cluster').hidden = !state.cluster;
+  if (state.cluster) {
+    showCluster(state.cluster);
+  }
   document.title = federation ? (federation.waits.length ? '▲ ' : '') + federation.name : 'Federations';
   fillTable('events', [
     ['When', row => clock(row.time), false, 'when'],
-    ['What', row => element('span', {class: 'kind ' + row.event}, row.event)],
+    ['What', row => element('span', {class: 'kind ' + row.event}, row.event.replace('_', ' '))],
     ['Who', row => row.who, false, 'name'],
     ['Federation', row => row.federation],
     ['Why', row => row.why, false, 'why'],
   ], state.events.slice(-50).reverse().map(each => ({...each, key: each.number})), 'Nobody has come or gone.');
+}
+
+function showCluster(cluster) {
+  setText(byId('cluster-text'), cluster.reachable ? 'This page is of hub ' + cluster.hub + '.'
+    : 'ZooKeeper cannot be reached: this is how the cluster was. This page is of hub ' + cluster.hub + '.');
+  byId('cluster-text').classList.toggle('bad', !cluster.reachable);
+  fillTable('hubs', [
+    ['Hub', row => row.name, false, 'name'],
+    ['Address', row => row.address],
+    ['Load', row => number(row.load), true],
+    ['Version', row => row.version],
+    ['Since', row => moment(row.since), false, 'when'],
+  ], cluster.hubs.map(each => ({...each, key: each.name + each.since})), 'No hub lives.');
+  fillTable('places', [
+    ['Federation', row => row.name, false, 'name'],
+    ['Hub', row => row.hub + (row.lost ? ' (lost)' : '')],
+    ['Epoch', row => number(row.epoch), true],
+    ['Since', row => moment(row.since), false, 'when'],
+    ['Taken over from', row => row.from || '–'],
+  ], cluster.federations.map(each => ({...each, key: each.name, mark: each.lost ? 'held-up' : ''})),
+  'There is no federation.');
 }
 
 function showFederation(federation) {

@@ -4,6 +4,7 @@ import hla.rti1516e.exceptions.DesignatorIsHLAstandardMIM;
 import hla.rti1516e.exceptions.FederationExecutionAlreadyExists;
 import hla.rti1516e.exceptions.FederationExecutionDoesNotExist;
 import hla.rti1516e.exceptions.RTIexception;
+import hla.rti1516e.exceptions.RTIinternalError;
 import java.util.Collection;
 import java.util.List;
 import java.util.Map;
@@ -98,10 +99,22 @@ public final class Federations {
 
     Federation find(String name) throws RTIexception {
         Federation federation = byName.get(name);
+        if (federation == null && placement.seek(name)) {
+            return claimed(name);
+        }
         if (federation == null) {
-            placement.seek(name);
             throw new FederationExecutionDoesNotExist("There is no federation execution '" + name
                     + "' in this process; create it first");
+        }
+        return federation;
+    }
+
+    /** It is here when whoever claims it or takes it over is done; that may fail. */
+    private synchronized Federation claimed(String name) throws RTIinternalError {
+        Federation federation = byName.get(name);
+        if (federation == null) {
+            throw new RTIinternalError("Federation execution '" + name
+                    + "' is about to be at this hub: try again in a few seconds");
         }
         return federation;
     }

@@ -22,8 +22,8 @@ public interface Placement {
             }
 
             @Override
-            public void seek(String federation) {
-                // there is nowhere else
+            public boolean seek(String federation) {
+                return false; // there is nowhere else
             }
 
             @Override
@@ -47,9 +47,10 @@ public interface Placement {
     /**
      * A federation is asked for that is not here.
      *
+     * @return whether it is about to be
      * @throws tovu.local.model.port.Elsewhere when it is somewhere else
      */
-    void seek(String federation) throws RTIexception;
+    boolean seek(String federation) throws RTIexception;
 
     /** The federations that are elsewhere. */
     List<FederationInformation> others() throws RTIexception;
