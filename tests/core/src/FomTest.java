@@ -1,6 +1,10 @@
+import hla.rti1516e.exceptions.RTIexception;
+import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.util.ArrayList;
 import java.util.List;
+import java.util.Random;
 import java.util.regex.MatchResult;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
@@ -9,11 +13,14 @@ import tovu.local.fom.FomReader;
 import tovu.local.fom.ModuleSource;
 import tovu.local.fom.ObjectModel;
 
-/** Reading FOM modules and merging them; what is wrong with one must be told, with its name and line. */
+/**
+ * Reading FOM modules and merging them; what is wrong with one must be told, with its name and line. The system property
+ * {@code fom.mutants} tells how many modules are changed at random.
+ */
 final class FomTest {
     public static void main(String[] arguments) {
         Harness.run(FomTest::designators, FomTest::unreadable, FomTest::nothingOutsideIsLoaded, FomTest::contradictions,
-                FomTest::completion, FomTest::mim);
+                FomTest::completion, FomTest::mim, FomTest::mutants);
     }
 
     private static List<FomModule> read(String... modules) throws Exception {
@@ -137,5 +144,41 @@ final class FomTest {
         while (used.find()) {
             assert standard.contains("Data><name>" + used.group(1) + "<") : used.group(1) + " is not defined";
         }
+    }
+
+    /** Whatever has happened to a module, it is taken, or it is refused by its name and changes nothing. */
+    private static void mutants() throws Exception {
+        long seed = Long.getLong("fom.seed", 1516);
+        Random random = new Random(seed);
+        String[] words = {"", "NA", "-1", "4294967296", "Yes", "timestamp", "Vehicle", "position", "&x;", "<", "/>", "\0"};
+        List<String> original = List.of(Files.readString(Path.of(Harness.AIR)).split("(?=<)|(?<=>)"));
+        int refused = 0;
+        int rounds = Integer.getInteger("fom.mutants", 500);
+        for (int round = 0; round < rounds; ++round) {
+            List<String> tokens = new ArrayList<>(original);
+            for (int left = random.nextInt(3); left >= 0; --left) {
+                int begin = random.nextInt(tokens.size());
+                List<String> part = tokens.subList(begin, Math.min(begin + 1 + random.nextInt(12), tokens.size()));
+                switch (random.nextInt(4)) {
+                    case 0 -> part.clear();
+                    case 1 -> part.addAll(List.copyOf(part));
+                    default -> part.set(part.size() / 2, words[random.nextInt(words.length)]);
+                }
+                tokens.add(" ");
+            }
+            ObjectModel joined = model(round % 2 == 0 ? new String[] {} : new String[] {Harness.AIR});
+            String before = joined.modules() + " " + joined.objectClass("Vehicle");
+            byte[] mutant = String.join("", tokens).getBytes(StandardCharsets.UTF_8);
+            try {
+                joined.extend(FomReader.ofModules().readAll(List.of(ModuleSource.received("the mutant", mutant))));
+            } catch (RTIexception e) {
+                ++refused;
+                assert e.getMessage().contains("the mutant") : e;
+                assert before.equals(joined.modules() + " " + joined.objectClass("Vehicle")) : "changed by " + e;
+            } catch (RuntimeException | StackOverflowError e) {
+                throw new AssertionError("seed " + seed + ", round " + round, e);
+            }
+        }
+        assert refused > rounds / 10 && refused < rounds : refused;
     }
 }
