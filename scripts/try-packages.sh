@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Makes the Debian packages, installs them into a fresh Debian 12 with all that they depend on, and builds and runs a
-# federate there, by itself and at a hub. Needs root, libnetty-java, debootstrap and a mirror (default: Debian's own), and
-# some minutes.
+# federate there, by itself and at a hub. Needs root, libnetty-java, liblz4-java, debootstrap and a mirror (default:
+# Debian's own), and some minutes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 mirror=${1:-http://deb.debian.org/debian}
@@ -22,7 +22,7 @@ debootstrap --variant=minbase bookworm "$root" "$mirror" >"$root.log" || { tail 
 rm "$root.log"
 mount -t proc proc "$root/proc"
 mkdir "$root/try"
-cp build/packages/*.deb examples/meeting.cpp tests/hub/over-hub.sh examples/fom/Meeting.xml "$root/try"
+cp build/packages/*.deb examples/meeting.cpp tests/hub/over-hub.sh tests/hub/players.sh examples/fom/Meeting.xml "$root/try"
 
 echo "== installing"
 chroot "$root" sh -c 'apt-get update -q && cd /try && DEBIAN_FRONTEND=noninteractive \

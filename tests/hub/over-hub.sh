@@ -3,6 +3,7 @@
 # SYSTEM_TESTS_SHARES says: over-hub.sh HUB PROGRAM [ARGUMENT]...
 set -euo pipefail
 hub=$1
+there=$PWD
 here=$(cd "$(dirname "$0")" && pwd)
 # shellcheck source-path=SCRIPTDIR
 . "$here/players.sh"
@@ -11,7 +12,7 @@ start alone
 export TOVU1516_OPTION2=-Dtovu.hub=$address
 shift
 for ((share = 0; share < ${SYSTEM_TESTS_SHARES:-1}; ++share)); do
-  SYSTEM_TESTS_SHARE=$share "$@" &
+  (cd "$there" && SYSTEM_TESTS_SHARE=$share exec "$@") &
   pid[share$share]=$!
 done
 for ((share = 0; share < ${SYSTEM_TESTS_SHARES:-1}; ++share)); do wait "${pid[share$share]}"; done
