@@ -6,7 +6,6 @@
 #include <RTI/FederateAmbassador.h>
 
 #include <functional>
-#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,28 +22,19 @@ public:
    std::function<void()> inCallback;
 
    // The callbacks since the last time.
-   Calls takeCalled()
-   {
-      std::lock_guard<std::mutex> const lock(_mutex);
-      return std::exchange(_called, {});
-   }
+   Calls takeCalled() { return std::exchange(_called, {}); }
 
 private:
    auto recording(char const* member)
    {
       return [this, member](auto const&... arguments) {
-         auto const bytes = encoded(arguments...);
-         {
-            std::lock_guard<std::mutex> const lock(_mutex);
-            _called.emplace_back(member, bytes);
-         }
+         _called.emplace_back(member, encoded(arguments...));
          if (inCallback) {
             inCallback();
          }
       };
    }
 
-   std::mutex _mutex;
    Calls _called;
 
 public:
