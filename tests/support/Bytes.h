@@ -70,13 +70,6 @@ public:
       insert(end(), bytes.begin(), bytes.end());
       return *this;
    }
-
-   Bytes from(std::size_t position) const { return {data() + position, size() - position}; }
-
-   std::uint32_t leadingInt() const
-   {
-      return std::uint32_t{at(0)} << 24 | std::uint32_t{at(1)} << 16 | std::uint32_t{at(2)} << 8 | at(3);
-   }
 };
 
 // An input from which something random is made, read from the front; what is beyond its end is zero.
