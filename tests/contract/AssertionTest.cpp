@@ -65,7 +65,6 @@ TEST_F(AssertionTest, NamesTheMethodThatACoreHasNot)
                                  "Cannot locate " +
                                     fake::core.lacks +
                                     "\\.\n.*id != 0, file gen/cpp/RTIambassadorC, line [0-9]+\n");
-   fake::core.lacks.clear();
 }
 
 } // namespace

@@ -14,7 +14,6 @@ class Bytes : public std::vector<std::uint8_t>
 {
 public:
    using vector::vector;
-   Bytes(std::vector<std::uint8_t> const& octets) : vector(octets) {}
 
    // From pairs of hexadecimal digits; blanks are for the reader.
    explicit Bytes(std::string digits)

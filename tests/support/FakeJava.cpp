@@ -16,7 +16,7 @@ namespace {
 struct Object
 {
    std::string className;
-   std::vector<std::uint8_t> storage = {}; // of arrays
+   contract::Bytes storage = {}; // of arrays
    std::size_t length = 0;
    std::optional<std::u16string> text = {};     // of strings, and messages of exceptions
    std::set<std::string> classes = {className}; // its own and its bases
