@@ -42,7 +42,7 @@ protected:
    {
       ambassador.reset();
       expectClean(0);
-      inTime = nullptr;
+      inTime = [](auto const&) {};
    }
 
    static std::unique_ptr<RTIambassador> newAmbassador()

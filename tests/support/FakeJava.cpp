@@ -424,9 +424,7 @@ extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void
 {
    auto& runtime = fake::runtime;
    ++runtime.creations;
-   if (runtime.onCreation) {
-      runtime.onCreation();
-   }
+   runtime.onCreation();
    runtime.arguments = *static_cast<JavaVMInitArgs const*>(arguments);
    runtime.options.clear();
    for (jint i = 0; i < runtime.arguments.nOptions; ++i) {

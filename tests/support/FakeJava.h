@@ -40,7 +40,7 @@ struct Runtime
    int detachments = 0;
    JavaVMInitArgs arguments{}; // of the last creation
    std::vector<std::string> options;
-   std::function<void()> onCreation;
+   std::function<void()> onCreation = [] {};
 };
 
 // What the library has done.

@@ -19,7 +19,7 @@ public:
       std::vector<std::pair<std::string, Bytes>>; // by the member, and the encoding of its arguments
 
    // Done in every callback, on its thread, once it is written down.
-   std::function<void()> inCallback;
+   std::function<void()> inCallback = [] {};
 
    // The callbacks since the last time.
    Calls takeCalled() { return std::exchange(_called, {}); }
@@ -29,9 +29,7 @@ private:
    {
       return [this, member](auto const&... arguments) {
          _called.emplace_back(member, encoded(arguments...));
-         if (inCallback) {
-            inCallback();
-         }
+         inCallback();
       };
    }
 
