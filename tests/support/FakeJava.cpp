@@ -150,7 +150,7 @@ template <class Array, class Element>
 void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Element* to)
 {
    Entry const entry("Get<Type>ArrayRegion");
-   if (static_cast<std::size_t>(start + length) > objectOf(array)->length) {
+   if (start > static_cast<jsize>(objectOf(array)->length) - length) {
       raise({"java/lang/ArrayIndexOutOfBoundsException"}, u"beyond an array");
       return;
    }
