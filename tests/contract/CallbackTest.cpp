@@ -27,7 +27,7 @@ TEST_F(CallbackTest, BringsWhatWasSent)
    for (auto const& callback : callbacks()) {
       withRandomOctets(100, [&](Octets& octets) {
          auto const arguments = callback.makeArguments(octets);
-         federate.inCallback = nullptr;
+         federate.inCallback = [] {};
          EXPECT_EQ(deliver(callback.native, arguments), "none");
          Bytes const text = octets.bytes();
          federate.inCallback = [&text] { throw std::string(text.begin(), text.end()); };

@@ -52,7 +52,7 @@ TEST_F(LifetimeTest, OfAnAmbassadorMayEndInItsOwnCallback)
       EXPECT_EQ(TestTimeFactory::count, 0);
       EXPECT_EQ(deliver(saved), gone);
       expectClean(0);
-      federate.inCallback = nullptr;
+      federate.inCallback = [] {};
       auto const stale = envelope({});
       SetUp();
       federate.takeCalled();

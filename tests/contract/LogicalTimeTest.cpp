@@ -142,7 +142,7 @@ TEST_F(LogicalTimeTest, FaultsAreTold)
    join(u"TestTime");
    inTime = [&](std::string const&) { rti.requestFederationSave(L"inside"); }; // for they may call services
    EXPECT_EQ(deliver(granted, someTime), "none");
-   inTime = nullptr;
+   inTime = [](auto const&) {};
 }
 
 } // namespace

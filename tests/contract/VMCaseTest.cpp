@@ -132,9 +132,9 @@ void cancelAThreadThatEvokes()
 TEST(VMCases, TellWhatTheyShould)
 {
    GTEST_FLAG_SET(death_test_style, "threadsafe");
-   std::string const working = "nothing: \nnothing: \ndestroyed\n";
+   std::string const working = "nothing: L\"\"\nnothing: L\"\"\ndestroyed\n";
    std::string const gone =
-      "RTIinternalError: Cannot attach the thread to the Java VM: Unknown error \\(-1\\).*\n";
+      "RTIinternalError: L\"Cannot attach the thread to the Java VM: Unknown error \\(-1\\).*\n";
    std::string const destroyed = gone + gone + ".*destroyed\n";
    for (auto const& [work, told] : std::vector<std::pair<std::function<void()>, std::string>>{
            {startVMAndUseIt, "0\n" + working},

@@ -1,11 +1,7 @@
 #!/usr/bin/env bash
 # Does what a reader of a tutorial does, in a folder of its own: puts its snippets into the files that they name, runs
-# its commands, and compares what they print with what it says. follow.sh TUTORIAL.md PREFIX
-#
-#   ```cpp FILE    (or any other language) goes to the end of FILE
-#   ```sh          runs; the commands of all blocks share one shell
-#   ```text        is what the commands before it print
-#   ```console     is only to be looked at
+# its commands, in one shell, and compares what they print with what it says. CONTRIBUTING.md tells which block is what.
+# follow.sh TUTORIAL.md PREFIX
 set -euo pipefail
 tutorial=$(realpath "$1") prefix=$2
 scratch=$(mktemp -d)

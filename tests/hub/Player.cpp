@@ -34,8 +34,7 @@ public:
    void play(std::wstring const& line)
    {
       std::wistringstream in(line);
-      std::wstring action;
-      std::wstring text;
+      std::wstring action, text;
       in >> action >> text;
       _actions.at(action)(text);
    }
@@ -85,13 +84,6 @@ private:
    {
       _next = label;
       _rti.timeAdvanceRequest(HLAinteger64Time(label));
-   }
-
-   void showTime()
-   {
-      HLAinteger64Time now;
-      _rti.queryLogicalTime(now);
-      say(L"time " + now.toString());
    }
 
    void reportFederationExecutions(FederationExecutionInformationVector const& all) override
@@ -191,7 +183,7 @@ private:
        [&](Text by) { _rti.enableTimeRegulation(HLAinteger64Interval(by.empty() ? 1 : std::stoll(by))); }},
       {L"constrain", [&](Text) { _rti.enableTimeConstrained(); }},
       {L"advance", [&](Text to) { _rti.timeAdvanceRequest(HLAinteger64Time(std::stoll(to))); }},
-      {L"time", [&](Text) { showTime(); }},
+      {L"time", [&](Text) { say(L"time " + _rti.queryLogicalTime()->toString()); }},
       {L"save", [&](Text label) { _rti.requestFederationSave(label); }},
       {L"restore", [&](Text label) { _rti.requestFederationRestore(label); }},
       {L"answer", [&](Text) { _answers = true; }},

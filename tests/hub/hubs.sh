@@ -27,14 +27,6 @@ join_cluster() {
 # holder: the hub that has the federation Meeting.
 holder() { sed -sn 's/^federation Meeting is here.* epoch //;T;F;p' one.err two.err three.err | paste - - | sort -nk2 | tail -n 1 | sed 's/\..*//'; }
 
-# attempt NAME LINE: whether it succeeds.
-attempt() {
-  : >"$1.done"
-  say "$1" "$2"
-  within 30 "$1.out" "^(done|failed) ${2//./\\.}" >"$1.done"
-  grep -q "^done ${2//./\\.}" "$1.out"
-}
-
 # insist NAME LINE...: until the last one succeeds; those before it may have done so already.
 insist() {
   local begin=${EPOCHREALTIME/./} line

@@ -1,7 +1,7 @@
 # shellcheck shell=bash disable=SC2034,SC2154,SC2164 # the script has hub and player, the address, and -e
 # For scripts about a hub and federates in processes of their own: in a scratch folder, which goes with the processes.
 cd "$(mktemp -d)"
-declare -A pid
+declare -A pid to
 trap 'kill -KILL "${pid[@]}" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$PWD"' EXIT
 
 fail() {
@@ -38,7 +38,7 @@ end() {
   unset "pid[$1]"
 }
 
-# play NAME: a federate. tell NAME LINE...: has it do something, and waits for that.
+# play NAME: a federate. attempt NAME LINE: has it do something, and tells whether it succeeds. tell NAME LINE...: it does.
 play() {
   rm -f "$1.in"
   mkfifo "$1.in"
@@ -46,19 +46,16 @@ play() {
   pid[$1]=$!
   local opened
   exec {opened}>"$1.in"
-  eval "in_$1=$opened"
+  to[$1]=$opened
 }
-say() {
-  local to=in_$1
-  echo "$2" >&"${!to}"
+say() { echo "$2" >&"${to[$1]}"; }
+attempt() {
+  say "$1" "$2"
+  within 30 "$1.out" "^(done|failed) ${2//./\\.}" >/dev/null
+  grep -q "^done ${2//./\\.}" "$1.out"
 }
 tell() {
-  local name=$1 line
-  for line in "${@:2}"; do
-    : >"$name.done"
-    say "$name" "$line"
-    within 30 "$name.out" "^(done|failed) ${line//./\\.}" >"$name.done"
-    ! grep -E "^failed $line" "$name.out" || fail "$name: $line"
-  done
+  local line
+  for line in "${@:2}"; do attempt "$1" "$line" || fail "$1: $line"; done
 }
 renew() { for each in "$@"; do : >"$each.out"; done; }

@@ -18,20 +18,17 @@ class Program:
     def line(self, pattern):
         return next(filter(None, (re.match(pattern, each) for each in list(self.lines))), None)
 
-    def tell(self, *actions):
-        for action in actions:
-            self.lines.clear()
-            self.process.stdin.write(action + "\n")
-            self.process.stdin.flush()
-            assert within(30, lambda: self.line("(done|failed) ")), action
-            assert not self.line("failed "), self.lines
-
-    def fail(self, action, text):
-        """The action ends with an exception that says so."""
+    def attempt(self, action):
+        """Whether the action succeeds."""
         self.lines.clear()
         self.process.stdin.write(action + "\n")
         self.process.stdin.flush()
-        assert within(30, lambda: self.line("failed .*" + text)), self.lines
+        assert within(30, lambda: self.line("(done|failed) ")), action
+        return self.line("done ")
+
+    def tell(self, *actions):
+        for action in actions:
+            assert self.attempt(action), self.lines
 
 
 def within(seconds, condition):

@@ -10,12 +10,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 # meet WHERE FOM: ada and ben join a new federation.
 meet() {
   for each in ada ben; do
-    until
-      renew "$each"
-      say "$each" "connect $1"
-      within 10 "$each.out" '^(done|failed) connect'
-      grep -q "^done" "$each.out"
-    do :; done # a busy machine may keep it from connecting in time
+    until renew "$each" && attempt "$each" "connect $1"; do :; done # a busy machine may keep it from connecting in time
   done
   tell ada "create $2" "join ada"
   tell ben "join ben"

@@ -14,7 +14,6 @@ class Bytes : public std::vector<std::uint8_t>
 {
 public:
    using vector::vector;
-   Bytes(std::vector<std::uint8_t> const& octets) : vector(octets) {}
 
    // From pairs of hexadecimal digits; blanks are for the reader.
    explicit Bytes(std::string digits)
@@ -69,13 +68,6 @@ public:
    {
       insert(end(), bytes.begin(), bytes.end());
       return *this;
-   }
-
-   Bytes from(std::size_t position) const { return {data() + position, size() - position}; }
-
-   std::uint32_t leadingInt() const
-   {
-      return std::uint32_t{at(0)} << 24 | std::uint32_t{at(1)} << 16 | std::uint32_t{at(2)} << 8 | at(3);
    }
 };
 

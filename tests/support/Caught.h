@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cxxabi.h>
 #include <exception>
+#include <gtest/gtest.h>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -25,15 +26,8 @@ struct Caught
 
    friend std::ostream& operator<<(std::ostream& stream, Caught const& caught)
    {
-      stream << (caught.type.empty() ? "nothing" : caught.type) << ": ";
-      for (wchar_t const c : caught.text) {
-         if (c >= L' ' && c < L'\x7F') {
-            stream << static_cast<char>(c);
-         } else {
-            stream << "\\x" << std::hex << static_cast<unsigned long>(c) << std::dec;
-         }
-      }
-      return stream;
+      return stream << (caught.type.empty() ? "nothing" : caught.type) << ": "
+                    << testing::PrintToString(caught.text);
    }
 };
 

@@ -42,7 +42,7 @@ protected:
    {
       ambassador.reset();
       expectClean(0);
-      inTime = nullptr;
+      inTime = [](auto const&) {};
    }
 
    static std::unique_ptr<RTIambassador> newAmbassador()
@@ -54,7 +54,7 @@ protected:
    void connect(RTIambassador& newcomer)
    {
       newcomer.connect(federate, HLA_EVOKED);
-      token = fake::account.lastMessage.leadingInt();
+      token = Octets(fake::account.lastMessage.data(), 4).int32();
    }
 
    void join(std::u16string const& timeImplementation)

@@ -4,10 +4,6 @@
 
 namespace memory {
 
-std::atomic<long> made = 0;
-std::atomic<long> live = 0;
-bool (*isExempt)() = nullptr;
-
 namespace {
 
 int left = 0; // allocations up to the one that fails

@@ -7,8 +7,8 @@
 
 namespace memory {
 
-extern std::atomic<long> made; // allocations that have succeeded
-extern std::atomic<long> live; // and are not yet released
+inline std::atomic<long> made = 0; // allocations that have succeeded
+inline std::atomic<long> live = 0; // and are not yet released
 
 // Lets the n-th allocation from now on fail, n counting from 1; 0: none.
 void failAllocation(int n);
@@ -17,7 +17,7 @@ void failAllocation(int n);
 bool hasFailed();
 
 // Tells which allocations are never refused; none unless it is set.
-extern bool (*isExempt)();
+inline bool (*isExempt)() = nullptr;
 
 // Whether the operation ends without a std::bad_alloc though the n-th of its allocations fails.
 template <class Operation>

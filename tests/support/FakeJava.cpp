@@ -16,7 +16,7 @@ namespace {
 struct Object
 {
    std::string className;
-   std::vector<std::uint8_t> storage = {}; // of arrays
+   contract::Bytes storage = {}; // of arrays
    std::size_t length = 0;
    std::optional<std::u16string> text = {};     // of strings, and messages of exceptions
    std::set<std::string> classes = {className}; // its own and its bases
@@ -48,7 +48,6 @@ template <class Reference>
 Reference local(Object* object)
 {
    ++state.locals[object];
-   ++account.localReferences;
    return reinterpret_cast<Reference>(object);
 }
 
@@ -83,8 +82,6 @@ public:
       }
    }
    ~Entry() { --depth; }
-   Entry(Entry const&) = delete;
-   Entry& operator=(Entry const&) = delete;
 
 private:
    std::lock_guard<std::recursive_mutex> const _lock{oneThreadAtATime};
@@ -95,11 +92,6 @@ bool failsNow()
    bool const fails = state.failIn != 0 && --state.failIn == 0;
    state.failed = state.failed || fails;
    return fails;
-}
-
-bool isLacking(char const* className)
-{
-   return !core.lacksClasses.empty() && std::string(className).rfind(core.lacksClasses, 0) == 0;
 }
 
 void raise(std::vector<std::string> const& classes, std::optional<std::u16string> const& message)
@@ -158,14 +150,12 @@ template <class Array, class Element>
 void JNICALL getArrayRegion(JNIEnv*, Array array, jsize start, jsize length, Element* to)
 {
    Entry const entry("Get<Type>ArrayRegion");
-   if (static_cast<std::size_t>(start + length) > objectOf(array)->length) {
+   if (start > static_cast<jsize>(objectOf(array)->length) - length) {
       raise({"java/lang/ArrayIndexOutOfBoundsException"}, u"beyond an array");
       return;
    }
-   if (length != 0) { // of no elements there may be no place
-      std::memcpy(to, objectOf(array)->storage.data() + static_cast<std::size_t>(start) * sizeof(Element),
-                  static_cast<std::size_t>(length) * sizeof(Element));
-   }
+   auto const* const from = reinterpret_cast<Element const*>(objectOf(array)->storage.data());
+   std::copy_n(from + start, length, to);
 }
 
 void doMeanwhile()
@@ -206,8 +196,9 @@ JNINativeInterface_ functions()
 {
    JNINativeInterface_ table{};
    FUNCTION(FindClass, Never, jclass, (JNIEnv*, char const* name),
-            failsWith("java/lang/NoClassDefFoundError", isLacking(name)) ? nullptr
-                                                                         : local<jclass>(newObject(name)))
+            failsWith("java/lang/NoClassDefFoundError", std::string(name).rfind(core.lacksClasses, 0) == 0)
+               ? nullptr
+               : local<jclass>(newObject(name)))
    FUNCTION(GetObjectClass, Never, jclass, (JNIEnv*, jobject object),
             local<jclass>(newObject(objectOf(object)->className)))
    FUNCTION(ExceptionOccurred, WhilePending, jthrowable, (JNIEnv*),
@@ -256,21 +247,13 @@ JNINativeInterface_ functions()
       if (failsWith("java/lang/OutOfMemoryError")) {
          return JNI_ERR;
       }
-      std::u16string text;
-      for (; *message != '\0'; ++message) {
-         text.push_back(static_cast<unsigned char>(*message));
-      }
-      raise({objectOf(cls)->className}, text);
+      raise({objectOf(cls)->className}, std::u16string(message, message + std::strlen(message)));
       return JNI_OK;
    };
    table.DeleteLocalRef = [](JNIEnv*, jobject reference) -> void {
       Entry const entry("DeleteLocalRef", Allowed::WhilePending);
-      int& references = state.locals[objectOf(reference)];
-      if (reference != nullptr && references == 0) {
+      if (reference != nullptr && --state.locals[objectOf(reference)] < 0) {
          offend("DeleteLocalRef of what is not referenced");
-      } else if (reference != nullptr) {
-         --references;
-         --account.localReferences;
       }
    };
 #define CALL_METHOD(Type, result, kind, given)                                                         \
@@ -383,9 +366,13 @@ void reset()
 
 std::string remains()
 {
-   std::string text = std::to_string(account.localReferences) + " local, " +
-                      std::to_string(account.globalReferences) + " global, " + std::to_string(account.pins) +
-                      " pinned" + (state.pending != nullptr ? ", one pending" : "");
+   int locals = 0;
+   for (auto const& [object, references] : state.locals) {
+      locals += references;
+   }
+   std::string text = std::to_string(locals) + " local, " + std::to_string(account.globalReferences) +
+                      " global, " + std::to_string(account.pins) + " pinned" +
+                      (state.pending != nullptr ? ", one pending" : "");
    for (auto const& offence : account.offences) {
       text += ", " + offence;
    }
@@ -437,9 +424,7 @@ extern "C" JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM** vm, void** env, void
 {
    auto& runtime = fake::runtime;
    ++runtime.creations;
-   if (runtime.onCreation) {
-      runtime.onCreation();
-   }
+   runtime.onCreation();
    runtime.arguments = *static_cast<JavaVMInitArgs const*>(arguments);
    runtime.options.clear();
    for (jint i = 0; i < runtime.arguments.nOptions; ++i) {

@@ -21,9 +21,9 @@ struct Core
    std::optional<std::u16string> message = u"raised"; // of that exception
    // What is returned: a number, or the elements of an array or a text, big-endian; or null. Too little is 0.
    std::optional<contract::Bytes> result = contract::Bytes();
-   std::string lacks;               // the method of its ambassador that is not there
-   std::string lacksClasses;        // those whose names begin so are not there, if it is not empty
-   std::function<void()> meanwhile; // done once, in the next method or constructor
+   std::string lacks;                // the method of its ambassador that is not there
+   std::string lacksClasses = "no/"; // those whose names begin so are not there
+   std::function<void()> meanwhile;  // done once, in the next method or constructor
 };
 
 // What the library asks of the Java runtime to have the VM, and what comes of it.
@@ -40,14 +40,13 @@ struct Runtime
    int detachments = 0;
    JavaVMInitArgs arguments{}; // of the last creation
    std::vector<std::string> options;
-   std::function<void()> onCreation;
+   std::function<void()> onCreation = [] {};
 };
 
 // What the library has done.
 struct Account
 {
-   int localReferences = 0; // these are held now
-   int globalReferences = 0;
+   int globalReferences = 0; // these are held now
    int pins = 0;
    int calls = 0; // of any function of the VM
    int arraysMade = 0;

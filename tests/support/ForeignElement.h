@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-// Three octets on a boundary of 2, of which the last tells how often the element was cloned. It counts how
-// many of its kind there are and how often each operation is called.
+// Three octets on a boundary of 2, of which the last is its value. It counts how many of its kind there are
+// and how often each operation is called.
 class ForeignElement : public rti1516e::DataElement
 {
 public:

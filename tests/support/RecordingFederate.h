@@ -6,7 +6,6 @@
 #include <RTI/FederateAmbassador.h>
 
 #include <functional>
-#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,31 +19,20 @@ public:
       std::vector<std::pair<std::string, Bytes>>; // by the member, and the encoding of its arguments
 
    // Done in every callback, on its thread, once it is written down.
-   std::function<void()> inCallback;
+   std::function<void()> inCallback = [] {};
 
    // The callbacks since the last time.
-   Calls takeCalled()
-   {
-      std::lock_guard<std::mutex> const lock(_mutex);
-      return std::exchange(_called, {});
-   }
+   Calls takeCalled() { return std::exchange(_called, {}); }
 
 private:
    auto recording(char const* member)
    {
       return [this, member](auto const&... arguments) {
-         auto const bytes = encoded(arguments...);
-         {
-            std::lock_guard<std::mutex> const lock(_mutex);
-            _called.emplace_back(member, bytes);
-         }
-         if (inCallback) {
-            inCallback();
-         }
+         _called.emplace_back(member, encoded(arguments...));
+         inCallback();
       };
    }
 
-   std::mutex _mutex;
    Calls _called;
 
 public:

@@ -4,7 +4,7 @@ namespace rti1516e {
 
 std::auto_ptr<LogicalTimeFactory> LogicalTimeFactoryFactory::makeLogicalTimeFactory(std::wstring const& name)
 {
-   contract::enterTime("makeLogicalTimeFactory");
+   contract::inTime("makeLogicalTimeFactory");
    if (name == L"TestTime") {
       using contract::TestTimeFactory;
       TestTimeFactory* const given = TestTimeFactory::toBeGiven;

@@ -13,14 +13,8 @@
 
 namespace contract {
 
-// Done first in each of the implementation's operations, which it is told, if it is set.
-inline std::function<void(std::string const& operation)> inTime;
-inline void enterTime(char const* operation)
-{
-   if (inTime) {
-      inTime(operation);
-   }
-}
+// Done first in each of the implementation's operations, which it is told.
+inline std::function<void(std::string const& operation)> inTime = [](auto const&) {};
 
 // How many objects of a class are alive.
 template <class Counted>
@@ -42,24 +36,24 @@ class TestValue : public Base, public Living<TestValue<Base, mark>>
 public:
    using Base::operator=;
    explicit TestValue(rti1516e::Integer64 number) : Base(number) {}
-   ~TestValue() override { enterTime("destroy"); }
+   ~TestValue() override { inTime("destroy"); }
 
    static Bytes encoded(std::uint64_t number) { return Bytes().byte(mark).int64(number); }
 
    rti1516e::VariableLengthData encode() const override
    {
-      enterTime("encode");
+      inTime("encode");
       auto const number = static_cast<rti1516e::Integer64>(*this);
       return rti1516e::VariableLengthData(encoded(static_cast<std::uint64_t>(number)).data(), length);
    }
    size_t encodedLength() const override
    {
-      enterTime("encodedLength");
+      inTime("encodedLength");
       return length;
    }
    void decode(void* buffer, size_t bufferSize) override
    {
-      enterTime("decode");
+      inTime("decode");
       auto* const bytes = static_cast<unsigned char*>(buffer);
       if (bufferSize != length || bytes[0] != mark) {
          throw rti1516e::CouldNotDecode(L"not the bytes of a TestTime");
@@ -88,7 +82,7 @@ struct TestTimeFactory : rti1516e::HLAinteger64TimeFactory, Living<TestTimeFacto
 
    Time makeFinal() override
    {
-      enterTime("makeFinal");
+      inTime("makeFinal");
       return hasNoFinal ? Time() : Time(new TestTime(INT64_MAX));
    }
    Time decodeLogicalTime(void* buffer, size_t bufferSize) override

@@ -1,7 +1,0 @@
-// Loses memory: shows that this would be noticed in the tests.
-int main()
-{
-   int* volatile lost = new int(7);
-   lost = nullptr;
-   return lost == nullptr ? 0 : 1;
-}
