@@ -40,13 +40,7 @@ class Ambassadors : public testing::TestWithParam<CallbackModel>
 protected:
    Ambassadors() { _stage.createFederation("Road.xml", ""); }
 
-   void TearDown() override
-   {
-      for (auto const& entry : _stage.federates()) {
-         entry.second->onCallback = nullptr;
-      }
-      _stage.end();
-   }
+   void TearDown() override { _stage.end(); }
 
    Federate& joined(std::string const& name)
    {

@@ -33,16 +33,8 @@ std::string integer(std::size_t value)
 
 std::string aligned(std::string const& octets) { return octets + std::string(-octets.size() % 4, '\0'); }
 
-// Infinity and what is no number too.
-double number(std::string const& word)
-{
-   char* end = nullptr;
-   double const value = std::strtod(word.c_str(), &end);
-   if (end != word.c_str() + word.size()) {
-      throw std::invalid_argument(word);
-   }
-   return value;
-}
+// Infinity, what is no number and the least that there are too.
+double number(std::string const& word) { return std::strtod(word.c_str(), nullptr); }
 
 } // namespace
 
@@ -121,6 +113,7 @@ void Stage::createFederation(std::string const& module, std::string const& time)
 void Stage::end()
 {
    for (auto const& entry : _federates) {
+      entry.second->onCallback = nullptr;
       refusal([&] { (*entry.second)->resignFederationExecution(CANCEL_THEN_DELETE_THEN_DIVEST); });
    }
    Federate destroyer("destroyer", HLA_EVOKED, _names);

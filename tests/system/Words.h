@@ -2,14 +2,13 @@
 #ifndef RTI1516E_TESTS_SYSTEM_WORDS_H
 #define RTI1516E_TESTS_SYSTEM_WORDS_H
 
-#include "Stage.h"
+#include "Services.h"
 #include "src/messages/TypeCodes.h"
 
 #include <cctype>
 #include <functional>
 #include <memory>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -18,11 +17,6 @@
 namespace system_tests {
 
 namespace codes = tovu1516e;
-
-class Unreadable : public std::runtime_error
-{
-   using std::runtime_error::runtime_error;
-};
 
 template <class Value>
 constexpr bool isSet = false;
@@ -34,11 +28,9 @@ class Words
 public:
    // Without words every argument is the least that there is of its type: no number, name or handle, or a set
    // of one such.
-   Words(Stage& stage, Federate& federate, std::vector<std::string> words, bool blank = false)
-      : _stage(stage), _federate(federate), _words(std::move(words)), _blank(blank)
+   Words(Stage& stage, Federate& federate, std::vector<std::string> words, std::size_t arguments, bool blank)
+      : _stage(stage), _federate(federate), _words(std::move(words)), _last(arguments), _blank(blank)
    {}
-
-   void expect(std::size_t arguments) { _last = arguments; }
 
    template <class Code>
    auto argument()
@@ -53,7 +45,7 @@ public:
       } else if constexpr (std::is_same_v<Code, codes::LTI>) {
          return _stage.interval(_blank ? "0" : take());
       } else if constexpr (std::is_same_v<Code, codes::URL>) {
-         _next += isNext("with") ? 1 : 0;
+         skip("with");
          return _blank ? std::wstring() : _stage.text(take());
       } else {
          using Value = typename Code::Sendable;
@@ -71,6 +63,13 @@ public:
 private:
    bool atEnd() const { return _next == _words.size(); }
    bool isNext(char const* beginning) const { return !atEnd() && _words[_next].rfind(beginning, 0) == 0; }
+
+   bool skip(char const* word)
+   {
+      bool const is = isNext(word);
+      _next += is ? 1 : 0;
+      return is;
+   }
 
    std::string take()
    {
@@ -136,12 +135,7 @@ private:
 
    VariableLengthData read(VariableLengthData*) { return bytes(isNext("tag=") ? take().substr(4) : ""); }
 
-   bool read(bool*)
-   {
-      bool const isFalse = isNext("passively") || isNext("unsuccessfully");
-      _next += isFalse ? 1 : 0;
-      return !isFalse;
-   }
+   bool read(bool*) { return !skip("passively") && !skip("unsuccessfully"); }
 
    double read(double*) { return std::stod(take()); }
 
@@ -170,7 +164,7 @@ private:
    std::set<Handle> read(std::set<Handle>*)
    {
       std::set<Handle> all;
-      _next += isNext("{}") ? 1 : 0;
+      skip("{}");
       while (!atEnd() && called<Handle>(_words[_next])) {
          all.insert(handle<Handle>(take()));
       }
@@ -241,7 +235,7 @@ private:
    std::vector<std::string> _words;
    std::size_t _next = 0;
    std::size_t _arguments = 0;
-   std::size_t _last = 0;
+   std::size_t const _last;
    bool const _blank;
 };
 

@@ -1,7 +1,6 @@
 # Time management on the road: alpha's car, of which beta is told, and two kinds of interactions.
 include Road.include
 
-every story
    share-a-car
    alpha: publish [Accident|Message]
    beta: subscribe [Accident|Message]
