@@ -18,11 +18,7 @@ namespace system_tests {
 
 namespace {
 
-std::string uniqueName()
-{
-   static std::atomic<int> count{0};
-   return "story-" + std::to_string(++count);
-}
+std::atomic<int> stages{0};
 
 std::string integer(std::size_t value)
 {
@@ -39,7 +35,7 @@ double number(std::string const& word) { return std::strtod(word.c_str(), nullpt
 } // namespace
 
 Stage::Stage(CallbackModel model, bool integerTime)
-   : _model(model), _integerTime(integerTime), _federation(uniqueName())
+   : _model(model), _integerTime(integerTime), _federation("story-" + std::to_string(++stages))
 {
    for (auto const name : {"$federation", "$other"}) {
       _names.add(text(name), name);
@@ -139,25 +135,17 @@ void Stage::end()
 
 std::wstring Stage::text(std::string const& word) const
 {
-   static std::pair<std::string, std::string> const places[] = {
-      {"$fom", SYSTEM_TESTS_FOM}, {"$copies", SYSTEM_TESTS_COPIES}, {"$mim", SYSTEM_TESTS_MIM}};
    std::size_t const start = word.find('$');
    if (start == std::string::npos) {
       return wide(word);
    }
-   std::size_t const end = word.find('/', start);
-   std::string const name = word.substr(start, end - start);
-   std::string value;
-   for (auto const& place : places) {
-      value = name == place.first ? place.second : value;
-   }
-   if (name == "$federation" || name == "$other") {
-      value = _federation + name.substr(1);
-   }
-   if (value.empty()) {
-      throw std::runtime_error(name + " stands for nothing");
-   }
-   return wide(word.substr(0, start) + value + (end == std::string::npos ? "" : word.substr(end)));
+   std::map<std::string, std::string> const meanings = {{"$federation", _federation + "federation"},
+                                                        {"$other", _federation + "other"},
+                                                        {"$fom", SYSTEM_TESTS_FOM},
+                                                        {"$copies", SYSTEM_TESTS_COPIES},
+                                                        {"$mim", SYSTEM_TESTS_MIM}};
+   std::size_t const end = std::min(word.find('/', start), word.size());
+   return wide(word.substr(0, start) + meanings.at(word.substr(start, end - start)) + word.substr(end));
 }
 
 // The octets of the handle of that name, or of that number.

@@ -49,8 +49,9 @@ public:
 
    // What of that kind has the name, if anything; noRegion is an invalid region, and so on.
    template <class Handle>
-   std::unique_ptr<Handle> called(std::string const& name) const
+   std::unique_ptr<Handle> called(std::string const& name, Federate& federate)
    {
+      find(federate, name, Handle());
       std::lock_guard<std::mutex> const lock(_mutex);
       auto const& handles = std::get<Named<Handle>>(_handles);
       auto const found = handles.find(name);
@@ -59,16 +60,6 @@ public:
       }
       return name == none<Handle>() ? std::make_unique<Handle>() : nullptr;
    }
-
-   // Has the federate look up what is called so in the object models: a dimension, or a class by the end of
-   // its full name with all its attributes or parameters. One in several classes is that of the class named
-   // last.
-   void find(Federate& federate, std::string const& name, ObjectClassHandle);
-   void find(Federate& federate, std::string const& name, InteractionClassHandle);
-   void find(Federate& federate, std::string const& name, DimensionHandle);
-   template <class Handle>
-   void find(Federate&, std::string const&, Handle)
-   {}
 
    Names& names() { return _names; }
 
@@ -85,6 +76,16 @@ public:
    std::unique_ptr<LogicalTimeInterval> interval(std::string const& word) const;
 
 private:
+   // Has the federate look up what is called so in the object models: a dimension, or a class by the end of
+   // its full name with all its attributes or parameters. One in several classes is that of the class named
+   // last.
+   void find(Federate& federate, std::string const& name, ObjectClassHandle);
+   void find(Federate& federate, std::string const& name, InteractionClassHandle);
+   void find(Federate& federate, std::string const& name, DimensionHandle);
+   template <class Handle>
+   void find(Federate&, std::string const&, Handle)
+   {}
+
    std::string handle(std::string const& name) const;
 
    template <class Look, class LookIn>

@@ -165,7 +165,7 @@ private:
    {
       std::set<Handle> all;
       skip("{}");
-      while (!atEnd() && called<Handle>(_words[_next])) {
+      while (!atEnd() && _stage.called<Handle>(_words[_next], _federate)) {
          all.insert(handle<Handle>(take()));
       }
       return all;
@@ -178,7 +178,7 @@ private:
       for (; !atEnd(); ++_next) {
          std::size_t const equals = _words[_next].find('=');
          std::string const name = _words[_next].substr(0, equals);
-         if (equals == std::string::npos || !_stage.called<Handle>(name)) {
+         if (equals == std::string::npos || !_stage.called<Handle>(name, _federate)) {
             break;
          }
          all[handle<Handle>(name)] = bytes(_stage.value(_words[_next].substr(equals + 1)));
@@ -204,16 +204,9 @@ private:
    }
 
    template <class Handle>
-   std::unique_ptr<Handle> called(std::string const& name) const
-   {
-      _stage.find(_federate, name, Handle());
-      return _stage.called<Handle>(name);
-   }
-
-   template <class Handle>
    Handle handle(std::string const& name) const
    {
-      auto const found = called<Handle>(name);
+      auto const found = _stage.called<Handle>(name, _federate);
       if (!found) {
          throw Unreadable(name + " is no " + show(Handle()));
       }
