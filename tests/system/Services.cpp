@@ -24,18 +24,6 @@ void nameResult(Stage& stage, Federate& federate, Handle const& result, std::str
    stage.call(result, given);
 }
 
-// Times and intervals are abstract, and so held by pointers.
-template <class Value>
-Value const& passed(Value const& value)
-{
-   return value;
-}
-template <class Value>
-Value const& passed(std::unique_ptr<Value> const& value)
-{
-   return *value;
-}
-
 // The member of the ambassador that it is called by.
 std::string nameOf(std::string const& method, std::string const& call)
 {
@@ -52,7 +40,7 @@ ServiceRow row(tovu1516e::Service<Result(Codes...)> const& method, std::string c
       using Arguments = std::tuple<decltype(words.argument<Codes>())...>;
       Arguments const arguments{words.argument<Codes>()...};
       words.expectEnd();
-      auto const apply = [&](auto const&... values) { return service(*federate, passed(values)...); };
+      auto const apply = [&](auto const&... values) { return service(*federate, values...); };
       Outcome outcome;
       outcome.method = method.name;
       std::function<void()> const call = [&] {

@@ -52,7 +52,8 @@ Federate& Stage::federate(std::string const& name)
 }
 
 template <class Look, class LookIn>
-void Stage::find(std::string const& root, std::string const& name, Look&& look, LookIn&& lookIn)
+void Stage::find(Federate& federate, std::string const& root, std::string const& name, Look look,
+                 LookIn lookIn)
 {
    static auto const classes = readClasses();
    std::lock_guard<std::mutex> const lock(_finding);
@@ -62,11 +63,13 @@ void Stage::find(std::string const& root, std::string const& name, Look&& look, 
       std::size_t const end = path.size() - std::min(path.size(), name.size() + 1);
       if (path.rfind(root, 0) == 0 && path.substr(end) == "." + name) {
          refusal([&] {
-            auto const theClass = look(wide(path.substr(1)));
+            auto const theClass = std::invoke(look, *federate, wide(path.substr(1)));
             found.push_back([=] { call(theClass, name); });
             for (auto const& member : each->second) {
                refusal([&] {
-                  found.push_back([=, handle = lookIn(theClass, wide(member))] { call(handle, member); });
+                  found.push_back([=, handle = std::invoke(lookIn, *federate, theClass, wide(member))] {
+                     call(handle, member);
+                  });
                });
             }
          });
@@ -79,17 +82,14 @@ void Stage::find(std::string const& root, std::string const& name, Look&& look, 
 
 void Stage::find(Federate& federate, std::string const& name, ObjectClassHandle)
 {
-   find(
-      ".HLAobjectRoot", name, [&](auto const& full) { return federate->getObjectClassHandle(full); },
-      [&](auto theClass, auto const& member) { return federate->getAttributeHandle(theClass, member); });
+   find(federate, ".HLAobjectRoot", name, &RTIambassador::getObjectClassHandle,
+        &RTIambassador::getAttributeHandle);
 }
 
 void Stage::find(Federate& federate, std::string const& name, InteractionClassHandle)
 {
-   find(
-      ".HLAinteractionRoot", name,
-      [&](auto const& full) { return federate->getInteractionClassHandle(full); },
-      [&](auto theClass, auto const& member) { return federate->getParameterHandle(theClass, member); });
+   find(federate, ".HLAinteractionRoot", name, &RTIambassador::getInteractionClassHandle,
+        &RTIambassador::getParameterHandle);
 }
 
 void Stage::find(Federate& federate, std::string const& name, DimensionHandle)

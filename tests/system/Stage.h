@@ -13,7 +13,6 @@
 #include <mutex>
 #include <string>
 #include <tuple>
-#include <type_traits>
 #include <vector>
 
 namespace system_tests {
@@ -25,7 +24,6 @@ public:
 
    // Comes to be when it is named.
    Federate& federate(std::string const& name);
-   bool has(std::string const& name) const { return _federates.count(name) != 0; }
    void forget(std::string const& name) { _federates.erase(name); }
    std::map<std::string, std::unique_ptr<Federate>>& federates() { return _federates; }
 
@@ -40,11 +38,7 @@ public:
    {
       std::lock_guard<std::mutex> const lock(_mutex);
       std::get<Named<Handle>>(_handles)[name] = handle;
-      if constexpr (std::is_same_v<Handle, MessageRetractionHandle>) {
-         _names.add(handle.toString(), name);
-      } else {
-         _names.add(handle, name);
-      }
+      _names.add(handle, name);
    }
 
    // What of that kind has the name, if anything; noRegion is an invalid region, and so on.
@@ -58,7 +52,8 @@ public:
       if (found != handles.end()) {
          return std::make_unique<Handle>(found->second);
       }
-      return name == none<Handle>() ? std::make_unique<Handle>() : nullptr;
+      std::string const kind = showArgument(true, Handle());
+      return name == "no" + kind.substr(0, kind.find("Handle")) ? std::make_unique<Handle>() : nullptr;
    }
 
    Names& names() { return _names; }
@@ -89,21 +84,10 @@ private:
    std::string handle(std::string const& name) const;
 
    template <class Look, class LookIn>
-   void find(std::string const& root, std::string const& name, Look&& look, LookIn&& lookIn);
+   void find(Federate& federate, std::string const& root, std::string const& name, Look look, LookIn lookIn);
 
    template <class Handle>
    using Named = std::map<std::string, Handle>;
-
-   template <class Handle>
-   static std::string none()
-   {
-      if constexpr (std::is_same_v<Handle, MessageRetractionHandle>) {
-         return "noMessage";
-      } else {
-         std::string const kind = show(Handle());
-         return "no" + kind.substr(0, kind.find("Handle"));
-      }
-   }
 
    CallbackModel const _model;
    bool _integerTime;

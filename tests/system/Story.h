@@ -20,16 +20,10 @@ struct Line
    std::string text;
 };
 
-// What "to NAME $one $two" begins: lines that a story has by naming them.
+// What "story TITLE" begins, or "to NAME $one $two": lines that a story has by naming them.
 struct Passage
 {
-   std::vector<std::string> parameters;
-   std::vector<Line> lines;
-};
-
-struct Story
-{
-   std::string title;
+   std::vector<std::string> words; // the title or the parameters
    std::vector<Line> lines;
 };
 
@@ -37,7 +31,7 @@ struct StoryFile
 {
    std::vector<Line> opening; // of every story in it
    std::map<std::string, Passage> passages;
-   std::vector<Story> stories;
+   std::vector<Passage> stories;
 };
 
 // Steps stand indented, and what goes on with the one before further in than they do.
@@ -61,11 +55,10 @@ inline void read(std::string const& name, StoryFile& into)
       } else if (words[0] == "include") {
          read(words.at(1), into);
       } else if (words[0] == "to") {
-         Passage& passage = into.passages[words.at(1)];
-         passage.parameters.assign(words.begin() + 2, words.end());
+         Passage& passage = into.passages[words.at(1)] = {{words.begin() + 2, words.end()}, {}};
          present = &passage.lines;
       } else if (words[0] == "story") {
-         into.stories.push_back({trimmed(text.substr(5)), {}});
+         into.stories.push_back({{words.begin() + 1, words.end()}, {}});
          present = &into.stories.back().lines;
       } else {
          throw std::runtime_error(path + ":" + std::to_string(number) +

@@ -161,7 +161,7 @@ public:
    void add(Handle const& handle, std::string const& name)
    {
       std::lock_guard<std::mutex> const lock(_mutex);
-      _names[show(handle)] = name;
+      _names[showArgument(true, handle)] = name;
    }
 
    // The text with each handle that has a name replaced by it, and with what stands in braces sorted and

@@ -41,9 +41,11 @@ public:
       } else if constexpr (std::is_same_v<Code, codes::CM>) {
          return _federate.model();
       } else if constexpr (std::is_same_v<Code, codes::LT>) {
-         return time();
+         _time = time();
+         return std::cref(*_time);
       } else if constexpr (std::is_same_v<Code, codes::LTI>) {
-         return _stage.interval(_blank ? "0" : take());
+         _interval = _stage.interval(_blank ? "0" : take());
+         return std::cref(*_interval);
       } else if constexpr (std::is_same_v<Code, codes::URL>) {
          skip("with");
          return _blank ? std::wstring() : _stage.text(take());
@@ -229,6 +231,8 @@ private:
    std::size_t _next = 0;
    std::size_t _arguments = 0;
    std::size_t const _last;
+   std::unique_ptr<LogicalTime> _time; // that an argument refers to
+   std::unique_ptr<LogicalTimeInterval> _interval;
    bool const _blank;
 };
 

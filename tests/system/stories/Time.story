@@ -164,7 +164,7 @@ to let-them-go
    gamma < timeConstrainedEnabled 50
 
 story is only for who takes part
-   alpha: requestFederationSave noon at 5 -> FederateUnableToUseTime; retract noMessage -> TimeRegulationIsNotEnabled
+   alpha: requestFederationSave noon at 5 -> FederateUnableToUseTime; retract noMessageRetraction -> TimeRegulationIsNotEnabled
    regulate [alpha|beta] 1
    alpha: sent = update car Position=1 at 5
    beta < reflect car Position=1 TSO reliable at 5 RO retractable by alpha
