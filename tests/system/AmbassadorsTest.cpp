@@ -11,7 +11,6 @@ namespace {
 
 using namespace system_tests;
 using namespace std::chrono_literals;
-using Callbacks = Federate::Callbacks;
 using Clock = std::chrono::steady_clock;
 
 template <class Call>
@@ -90,7 +89,7 @@ TEST_P(Ambassadors, MaySaveAndRestoreInGreatNumbers)
    for (int i = 0; i < 200; ++i) {
       all.push_back(&joined("crowd-" + std::to_string(i)));
    }
-   auto const each = [&](std::string const& text, Callbacks const& callbacks) {
+   auto const each = [&](std::string const& text, Federate::Callbacks const& callbacks) {
       for (Federate* const federate : all) {
          steps(*federate, text);
       }

@@ -18,11 +18,6 @@ namespace system_tests {
 
 namespace codes = tovu1516e;
 
-template <class Value>
-constexpr bool isSet = false;
-template <class Element>
-constexpr bool isSet<std::set<Element>> = true;
-
 class Words
 {
 public:
@@ -51,7 +46,8 @@ public:
          return _blank ? std::wstring() : _stage.text(take());
       } else {
          using Value = typename Code::Sendable;
-         return _blank ? leastOf<Value>() : read(static_cast<Value*>(nullptr));
+         auto* const none = static_cast<Value*>(nullptr); // to choose by
+         return _blank ? leastOf(none) : read(none);
       }
    }
 
@@ -82,15 +78,18 @@ private:
    }
 
    template <class Value>
-   static Value leastOf()
+   static Value leastOf(Value*)
    {
       if constexpr (std::is_enum_v<Value>) {
          return Value(1);
-      } else if constexpr (isSet<Value>) {
-         return Value{typename Value::value_type()};
       } else {
          return Value();
       }
+   }
+   template <class Element>
+   static std::set<Element> leastOf(std::set<Element>*)
+   {
+      return {Element()};
    }
 
    // The first argument as it is, and "at" it where it comes behind others.
