@@ -76,7 +76,8 @@ play idle
 tell idle "connect hub=$plain" "join idle"
 kill -STOP "${pid[idle]}"
 tell ada "flood 1000"
-within 30 plain.err "lost .*idle.* at .*: its process does not read: 8 MB wait"
+# How much the system's own buffers hold decides which of the two limits comes first.
+within 30 plain.err "lost .*idle.* at .*: its (process does not read|program takes no callbacks): 8 MB wait"
 kill -KILL "${pid[idle]}"
 tell ada "greet 10"
 

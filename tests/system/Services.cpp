@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <mutex>
-#include <set>
 #include <tuple>
 
 namespace system_tests {
@@ -14,7 +12,7 @@ namespace system_tests {
 namespace {
 
 template <class Handle>
-void call(Stage& stage, Federate& federate, Handle const& result, std::string const& given)
+void nameResult(Stage& stage, Federate& federate, Handle const& result, std::string const& given)
 {
    if constexpr (std::is_same_v<Handle, ObjectInstanceHandle>) {
       std::wstring its; // unless another federate has deleted it since
@@ -24,18 +22,6 @@ void call(Stage& stage, Federate& federate, Handle const& result, std::string co
       }
    }
    stage.call(result, given);
-}
-
-// Times and intervals are abstract, and so held by pointers.
-template <class Value>
-Value const& passed(Value const& value)
-{
-   return value;
-}
-template <class Value>
-Value const& passed(std::unique_ptr<Value> const& value)
-{
-   return *value;
 }
 
 // The member of the ambassador that it is called by.
@@ -49,31 +35,37 @@ std::string nameOf(std::string const& method, std::string const& call)
 template <class Result, class... Codes, class Call>
 ServiceRow row(tovu1516e::Service<Result(Codes...)> const& method, std::string const& name, Call service)
 {
-   auto const read = [service](Stage& stage, Federate& federate, Words& words) {
-      words.expect(sizeof...(Codes));
+   auto const serve = [service, &method](Stage& stage, Federate& federate, auto const& texts, bool blank) {
+      Words words(stage, federate, texts, sizeof...(Codes), blank);
       using Arguments = std::tuple<decltype(words.argument<Codes>())...>;
-      auto const arguments = std::make_shared<Arguments>(Arguments{words.argument<Codes>()...});
+      Arguments const arguments{words.argument<Codes>()...};
       words.expectEnd();
-      return [service, arguments, &stage, &federate]() -> Outcome {
-         auto const apply = [&](auto const&... values) { return service(*federate, passed(values)...); };
-         Outcome outcome;
-         if constexpr (std::is_void_v<decltype(std::apply(apply, *arguments))>) {
-            std::apply(apply, *arguments);
+      auto const apply = [&](auto const&... values) { return service(*federate, values...); };
+      Outcome outcome;
+      outcome.method = method.name;
+      std::function<void()> const call = [&] {
+         if constexpr (std::is_void_v<decltype(std::apply(apply, arguments))>) {
+            std::apply(apply, arguments);
          } else {
-            auto const result = std::apply(apply, *arguments);
+            auto const result = std::apply(apply, arguments);
             outcome.result = stage.names().in(show(result));
             if constexpr (isHandle<std::decay_t<decltype(result)>>) {
                outcome.call = [result, &stage, &federate](auto const& given) {
-                  call(stage, federate, result, given);
+                  nameResult(stage, federate, result, given);
                };
             }
          }
-         return outcome;
       };
+      contract::Caught const caught = contract::caughtFrom(call);
+      if (!caught.type.empty()) {
+         outcome.exception = caught.type;
+         outcome.message = narrow(caught.text);
+      }
+      return outcome;
    };
-   ServiceRow row{name, method.name, {}, read};
+   ServiceRow row{name, method.name, {}, serve};
    for (std::size_t i = 0; i < method.exceptions.count; ++i) {
-      row.exceptions.push_back(std::strrchr(method.exceptions.first[i].javaClass, '/') + 1);
+      row.exceptions.insert(std::strrchr(method.exceptions.first[i].javaClass, '/') + 1);
    }
    return row;
 }
@@ -92,29 +84,7 @@ void subscribeWithRegions(RTIambassador& rti, InteractionClassHandle theClass, b
    rti.subscribeInteractionClassWithRegions(theClass, regions, active);
 }
 
-std::mutex refusedMutex;
-std::set<std::string> refused; // as "method exception"
-
-Outcome call(ServiceRow const& row, std::function<Outcome()> const& invocation)
-{
-   Outcome outcome;
-   contract::Caught const caught = contract::caughtFrom([&] { outcome = invocation(); });
-   if (!caught.type.empty()) {
-      outcome.exception = caught.type;
-      outcome.message = narrow(caught.text);
-      std::lock_guard<std::mutex> const lock(refusedMutex);
-      refused.insert(row.method + " " + caught.type);
-   }
-   outcome.method = row.method;
-   return outcome;
-}
-
 } // namespace
-
-bool ServiceRow::lists(std::string const& exception) const
-{
-   return std::find(exceptions.begin(), exceptions.end(), exception) != exceptions.end();
-}
 
 std::vector<ServiceRow> const& serviceRows()
 {
@@ -125,11 +95,6 @@ std::vector<ServiceRow> const& serviceRows()
 #include "tests/support/Services.def"
    };
    return rows;
-}
-
-bool wasRefused(ServiceRow const& row, std::string const& exception)
-{
-   return refused.count(row.method + " " + exception) != 0;
 }
 
 bool isNamed(std::vector<std::string> const& words)
@@ -155,33 +120,19 @@ Outcome serve(Stage& stage, Federate& federate, std::vector<std::string> words)
    }
    std::string why = words[0] + " is no service";
    for (auto const& row : serviceRows()) {
-      if (row.name == words[0]) {
-         std::function<Outcome()> invocation;
-         try {
-            Words arguments(stage, federate, {words.begin() + 1, words.end()});
-            invocation = row.read(stage, federate, arguments);
-         } catch (Unreadable const& error) {
-            why = error.what();
-            continue;
-         }
-         Outcome const outcome = call(row, invocation);
-         if (!given.empty() && outcome.exception == "nothing") {
-            if (!outcome.call) {
-               throw Unreadable("only handles have names");
+      try {
+         if (row.name == words[0]) {
+            Outcome const outcome = row.serve(stage, federate, {words.begin() + 1, words.end()}, false);
+            if (!given.empty() && outcome.exception == "nothing") {
+               outcome.call(given); // only handles have names
             }
-            outcome.call(given);
+            return outcome;
          }
-         return outcome;
+      } catch (Unreadable const& error) {
+         why = error.what();
       }
    }
    throw Unreadable(why);
-}
-
-Outcome serveAs(ServiceRow const& row, Stage& stage, Federate& federate,
-                std::vector<std::string> const& arguments)
-{
-   Words words(stage, federate, arguments, arguments.empty());
-   return call(row, row.read(stage, federate, words));
 }
 
 } // namespace system_tests

@@ -5,12 +5,18 @@
 #include "Stage.h"
 
 #include <functional>
+#include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace system_tests {
 
-class Words;
+// Words that the service does not take.
+class Unreadable : public std::runtime_error
+{
+   using std::runtime_error::runtime_error;
+};
 
 // What a call returned, as a text, and a way to give it a name; or the class of the exception it threw.
 struct Outcome
@@ -26,26 +32,18 @@ struct ServiceRow
 {
    std::string name; // in steps
    std::string method;
-   std::vector<std::string> exceptions;
-   // Throws Unreadable for words of another service.
-   std::function<std::function<Outcome()>(Stage&, Federate&, Words&)> read;
-
-   bool lists(std::string const& exception) const;
+   std::set<std::string> exceptions;
+   // Without arguments, if it is to be blank, with the least there are.
+   std::function<Outcome(Stage&, Federate&, std::vector<std::string> const& arguments, bool blank)> serve;
 };
 
 std::vector<ServiceRow> const& serviceRows();
-
-// Whether a service has refused that in any story.
-bool wasRefused(ServiceRow const& row, std::string const& exception);
 
 // Whether the words begin with "name =", rather than with a service.
 bool isNamed(std::vector<std::string> const& words);
 
 // Performs the service that takes the words, which may have "name =" in front: the result is called that.
 Outcome serve(Stage& stage, Federate& federate, std::vector<std::string> words);
-// Just that service; without arguments with the least there are.
-Outcome serveAs(ServiceRow const& row, Stage& stage, Federate& federate,
-                std::vector<std::string> const& arguments);
 
 } // namespace system_tests
 

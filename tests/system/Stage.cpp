@@ -18,11 +18,7 @@ namespace system_tests {
 
 namespace {
 
-std::string uniqueName()
-{
-   static std::atomic<int> count{0};
-   return "story-" + std::to_string(++count);
-}
+std::atomic<int> stages{0};
 
 std::string integer(std::size_t value)
 {
@@ -33,21 +29,13 @@ std::string integer(std::size_t value)
 
 std::string aligned(std::string const& octets) { return octets + std::string(-octets.size() % 4, '\0'); }
 
-// Infinity and what is no number too.
-double number(std::string const& word)
-{
-   char* end = nullptr;
-   double const value = std::strtod(word.c_str(), &end);
-   if (end != word.c_str() + word.size()) {
-      throw std::invalid_argument(word);
-   }
-   return value;
-}
+// Infinity, what is no number and the least that there are too.
+double number(std::string const& word) { return std::strtod(word.c_str(), nullptr); }
 
 } // namespace
 
 Stage::Stage(CallbackModel model, bool integerTime)
-   : _model(model), _integerTime(integerTime), _federation(uniqueName())
+   : _model(model), _integerTime(integerTime), _federation("story-" + std::to_string(++stages))
 {
    for (auto const name : {"$federation", "$other"}) {
       _names.add(text(name), name);
@@ -64,7 +52,8 @@ Federate& Stage::federate(std::string const& name)
 }
 
 template <class Look, class LookIn>
-void Stage::find(std::string const& root, std::string const& name, Look&& look, LookIn&& lookIn)
+void Stage::find(Federate& federate, std::string const& root, std::string const& name, Look look,
+                 LookIn lookIn)
 {
    static auto const classes = readClasses();
    std::lock_guard<std::mutex> const lock(_finding);
@@ -74,11 +63,13 @@ void Stage::find(std::string const& root, std::string const& name, Look&& look, 
       std::size_t const end = path.size() - std::min(path.size(), name.size() + 1);
       if (path.rfind(root, 0) == 0 && path.substr(end) == "." + name) {
          refusal([&] {
-            auto const theClass = look(wide(path.substr(1)));
+            auto const theClass = std::invoke(look, *federate, wide(path.substr(1)));
             found.push_back([=] { call(theClass, name); });
             for (auto const& member : each->second) {
                refusal([&] {
-                  found.push_back([=, handle = lookIn(theClass, wide(member))] { call(handle, member); });
+                  found.push_back([=, handle = std::invoke(lookIn, *federate, theClass, wide(member))] {
+                     call(handle, member);
+                  });
                });
             }
          });
@@ -91,17 +82,14 @@ void Stage::find(std::string const& root, std::string const& name, Look&& look, 
 
 void Stage::find(Federate& federate, std::string const& name, ObjectClassHandle)
 {
-   find(
-      ".HLAobjectRoot", name, [&](auto const& full) { return federate->getObjectClassHandle(full); },
-      [&](auto theClass, auto const& member) { return federate->getAttributeHandle(theClass, member); });
+   find(federate, ".HLAobjectRoot", name, &RTIambassador::getObjectClassHandle,
+        &RTIambassador::getAttributeHandle);
 }
 
 void Stage::find(Federate& federate, std::string const& name, InteractionClassHandle)
 {
-   find(
-      ".HLAinteractionRoot", name,
-      [&](auto const& full) { return federate->getInteractionClassHandle(full); },
-      [&](auto theClass, auto const& member) { return federate->getParameterHandle(theClass, member); });
+   find(federate, ".HLAinteractionRoot", name, &RTIambassador::getInteractionClassHandle,
+        &RTIambassador::getParameterHandle);
 }
 
 void Stage::find(Federate& federate, std::string const& name, DimensionHandle)
@@ -121,6 +109,7 @@ void Stage::createFederation(std::string const& module, std::string const& time)
 void Stage::end()
 {
    for (auto const& entry : _federates) {
+      entry.second->onCallback = nullptr;
       refusal([&] { (*entry.second)->resignFederationExecution(CANCEL_THEN_DELETE_THEN_DIVEST); });
    }
    Federate destroyer("destroyer", HLA_EVOKED, _names);
@@ -146,25 +135,17 @@ void Stage::end()
 
 std::wstring Stage::text(std::string const& word) const
 {
-   static std::pair<std::string, std::string> const places[] = {
-      {"$fom", SYSTEM_TESTS_FOM}, {"$copies", SYSTEM_TESTS_COPIES}, {"$mim", SYSTEM_TESTS_MIM}};
    std::size_t const start = word.find('$');
    if (start == std::string::npos) {
       return wide(word);
    }
-   std::size_t const end = word.find('/', start);
-   std::string const name = word.substr(start, end - start);
-   std::string value;
-   for (auto const& place : places) {
-      value = name == place.first ? place.second : value;
-   }
-   if (name == "$federation" || name == "$other") {
-      value = _federation + name.substr(1);
-   }
-   if (value.empty()) {
-      throw std::runtime_error(name + " stands for nothing");
-   }
-   return wide(word.substr(0, start) + value + (end == std::string::npos ? "" : word.substr(end)));
+   std::map<std::string, std::string> const meanings = {{"$federation", _federation + "federation"},
+                                                        {"$other", _federation + "other"},
+                                                        {"$fom", SYSTEM_TESTS_FOM},
+                                                        {"$copies", SYSTEM_TESTS_COPIES},
+                                                        {"$mim", SYSTEM_TESTS_MIM}};
+   std::size_t const end = std::min(word.find('/', start), word.size());
+   return wide(word.substr(0, start) + meanings.at(word.substr(start, end - start)) + word.substr(end));
 }
 
 // The octets of the handle of that name, or of that number.

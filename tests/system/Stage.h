@@ -13,7 +13,6 @@
 #include <mutex>
 #include <string>
 #include <tuple>
-#include <type_traits>
 #include <vector>
 
 namespace system_tests {
@@ -25,7 +24,6 @@ public:
 
    // Comes to be when it is named.
    Federate& federate(std::string const& name);
-   bool has(std::string const& name) const { return _federates.count(name) != 0; }
    void forget(std::string const& name) { _federates.erase(name); }
    std::map<std::string, std::unique_ptr<Federate>>& federates() { return _federates; }
 
@@ -40,35 +38,23 @@ public:
    {
       std::lock_guard<std::mutex> const lock(_mutex);
       std::get<Named<Handle>>(_handles)[name] = handle;
-      if constexpr (std::is_same_v<Handle, MessageRetractionHandle>) {
-         _names.add(handle.toString(), name);
-      } else {
-         _names.add(handle, name);
-      }
+      _names.add(handle, name);
    }
 
    // What of that kind has the name, if anything; noRegion is an invalid region, and so on.
    template <class Handle>
-   std::unique_ptr<Handle> called(std::string const& name) const
+   std::unique_ptr<Handle> called(std::string const& name, Federate& federate)
    {
+      find(federate, name, Handle());
       std::lock_guard<std::mutex> const lock(_mutex);
       auto const& handles = std::get<Named<Handle>>(_handles);
       auto const found = handles.find(name);
       if (found != handles.end()) {
          return std::make_unique<Handle>(found->second);
       }
-      return name == none<Handle>() ? std::make_unique<Handle>() : nullptr;
+      std::string const kind = showArgument(true, Handle());
+      return name == "no" + kind.substr(0, kind.find("Handle")) ? std::make_unique<Handle>() : nullptr;
    }
-
-   // Has the federate look up what is called so in the object models: a dimension, or a class by the end of
-   // its full name with all its attributes or parameters. One in several classes is that of the class named
-   // last.
-   void find(Federate& federate, std::string const& name, ObjectClassHandle);
-   void find(Federate& federate, std::string const& name, InteractionClassHandle);
-   void find(Federate& federate, std::string const& name, DimensionHandle);
-   template <class Handle>
-   void find(Federate&, std::string const&, Handle)
-   {}
 
    Names& names() { return _names; }
 
@@ -85,24 +71,23 @@ public:
    std::unique_ptr<LogicalTimeInterval> interval(std::string const& word) const;
 
 private:
+   // Has the federate look up what is called so in the object models: a dimension, or a class by the end of
+   // its full name with all its attributes or parameters. One in several classes is that of the class named
+   // last.
+   void find(Federate& federate, std::string const& name, ObjectClassHandle);
+   void find(Federate& federate, std::string const& name, InteractionClassHandle);
+   void find(Federate& federate, std::string const& name, DimensionHandle);
+   template <class Handle>
+   void find(Federate&, std::string const&, Handle)
+   {}
+
    std::string handle(std::string const& name) const;
 
    template <class Look, class LookIn>
-   void find(std::string const& root, std::string const& name, Look&& look, LookIn&& lookIn);
+   void find(Federate& federate, std::string const& root, std::string const& name, Look look, LookIn lookIn);
 
    template <class Handle>
    using Named = std::map<std::string, Handle>;
-
-   template <class Handle>
-   static std::string none()
-   {
-      if constexpr (std::is_same_v<Handle, MessageRetractionHandle>) {
-         return "noMessage";
-      } else {
-         std::string const kind = show(Handle());
-         return "no" + kind.substr(0, kind.find("Handle"));
-      }
-   }
 
    CallbackModel const _model;
    bool _integerTime;

@@ -4,6 +4,7 @@
 #ifndef RTI1516E_TESTS_SYSTEM_STEPS_H
 #define RTI1516E_TESTS_SYSTEM_STEPS_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -52,9 +53,7 @@ inline Steps randomSteps(std::uint32_t seed, std::size_t count)
 {
    Dice dice(seed);
    Steps steps(count);
-   for (auto& step : steps) {
-      step = dice.number();
-   }
+   std::generate(steps.begin(), steps.end(), [&] { return dice.number(); });
    return steps;
 }
 

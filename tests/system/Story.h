@@ -20,99 +20,51 @@ struct Line
    std::string text;
 };
 
-// What "to NAME $one $two" begins: lines that a story has by naming them.
+// What "story TITLE" begins, or "to NAME $one $two": lines that a story has by naming them.
 struct Passage
 {
-   std::vector<std::string> parameters;
-   std::vector<Line> lines;
-};
-
-struct Story
-{
-   std::string title;
+   std::vector<std::string> words; // the title or the parameters
    std::vector<Line> lines;
 };
 
 struct StoryFile
 {
-   std::string name;
    std::vector<Line> opening; // of every story in it
    std::map<std::string, Passage> passages;
-   std::vector<Story> stories;
+   std::vector<Passage> stories;
 };
 
-[[noreturn]] inline void fail(Line const& line, std::string const& why)
+// Steps stand indented, and what goes on with the one before further in than they do.
+inline void read(std::string const& name, StoryFile& into)
 {
-   throw std::runtime_error(line.file + ":" + std::to_string(line.number) + ": " + why + ": " + line.text);
-}
-
-inline std::string withoutComment(std::string const& text)
-{
-   return text.substr(0, text.rfind('#', 0) == 0 ? 0 : text.find(" # "));
-}
-
-// Lines that are not empty, without comments; one that stands further in than steps do goes on with the one
-// before.
-inline std::vector<Line> linesOf(std::string const& file)
-{
-   std::ifstream in(file);
-   if (!in) {
-      throw std::runtime_error(file + " cannot be read");
-   }
-   std::vector<Line> lines;
+   std::string const path = SYSTEM_TESTS_STORIES "/" + name;
+   std::ifstream in(path);
+   std::vector<Line>* present = &into.opening;
    int number = 0;
    for (std::string text; std::getline(in, text);) {
       ++number;
-      text = withoutComment(text);
-      std::string const content = trimmed(text);
-      if (content.empty()) {
+      text = text.substr(0, text.rfind('#', 0) == 0 ? 0 : text.find(" # ")); // without a comment
+      std::vector<std::string> const words = wordsOf(text);
+      if (words.empty()) {
          continue;
       }
-      if (text.rfind("      ", 0) == 0 && !lines.empty()) {
-         lines.back().text += " " + content;
-      } else {
-         lines.push_back({file, number, (text[0] == ' ' ? "   " : "") + content});
-      }
-   }
-   return lines;
-}
-
-inline void read(std::string const& path, StoryFile& into)
-{
-   std::vector<Line>* present = nullptr;
-   for (Line line : linesOf(path)) {
-      std::vector<std::string> const words = wordsOf(line.text);
-      if (line.text[0] == ' ') {
-         if (present == nullptr) {
-            fail(line, "a step of no story");
-         }
-         line.text = trimmed(line.text);
-         present->push_back(line);
-      } else if (line.text == "every story") {
-         present = &into.opening;
-      } else if (words[0] == "include" && words.size() == 2) {
-         read(path.substr(0, path.rfind('/') + 1) + words[1], into);
-      } else if (words[0] == "to" && words.size() > 1) {
-         Passage& passage = into.passages[words[1]];
-         passage.parameters.assign(words.begin() + 2, words.end());
+      if (text.rfind("      ", 0) == 0) {
+         present->back().text += " " + trimmed(text);
+      } else if (text[0] == ' ') {
+         present->push_back({path, number, trimmed(text)});
+      } else if (words[0] == "include") {
+         read(words.at(1), into);
+      } else if (words[0] == "to") {
+         Passage& passage = into.passages[words.at(1)] = {{words.begin() + 2, words.end()}, {}};
          present = &passage.lines;
-      } else if (words[0] == "story" && words.size() > 1) {
-         into.stories.push_back({trimmed(line.text.substr(5)), {}});
+      } else if (words[0] == "story") {
+         into.stories.push_back({{words.begin() + 1, words.end()}, {}});
          present = &into.stories.back().lines;
       } else {
-         fail(line, "neither a story nor a step of one");
+         throw std::runtime_error(path + ":" + std::to_string(number) +
+                                  ": neither a story nor a step of one");
       }
    }
-}
-
-// Throws std::runtime_error, with the place, for what is no story.
-inline StoryFile storiesIn(std::string const& file)
-{
-   StoryFile stories;
-   std::size_t const start = file.rfind('/') + 1;
-   stories.name = file.substr(start, file.rfind('.') - start);
-   read(file, stories);
-   return stories;
 }
 
 // With each of the texts in [this|or that] in turn.

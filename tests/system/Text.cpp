@@ -50,13 +50,6 @@ std::string hexadecimal(std::string const& bytes)
    return text;
 }
 
-std::string sorted(std::string const& words)
-{
-   auto all = wordsOf(words);
-   std::sort(all.begin(), all.end());
-   return joined(all);
-}
-
 } // namespace
 
 std::string narrow(std::wstring const& text)
@@ -115,9 +108,8 @@ std::string nameInStories(std::string const& name)
    static std::set<std::string> const verbs = {"publish",  "unpublish", "subscribe", "unsubscribe",
                                                "register", "update",    "send",      "delete",
                                                "discover", "reflect",   "receive",   "remove"};
-   static std::set<std::string> const others = {"registerFederationSynchronizationPoint", "deleteRegion"};
-   std::string const verb = name.substr(0, name.find_first_of("AFIOR"));
-   return verbs.count(verb) != 0 && others.count(name) == 0 ? verb : name;
+   std::string const verb = name.substr(0, name.find_first_of("AIO")); // attributes, interactions, objects
+   return verbs.count(verb) != 0 ? verb : name;
 }
 
 std::string show(VariableLengthData const& data)
@@ -139,40 +131,10 @@ std::string show(LogicalTimeInterval const& interval)
    auto const* const number = dynamic_cast<HLAfloat64Interval const*>(&interval);
    return number != nullptr ? show(number->getInterval()) : inBrackets(interval.toString());
 }
-
-std::string show(MessageRetractionHandle const& handle)
-{
-   return handle.isValid() ? "retractable" : "not retractable";
-}
-std::string show(FederateRestoreStatus const& status)
-{
-   return show(status.preRestoreHandle) + "=" + show(status.status);
-}
-std::string show(FederationExecutionInformation const& federation)
-{
-   return narrow(federation.federationExecutionName + L"=" + federation.logicalTimeImplementationName);
-}
 std::string show(double value)
 {
    char text[32];
    return std::string(text, std::to_chars(text, std::end(text), value).ptr); // with all its digits
-}
-std::string show(RangeBounds const& bounds)
-{
-   return show(bounds.getLowerBound()) + ".." + show(bounds.getUpperBound());
-}
-
-std::string showArgument(bool isFirst, LogicalTime const& time)
-{
-   return (isFirst ? "" : "at ") + show(time);
-}
-std::string showArgument(bool, VariableLengthData const& tag)
-{
-   return tag.size() == 0 ? "" : "tag=" + show(tag);
-}
-std::string showArgument(bool isFirst, MessageRetractionHandle const& handle)
-{
-   return isFirst ? show(handle.toString()) : show(handle);
 }
 
 // A handle's own text does not tell its kind.
@@ -185,24 +147,18 @@ std::string Names::in(std::string const& text) const
 {
    std::lock_guard<std::mutex> const lock(_mutex);
    std::string named;
-   std::size_t start = 0;
-   while (start < text.size()) {
-      std::size_t end = start;
-      while (end < text.size() && std::string(" (){}=,").find(text[end]) == std::string::npos) {
-         ++end;
-      }
+   for (std::size_t start = 0, end = 0; start < text.size(); start = end + 1) {
+      end = std::min(text.find_first_of(" (){}=,", start), text.size());
       std::string const word = text.substr(start, end - start);
       auto const found = _names.find(word);
-      named += found == _names.end() ? word : found->second;
-      if (end < text.size()) {
-         named += text[end++];
-      }
-      start = end;
+      named += (found == _names.end() ? word : found->second) + text.substr(end, 1);
    }
    std::size_t open = 0;
    while ((open = named.find('{', open)) != std::string::npos) {
       std::size_t const close = named.find('}', open);
-      std::string const list = sorted(named.substr(open + 1, close - open - 1));
+      auto words = wordsOf(named.substr(open + 1, close - open - 1));
+      std::sort(words.begin(), words.end());
+      std::string const list = joined(words);
       named.replace(open, close - open + 1, list);
       open += list.size();
    }

@@ -40,13 +40,21 @@ inline std::string show(TimeQueryReturn const& answer)
 {
    return answer.timeIsValid ? show(*answer.time) : "none";
 }
-std::string show(MessageRetractionHandle const& handle); // whether there is one
-std::string show(FederateRestoreStatus const& status);
-std::string show(FederationExecutionInformation const& federation);
+inline std::string show(MessageRetractionHandle const& handle)
+{
+   return handle.isValid() ? "retractable" : "not retractable";
+}
+inline std::string show(FederationExecutionInformation const& federation)
+{
+   return narrow(federation.federationExecutionName + L"=" + federation.logicalTimeImplementationName);
+}
 inline std::string show(bool value) { return value ? "true" : "false"; }
 std::string show(double value);
 inline std::string show(unsigned long value) { return std::to_string(value); }
-std::string show(RangeBounds const& bounds);
+inline std::string show(RangeBounds const& bounds)
+{
+   return show(bounds.getLowerBound()) + ".." + show(bounds.getUpperBound());
+}
 inline std::string show(LogicalTimeFactory const& factory) { return narrow(factory.getName()); }
 
 template <class Enum>
@@ -91,6 +99,11 @@ constexpr bool isHandle = std::is_same_v<Value, MessageRetractionHandle>;
 RTI_FOR_EACH_HANDLE(SYSTEM_TESTS_HANDLE)
 #undef SYSTEM_TESTS_HANDLE
 
+inline std::string show(FederateRestoreStatus const& status)
+{
+   return show(status.preRestoreHandle) + "=" + show(status.status);
+}
+
 template <class First, class Second>
 std::string show(std::pair<First, Second> const& entry)
 {
@@ -126,9 +139,18 @@ std::string showArgument(bool, Argument const& argument)
 {
    return show(argument);
 }
-std::string showArgument(bool isFirst, LogicalTime const& time);
-std::string showArgument(bool isFirst, VariableLengthData const& tag);
-std::string showArgument(bool isFirst, MessageRetractionHandle const& handle);
+inline std::string showArgument(bool isFirst, LogicalTime const& time)
+{
+   return (isFirst ? "" : "at ") + show(time);
+}
+inline std::string showArgument(bool, VariableLengthData const& tag)
+{
+   return tag.size() == 0 ? "" : "tag=" + show(tag);
+}
+inline std::string showArgument(bool isFirst, MessageRetractionHandle const& handle)
+{
+   return isFirst ? show(handle.toString()) : show(handle);
+}
 
 // What the federates of one test call their handles. Any thread may use it.
 class Names
@@ -139,7 +161,7 @@ public:
    void add(Handle const& handle, std::string const& name)
    {
       std::lock_guard<std::mutex> const lock(_mutex);
-      _names[show(handle)] = name;
+      _names[showArgument(true, handle)] = name;
    }
 
    // The text with each handle that has a name replaced by it, and with what stands in braces sorted and

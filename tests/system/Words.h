@@ -2,14 +2,13 @@
 #ifndef RTI1516E_TESTS_SYSTEM_WORDS_H
 #define RTI1516E_TESTS_SYSTEM_WORDS_H
 
-#include "Stage.h"
+#include "Services.h"
 #include "src/messages/TypeCodes.h"
 
 #include <cctype>
 #include <functional>
 #include <memory>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -19,26 +18,14 @@ namespace system_tests {
 
 namespace codes = tovu1516e;
 
-class Unreadable : public std::runtime_error
-{
-   using std::runtime_error::runtime_error;
-};
-
-template <class Value>
-constexpr bool isSet = false;
-template <class Element>
-constexpr bool isSet<std::set<Element>> = true;
-
 class Words
 {
 public:
    // Without words every argument is the least that there is of its type: no number, name or handle, or a set
    // of one such.
-   Words(Stage& stage, Federate& federate, std::vector<std::string> words, bool blank = false)
-      : _stage(stage), _federate(federate), _words(std::move(words)), _blank(blank)
+   Words(Stage& stage, Federate& federate, std::vector<std::string> words, std::size_t arguments, bool blank)
+      : _stage(stage), _federate(federate), _words(std::move(words)), _last(arguments), _blank(blank)
    {}
-
-   void expect(std::size_t arguments) { _last = arguments; }
 
    template <class Code>
    auto argument()
@@ -49,15 +36,18 @@ public:
       } else if constexpr (std::is_same_v<Code, codes::CM>) {
          return _federate.model();
       } else if constexpr (std::is_same_v<Code, codes::LT>) {
-         return time();
+         _time = time();
+         return std::cref(*_time);
       } else if constexpr (std::is_same_v<Code, codes::LTI>) {
-         return _stage.interval(_blank ? "0" : take());
+         _interval = _stage.interval(_blank ? "0" : take());
+         return std::cref(*_interval);
       } else if constexpr (std::is_same_v<Code, codes::URL>) {
-         _next += isNext("with") ? 1 : 0;
+         skip("with");
          return _blank ? std::wstring() : _stage.text(take());
       } else {
          using Value = typename Code::Sendable;
-         return _blank ? leastOf<Value>() : read(static_cast<Value*>(nullptr));
+         auto* const none = static_cast<Value*>(nullptr); // to choose by
+         return _blank ? leastOf(none) : read(none);
       }
    }
 
@@ -72,6 +62,13 @@ private:
    bool atEnd() const { return _next == _words.size(); }
    bool isNext(char const* beginning) const { return !atEnd() && _words[_next].rfind(beginning, 0) == 0; }
 
+   bool skip(char const* word)
+   {
+      bool const is = isNext(word);
+      _next += is ? 1 : 0;
+      return is;
+   }
+
    std::string take()
    {
       if (atEnd()) {
@@ -81,15 +78,18 @@ private:
    }
 
    template <class Value>
-   static Value leastOf()
+   static Value leastOf(Value*)
    {
       if constexpr (std::is_enum_v<Value>) {
          return Value(1);
-      } else if constexpr (isSet<Value>) {
-         return Value{typename Value::value_type()};
       } else {
          return Value();
       }
+   }
+   template <class Element>
+   static std::set<Element> leastOf(std::set<Element>*)
+   {
+      return {Element()};
    }
 
    // The first argument as it is, and "at" it where it comes behind others.
@@ -136,12 +136,7 @@ private:
 
    VariableLengthData read(VariableLengthData*) { return bytes(isNext("tag=") ? take().substr(4) : ""); }
 
-   bool read(bool*)
-   {
-      bool const isFalse = isNext("passively") || isNext("unsuccessfully");
-      _next += isFalse ? 1 : 0;
-      return !isFalse;
-   }
+   bool read(bool*) { return !skip("passively") && !skip("unsuccessfully"); }
 
    double read(double*) { return std::stod(take()); }
 
@@ -170,8 +165,8 @@ private:
    std::set<Handle> read(std::set<Handle>*)
    {
       std::set<Handle> all;
-      _next += isNext("{}") ? 1 : 0;
-      while (!atEnd() && called<Handle>(_words[_next])) {
+      skip("{}");
+      while (!atEnd() && _stage.called<Handle>(_words[_next], _federate)) {
          all.insert(handle<Handle>(take()));
       }
       return all;
@@ -184,7 +179,7 @@ private:
       for (; !atEnd(); ++_next) {
          std::size_t const equals = _words[_next].find('=');
          std::string const name = _words[_next].substr(0, equals);
-         if (equals == std::string::npos || !_stage.called<Handle>(name)) {
+         if (equals == std::string::npos || !_stage.called<Handle>(name, _federate)) {
             break;
          }
          all[handle<Handle>(name)] = bytes(_stage.value(_words[_next].substr(equals + 1)));
@@ -210,16 +205,9 @@ private:
    }
 
    template <class Handle>
-   std::unique_ptr<Handle> called(std::string const& name) const
-   {
-      _stage.find(_federate, name, Handle());
-      return _stage.called<Handle>(name);
-   }
-
-   template <class Handle>
    Handle handle(std::string const& name) const
    {
-      auto const found = called<Handle>(name);
+      auto const found = _stage.called<Handle>(name, _federate);
       if (!found) {
          throw Unreadable(name + " is no " + show(Handle()));
       }
@@ -241,7 +229,9 @@ private:
    std::vector<std::string> _words;
    std::size_t _next = 0;
    std::size_t _arguments = 0;
-   std::size_t _last = 0;
+   std::size_t const _last;
+   std::unique_ptr<LogicalTime> _time; // that an argument refers to
+   std::unique_ptr<LogicalTimeInterval> _interval;
    bool const _blank;
 };
 

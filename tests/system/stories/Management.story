@@ -1,6 +1,5 @@
 include Road.include
 
-every story
    # Where reports are sent is of no interest here.
    alpha: publish HLAsetSwitches
    alpha: send HLAsetSwitches HLAfederate=#[alpha|beta] HLAconveyRegionDesignatorSets=:0

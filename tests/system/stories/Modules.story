@@ -1,7 +1,6 @@
 # What a FOM module adds to how messages travel: Weather.xml, beside Road.xml.
 include Road.include
 
-every story
    gamma: join $fom/Weather.xml
    alpha: publish Cloud Wind
 

@@ -1,7 +1,6 @@
 # Alpha's car, whose attributes beta and gamma may own too.
 include Road.include
 
-every story
    share-a-car
    gamma: join; publish Car Position Speed Fuel; subscribe Car Position Speed Fuel
    gamma < discover car Car car alpha

@@ -2,7 +2,6 @@
 # when it is told.
 include Road.include
 
-every story
    share-a-car
    alpha: subscribe Car Position Speed Fuel
 

@@ -1,6 +1,5 @@
 include Road.include
 
-every story
    alpha: publish Car Position Speed Fuel; publish Accident
 
 story have ranges in their dimensions

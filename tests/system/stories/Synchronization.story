@@ -24,7 +24,7 @@ story is of the given federates alone
 story is announced to who joins late
    register-ready ""
    late: connect
-   late on announceSynchronizationPoint: getAutomaticResignDirective # as one of them
+   late on announceSynchronizationPoint: getFederateName alpha # as one of them
    late: join => late < announceSynchronizationPoint ready tag=now
    alpha, beta: synchronizationPointAchieved ready => alpha < nothing
    late: synchronizationPointAchieved ready => alpha, beta, late < federationSynchronized ready

@@ -1,7 +1,6 @@
 # Time management on the road: alpha's car, of which beta is told, and two kinds of interactions.
 include Road.include
 
-every story
    share-a-car
    alpha: publish [Accident|Message]
    beta: subscribe [Accident|Message]
@@ -165,7 +164,7 @@ to let-them-go
    gamma < timeConstrainedEnabled 50
 
 story is only for who takes part
-   alpha: requestFederationSave noon at 5 -> FederateUnableToUseTime; retract noMessage -> TimeRegulationIsNotEnabled
+   alpha: requestFederationSave noon at 5 -> FederateUnableToUseTime; retract noMessageRetraction -> TimeRegulationIsNotEnabled
    regulate [alpha|beta] 1
    alpha: sent = update car Position=1 at 5
    beta < reflect car Position=1 TSO reliable at 5 RO retractable by alpha

@@ -1,18 +1,13 @@
 # Where numbers end.
-to begin
+to end-at $time $final $end
+   federation Road.xml $time
    alpha, beta: join; enableTimeConstrained => alpha, beta < timeConstrainedEnabled 0
-
+   beta: timeAdvanceRequest $final => beta < whatever
+   alpha: enableTimeRegulation 1 => alpha < timeRegulationEnabled $end
 story integer time has nothing behind its end
-   federation Road.xml integer
-   begin
-   beta: timeAdvanceRequest final => beta < whatever
-   alpha: enableTimeRegulation 1 => alpha < timeRegulationEnabled 9223372036854775806
-
+   end-at integer final 9223372036854775806
 story float time has nothing behind its end
-   federation Road.xml float
-   begin
-   beta: timeAdvanceRequest inf => beta < whatever
-   alpha: enableTimeRegulation 1 => alpha < timeRegulationEnabled inf
+   end-at float inf inf
 
 story what is no number is no time
    federation Road.xml float
