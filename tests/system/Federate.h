@@ -127,14 +127,12 @@ private:
          }
          std::string text = nameInStories(name);
          [[maybe_unused]] bool isFirst = true;
-         ((text += separated(showArgument(std::exchange(isFirst, false), arguments))), ...);
+         [[maybe_unused]] auto const add = [&](std::string const& word) {
+            text += word.empty() || word == "{}" ? "" : " " + word;
+         };
+         (add(showArgument(std::exchange(isFirst, false), arguments)), ...);
          written(text);
       };
-   }
-
-   static std::string separated(std::string const& word)
-   {
-      return word.empty() || word == "{}" ? "" : " " + word;
    }
 
    void written(std::string const& callback)
