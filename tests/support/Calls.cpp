@@ -52,20 +52,6 @@ ServiceCall makeCall(Call call, Octets& octets)
            }};
 }
 
-AttributeHandleSet divestIfWanted(RTIambassador& rti, ObjectInstanceHandle object,
-                                  AttributeHandleSet const& attributes)
-{
-   AttributeHandleSet divested = attributes;
-   rti.attributeOwnershipDivestitureIfWanted(object, attributes, divested);
-   return divested;
-}
-
-void subscribeWithRegions(RTIambassador& rti, InteractionClassHandle type, bool active,
-                          RegionHandleSet const& regions)
-{
-   rti.subscribeInteractionClassWithRegions(type, regions, active);
-}
-
 } // namespace
 
 std::vector<Service> const& services()

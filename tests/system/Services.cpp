@@ -70,20 +70,6 @@ ServiceRow row(tovu1516e::Service<Result(Codes...)> const& method, std::string c
    return row;
 }
 
-AttributeHandleSet divestIfWanted(RTIambassador& rti, ObjectInstanceHandle object,
-                                  AttributeHandleSet const& attributes)
-{
-   AttributeHandleSet divested = attributes; // to be replaced, whatever it is
-   rti.attributeOwnershipDivestitureIfWanted(object, attributes, divested);
-   return divested;
-}
-
-void subscribeWithRegions(RTIambassador& rti, InteractionClassHandle theClass, bool active,
-                          RegionHandleSet const& regions)
-{
-   rti.subscribeInteractionClassWithRegions(theClass, regions, active);
-}
-
 } // namespace
 
 std::vector<ServiceRow> const& serviceRows()
