@@ -77,9 +77,7 @@ story counts what waits in the order in which it will come
    alpha: publish Accident; subscribe HLAfederate HLAROlength HLATSOlength; enableTimeRegulation 1
    beta: subscribe Accident; enableTimeConstrained => alpha, beta < whatever
    know-two alpha
-   beta: disableCallbacks
-   alpha: send Accident at 5
-   beta: disableTimeConstrained
+   beta: disableCallbacks => alpha: send Accident at 5 => beta: disableTimeConstrained
    alpha: requestAttributeValueUpdate second HLAROlength HLATSOlength
    told alpha "reflect second HLAROlength=:1 HLATSOlength=:0"
    beta: enableCallbacks => beta < whatever

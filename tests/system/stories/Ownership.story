@@ -20,7 +20,7 @@ story is given away unconditionally
    beta, gamma < requestAttributeOwnershipAssumption car Position Speed
    expect-no-owner Position
    expect-owner alpha Fuel
-   beta: attributeOwnershipAcquisition car Position tag=mine
+   beta: publish Truck Position; attributeOwnershipAcquisition car Position tag=mine # of another class: no new offer
    beta < attributeOwnershipAcquisitionNotification car Position
    expect-owner beta Position
    beta: update car Position=1 => gamma < reflect car Position=1 RO reliable by beta
