@@ -552,6 +552,8 @@ int main(int argc, char** argv)
 {
    setenv("CLASSPATH", CORE_JAR, 1);
    setenv("TOVU1516_OPTION1", "-Dtovu.local.evokeReminder=0", 1);
+   setenv("RTI1516E_HUB_JAVA_OPTIONS", "-Xmx512m",
+          0); // or the garbage of six hubs is more than a machine may have
    try {
       for (bench::Row const& row : bench::parts) {
          if (argc > 1 && std::string(argv[1]) == row.name) {
