@@ -93,7 +93,7 @@ public final class Recorder implements AutoCloseable {
                 }
             }
             out.end();
-        } catch (IOException e) {
+        } catch (IOException | RuntimeException | Error e) { // or those who record would wait for ever
             synchronized (this) {
                 failure = e.toString();
                 notifyAll();
