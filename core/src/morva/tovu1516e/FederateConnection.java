@@ -81,6 +81,7 @@ final class FederateConnection extends Connection {
         session.requireNotConnected();
         hub = introduced(HubLink.open(hubs, theWay.delivery, callbacks(), fault -> lost(theWay, fault)), theWay);
         way = theWay;
+        way.delivery.setSource(hub);
     }
 
     private CallbackPort callbacks() {
@@ -124,6 +125,7 @@ final class FederateConnection extends Connection {
         Way theWay = way;
         hub = introduced(from.openElsewhere(to.address(), theWay.delivery, callbacks(), fault -> lost(theWay, fault)),
                 theWay);
+        theWay.delivery.setSource(hub);
         from.close("it joins at " + to.address());
         return hub;
     }

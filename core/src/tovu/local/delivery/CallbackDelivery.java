@@ -7,7 +7,9 @@ import java.util.HashMap;
 import java.util.Map;
 import java.util.Queue;
 import java.util.concurrent.TimeUnit;
+import java.util.concurrent.locks.LockSupport;
 import java.util.concurrent.locks.ReentrantLock;
+import java.util.function.BooleanSupplier;
 import java.util.function.Supplier;
 import tovu.local.model.exchange.Federate;
 import tovu.local.model.port.Callback;
@@ -25,6 +27,11 @@ import tovu.local.trace.Trace;
 public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiting {
     private static final long AT_ONCE = Long.MIN_VALUE;
     private static final long NEVER = Long.MAX_VALUE;
+    private static final CallbackSource ASLEEP = (posted, nanos) -> {
+        if (nanos > 0) {
+            LockSupport.parkNanos(nanos); // whoever posts wakes it
+        }
+    };
 
     /** By which thread each delivery is awaited that is awaited now. Guarded by itself. */
     private static final Map<Thread, CallbackDelivery> AWAITED = new HashMap<>();
@@ -36,7 +43,9 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     private final Supplier<?> member;
     private final EvokeReminder reminder = new EvokeReminder(this);
     private boolean enabled = true;
-    private int waiting; // threads
+    private final BooleanSupplier posted = this::isPosted;
+    private volatile CallbackSource source = ASLEEP;
+    private volatile Thread waiting; // for callbacks; there is at most one
     private volatile boolean closed; // written under the monitor only
     private volatile boolean immediate;
 
@@ -92,14 +101,28 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
         return new CallbackDelivery(null, null, member);
     }
 
+    /** From now on callbacks come from there, too. */
+    public void setSource(CallbackSource theSource) {
+        source = theSource;
+        wake();
+    }
+
     @Override
-    public synchronized void post(Callback callback) {
-        if (!closed) {
-            pending.add(callback);
-            if (waiting > 0) {
-                notifyAll();
+    public void post(Callback callback) {
+        synchronized (this) {
+            if (closed) {
+                return;
             }
-            reminder.posted();
+            pending.add(callback);
+        }
+        wake();
+        reminder.posted();
+    }
+
+    private void wake() {
+        Thread thread = waiting;
+        if (thread != null && thread != Thread.currentThread()) {
+            LockSupport.unpark(thread);
         }
     }
 
@@ -113,17 +136,21 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
         pending.removeIf(callback -> !(callback instanceof ConnectionCallback));
     }
 
-    public synchronized void setEnabled(boolean on) {
-        enabled = on;
-        notifyAll();
+    public void setEnabled(boolean on) {
+        synchronized (this) {
+            enabled = on;
+        }
+        wake();
     }
 
     /** Ends delivery for good: what is pending is dropped, and a delivering thread ends. */
-    public synchronized void close() {
-        closed = true;
+    public void close() {
+        synchronized (this) {
+            closed = true;
+            pending.clear();
+        }
         reminder.cancel();
-        pending.clear();
-        notifyAll();
+        wake();
     }
 
     /**
@@ -244,23 +271,37 @@ public final class CallbackDelivery implements CallbackSink, EvokeReminder.Waiti
     }
 
     /** The next callback, or null when there is none until the deadline, or none will come any more. */
-    private synchronized Callback take(long deadline) {
-        while (!closed && (pending.isEmpty() || !enabled)) {
-            long left = left(deadline);
-            if (left <= 0) {
-                return null;
-            }
-            ++waiting;
-            try {
-                wait(Math.max(1, TimeUnit.NANOSECONDS.toMillis(left)));
-            } catch (InterruptedException e) {
-                Thread.currentThread().interrupt();
-                return null;
-            } finally {
-                --waiting;
-            }
+    private Callback take(long deadline) {
+        Callback next = poll();
+        if (next != null) {
+            return next;
         }
-        return pending.poll();
+        waiting = Thread.currentThread();
+        try {
+            for (long left = Long.MAX_VALUE; left > 0 && !Thread.currentThread().isInterrupted(); ) {
+                left = left(deadline);
+                next = poll();
+                if (next != null || closed) {
+                    return next;
+                }
+                (isEnabled() ? source : ASLEEP).await(posted, left);
+            }
+        } finally {
+            waiting = null;
+        }
+        return poll();
+    }
+
+    private synchronized Callback poll() {
+        return enabled ? pending.poll() : null;
+    }
+
+    private synchronized boolean isEnabled() {
+        return enabled;
+    }
+
+    private synchronized boolean isPosted() {
+        return closed || !pending.isEmpty();
     }
 
     /** Whether evoking again would deliver something. */

@@ -9,8 +9,8 @@ import java.util.Arrays;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
-import java.util.concurrent.BlockingQueue;
-import java.util.concurrent.LinkedBlockingQueue;
+import java.util.Queue;
+import java.util.concurrent.ConcurrentLinkedQueue;
 import java.util.concurrent.TimeUnit;
 import morva.tovu1516e.RecordedCalls;
 import morva.tovu1516e.RecordedCalls.Discovery;
@@ -30,7 +30,7 @@ final class Player implements AutoCloseable {
 
     /** A federate that is played. */
     private final class Part implements CallbackSink {
-        final BlockingQueue<Callback> callbacks = new LinkedBlockingQueue<>();
+        final Queue<Callback> callbacks = new ConcurrentLinkedQueue<>();
         final Map<String, Integer> discovered = new HashMap<>(); // in the recording, by name
         final HubLink link;
         long patience = PATIENCE_MILLIS;
@@ -64,9 +64,10 @@ final class Player implements AutoCloseable {
         }
 
         /** Takes callbacks until that one has begun; false when it does not come. */
-        boolean takeUntil(long number) throws InterruptedException, FederateInternalError {
+        boolean takeUntil(long number) throws FederateInternalError {
             while (link.begun() < number) {
-                Callback next = callbacks.poll(patience, TimeUnit.MILLISECONDS);
+                link.await(() -> !callbacks.isEmpty(), TimeUnit.MILLISECONDS.toNanos(patience));
+                Callback next = callbacks.poll();
                 if (next == null) {
                     patience = IMPATIENCE_MILLIS;
                     return false;
@@ -143,7 +144,7 @@ final class Player implements AutoCloseable {
         return different + missing == 0;
     }
 
-    private void serve(Entry entry) throws RTIexception, InterruptedException {
+    private void serve(Entry entry) throws RTIexception {
         Part part = parts.get(entry.connection());
         if (part == null) {
             part = new Part(hubs);
@@ -165,7 +166,7 @@ final class Player implements AutoCloseable {
     }
 
     /** Gives the federate as many callbacks as it had been given then. */
-    private void take(Entry entry) throws RTIexception, InterruptedException {
+    private void take(Entry entry) throws RTIexception {
         Part part = parts.get(entry.connection());
         if (part != null && !part.takeUntil(entry.number())) {
             ++missing;

@@ -2,6 +2,7 @@ package tovu.local.remote;
 
 import hla.rti1516e.exceptions.RTIexception;
 import java.util.concurrent.locks.LockSupport;
+import java.util.function.BooleanSupplier;
 import java.util.function.Consumer;
 import tovu.local.model.port.Elsewhere;
 import tovu.local.wire.FrameReader;
@@ -9,7 +10,7 @@ import tovu.local.wire.FrameType;
 import tovu.local.wire.Result;
 
 /** What one thread waits for: the frame that answers its request, or the loss of the hub. */
-final class Answer {
+final class Answer implements BooleanSupplier {
     private static final FrameReader LOST = null;
 
     private final Thread waiting = Thread.currentThread();
@@ -37,22 +38,15 @@ final class Answer {
         LockSupport.unpark(waiting);
     }
 
-    /** Interrupts wait until it is there. @return null when the hub is lost */
-    FrameReader await() {
-        boolean interrupted = false;
-        while (!done) {
-            LockSupport.park(this);
-            interrupted |= Thread.interrupted();
-        }
-        if (interrupted) {
-            Thread.currentThread().interrupt();
-        }
-        return frame;
+    /** Whether it is there. */
+    @Override
+    public boolean getAsBoolean() {
+        return done;
     }
 
-    /** Once it is there. */
+    /** Null when the hub is lost. */
     FrameReader frame() {
-        return frame;
+        return done ? frame : LOST;
     }
 
     /** Once it is there: what the service returns. */

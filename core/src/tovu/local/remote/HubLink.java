@@ -5,10 +5,7 @@ import hla.rti1516e.exceptions.FederateInternalError;
 import hla.rti1516e.exceptions.NotConnected;
 import hla.rti1516e.exceptions.RTIexception;
 import hla.rti1516e.exceptions.RTIinternalError;
-import java.io.BufferedInputStream;
-import java.io.DataInputStream;
 import java.io.EOFException;
-import java.io.FilterInputStream;
 import java.io.IOException;
 import java.util.ArrayList;
 import java.util.HashSet;
@@ -21,9 +18,12 @@ import java.util.concurrent.ScheduledFuture;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicBoolean;
 import java.util.concurrent.atomic.AtomicInteger;
+import java.util.concurrent.locks.LockSupport;
+import java.util.function.BooleanSupplier;
 import java.util.function.Consumer;
 import tovu.local.delivery.CallbackMethod;
 import tovu.local.delivery.CallbackPort;
+import tovu.local.delivery.CallbackSource;
 import tovu.local.model.port.Callback;
 import tovu.local.model.port.CallbackSink;
 import tovu.local.model.port.FederateCallbacks;
@@ -40,8 +40,7 @@ import tovu.local.wire.Pulse;
  * stream with the answers, and wait in the federate's own queue. With every request the hub is told which callbacks
  * have begun and ended, so that a service sees what the federate's code has been told, no more and no less.
  */
-public final class HubLink {
-    private static final int STREAM_BUFFER = 1 << 16;
+public final class HubLink implements CallbackSource {
     private static final long TELL_IDLE_MILLIS = 5;
     private static final long PATIENCE_MILLIS = 4_500; // until one has let it in
     private static final long FAREWELL_MILLIS = 1_000; // for what an end needs of the other side
@@ -52,7 +51,8 @@ public final class HubLink {
 
     private final HubAddress hub;
     private final HubSocket socket;
-    private final DataInputStream in;
+    private final Inbox in;
+    private final ReadingTurn turn;
     private final Outbox out;
     private final Licences licences = new Licences();
     private final int greatestFrame;
@@ -107,7 +107,7 @@ public final class HubLink {
         HubSocket socket = HubSocket.connect(hub, patienceMillis);
         try {
             HubLink link = new HubLink(hub, socket, sent, queue, federate, onLoss);
-            Thread reader = new Thread(link::read, "hub " + hub);
+            Thread reader = new Thread(link.turn::standBy, "hub " + hub);
             reader.setDaemon(true);
             reader.start();
             return link;
@@ -123,17 +123,22 @@ public final class HubLink {
         this.queue = queue;
         this.federate = federate;
         this.onLoss = onLoss;
-        in = new DataInputStream(new BufferedInputStream(new FilterInputStream(socket.input()) {
+        in = new Inbox(socket, pulse);
+        turn = new ReadingTurn(new ReadingTurn.Source() {
             @Override
-            public int read(byte[] to, int from, int length) throws IOException {
-                int count = super.read(to, from, length);
-                pulse.hear(); // also of a frame that takes long to come
-                return count;
+            public boolean isOver() {
+                return isLost();
             }
-        }, STREAM_BUFFER));
+
+            @Override
+            public void read(long nanos) {
+                takeWhatComes(nanos);
+            }
+        }, socket.isTimed());
         out = new Outbox(socket.output(), this::sendingFailed);
         HubSocket.Welcome welcome = socket.greet(in, sent);
         greatestFrame = welcome.greatestFrame();
+        in.limitFrames(greatestFrame);
         silence = welcome.lostAfterSeconds();
         long period = TimeUnit.SECONDS.toMillis(silence) / Pulse.BEATS;
         beats = silence == 0 ? null
@@ -195,10 +200,10 @@ public final class HubLink {
         } else {
             answer.give(null);
         }
-        FrameReader frame = answer.await();
+        turn.await(answer, Long.MAX_VALUE);
         awaited.remove(number);
         UNHEARD.get().remove(this);
-        if (frame == null) {
+        if (answer.frame() == null) {
             throw notConnected();
         }
         return answer;
@@ -253,18 +258,21 @@ public final class HubLink {
         pulse.say();
     }
 
-    private void read() {
+    /** What comes is posted; who waits for that may be the one that takes it. */
+    @Override
+    public void await(BooleanSupplier posted, long nanos) {
+        if (isLost()) {
+            LockSupport.parkNanos(this, nanos);
+        } else {
+            turn.await(posted, nanos);
+        }
+    }
+
+    private void takeWhatComes(long nanos) {
         try {
-            for (;;) {
-                int length = in.readInt();
-                if (length < 1 || length > greatestFrame) {
-                    throw new MalformedFrame("a frame of " + length + " bytes");
-                }
-                byte[] frame = in.readNBytes(length);
-                if (frame.length < length) {
-                    throw new EOFException();
-                }
-                take(new FrameReader(frame));
+            if (!takeAll()) {
+                in.read(nanos);
+                takeAll();
             }
         } catch (EOFException e) {
             lose("the hub has closed it");
@@ -273,6 +281,15 @@ public final class HubLink {
         } catch (MalformedFrame e) {
             lose("the hub sent " + e.getMessage());
         }
+    }
+
+    private boolean takeAll() {
+        boolean any = false;
+        for (FrameReader frame = in.next(); frame != null; frame = in.next()) {
+            take(frame);
+            any = true;
+        }
+        return any;
     }
 
     private void take(FrameReader frame) {

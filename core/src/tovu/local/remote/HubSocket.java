@@ -1,7 +1,6 @@
 package tovu.local.remote;
 
 import hla.rti1516e.exceptions.ConnectionFailed;
-import java.io.DataInputStream;
 import java.io.EOFException;
 import java.io.IOException;
 import java.io.InputStream;
@@ -109,8 +108,29 @@ final class HubSocket {
         close();
     }
 
-    InputStream input() throws IOException {
-        return socket.getInputStream();
+    /** Whether it can wait for a limited time. Under TLS a time that runs out within a record would lose a part of it. */
+    boolean isTimed() {
+        return socket == plain;
+    }
+
+    /**
+     * @param nanos how long it waits for something, if it is timed
+     * @return how much has been read, -1 at the end
+     */
+    int read(byte[] to, int from, int length, long nanos) throws IOException {
+        InputStream in = socket.getInputStream();
+        if (isTimed()) {
+            if (nanos <= 0 && in.available() == 0) {
+                return 0;
+            }
+            long millis = TimeUnit.NANOSECONDS.toMillis(nanos);
+            plain.setSoTimeout(millis > Integer.MAX_VALUE ? 0 : (int) Math.max(1, millis)); // 0 is for ever
+        }
+        try {
+            return in.read(to, from, length);
+        } catch (SocketTimeoutException e) {
+            return 0;
+        }
     }
 
     OutputStream output() throws IOException {
@@ -122,18 +142,13 @@ final class HubSocket {
      *
      * @param sent whether another hub has sent it here
      */
-    Welcome greet(DataInputStream in, boolean sent) throws IOException, ConnectionFailed {
+    Welcome greet(Inbox in, boolean sent) throws IOException, ConnectionFailed {
         Future<?> watchdog = HubClock.INSTANCE.schedule(this::expire, left(), TimeUnit.MILLISECONDS);
         try {
             output().write(new FrameWriter(FrameType.HELLO).integer(Protocol.MAGIC).integer(Protocol.VERSION).flag(sent)
                     .end());
             output().flush();
-            int length = in.readInt();
-            if (length < 1 || length > Protocol.GREATEST_FRAME) {
-                throw new MalformedFrame(isTlsAlert(length) ? "TLS; give the ca that it is known by"
-                        : "a frame of " + length + " bytes");
-            }
-            FrameReader answer = new FrameReader(in.readNBytes(length));
+            FrameReader answer = in.await();
             if (answer.type() == FrameType.CLOSING) {
                 throw ended(answer.text());
             }
@@ -149,11 +164,6 @@ final class HubSocket {
         } finally {
             watchdog.cancel(false);
         }
-    }
-
-    /** The first bytes of a TLS record that says that something was not TLS. */
-    private static boolean isTlsAlert(int length) {
-        return length >> Short.SIZE == 0x1503;
     }
 
     ConnectionFailed failed(Exception failure) {
