@@ -22,7 +22,6 @@ import java.util.concurrent.TimeUnit;
 import java.util.concurrent.TimeoutException;
 import javax.net.ssl.SSLException;
 import javax.net.ssl.SSLHandshakeException;
-import javax.net.ssl.SSLParameters;
 import javax.net.ssl.SSLSocket;
 import tovu.local.wire.FrameReader;
 import tovu.local.wire.FrameType;
@@ -70,12 +69,9 @@ final class HubSocket {
         plain.setOption(StandardSocketOptions.TCP_NODELAY, true);
         plain.connect(address, left());
         if (hub.isSecured()) {
-            SSLSocket secured = (SSLSocket) Tls.context(hub.ca(), hub.certificate(), hub.key()).getSocketFactory()
-                    .createSocket(plain, hub.host(), hub.port(), true);
-            SSLParameters parameters = secured.getSSLParameters();
-            parameters.setEndpointIdentificationAlgorithm("HTTPS");
-            parameters.setProtocols(new String[] {"TLSv1.3", "TLSv1.2"});
-            secured.setSSLParameters(parameters);
+            SSLSocket secured = (SSLSocket) Tls.toHub(hub.host(), hub.ca(), hub.certificate(), hub.key())
+                    .getSocketFactory().createSocket(plain, hub.host(), hub.port(), true);
+            secured.setEnabledProtocols(new String[] {"TLSv1.3", "TLSv1.2"});
             socket = secured;
             secured.startHandshake();
             secure = true;

@@ -8,6 +8,7 @@ import java.security.cert.Certificate;
 import javax.net.ssl.SSLContext;
 import javax.net.ssl.TrustManager;
 import javax.net.ssl.TrustManagerFactory;
+import javax.net.ssl.X509ExtendedTrustManager;
 import tovu.local.wire.Identity;
 
 /** Whom one side of a connection trusts and what it shows. */
@@ -21,21 +22,36 @@ public final class Tls {
      * @param key         the private key of that
      */
     public static SSLContext context(Path ca, Path certificate, Path key) throws IOException, GeneralSecurityException {
+        return context(trusting(ca), certificate, key);
+    }
+
+    /** The context of a connection to a hub on that host. */
+    static SSLContext toHub(String host, Path ca, Path certificate, Path key)
+            throws IOException, GeneralSecurityException {
+        return context(new HubTrust(trusting(ca), host), certificate, key);
+    }
+
+    private static SSLContext context(TrustManager trust, Path certificate, Path key)
+            throws IOException, GeneralSecurityException {
         SSLContext context = SSLContext.getInstance("TLS");
         context.init(certificate == null ? null : Identity.of(certificate, key).getKeyManagers(),
-                ca == null ? null : trusting(ca), null);
+                new TrustManager[] {trust}, null);
         return context;
     }
 
-    private static TrustManager[] trusting(Path ca) throws IOException, GeneralSecurityException {
+    private static X509ExtendedTrustManager trusting(Path ca) throws IOException, GeneralSecurityException {
+        TrustManagerFactory trust = TrustManagerFactory.getInstance(TrustManagerFactory.getDefaultAlgorithm());
+        trust.init(ca == null ? null : store(ca));
+        return (X509ExtendedTrustManager) trust.getTrustManagers()[0];
+    }
+
+    private static KeyStore store(Path ca) throws IOException, GeneralSecurityException {
         KeyStore trusted = KeyStore.getInstance(KeyStore.getDefaultType());
         trusted.load(null, null);
         int number = 0;
         for (Certificate each : Identity.certificates(ca)) {
             trusted.setCertificateEntry("ca" + number++, each);
         }
-        TrustManagerFactory trust = TrustManagerFactory.getInstance(TrustManagerFactory.getDefaultAlgorithm());
-        trust.init(trusted);
-        return trust.getTrustManagers();
+        return trusted;
     }
 }
