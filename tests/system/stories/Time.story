@@ -98,6 +98,15 @@ story takes deletions back
    alpha: getKnownObjectClassHandle car = Car; isAttributeOwnedByFederate car Position = false
    beta < whatever
 
+story deletes several objects at times
+   let-alpha-lead
+   alpha: van = register Car; bus = register Car => beta < discover van Car van alpha; discover bus Car bus alpha
+   alpha: delete car at 3; taken = delete van at 4; delete bus tag=last at 5; retract taken
+   alpha: delete bus at 6 -> ObjectInstanceNotKnown; update van Position=on at 7 = retractable
+   advance alpha 10
+   beta: timeAdvanceRequest 4 => beta < remove car TSO at 3 TSO retractable by alpha; timeAdvanceGrant 4
+   beta: timeAdvanceRequest 6 => beta < remove bus tag=last TSO at 5 TSO retractable by alpha; timeAdvanceGrant 6
+
 story saves at a time
    coordinate 1
    advance alpha 0

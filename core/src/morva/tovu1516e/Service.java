@@ -194,6 +194,7 @@ enum Service {
             case registerObjectInstance_OCH, registerObjectInstance_OCH_S, registerObjectInstanceWithRegions_OCH_ASRSPL,
                     registerObjectInstanceWithRegions_OCH_ASRSPL_S -> Licence.REGISTRATION;
             case deleteObjectInstance_OIH_BX -> Licence.DELETION;
+            case deleteObjectInstance_OIH_BX_LT -> Licence.TIMED_DELETION;
             default -> Licence.NONE;
         };
     }

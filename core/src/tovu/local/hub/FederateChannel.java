@@ -297,14 +297,14 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
             if (!sent && HubAmbassador.isCreation(service)) {
                 hub.place();
             }
-            long since = sink == null ? 0 : sink.licences().revocations();
-            Object result = ambassador.serve(service, message);
             Licence licence = HubAmbassador.licence(service);
+            long since = sink == null ? 0 : sink.licences().revocations(licence);
+            Object result = ambassador.serve(service, message);
             if (licence == Licence.NONE || !mayRepeat(licence, message, result)) {
                 send(reply(number, result));
             } else {
                 int object = licence == Licence.REGISTRATION ? (Integer) result
-                        : licence.isOfObject() ? handle(message) : 0;
+                        : licence.isOfObject() && !licence.isToDelete() ? handle(message) : 0;
                 sink.licences().reply(number, result, licence, object, since);
             }
         } catch (Elsewhere e) {
@@ -367,7 +367,7 @@ final class FederateChannel extends ChannelInboundHandlerAdapter {
         } catch (RuntimeException | Error e) {
             HubLog.fault(e);
         }
-        if (licence == Licence.DELETION) {
+        if (licence.isToDelete()) {
             sink.licences().deleted(handle(message));
         }
     }

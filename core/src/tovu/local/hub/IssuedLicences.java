@@ -18,7 +18,8 @@ final class IssuedLicences {
     private final Consumer<byte[]> out;
     private final Set<Integer> objects = new HashSet<>(); // that there are some for
     private boolean others; // whether there are some that are for no object
-    private long revocations;
+    private long revocations; // of any
+    private long revocationsOfAll;
     private boolean timed; // whether it has to know the limits
     private long first;
     private long last = -1;
@@ -31,9 +32,13 @@ final class IssuedLicences {
         this.out = out;
     }
 
-    /** To be told to {@link #reply} after the service. */
-    synchronized long revocations() {
-        return revocations;
+    /**
+     * To be told to {@link #reply} after the service.
+     *
+     * @param licence what one for this service is for
+     */
+    synchronized long revocations(Licence licence) {
+        return licence == Licence.TIMED_DELETION ? revocationsOfAll : revocations; // to delete takes back what concerns the object
     }
 
     /**
@@ -44,7 +49,7 @@ final class IssuedLicences {
      * @param since   what {@link #revocations} was before the service
      */
     synchronized void reply(int request, Object result, Licence licence, int object, long since) {
-        boolean licensed = licence != Licence.NONE && since == revocations;
+        boolean licensed = licence != Licence.NONE && since == revocations(licence);
         if (licensed) {
             others |= object == 0;
             if (object != 0) {
@@ -63,6 +68,7 @@ final class IssuedLicences {
     /** @param object which they concern; 0 for all of them */
     synchronized void revoke(int object) {
         ++revocations;
+        revocationsOfAll += object == 0 ? 1 : 0;
         boolean any = object == 0 ? others || !objects.isEmpty() : objects.remove(object);
         if (object == 0) {
             others = false;
@@ -99,6 +105,7 @@ final class IssuedLicences {
     /** The federate is no member any more, and has no licences. */
     synchronized void clear() {
         ++revocations;
+        ++revocationsOfAll;
         others = false;
         objects.clear();
         timed = false;

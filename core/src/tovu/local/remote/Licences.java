@@ -18,6 +18,7 @@ import tovu.local.wire.Licence;
 final class Licences {
     private static final int GREATEST = 64; // of one subject: whoever sends in more ways asks for the others
     private static final byte[] NO_RETRACTION = null;
+    private static final int[] NO_HANDLES = {};
 
     /** A service and its message, whose answer is known. */
     private record Question(int service, ByteBuffer message) {
@@ -25,6 +26,8 @@ final class Licences {
 
     /** An object instance, or an interaction class. */
     private record Subject(boolean isObject, int handle) {
+        /** All that may be deleted. */
+        static final Subject DELETIONS = new Subject(true, 0);
     }
 
     /** What may be sent: values of just those handles. */
@@ -55,6 +58,7 @@ final class Licences {
 
     /** What a message is about, and how it is made up. */
     private static final class Message {
+        private final Licence licence;
         private final ByteBuffer in;
         private final Subject subject;
         private final int[] handles;
@@ -62,9 +66,10 @@ final class Licences {
         private boolean whole = true;
 
         Message(Licence licence, byte[] message) {
+            this.licence = licence;
             in = ByteBuffer.wrap(message);
             subject = new Subject(licence.isOfObject(), in.getInt());
-            handles = new int[licence == Licence.DELETION ? 0 : in.getInt()];
+            handles = licence.isToDelete() ? NO_HANDLES : new int[in.getInt()];
             for (int i = 0; i < handles.length; ++i) {
                 handles[i] = in.getInt();
                 skipBytes();
@@ -74,6 +79,11 @@ final class Licences {
                 whole = in.remaining() == Long.BYTES;
                 time = whole ? in.getLong() : 0;
             }
+        }
+
+        /** What has to be licensed to send it. */
+        Subject licensed() {
+            return licence == Licence.TIMED_DELETION ? Subject.DELETIONS : subject;
         }
 
         private void skipBytes() {
@@ -90,17 +100,28 @@ final class Licences {
     /** What becomes of a message that is sent without asking; null when it may not be. */
     Sent use(Licence licence, byte[] message) {
         Message sent = new Message(licence, message);
-        List<Sending> of = sendings.get(sent.subject);
-        if (of == null || !sent.whole || licence.isTimed() && !isWithinLimits(sent.time)) {
+        if (!sent.whole || licence.isTimed() && !isWithinLimits(sent.time)) {
             return null;
         }
-        for (Sending each : of) {
-            if (each.licence == licence && Arrays.equals(each.handles, sent.handles)) {
-                if (licence == Licence.DELETION) {
-                    sendings.put(sent.subject, List.of()); // nothing is certain of it until the hub has seen that
-                }
-                int number = each.retractable ? nextNumber() : 0;
-                return each.retractable && number == 0 ? null : new Sent(number);
+        Sending way = sending(sent.licensed(), licence, sent.handles);
+        if (way == null || licence == Licence.TIMED_DELETION
+                && sending(sent.subject, Licence.DELETION, NO_HANDLES) == null) {
+            return null;
+        }
+        int number = way.retractable ? nextNumber() : 0;
+        if (way.retractable && number == 0) {
+            return null;
+        }
+        if (licence.isToDelete()) {
+            sendings.put(sent.subject, List.of()); // nothing is certain of it until the hub has seen that
+        }
+        return new Sent(number);
+    }
+
+    private Sending sending(Subject subject, Licence licence, int[] handles) {
+        for (Sending each : sendings.getOrDefault(subject, List.of())) {
+            if (each.licence == licence && Arrays.equals(each.handles, handles)) {
+                return each;
             }
         }
         return null;
@@ -126,10 +147,10 @@ final class Licences {
         if (licence == Licence.LOOKUP) {
             answers.put(new Question(service, ByteBuffer.wrap(message)), result);
         } else if (licence == Licence.REGISTRATION) {
-            add(new Subject(true, (Integer) result), new Sending(Licence.DELETION, new int[0], false));
+            add(new Subject(true, (Integer) result), new Sending(Licence.DELETION, NO_HANDLES, false));
         } else {
             Message sent = new Message(licence, message);
-            add(sent.subject, new Sending(licence, sent.handles, result != null));
+            add(sent.licensed(), new Sending(licence, sent.handles, result != null));
         }
     }
 

@@ -17,7 +17,9 @@ public enum Licence {
     /** To delete what was registered. */
     REGISTRATION,
     /** Is had by registration. */
-    DELETION;
+    DELETION,
+    /** To delete with a time within limits what may be deleted without one. */
+    TIMED_DELETION;
 
     /** Whether messages may be sent with it. */
     public boolean isToSend() {
@@ -25,11 +27,15 @@ public enum Licence {
     }
 
     public boolean isTimed() {
-        return this == TIMED_UPDATE || this == TIMED_INTERACTION;
+        return this == TIMED_UPDATE || this == TIMED_INTERACTION || this == TIMED_DELETION;
     }
 
-    /** Whether it concerns one object instance. */
+    public boolean isToDelete() {
+        return this == DELETION || this == TIMED_DELETION;
+    }
+
+    /** Whether what is sent with it is about an object instance. */
     public boolean isOfObject() {
-        return this == UPDATE || this == TIMED_UPDATE || this == REGISTRATION || this == DELETION;
+        return this == UPDATE || this == TIMED_UPDATE || this == REGISTRATION || isToDelete();
     }
 }
