@@ -30,7 +30,12 @@ std::string integer(std::size_t value)
 std::string aligned(std::string const& octets) { return octets + std::string(-octets.size() % 4, '\0'); }
 
 // Infinity, what is no number and the least that there are too.
-double number(std::string const& word) { return std::strtod(word.c_str(), nullptr); }
+double number(std::string const& word)
+{
+   char* end = nullptr;
+   double const value = std::strtod(word.c_str(), &end);
+   return *end == '\0' ? value : throw Unreadable(word + " is no number");
+}
 
 } // namespace
 
