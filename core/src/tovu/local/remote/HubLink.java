@@ -124,17 +124,7 @@ public final class HubLink implements CallbackSource {
         this.federate = federate;
         this.onLoss = onLoss;
         in = new Inbox(socket, pulse);
-        turn = new ReadingTurn(new ReadingTurn.Source() {
-            @Override
-            public boolean isOver() {
-                return isLost();
-            }
-
-            @Override
-            public void read(long nanos) {
-                takeWhatComes(nanos);
-            }
-        }, socket.isTimed());
+        turn = new ReadingTurn(this::isLost, this::takeWhatComes, socket.isTimed());
         out = new Outbox(socket.output(), this::sendingFailed);
         HubSocket.Welcome welcome = socket.greet(in, sent);
         greatestFrame = welcome.greatestFrame();

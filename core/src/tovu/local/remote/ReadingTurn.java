@@ -6,6 +6,7 @@ import java.util.concurrent.TimeUnit;
 import java.util.concurrent.locks.LockSupport;
 import java.util.concurrent.locks.ReentrantLock;
 import java.util.function.BooleanSupplier;
+import java.util.function.LongConsumer;
 
 /**
  * Whose turn it is to read what comes from a hub. Of the threads that wait for something, one reads for all: it need not be
@@ -13,31 +14,29 @@ import java.util.function.BooleanSupplier;
  * the turn is free. When nobody waits, a thread reads that stands by.
  */
 final class ReadingTurn {
-    /** What is read. */
-    interface Source {
-        boolean isOver();
-
-        /** Takes what has come, for which it waits no longer than that. */
-        void read(long nanos);
-    }
-
     private static final long STANDING_BACK_NANOS = TimeUnit.MILLISECONDS.toNanos(20);
 
-    private final Source source;
+    private final BooleanSupplier over;
+    private final LongConsumer reading;
     private final boolean shared;
     private final ReentrantLock turn = new ReentrantLock();
     private final Queue<Thread> sleeping = new ConcurrentLinkedQueue<>();
     private volatile int taken; // by those who wait; changes under the lock
 
-    /** @param shared whether those who wait read; else only who stands by does */
-    ReadingTurn(Source source, boolean shared) {
-        this.source = source;
+    /**
+     * @param over    whether nothing comes any more
+     * @param reading takes what has come, for which it waits no longer than so many nanoseconds
+     * @param shared  whether those who wait read; else only who stands by does
+     */
+    ReadingTurn(BooleanSupplier over, LongConsumer reading, boolean shared) {
+        this.over = over;
+        this.reading = reading;
         this.shared = shared;
     }
 
     /**
-     * Returns when that is so, the time is over, or the source is. Whoever makes it so and does not read the source wakes
-     * the thread.
+     * Returns when that is so, the time is over, or nothing comes any more. Whoever makes it so without reading wakes the
+     * thread.
      *
      * @param nanos 0 to take what has come already
      */
@@ -53,7 +52,7 @@ final class ReadingTurn {
                 interrupted |= Thread.interrupted();
             }
             left = left(begin, nanos);
-        } while (left > 0 && !so.getAsBoolean() && !source.isOver());
+        } while (left > 0 && !so.getAsBoolean() && !over.getAsBoolean());
         if (interrupted) {
             Thread.currentThread().interrupt();
         }
@@ -66,8 +65,8 @@ final class ReadingTurn {
     private void readUntil(BooleanSupplier so, long begin, long nanos) {
         try {
             ++taken;
-            for (long left = nanos; !so.getAsBoolean() && !source.isOver(); left = left(begin, nanos)) {
-                source.read(left);
+            for (long left = nanos; !so.getAsBoolean() && !over.getAsBoolean(); left = left(begin, nanos)) {
+                reading.accept(left);
                 if (left <= 0) {
                     break;
                 }
@@ -81,7 +80,7 @@ final class ReadingTurn {
         Thread self = Thread.currentThread();
         sleeping.add(self);
         try {
-            if (!so.getAsBoolean() && (!shared || turn.isLocked()) && !source.isOver()) {
+            if (!so.getAsBoolean() && (!shared || turn.isLocked()) && !over.getAsBoolean()) {
                 LockSupport.parkNanos(this, nanos);
             }
         } finally {
@@ -95,12 +94,12 @@ final class ReadingTurn {
     }
 
     /**
-     * Reads until the source is over, whenever nobody else does. It gives way to those who wait with the next thing that
+     * Reads until nothing comes any more, whenever nobody else does. It gives way to those who wait with the next thing that
      * comes, and comes back some time after the last of them has gone: to be called back would cost each of them the wake-up
      * that reading spares.
      */
     void standBy() {
-        while (!source.isOver()) {
+        while (!over.getAsBoolean()) {
             int before = taken;
             if (shared) {
                 LockSupport.parkNanos(this, STANDING_BACK_NANOS);
@@ -108,8 +107,8 @@ final class ReadingTurn {
             if (before == taken && turn.tryLock()) {
                 try {
                     do {
-                        source.read(Long.MAX_VALUE);
-                    } while (!source.isOver() && (!shared || sleeping.isEmpty()));
+                        reading.accept(Long.MAX_VALUE);
+                    } while (!over.getAsBoolean() && (!shared || sleeping.isEmpty()));
                 } finally {
                     pass();
                 }
