@@ -47,11 +47,15 @@ story is kept when the offer is taken back
    alpha: cancelNegotiatedAttributeOwnershipDivestiture car Position -> AttributeDivestitureWasNotRequested
    alpha: negotiatedAttributeOwnershipDivestiture car Position tag=offer
    beta, gamma < requestAttributeOwnershipAssumption car Position tag=offer
+   beta, gamma: attributeOwnershipAcquisitionIfAvailable car Position
+   alpha < requestDivestitureConfirmation car Position
+   beta: attributeOwnershipAcquisition car Position tag=mine # on which it insists from now on
    alpha: cancelNegotiatedAttributeOwnershipDivestiture car Position
+   alpha < requestAttributeOwnershipRelease car Position tag=mine
+   gamma < attributeOwnershipUnavailable car Position
+   gamma: attributeOwnershipAcquisitionIfAvailable car Position => gamma < attributeOwnershipUnavailable car Position
    alpha: confirmDivestiture car Position -> AttributeDivestitureWasNotRequested
    expect-owner alpha Position
-   beta: attributeOwnershipAcquisition car Position tag=mine
-   alpha < requestAttributeOwnershipRelease car Position tag=mine
    alpha: negotiatedAttributeOwnershipDivestiture car Position tag=offer
    alpha < requestDivestitureConfirmation car Position
 
