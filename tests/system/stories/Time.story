@@ -83,17 +83,21 @@ story delivers without order only to who is advancing
 
 story takes deletions back
    regulate alpha 1
+   alpha: changeAttributeOrderType car Fuel TSO
    alpha: deletion = delete car at 5 => beta < remove car TSO at 5 RO retractable by alpha
    alpha: update car Position=1 at 6 -> ObjectInstanceNotKnown; retract deletion
    beta < requestRetraction deletion; discover car Car car alpha
-   alpha: update car Position=1 at 6 = retractable
-   beta < reflect car Position=1 TSO reliable at 6 RO retractable by alpha
-   # With its regions, and without what is not published any more.
+   alpha: update car Fuel=2 Position=1 at 6 = retractable
+   beta < reflect car Fuel=2 Position=1 TSO reliable at 6 RO retractable by alpha # as the owner had chosen
+   # With its regions as far as there are any, and without what is not published any more.
    make-region alpha where 0..1
    alpha: associateRegionsForUpdates car Position@where
    constrain beta
+   beta: enableAsynchronousDelivery
    alpha: deletion = delete car at 20; retract deletion
    alpha: deleteRegion where -> RegionInUseForUpdateOrSubscription
+   alpha: deletion = delete car at 20; deleteRegion where; retract deletion; update car Position=2
+   beta < reflect car Position=2 RO reliable by alpha
    alpha: deletion = delete car at 20; unpublish Car; retract deletion
    alpha: getKnownObjectClassHandle car = Car; isAttributeOwnedByFederate car Position = false
    beta < whatever
