@@ -77,6 +77,11 @@ story counts what waits in the order in which it will come
    alpha: publish Accident; subscribe HLAfederate HLAROlength HLATSOlength; enableTimeRegulation 1
    beta: subscribe Accident; enableTimeConstrained => alpha, beta < whatever
    know-two alpha
+   alpha: send Accident at 1 => alpha < nothing
+   beta: nextMessageRequestAvailable 1 # what comes waits no more
+   beta < receive Accident TSO reliable at 1 TSO retractable by alpha; timeAdvanceGrant 1
+   alpha: requestAttributeValueUpdate second HLAROlength HLATSOlength
+   told alpha "reflect second HLAROlength=:0 HLATSOlength=:0"
    beta: disableCallbacks => alpha: send Accident at 5 => beta: disableTimeConstrained
    alpha: requestAttributeValueUpdate second HLAROlength HLATSOlength
    told alpha "reflect second HLAROlength=:1 HLATSOlength=:0"
@@ -199,9 +204,10 @@ story reports services to those who are not reported on
       HLAsuccessIndicator=:0
       HLAsuppliedArguments=('HLAinteractionRoot.HLAmanager.HLAfederate.HLAreport.HLAreportServiceInvocation','true')
       RO reliable by somebody
-   alpha: subscribe HLAreportException
-   have beta HLAsetExceptionReporting HLAreportingState=:1
-   beta: disableTimeRegulation -> TimeRegulationIsNotEnabled; getObjectClassName Car
+   alpha: normalizeFederateHandle beta = 2; betas = createRegion HLAfederate; setRangeBounds betas HLAfederate 2..3
+   alpha: commitRegionModifications betas; subscribe HLAreportException betas # and not alpha's
+   have [beta|alpha] HLAsetExceptionReporting HLAreportingState=:1
+   alpha, beta: disableTimeRegulation -> TimeRegulationIsNotEnabled; getObjectClassName Car
    told alpha "receive HLAreportException HLAexception='TimeRegulationIsNotEnabled:...' HLAfederate=#beta HLAservice='disableTimeRegulation'"
 
 story finds its objects again after a restore
