@@ -186,9 +186,10 @@ struct Foreign
    }
 };
 
-// Calls use with a run of lists of numbers of a kind.
+// Calls use with a run of lists of numbers of a kind. What is called for each entry in turn is to be one piece
+// of code: passed to another function, what use has got hold of goes through memory.
 template <class Use>
-auto withRunOfLists(Kind kind, Use use)
+[[gnu::always_inline]] inline auto withRunOfLists(Kind kind, Use const& use)
 {
    switch (kind) {
 #define RTI_CASE(Name, Value)                           \
@@ -205,10 +206,9 @@ auto withRunOfLists(Kind kind, Use use)
    return use(RunOfLists<HLAoctet>()); // for there are no others
 }
 
-// Calls use with the run that begins with the entry, which is no such list. What is called for each entry in
-// turn is to be one piece of code.
+// Calls use with the run that begins with the entry.
 template <class Use>
-[[gnu::always_inline]] inline auto withRun(Entry const& first, Use use)
+[[gnu::always_inline]] inline auto withRun(Entry const& first, Use const& use)
 {
    switch (first.kind()) {
 #define RTI_CASE_BASIC(Name, Value) RTI_CASE(Name)
