@@ -6,24 +6,13 @@
 
 namespace rti1516e {
 
-Extent CountedList::measure(Wanted wanted) const
+Extent CountedList::Prototype::determined() const
 {
-   bool const isLeast = wanted == Wanted::leastLength;
-   Extent extent = _elements.measure(isLeast ? Wanted::boundary : wanted);
-   if (isLeast) {
-      extent.length = countLength;
-   }
-   extent.include({0, countLength, false});
-   if (_elements.empty()) {
-      extent.include(_prototype->measure(Wanted::boundary));
-      extent.foreign = false;
+   Extent const extent = entry.measure(Wanted::boundary);
+   if (!extent.foreign) {
+      boundary.store(extent.boundary, std::memory_order_relaxed);
    }
    return extent;
-}
-
-std::size_t CountedList::write(Output& out, std::size_t index) const
-{
-   return _elements.write(out, out.count(index, _elements.size()));
 }
 
 std::size_t CountedList::read(Input const& in, std::size_t index)
@@ -41,9 +30,9 @@ std::size_t CountedList::read(Input const& in, std::size_t index)
    if (number < present) {
       _elements.truncate(number);
    } else if (number > present) {
-      _elements.appendClones(*_prototype, number - present);
+      _elements.appendClones(_prototype->entry, number - present);
    }
-   return _elements.read(in, index);
+   return number == 0 ? index : _elements.read(in, index);
 }
 
 // Measuring the prototype also makes it remember its boundaries, which its clones get from it. Basic elements
@@ -51,8 +40,8 @@ std::size_t CountedList::read(Input const& in, std::size_t index)
 // decoded before the first one that is not.
 std::size_t CountedList::leastLengthOfClones() const
 {
-   std::size_t const length = _prototype->measure(Wanted::leastLength).length;
-   return operationsOf(_prototype->kind()).fixedLength != 0 ? 1 : std::max<std::size_t>(length, 1);
+   std::size_t const length = _prototype->entry.measure(Wanted::leastLength).length;
+   return operationsOf(_prototype->entry.kind()).fixedLength != 0 ? 1 : std::max<std::size_t>(length, 1);
 }
 
 } // namespace rti1516e

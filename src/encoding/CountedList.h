@@ -3,7 +3,9 @@
 
 #include "src/encoding/ElementList.h"
 
+#include <atomic>
 #include <memory>
+#include <utility>
 
 namespace rti1516e {
 
@@ -11,23 +13,58 @@ class CountedList
 {
 public:
    explicit CountedList(DataElement const& prototype)
-      : _prototype(std::make_shared<Entry const>(Entry::clone(prototype)))
+      : _prototype(std::make_shared<Prototype const>(Entry::clone(prototype)))
    {}
 
-   DataElement const& prototype() const noexcept { return _prototype->element(); }
+   DataElement const& prototype() const noexcept { return _prototype->entry.element(); }
    ElementList& elements() noexcept { return _elements; }
 
-   Extent measure(Wanted wanted) const;
-   std::size_t write(Output& out, std::size_t index) const;
+   Extent measure(Wanted wanted) const
+   {
+      Extent extent{countLength, countLength, false};
+      if (_elements.empty()) {
+         extent.include(_prototype->extent());
+      } else if (wanted == Wanted::leastLength) {
+         extent.include(_elements.measure(Wanted::boundary));
+      } else {
+         Extent const all = _elements.measure(wanted);
+         extent.include(all);
+         extent.length = all.length;
+      }
+      return extent;
+   }
+   std::size_t write(Output& out, std::size_t index) const
+   {
+      std::size_t const number = _elements.size();
+      storeBigEndian(out.at(index, countLength), checkedCount(number));
+      index += countLength;
+      return number == 0 ? index : _elements.write(out, index);
+   }
    std::size_t read(Input const& in, std::size_t index);
 
 private:
-   std::size_t leastLengthOfClones() const;
-
    static constexpr unsigned int countLength = 4;
 
    // Nobody can change it, so that copies of the array have it in common.
-   std::shared_ptr<Entry const> _prototype;
+   struct Prototype
+   {
+      explicit Prototype(Entry made) : entry(std::move(made)) {}
+      // The boundary, and whether there is something foreign.
+      Extent extent() const
+      {
+         unsigned int const known = boundary.load(std::memory_order_relaxed);
+         return known != 0 ? Extent{0, known, false} : determined();
+      }
+      Extent determined() const;
+
+      Entry entry;
+      // As soon as it has been determined, if there is nothing foreign, which may tell another.
+      std::atomic<unsigned int> mutable boundary = 0;
+   };
+
+   std::size_t leastLengthOfClones() const;
+
+   std::shared_ptr<Prototype const> _prototype;
    ElementList _elements{ElementList::For::array, countLength};
 };
 
