@@ -56,8 +56,8 @@ public:
    std::size_t write(Output& out, std::size_t index) const
    {
       if constexpr (Traits::fixedLength != 0) {
-         Traits::write(value(), out.at(index, Traits::fixedLength));
-         return index + Traits::fixedLength;
+         Traits::write(value(), out.aligned<Traits::fixedLength>(index));
+         return index;
       } else {
          return Traits::write(value(), out, index);
       }

@@ -4,7 +4,7 @@
 //   length(value)            the encoded length
 //   room(value)              the same for nearly every value, told at once; never more
 //   write(value, room)       writes the encoding into room of that length; a text writes itself to an Output,
-//                            as a body does
+//                            as a body does, with the padding in front of it
 //   read(value, from, left)  takes the value from the octets, of which there are `left`, no fewer than the
 //                            boundary, and returns the encoded length; fails without changing the value
 //   hash(value)              in 32 bits
@@ -197,6 +197,7 @@ struct UnicodeStringTraits : TextTraits<UnicodeStringTraits, std::wstring, 2>
    static std::size_t units(std::wstring const& text) noexcept { return utf16::length(text); }
    static std::size_t write(std::wstring const& text, Output& out, std::size_t index)
    {
+      index = out.align(index, boundary);
       char* room = nullptr;
       std::size_t const units = utf16::storeText(text, [&](std::size_t number) {
          room = out.at(index, 4 + 2 * number);

@@ -116,9 +116,8 @@ public:
          });
          return index + _size * Traits::fixedLength;
       } else {
-         std::for_each_n(bodies(), _size, [&out, &index](Body const& body) {
-            index = body.write(out, out.align(index, Traits::boundary));
-         });
+         std::for_each_n(bodies(), _size,
+                         [&out, &index](Body const& body) { index = body.write(out, index); });
          return index;
       }
    }

@@ -69,11 +69,12 @@ void ElementBlocks::truncate(std::size_t size) noexcept
    }
 }
 
-void ElementBlocks::measure(Wanted wanted, Extent& all) const
+Extent ElementBlocks::measure(Wanted wanted, Extent all) const
 {
    for (ElementBlock const* block = _first.get(); block != nullptr; block = block->next.get()) {
       block->measure(wanted, all);
    }
+   return all;
 }
 
 std::size_t ElementBlocks::write(Output& out, std::size_t index) const

@@ -29,7 +29,7 @@ public:
    void truncate(std::size_t size) noexcept;
 
    // The operations of a body, upon all elements one after another.
-   void measure(Wanted wanted, Extent& all) const;
+   Extent measure(Wanted wanted, Extent all) const;
    std::size_t write(Output& out, std::size_t index) const;
    std::size_t read(Input const& in, std::size_t index);
 

@@ -164,14 +164,4 @@ void ElementList::accountAll() noexcept
    }
 }
 
-Extent ElementList::measureEach(Wanted wanted) const
-{
-   Extent all{_start, 1, false};
-   if (inBlocks()) {
-      _blocks.measure(wanted, all);
-      return all;
-   }
-   return rti1516e::measure(entries(), endOfEntries(), wanted, all);
-}
-
 } // namespace rti1516e

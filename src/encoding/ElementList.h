@@ -72,7 +72,12 @@ public:
    Extent measure(Wanted wanted) const
    {
       bool const known = _allOfOneLength || (_allOfOneBoundary && wanted == Wanted::boundary);
-      return known ? Extent{_length, _boundary, false} : measureEach(wanted);
+      if (known) {
+         return {_length, _boundary, false};
+      }
+      Extent const start{_start, _boundary, false};
+      return inBlocks() ? _blocks.measure(wanted, start)
+                        : rti1516e::measure(entries(), endOfEntries(), wanted, start);
    }
    NumbersAlone numbersAlone() const noexcept { return _numbersAlone; }
    Entry const* entries() const noexcept { return _entries.data(); }
@@ -92,7 +97,6 @@ private:
    void leaveBlocks();
    void append(Entry entry);
    void replace(std::size_t index, Entry entry);
-   Extent measureEach(Wanted wanted) const;
    void account(Kind kind, std::size_t number) noexcept;
    void accountAll() noexcept;
 

@@ -2,7 +2,8 @@
 //   measure(wanted)    its length and its octet boundary, determined anew for everything in it
 //   write(out, index)  encodes, at an aligned index \  with the boundaries that measure
 //   read(in, index)    decodes                      /  found; return the index behind
-// so that an element is looked through once to be measured and once for its octets, however deep it is.
+// so that an element is looked through once to be measured and once for its octets, however deep it is. Where
+// all bodies of a class have one boundary, they write the padding in front of them themselves.
 #pragma once
 
 #include "src/encoding/Extent.h"
@@ -25,10 +26,10 @@ void encodeAtEnd(Body const& body, std::vector<char>& buffer)
 {
    std::size_t const end = buffer.size();
    Extent const extent = body.measure(Wanted::room);
-   std::size_t const padding = alignUp(end, extent.boundary) - end;
+   std::size_t const start = alignInMemory(end, extent.boundary);
    try {
-      Output out(buffer, extent.foreign ? 0 : padding + extent.length);
-      out.finish(body.write(out, out.align(end, extent.boundary)));
+      Output out(buffer, start - end + (extent.foreign ? 0 : extent.length)); // cleared, as padding is to be
+      out.finish(body.write(out, start));
    } catch (...) {
       buffer.resize(end);
       throw;

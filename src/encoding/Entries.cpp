@@ -21,6 +21,12 @@ namespace rti1516e {
 
 namespace {
 
+// Elements of one length, which is their boundary, as numbers are.
+template <class Body>
+constexpr bool standSideBySide = false;
+template <class Element>
+constexpr bool standSideBySide<BasicBody<Element>> = TraitsOf<Element>::fixedLength != 0;
+
 // How far a run has come: neighbours of one kind, which the kind is looked up for once.
 template <class Result>
 struct Reached
@@ -29,62 +35,78 @@ struct Reached
    Result result; // the extent of all so far, or the index
 };
 
-// A record or a fixed array, which have bodies of one class.
-ElementList& listIn(Entry const& entry)
-{
-   return entry.kind() == Kind::HLAfixedRecord
-             ? ElementAccess::body(static_cast<HLAfixedRecord&>(entry.element()))
-             : ElementAccess::body(static_cast<HLAfixedArray&>(entry.element()));
-}
-
-// Of what is no list, none.
-NumbersAlone numbersAloneIn(Entry const& entry)
-{
-   bool const isList = entry.kind() == Kind::HLAfixedRecord || entry.kind() == Kind::HLAfixedArray;
-   return isList ? listIn(entry).numbersAlone() : NumbersAlone();
-}
-
-// A run of a known class of elements, whose bodies are worked upon. The compiler knows better than a variable
-// what to align elements of one boundary to. Lists of numbers alone are runs of their own.
+// The elements of a kind.
 template <Kind kind, class Element>
-struct Run
+struct Of
 {
+   static bool has(Entry const& entry) { return entry.kind() == kind; }
    static auto& body(Entry const& entry)
    {
       return ElementAccess::body(static_cast<Element&>(entry.element()));
    }
-   static constexpr unsigned int common =
-      commonBoundary<std::remove_reference_t<decltype(ElementAccess::body(std::declval<Element&>()))>>;
+};
+
+// Records and fixed arrays, which have bodies of one class. Those of numbers alone are runs of their own.
+struct Lists
+{
+   static ElementList& body(Entry const& entry)
+   {
+      return entry.kind() == Kind::HLAfixedRecord ? Of<Kind::HLAfixedRecord, HLAfixedRecord>::body(entry)
+                                                  : Of<Kind::HLAfixedArray, HLAfixedArray>::body(entry);
+   }
+   static bool has(Entry const& entry)
+   {
+      bool const isList = entry.kind() == Kind::HLAfixedRecord || entry.kind() == Kind::HLAfixedArray;
+      return isList && !body(entry).numbersAlone();
+   }
+};
+
+// A run of known elements, whose bodies are worked upon. The compiler knows better than a variable what to
+// align elements of one boundary to.
+template <class Elements>
+struct Run : Elements
+{
+   using Elements::body;
+   using Body = std::remove_reference_t<decltype(body(std::declval<Entry const&>()))>;
+   static constexpr unsigned int common = commonBoundary<Body>;
    static unsigned int boundaryOf(Entry const& entry) { return common != 0 ? common : entry.boundary(); }
    static bool goesOn(Entry const* entry, Entry const* last)
    {
-      return entry != last && entry->kind() == kind && !numbersAloneIn(*entry);
+      return entry != last && Elements::has(*entry);
    }
 
    static Reached<Extent> measure(Entry const* entry, Entry const* last, Wanted wanted, Extent all)
    {
       do {
          Extent const next = body(*entry).measure(wanted);
-         if constexpr (common == 0) {
+         if constexpr (common != 0) {
+            all.length = alignInMemory(all.length, common) + next.length;
+         } else {
             entry->remember(next.boundary);
+            all.append(next, wanted);
          }
-         all.append(next, wanted);
       } while (goesOn(++entry, last));
       return {entry, all};
    }
    static Reached<std::size_t> write(Entry const* entry, Entry const* last, Output& out, std::size_t index)
    {
       do {
-         index = body(*entry).write(out, out.align(index, boundaryOf(*entry)));
+         index = body(*entry).write(out, common != 0 ? index : out.align(index, entry->boundary()));
       } while (goesOn(++entry, last));
       return {entry, index};
    }
    static Reached<std::size_t> read(Entry const* entry, Entry const* last, Input const& in, std::size_t index)
    {
-      do {
-         index = body(*entry).read(in, alignUp(index, boundaryOf(*entry)));
-      } while (goesOn(++entry, last));
-      return {entry, index};
+      index = alignUp(index, boundaryOf(*entry));
+      while (true) {
+         index = body(*entry).read(in, index);
+         if (!goesOn(++entry, last)) {
+            return {entry, index};
+         }
+         if constexpr (!standSideBySide<Body>) {
+            index = alignUp(index, boundaryOf(*entry));
+         }
+      }
    }
 };
 
@@ -94,8 +116,22 @@ ElementList* alike(Entry const* entry, Entry const* last, Kind kind, NumbersAlon
    if (entry == last || entry->kind() != kind) {
       return nullptr;
    }
-   ElementList& list = listIn(*entry);
+   ElementList& list = Lists::body(*entry);
    return list.numbersAlone() == numbers ? &list : nullptr;
+}
+
+// Measures such a run.
+Reached<Extent> measureListsOf(NumbersAlone numbers, Entry const* entry, Entry const* last, Extent all)
+{
+   Kind const kind = entry->kind();
+   unsigned int const length = Lists::body(*entry).entries()->numberLength();
+   std::size_t number = 0;
+   do {
+      number += numbers.count();
+   } while (alike(++entry, last, kind, numbers) != nullptr);
+   all.include({0, length, false});
+   all.appendNumbers(length, number);
+   return {entry, all};
 }
 
 // Such a run, which is a run of numbers.
@@ -104,30 +140,32 @@ struct RunOfLists
 {
    using Traits = typename BasicBody<Number>::Traits;
 
-   static Reached<std::size_t> write(Entry const* entry, Entry const* last, Output& out, std::size_t index)
+   static Reached<std::size_t> write(NumbersAlone numbers, Entry const* entry, Entry const* last, Output& out,
+                                     std::size_t index)
    {
-      ElementList const* list = &listIn(*entry);
+      ElementList const* list = &Lists::body(*entry);
       Kind const kind = entry->kind();
-      NumbersAlone const numbers = list->numbersAlone();
       std::size_t const length = numbers.count() * Traits::fixedLength;
       index = out.align(index, Traits::boundary);
       do {
          char* const to = out.at(index, length);
          Entry const* number = list->entries();
-         for (std::size_t i = 0; i != length; i += Traits::fixedLength) {
+         std::size_t i = 0;
+         do {
             Traits::write(body(*number++).value(), to + i);
-         }
+            i += Traits::fixedLength;
+         } while (i != length);
          index += length;
          list = alike(++entry, last, kind, numbers);
       } while (list != nullptr);
       return {entry, index};
    }
 
-   static Reached<std::size_t> read(Entry const* entry, Entry const* last, Input const& in, std::size_t index)
+   static Reached<std::size_t> read(NumbersAlone numbers, Entry const* entry, Entry const* last,
+                                    Input const& in, std::size_t index)
    {
-      ElementList* list = &listIn(*entry);
+      ElementList* list = &Lists::body(*entry);
       Kind const kind = entry->kind();
-      NumbersAlone const numbers = list->numbersAlone();
       std::size_t const length = numbers.count() * Traits::fixedLength;
       index = alignUp(index, Traits::boundary);
       do {
@@ -136,9 +174,11 @@ struct RunOfLists
          }
          char const* const from = in.at(index, length, failure::indexOutOfBounds);
          Entry const* number = list->entries();
-         for (std::size_t i = 0; i != length; i += Traits::fixedLength) {
+         std::size_t i = 0;
+         do {
             body(*number++).target() = Traits::load(from + i);
-         }
+            i += Traits::fixedLength;
+         } while (i != length);
          index += length;
          list = alike(++entry, last, kind, numbers);
       } while (list != nullptr);
@@ -186,12 +226,11 @@ struct Foreign
    }
 };
 
-// Calls use with a run of lists of numbers of a kind. What is called for each entry in turn is to be one piece
-// of code: passed to another function, what use has got hold of goes through memory.
+// Calls use with a run of lists of numbers of a kind.
 template <class Use>
-[[gnu::always_inline]] inline auto withRunOfLists(Kind kind, Use const& use)
+[[gnu::always_inline]] inline auto withRunOfLists(NumbersAlone numbers, Use use)
 {
-   switch (kind) {
+   switch (numbers.kind()) {
 #define RTI_CASE(Name, Value)                           \
    case Kind::Name:                                     \
       if constexpr (TraitsOf<Name>::fixedLength != 0) { \
@@ -203,25 +242,49 @@ template <class Use>
    default:
       break;
    }
-   return use(RunOfLists<HLAoctet>()); // for there are no others
+   __builtin_unreachable(); // for there are no others
 }
 
-// Calls use with the run that begins with the entry.
-template <class Use>
-[[gnu::always_inline]] inline auto withRun(Entry const& first, Use const& use)
+Reached<std::size_t> writeListsOf(NumbersAlone numbers, Entry const* entry, Entry const* last, Output& out,
+                                  std::size_t index)
+{
+   return withRunOfLists(numbers,
+                         [=, &out](auto run) { return run.write(numbers, entry, last, out, index); });
+}
+
+Reached<std::size_t> readListsOf(NumbersAlone numbers, Entry const* entry, Entry const* last, Input const& in,
+                                 std::size_t index)
+{
+   return withRunOfLists(numbers, [=, &in](auto run) { return run.read(numbers, entry, last, in, index); });
+}
+
+// Calls use with the run that begins with the entry, or ofNumbers if it begins with such a list. What is
+// called for each entry in turn is to be one piece of code: what use has captured would go through memory
+// elsewhere.
+template <class Use, class OfNumbers>
+[[gnu::always_inline]] inline auto withRun(Entry const& first, Use use, OfNumbers ofNumbers)
 {
    switch (first.kind()) {
-#define RTI_CASE_BASIC(Name, Value) RTI_CASE(Name)
-#define RTI_CASE(Name) \
-   case Kind::Name:    \
-      return use(Run<Kind::Name, Name>());
-      RTI_FOR_EACH_BASIC_ELEMENT(RTI_CASE_BASIC)
-      RTI_FOR_EACH_CONSTRUCTED_ELEMENT(RTI_CASE)
+#define RTI_CASE(Name, Value) \
+   case Kind::Name:           \
+      return use(Run<Of<Kind::Name, Name>>());
+      RTI_FOR_EACH_BASIC_ELEMENT(RTI_CASE)
+      RTI_CASE(HLAvariableArray, )
+      RTI_CASE(HLAvariantRecord, )
+      RTI_CASE(HLAopaqueData, )
 #undef RTI_CASE
-#undef RTI_CASE_BASIC
-   default:
+   case Kind::HLAfixedArray:
+   case Kind::HLAfixedRecord:
+      if (NumbersAlone const numbers = Lists::body(first).numbersAlone()) {
+         return ofNumbers(numbers);
+      }
+      return use(Run<Lists>());
+   case Kind::foreign:
       return use(Foreign());
+   case Kind::count:
+      break;
    }
+   __builtin_unreachable();
 }
 
 } // namespace
@@ -233,17 +296,10 @@ Extent measure(Entry const* first, Entry const* last, Wanted wanted, Extent all)
       if (unsigned int const length = at.entry->numberLength()) {
          at.result.appendNumbers(length, 1);
          ++at.entry;
-      } else if (NumbersAlone const numbers = numbersAloneIn(*at.entry)) {
-         Kind const kind = at.entry->kind();
-         std::size_t number = 0;
-         do {
-            number += numbers.count();
-         } while (alike(++at.entry, last, kind, numbers) != nullptr);
-         at.result.appendNumbers(operationsOf(numbers.kind()).fixedLength, number);
       } else {
-         at = withRun(*at.entry, [entry = at.entry, last, wanted, all = at.result](auto run) {
-            return run.measure(entry, last, wanted, all);
-         });
+         at = withRun(
+            *at.entry, [=](auto run) { return run.measure(at.entry, last, wanted, at.result); },
+            [=](NumbersAlone numbers) { return measureListsOf(numbers, at.entry, last, at.result); });
       }
    }
    return at.result;
@@ -253,11 +309,9 @@ std::size_t write(Entry const* first, Entry const* last, Output& out, std::size_
 {
    Reached<std::size_t> at{first, index};
    while (at.entry != last) {
-      auto const write = [entry = at.entry, last, &out, index = at.result](auto run) {
-         return run.write(entry, last, out, index);
-      };
-      NumbersAlone const numbers = numbersAloneIn(*at.entry);
-      at = numbers ? withRunOfLists(numbers.kind(), write) : withRun(*at.entry, write);
+      at = withRun(
+         *at.entry, [=, &out](auto run) { return run.write(at.entry, last, out, at.result); },
+         [=, &out](NumbersAlone numbers) { return writeListsOf(numbers, at.entry, last, out, at.result); });
    }
    return at.result;
 }
@@ -266,11 +320,9 @@ std::size_t read(Entry const* first, Entry const* last, Input const& in, std::si
 {
    Reached<std::size_t> at{first, index};
    while (at.entry != last) {
-      auto const read = [entry = at.entry, last, &in, index = at.result](auto run) {
-         return run.read(entry, last, in, index);
-      };
-      NumbersAlone const numbers = numbersAloneIn(*at.entry);
-      at = numbers ? withRunOfLists(numbers.kind(), read) : withRun(*at.entry, read);
+      at = withRun(
+         *at.entry, [=, &in](auto run) { return run.read(at.entry, last, in, at.result); },
+         [=, &in](NumbersAlone numbers) { return readListsOf(numbers, at.entry, last, in, at.result); });
    }
    return at.result;
 }

@@ -10,7 +10,8 @@
 
 namespace rti1516e {
 
-// Appends the extents, and makes the entries remember the boundaries.
+// Appends the extents, and makes the entries remember the boundaries. Those that the kinds tell are included
+// already.
 Extent measure(Entry const* first, Entry const* last, Wanted wanted, Extent all);
 
 // With the padding in front of each element.

@@ -65,7 +65,8 @@ Entry::~Entry()
 
 Extent Entry::measure(Wanted wanted) const
 {
-   Extent const extent = rti1516e::measure(this, this + 1, wanted, {});
+   Extent const start{0, std::max(operationsOf(_kind).boundary, 1U), false};
+   Extent const extent = rti1516e::measure(this, this + 1, wanted, start);
    remember(extent.boundary);
    return extent;
 }

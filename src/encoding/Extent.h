@@ -8,14 +8,18 @@
 
 namespace rti1516e {
 
-// The next multiple of the boundary from the index on. What lies beyond the largest index is that index,
-// which no buffer holds.
-constexpr std::size_t alignUp(std::size_t index, unsigned int boundary) noexcept
+// The next multiple of the boundary from an index in memory on.
+constexpr std::size_t alignInMemory(std::size_t index, unsigned int boundary) noexcept
 {
    bool const isPowerOfTwo = (boundary & (boundary - 1)) == 0;
    std::size_t const last = std::size_t{boundary} - 1;
-   std::size_t const aligned =
-      isPowerOfTwo ? (index + last) & ~last : index + (boundary - index % boundary) % boundary;
+   return isPowerOfTwo ? (index + last) & ~last : index + (boundary - index % boundary) % boundary;
+}
+
+// From any index on. What lies beyond the largest index is that index, which no buffer holds.
+constexpr std::size_t alignUp(std::size_t index, unsigned int boundary) noexcept
+{
+   std::size_t const aligned = alignInMemory(index, boundary);
    return aligned < index ? std::numeric_limits<std::size_t>::max() : aligned;
 }
 
@@ -40,22 +44,21 @@ struct Extent
 {
    std::size_t length = 0;
    unsigned int boundary = 1;
-   // Whether there is an element in it that is not of the library's own classes, so that its octets come from
-   // foreign code and their number is not known for certain.
+   // Whether there is an element in it, or the prototype of one, that is not of the library's own classes, so
+   // that its octets come from foreign code and their number is not known for certain.
    bool foreign = false;
 
    // Another element behind this one.
    constexpr void append(Extent const& next) noexcept
    {
-      length = alignUp(length, next.boundary) + next.length;
+      length = alignInMemory(length, next.boundary) + next.length;
       include(next);
    }
-   // Numbers of one length, which is their boundary too.
+   // Numbers of one length, which is their boundary too; that is included already.
    constexpr void appendNumbers(std::size_t lengthOfEach, std::size_t number) noexcept
    {
       std::size_t const last = lengthOfEach - 1;
       length = ((length + last) & ~last) + lengthOfEach * number;
-      boundary = std::max(boundary, static_cast<unsigned int>(lengthOfEach));
    }
    // Another element, where what may have no octets may also stand behind padding that is not there.
    constexpr void append(Extent const& next, Wanted wanted) noexcept
@@ -70,7 +73,7 @@ struct Extent
    constexpr void include(Extent const& other) noexcept
    {
       boundary = std::max(boundary, other.boundary);
-      foreign = foreign || other.foreign;
+      foreign = static_cast<bool>(foreign | other.foreign);
    }
 };
 

@@ -6,32 +6,9 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <utility>
 
 namespace rti1516e {
-
-namespace {
-
-constexpr std::size_t largest = std::numeric_limits<std::ptrdiff_t>::max();
-
-} // namespace
-
-Output::Output(std::vector<char>& buffer, std::size_t expected) : _buffer(&buffer)
-{
-   std::size_t const end = buffer.size();
-   if (expected > largest - end) {
-      failure::raise(failure::tooLong);
-   }
-   resize(end, end + expected);
-}
-
-void Output::finish(std::size_t end)
-{
-   if (end != _size) {
-      resize(end, end);
-   }
-}
 
 VariableLengthData Output::data(std::size_t end)
 {

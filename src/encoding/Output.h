@@ -40,8 +40,21 @@ public:
 
    // From the end of a buffer, which is made longer by the expected length at first. Call finish with the
    // last index.
-   Output(std::vector<char>& buffer, std::size_t expected);
-   void finish(std::size_t end);
+   Output(std::vector<char>& buffer, std::size_t expected) : _buffer(&buffer)
+   {
+      if (expected > largest - buffer.size()) {
+         failure::raise(failure::tooLong);
+      }
+      buffer.resize(buffer.size() + expected);
+      _data = buffer.data();
+      _size = buffer.size();
+   }
+   void finish(std::size_t end)
+   {
+      if (end != _size) {
+         resize(end, end);
+      }
+   }
 
    // Room for so many octets, which the caller fills. What is behind the index is lost if it grows.
    char* at(std::size_t index, std::size_t length)
@@ -55,9 +68,9 @@ public:
    // Writes padding up to the boundary.
    std::size_t align(std::size_t index, unsigned int boundary)
    {
-      std::size_t const aligned = alignUp(index, boundary);
+      std::size_t const aligned = alignInMemory(index, boundary);
       if (aligned != index) {
-         if (aligned - index < mostPadding && _size - index >= mostPadding) {
+         if (boundary <= mostPadding && _size - index >= mostPadding) {
             std::memset(_data + index, 0, mostPadding); // what is too much is written over
          } else {
             pad(index, aligned - index);
@@ -66,17 +79,35 @@ public:
       return aligned;
    }
 
-   // A count. Fails if it is above 32 bits.
+   // Padding, and room for octets whose boundary is their number, no more than there may be of padding. Moves
+   // the index behind them.
+   template <unsigned int length>
+   char* aligned(std::size_t& index)
+   {
+      static_assert(length <= mostPadding);
+      std::size_t const end = alignInMemory(index, length) + length;
+      if (end > _size) {
+         grow(index, end - index);
+      }
+      char* const data = _data;
+      std::memset(data + index, 0, length); // what is too much is written over
+      index = end;
+      return data + end - length;
+   }
+
+   // A count, behind padding. Fails if it is above 32 bits.
    std::size_t count(std::size_t index, std::size_t number)
    {
-      storeBigEndian(at(index, 4), checkedCount(number));
-      return index + 4;
+      std::uint32_t const count = checkedCount(number);
+      storeBigEndian(aligned<4>(index), count);
+      return index;
    }
 
    // Lets an element of a foreign class encode itself.
    std::size_t foreign(std::size_t index, DataElement const& element);
 
 private:
+   static constexpr std::size_t largest = std::numeric_limits<std::ptrdiff_t>::max();
    static constexpr std::size_t mostPadding = 8; // but in front of elements of foreign classes
 
    void pad(std::size_t index, std::size_t length);
