@@ -488,17 +488,17 @@ int measure(int argc, char** argv)
       return streamed(name, seconds, {updating(recording, name, Process::anyCore)});
    });
 
-   auto const advancing = [&](Hub const& hub, char const* part, std::size_t count, int core) {
+   auto const advancing = [&](Hub const& hub, char const* part, std::size_t count, int steps, int core) {
       return [=, &hub](std::string const& name) {
          std::vector<Shared> made;
          while (made.size() < count) {
             made.push_back(at(hub.designator(), part, name.c_str(), core));
          }
-         return inStep(name, 1000, hub.process(), made);
+         return inStep(name, steps, hub.process(), made);
       };
    };
-   add("step of 2 federates", advancing(near, "advance", 2, federateCore), untilCompiled);
-   add("step of many federates", advancing(far, "advanceUpdating", federates, Process::anyCore));
+   add("step of 2 federates", advancing(near, "advance", 2, 5000, federateCore), untilCompiled);
+   add("step of many federates", advancing(far, "advanceUpdating", federates, 1000, Process::anyCore));
    auto const connectingTo = [](std::string const& designator) {
       return [=](std::string const& name) { return connecting(name, designator); };
    };
