@@ -38,7 +38,8 @@ final class IssuedLicences {
      * @param licence what one for this service is for
      */
     synchronized long revocations(Licence licence) {
-        return licence == Licence.TIMED_DELETION ? revocationsOfAll : revocations; // to delete takes back what concerns the object
+        // To delete takes back what concerns the object.
+        return licence == Licence.TIMED_DELETION ? revocationsOfAll : revocations;
     }
 
     /**
