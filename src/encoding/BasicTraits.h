@@ -178,9 +178,7 @@ struct AsciiStringTraits : TextTraits<AsciiStringTraits, std::string, 1>
    static std::size_t units(std::string const& text) noexcept { return text.size(); }
    static std::size_t write(std::string const& text, Output& out, std::size_t index)
    {
-      index = out.count(index, text.size());
-      std::memcpy(out.at(index, text.size()), text.data(), text.size());
-      return index + text.size();
+      return out.counted(index, text.data(), text.size());
    }
    static void load(std::string& text, char const* from, std::size_t units) { text.assign(from, units); }
    template <class Use>
@@ -197,7 +195,7 @@ struct UnicodeStringTraits : TextTraits<UnicodeStringTraits, std::wstring, 2>
    static std::size_t units(std::wstring const& text) noexcept { return utf16::length(text); }
    static std::size_t write(std::wstring const& text, Output& out, std::size_t index)
    {
-      index = out.align(index, boundary);
+      index = alignInMemory(index, boundary);
       char* room = nullptr;
       std::size_t const units = utf16::storeText(text, [&](std::size_t number) {
          room = out.at(index, 4 + 2 * number);

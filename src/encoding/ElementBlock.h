@@ -108,7 +108,7 @@ public:
    std::size_t write(Output& out, std::size_t index) const override
    {
       if constexpr (Traits::fixedLength != 0) {
-         index = out.align(index, Traits::boundary);
+         index = alignInMemory(index, Traits::boundary);
          char* to = out.at(index, _size * Traits::fixedLength);
          std::for_each_n(bodies(), _size, [&to](Body const& body) {
             Traits::write(body.value(), to);

@@ -28,7 +28,7 @@ void encodeAtEnd(Body const& body, std::vector<char>& buffer)
    Extent const extent = body.measure(Wanted::room);
    std::size_t const start = alignInMemory(end, extent.boundary);
    try {
-      Output out(buffer, start - end + (extent.foreign ? 0 : extent.length)); // cleared, as padding is to be
+      Output out(buffer, start - end + extent.length);
       out.finish(body.write(out, start));
    } catch (...) {
       buffer.resize(end);
@@ -45,7 +45,7 @@ VariableLengthData encodeAlone(Body const& body)
       encodeAtEnd(body, buffer);
       return dataOf(buffer);
    }
-   Output out(checkedCount(extent.length));
+   Output out(checkedCount(extent.length), commonBoundary<Body> == 0);
    return out.data(body.write(out, 0));
 }
 

@@ -91,7 +91,7 @@ struct Run : Elements
    static Reached<std::size_t> write(Entry const* entry, Entry const* last, Output& out, std::size_t index)
    {
       do {
-         index = body(*entry).write(out, common != 0 ? index : out.align(index, entry->boundary()));
+         index = body(*entry).write(out, common != 0 ? index : alignInMemory(index, entry->boundary()));
       } while (goesOn(++entry, last));
       return {entry, index};
    }
@@ -146,7 +146,7 @@ struct RunOfLists
       ElementList const* list = &Lists::body(*entry);
       Kind const kind = entry->kind();
       std::size_t const length = numbers.count() * Traits::fixedLength;
-      index = out.align(index, Traits::boundary);
+      index = alignInMemory(index, Traits::boundary);
       do {
          char* const to = out.at(index, length);
          Entry const* number = list->entries();

@@ -20,7 +20,7 @@ inline constexpr wchar_t notInBasicPlane[] = L"A character beyond U+FFFF cannot 
 inline constexpr wchar_t changedMeanwhile[] = L"An element was changed while it was encoded";
 
 // Throws EncoderException. Out of line, so that what does not fail stays small.
-[[noreturn]] void raise(wchar_t const* message);
+[[noreturn, gnu::cold]] void raise(wchar_t const* message);
 
 // What the pointer points to; fails if it is null.
 template <class Object>

@@ -57,9 +57,7 @@ OpaqueBytes::~OpaqueBytes()
 
 std::size_t OpaqueBytes::write(Output& out, std::size_t index) const
 {
-   index = out.count(index, _dataLength);
-   std::copy_n(_data, _dataLength, out.at(index, _dataLength));
-   return index + _dataLength;
+   return out.counted(index, _data, _dataLength);
 }
 
 std::size_t OpaqueBytes::read(Input const& in, std::size_t index)

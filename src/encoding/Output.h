@@ -7,9 +7,9 @@
 
 #include <RTI/VariableLengthData.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -27,92 +27,64 @@ inline std::uint32_t checkedCount(std::size_t number)
    return static_cast<std::uint32_t>(number);
 }
 
-// Room that was sized before. Every piece is tested against the room all the same, which grows: some texts
-// turn out longer, and elements may be lent, and nothing keeps their owner from changing them. As with an
-// input, who writes is given the index where to, and returns the index behind, which so never leaves the
-// processor.
+// Cleared room that was sized before, so that padding is there already. Every piece is tested against the room
+// all the same, which grows: some texts turn out longer, and elements may be lent, and nothing keeps their
+// owner from changing them. As with an input, who writes is given the index where to, and returns the index
+// behind, which so never leaves the processor.
 class Output
 {
 public:
-   // Into memory of its own, of the expected length at first, from index 0. Call data with the last index.
-   explicit Output(std::size_t expected) : _own(new char[expected]), _data(_own.get()), _size(expected) {}
+   // Into memory of its own, of the expected length at first, from index 0. Call data with the last index. It
+   // is cleared if there may be padding.
+   Output(std::size_t expected, bool mayBePadded)
+      : _own(mayBePadded ? new char[expected]() : new char[expected]), _data(_own.get()), _size(expected)
+   {}
    VariableLengthData data(std::size_t end);
 
    // From the end of a buffer, which is made longer by the expected length at first. Call finish with the
    // last index.
-   Output(std::vector<char>& buffer, std::size_t expected) : _buffer(&buffer)
-   {
-      if (expected > largest - buffer.size()) {
-         failure::raise(failure::tooLong);
-      }
-      buffer.resize(buffer.size() + expected);
-      _data = buffer.data();
-      _size = buffer.size();
-   }
+   Output(std::vector<char>& buffer, std::size_t expected);
    void finish(std::size_t end)
    {
       if (end != _size) {
-         resize(end, end);
+         resize(end);
       }
    }
 
-   // Room for so many octets, which the caller fills. What is behind the index is lost if it grows.
+   // Room for so many octets, of which memory holds as many, and which the caller fills.
    char* at(std::size_t index, std::size_t length)
    {
-      if (length > _size - index) {
-         grow(index, length);
+      if (index + length > _size) {
+         grow(index + length);
       }
       return _data + index;
    }
 
-   // Writes padding up to the boundary.
-   std::size_t align(std::size_t index, unsigned int boundary)
-   {
-      std::size_t const aligned = alignInMemory(index, boundary);
-      if (aligned != index) {
-         if (boundary <= mostPadding && _size - index >= mostPadding) {
-            std::memset(_data + index, 0, mostPadding); // what is too much is written over
-         } else {
-            pad(index, aligned - index);
-         }
-      }
-      return aligned;
-   }
-
-   // Padding, and room for octets whose boundary is their number, no more than there may be of padding. Moves
-   // the index behind them.
+   // Room for octets whose boundary is their number, and for more behind them. Moves the index behind the
+   // former.
    template <unsigned int length>
-   char* aligned(std::size_t& index)
+   char* aligned(std::size_t& index, std::size_t behind = 0)
    {
-      static_assert(length <= mostPadding);
-      std::size_t const end = alignInMemory(index, length) + length;
-      if (end > _size) {
-         grow(index, end - index);
-      }
-      char* const data = _data;
-      std::memset(data + index, 0, length); // what is too much is written over
-      index = end;
-      return data + end - length;
+      index = alignInMemory(index, length) + length;
+      return at(index, behind) - length;
    }
 
-   // A count, behind padding. Fails if it is above 32 bits.
-   std::size_t count(std::size_t index, std::size_t number)
+   // A count and as many octets. Fails if the count is above 32 bits.
+   std::size_t counted(std::size_t index, char const* octets, std::size_t number)
    {
       std::uint32_t const count = checkedCount(number);
-      storeBigEndian(aligned<4>(index), count);
-      return index;
+      char* const to = aligned<4>(index, number);
+      storeBigEndian(to, count);
+      std::copy_n(octets, number, to + 4);
+      return index + number;
    }
 
    // Lets an element of a foreign class encode itself.
    std::size_t foreign(std::size_t index, DataElement const& element);
 
 private:
-   static constexpr std::size_t largest = std::numeric_limits<std::ptrdiff_t>::max();
-   static constexpr std::size_t mostPadding = 8; // but in front of elements of foreign classes
-
-   void pad(std::size_t index, std::size_t length);
-   void grow(std::size_t index, std::size_t length);
-   void resize(std::size_t end, std::size_t size);
+   [[gnu::cold]] void grow(std::size_t end);
+   void resize(std::size_t size);
 
    std::unique_ptr<char[]> _own;
    std::vector<char>* _buffer = nullptr; // or this

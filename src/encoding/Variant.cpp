@@ -60,7 +60,7 @@ unsigned int Variant::boundaryOfAlternatives() const noexcept
 
 std::size_t Variant::write(Output& out, std::size_t index) const
 {
-   index = out.align(_discriminant.write(out, index), boundaryOfAlternatives());
+   index = alignInMemory(_discriminant.write(out, index), boundaryOfAlternatives());
    Entry const* const value = selected();
    return value == nullptr ? index : value->write(out, index);
 }
