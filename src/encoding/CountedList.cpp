@@ -8,7 +8,8 @@ namespace rti1516e {
 
 Extent CountedList::Prototype::determined() const
 {
-   Extent const extent = entry.measure(Wanted::boundary);
+   Extent extent{countLength, countLength, false};
+   extent.include(entry.measure(Wanted::boundary));
    if (!extent.foreign) {
       boundary.store(extent.boundary, std::memory_order_relaxed);
    }

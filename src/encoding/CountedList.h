@@ -21,10 +21,11 @@ public:
 
    Extent measure(Wanted wanted) const
    {
-      Extent extent{countLength, countLength, false};
       if (_elements.empty()) {
-         extent.include(_prototype->extent());
-      } else if (wanted == Wanted::leastLength) {
+         return _prototype->extentOfNone();
+      }
+      Extent extent{countLength, countLength, false};
+      if (wanted == Wanted::leastLength) {
          extent.include(_elements.measure(Wanted::boundary));
       } else {
          Extent const all = _elements.measure(wanted);
@@ -35,10 +36,14 @@ public:
    }
    std::size_t write(Output& out, std::size_t index) const
    {
-      std::size_t const number = _elements.size();
-      storeBigEndian(out.at(index, countLength), checkedCount(number));
+      char* const count = out.at(index, countLength);
       index += countLength;
-      return number == 0 ? index : _elements.write(out, index);
+      if (_elements.empty()) {
+         storeBigEndian(count, std::uint32_t{0});
+         return index;
+      }
+      storeBigEndian(count, checkedCount(_elements.size()));
+      return _elements.write(out, index);
    }
    std::size_t read(Input const& in, std::size_t index);
 
@@ -49,16 +54,16 @@ private:
    struct Prototype
    {
       explicit Prototype(Entry made) : entry(std::move(made)) {}
-      // The boundary, and whether there is something foreign.
-      Extent extent() const
+      // Of an array without elements.
+      Extent extentOfNone() const
       {
          unsigned int const known = boundary.load(std::memory_order_relaxed);
-         return known != 0 ? Extent{0, known, false} : determined();
+         return known != 0 ? Extent{countLength, known, false} : determined();
       }
       Extent determined() const;
 
       Entry entry;
-      // As soon as it has been determined, if there is nothing foreign, which may tell another.
+      // That array's, as soon as it has been determined, if there is nothing foreign, which may tell another.
       std::atomic<unsigned int> mutable boundary = 0;
    };
 

@@ -20,6 +20,7 @@ public:
    ElementBlocks& operator=(ElementBlocks const&) = delete;
 
    std::size_t size() const noexcept { return _last == nullptr ? 0 : _last->first + _last->size(); }
+   bool empty() const noexcept { return _last == nullptr || size() == 0; }
    // If there are elements.
    Kind kind() const noexcept { return _kind; }
    DataElement& at(std::size_t index) const noexcept;

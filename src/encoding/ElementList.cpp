@@ -33,7 +33,7 @@ void ElementList::append(DataElement const& element)
    Kind const kind = kindOf(element, _entries.empty() ? _blocks.kind() : _entries.back().kind());
    if (mayKeepInBlocks(kind)) {
       _blocks.append(element, kind, 1);
-      account(kind, 1);
+      accountInBlocks(1);
    } else {
       append(Entry::clone(element));
    }
@@ -44,9 +44,8 @@ void ElementList::append(DataElement* element) { append(Entry::lent(element)); }
 void ElementList::append(Entry entry)
 {
    leaveBlocks();
-   Kind const kind = entry.kind();
    _entries.push_back(std::move(entry));
-   account(kind, 1);
+   account(_entries.size() - 1);
 }
 
 void ElementList::appendClones(DataElement const& prototype, std::size_t number)
@@ -60,7 +59,7 @@ void ElementList::appendClones(Entry const& prototype, std::size_t number)
    try {
       if (mayKeepInBlocks(prototype.kind()) && number != 0) {
          _blocks.append(prototype.element(), prototype.kind(), number);
-         account(prototype.kind(), number);
+         accountInBlocks(number);
          return;
       }
       if (number > _entries.max_size() - before) {
@@ -93,9 +92,11 @@ void ElementList::replace(std::size_t index, DataElement* element) { replace(ind
 void ElementList::replace(std::size_t index, Entry entry)
 {
    leaveBlocks();
-   bool const sameKind = entry.kind() == _entries[index].kind();
-   _entries[index] = std::move(entry);
-   if (!sameKind) {
+   Entry& replaced = _entries[index];
+   if (entry.kind() == replaced.kind() && entry.lasting() == replaced.lasting()) {
+      replaced.replaceInRun(std::move(entry));
+   } else {
+      replaced = std::move(entry);
       accountAll();
    }
 }
@@ -135,17 +136,32 @@ void ElementList::leaveBlocks()
    accountAll();
 }
 
-void ElementList::account(Kind kind, std::size_t number) noexcept
+void ElementList::accountInBlocks(std::size_t number) noexcept
 {
-   KindOperations const& operations = operationsOf(kind);
-   _allOfOneKind = _allOfOneKind && (_entries.empty() || _entries.front().kind() == kind);
-   _allOfOneLength = _allOfOneLength && operations.fixedLength != 0;
-   _allOfOneBoundary = _allOfOneBoundary && operations.boundary != 0;
-   _boundary = std::max(_boundary, operations.boundary);
-   // Elements of one length are as long as their boundary, so that there is no padding between them.
-   _length = alignUp(_length, std::max(operations.boundary, 1U)) + number * operations.fixedLength;
-   bool const numbersAlone = _allOfOneKind && _allOfOneLength && !_entries.empty();
-   _numbersAlone = numbersAlone ? NumbersAlone(kind, _entries.size()) : NumbersAlone();
+   KindOperations const& operations = operationsOf(_blocks.kind());
+   // Numbers are as long as their boundary, so that there is no padding between them.
+   account({number * operations.fixedLength, operations.boundary, false});
+}
+
+void ElementList::account(std::size_t index) noexcept
+{
+   Entry const& entry = _entries[index];
+   Extent const lasting = entry.lasting();
+   account(lasting);
+   bool const goesOn = index != 0 && _entries[index - _lastRun].continueRun(lasting);
+   _lastRun = static_cast<std::uint8_t>(goesOn ? _lastRun + 1 : 1);
+   Kind const kind = entry.kind();
+   _allOfOneKind = _allOfOneKind && _entries.front().kind() == kind;
+   bool const numbersAlone = _allOfOneKind && operationsOf(kind).fixedLength != 0;
+   _numbersAlone = numbersAlone ? NumbersAlone(kind, index + 1) : NumbersAlone();
+}
+
+void ElementList::account(Extent const& lasting) noexcept
+{
+   _allOfOneLength = _allOfOneLength && lasting.length != 0;
+   _allOfOneBoundary = _allOfOneBoundary && lasting.boundary != 0;
+   _boundary = std::max(_boundary, lasting.boundary);
+   _length = alignUp(_length, std::max(lasting.boundary, 1U)) + lasting.length;
 }
 
 void ElementList::accountAll() noexcept
@@ -157,10 +173,11 @@ void ElementList::accountAll() noexcept
    _boundary = 1;
    _length = _start;
    if (inBlocks()) {
-      account(_blocks.kind(), _blocks.size());
+      accountInBlocks(_blocks.size());
    }
-   for (Entry const& entry : _entries) {
-      account(entry.kind(), 1);
+   for (std::size_t i = 0; i < _entries.size(); ++i) {
+      _entries[i].beginRun();
+      account(i);
    }
 }
 

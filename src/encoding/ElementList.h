@@ -53,7 +53,7 @@ public:
    ElementList& operator=(ElementList const&) = delete;
 
    std::size_t size() const noexcept { return _entries.empty() ? _blocks.size() : _entries.size(); }
-   bool empty() const noexcept { return size() == 0; }
+   bool empty() const noexcept { return _entries.empty() && _blocks.empty(); }
 
    // Fails if there is no such element.
    DataElement& at(std::size_t index) const;
@@ -80,6 +80,12 @@ public:
                         : rti1516e::measure(entries(), endOfEntries(), wanted, start);
    }
    NumbersAlone numbersAlone() const noexcept { return _numbersAlone; }
+   // If the elements are numbers of one kind, in blocks or not; else all of it is 0.
+   Extent extentOfNumbers() const noexcept
+   {
+      bool const numbers = numbersAlone() || (inBlocks() && _allOfOneLength);
+      return numbers ? Extent{_length, _boundary, false} : Extent{0, 0, false};
+   }
    Entry const* entries() const noexcept { return _entries.data(); }
    std::size_t write(Output& out, std::size_t index) const
    {
@@ -92,12 +98,14 @@ public:
 
 private:
    Entry const* endOfEntries() const noexcept { return entries() + _entries.size(); }
-   bool inBlocks() const noexcept { return _entries.empty() && _blocks.size() != 0; }
+   bool inBlocks() const noexcept { return _entries.empty() && !_blocks.empty(); }
    bool mayKeepInBlocks(Kind kind) const noexcept;
    void leaveBlocks();
    void append(Entry entry);
    void replace(std::size_t index, Entry entry);
-   void account(Kind kind, std::size_t number) noexcept;
+   void accountInBlocks(std::size_t number) noexcept;
+   void account(std::size_t index) noexcept;
+   void account(Extent const& lasting) noexcept;
    void accountAll() noexcept;
 
    std::vector<Entry> _entries; // of all elements, or none
@@ -112,6 +120,7 @@ private:
    bool _allOfOneBoundary = true;
    For _use;
    std::uint8_t _start;
+   std::uint8_t _lastRun = 0; // how many entries are in the last one's run
 
    ElementBlocks _blocks;
 };

@@ -124,13 +124,13 @@ ElementList* alike(Entry const* entry, Entry const* last, Kind kind, NumbersAlon
 Reached<Extent> measureListsOf(NumbersAlone numbers, Entry const* entry, Entry const* last, Extent all)
 {
    Kind const kind = entry->kind();
-   unsigned int const length = Lists::body(*entry).entries()->numberLength();
+   auto const length = static_cast<unsigned int>(operationsOf(numbers.kind()).fixedLength);
    std::size_t number = 0;
    do {
       number += numbers.count();
    } while (alike(++entry, last, kind, numbers) != nullptr);
    all.include({0, length, false});
-   all.appendNumbers(length, number);
+   all.append(length * number, length);
    return {entry, all};
 }
 
@@ -293,14 +293,15 @@ Extent measure(Entry const* first, Entry const* last, Wanted wanted, Extent all)
 {
    Reached<Extent> at{first, all};
    while (at.entry != last) {
-      if (unsigned int const length = at.entry->numberLength()) {
-         at.result.appendNumbers(length, 1);
-         ++at.entry;
-      } else {
-         at = withRun(
-            *at.entry, [=](auto run) { return run.measure(at.entry, last, wanted, at.result); },
-            [=](NumbersAlone numbers) { return measureListsOf(numbers, at.entry, last, at.result); });
+      unsigned int const length = at.entry->runLength();
+      if (__builtin_expect(length != 0, 1)) { // or the compiler puts it behind all the rest
+         at.result.append(length, at.entry->boundary());
+         at.entry += at.entry->runSize();
+         continue;
       }
+      at = withRun(
+         *at.entry, [=](auto run) { return run.measure(at.entry, last, wanted, at.result); },
+         [=](NumbersAlone numbers) { return measureListsOf(numbers, at.entry, last, at.result); });
    }
    return at.result;
 }

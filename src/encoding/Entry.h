@@ -33,12 +33,24 @@ public:
    Entry(Entry&& other) noexcept;
    // Replaces the element. One that is replaced by itself stays, and stays owned.
    Entry& operator=(Entry&& other) noexcept;
+   // The same, by one of the same kind and with the same lasting extent, where it is a part of a run.
+   void replaceInRun(Entry&& other) noexcept;
    ~Entry();
 
    DataElement& element() const noexcept { return *_element; }
    Kind kind() const noexcept { return _kind; }
-   // If it is a number, the same for all of its kind; else 0.
-   unsigned int numberLength() const noexcept { return _numberLength; }
+   // What no operation upon the element changes: the length and the boundary of a number, and of a fixed
+   // array of numbers; the boundary alone where the kind has one. The rest is 0.
+   Extent lasting() const noexcept;
+
+   // Neighbours with lasting lengths, of which none has a greater boundary than the first one, are a run:
+   // they stand together in the same way wherever it begins. The first one knows how many they are and how
+   // long they are together, which is 0 where there is no run.
+   unsigned int runLength() const noexcept { return _runLength; }
+   unsigned int runSize() const noexcept { return _runSize; }
+   void beginRun() noexcept;
+   // Whether the next entry joins the run.
+   bool continueRun(Extent const& next) noexcept;
 
    unsigned int boundary() const noexcept { return _boundary.load(std::memory_order_relaxed); }
    void remember(unsigned int boundary) const noexcept
@@ -56,9 +68,10 @@ public:
 private:
    Entry(DataElement* element, Kind kind, bool owned, unsigned int boundary) noexcept;
 
-   bool _owned;
+   bool _owned : 1;
+   std::uint8_t _runSize : 7;
    Kind _kind;
-   std::uint8_t _numberLength;
+   std::uint16_t _runLength = 0;
    std::atomic<std::uint32_t> mutable _boundary;
    DataElement* _element;
 };

@@ -48,17 +48,22 @@ struct Extent
    // that its octets come from foreign code and their number is not known for certain.
    bool foreign = false;
 
+   constexpr bool operator==(Extent const& other) const noexcept
+   {
+      return length == other.length && boundary == other.boundary && foreign == other.foreign;
+   }
+
    // Another element behind this one.
    constexpr void append(Extent const& next) noexcept
    {
       length = alignInMemory(length, next.boundary) + next.length;
       include(next);
    }
-   // Numbers of one length, which is their boundary too; that is included already.
-   constexpr void appendNumbers(std::size_t lengthOfEach, std::size_t number) noexcept
+   // Another element whose boundary is a power of two, and included already.
+   constexpr void append(std::size_t lengthOfNext, unsigned int powerOfTwo) noexcept
    {
-      std::size_t const last = lengthOfEach - 1;
-      length = ((length + last) & ~last) + lengthOfEach * number;
+      std::size_t const last = std::size_t{powerOfTwo} - 1;
+      length = ((length + last) & ~last) + lengthOfNext;
    }
    // Another element, where what may have no octets may also stand behind padding that is not there.
    constexpr void append(Extent const& next, Wanted wanted) noexcept

@@ -27,10 +27,10 @@ inline std::uint32_t checkedCount(std::size_t number)
    return static_cast<std::uint32_t>(number);
 }
 
-// Cleared room that was sized before, so that padding is there already. Every piece is tested against the room
-// all the same, which grows: some texts turn out longer, and elements may be lent, and nothing keeps their
-// owner from changing them. As with an input, who writes is given the index where to, and returns the index
-// behind, which so never leaves the processor.
+// Cleared room that was sized before, so that padding is there already. Every piece is tested against the
+// room all the same, which grows: some texts turn out longer, and elements may be lent, and nothing keeps
+// their owner from changing them. As with an input, who writes is given the index where to, and returns the
+// index behind, which so never leaves the processor.
 class Output
 {
 public:

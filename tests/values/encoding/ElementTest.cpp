@@ -2,9 +2,11 @@
 #include "tests/support/ForeignElement.h"
 #include "tests/values/encoding/Elements.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <random>
 #include <typeinfo>
 
 namespace {
@@ -148,6 +150,43 @@ TEST(ConstructedElements, KeepManyElementsInPlaceAsTheyGrow)
       array.decode(dataOf(expected));
       EXPECT_EQ(&array[0], first);
       expectEncoding(array, Octets(expected.begin(), expected.begin() + 8 * size + 1), 4);
+   }
+}
+
+// Fields stand behind one another as if each had been encoded alone, also when some have been replaced by
+// others of their class, which may be longer.
+TEST(ConstructedElements, HaveAnyFieldsAfterAnyOthers)
+{
+   HLAfixedArray const arrays[] = {
+      {HLAinteger16BE(4), 3}, {HLAinteger64LE(5), 1}, {HLAoctet('b'), 70'000}, {HLAASCIIstring("d"), 2}};
+   HLAASCIIstring const text("abc");
+   HLAinteger16BE const two(1);
+   HLAfloat32LE const four(2);
+   HLAinteger64BE const eight(3);
+   DataElement const* const others[] = {&text, &two, &four, &eight};
+   std::mt19937 random(3);
+   for (int n = 0; n < 100; ++n) {
+      HLAfixedRecord record;
+      for (auto left = random() % 300; left > 0; --left) {
+         auto const chosen = random() % 64;
+         record.appendElement(chosen < 8 ? arrays[chosen % 2] : *others[chosen == 8 ? 0 : chosen % 3 + 1]);
+      }
+      for (bool const replaces : {false, true}) {
+         Octets expected;
+         unsigned int boundary = 1;
+         for (std::size_t i = 0; i < record.size(); ++i) {
+            if (replaces && record.hasElementSameTypeAs(i, arrays[0])) {
+               record.set(i, arrays[random() % 50 == 0 ? 2 : random() % 2 * 3]);
+            }
+            unsigned int const own = record[i].getOctetBoundary();
+            expected.resize((expected.size() + own - 1) / own * own);
+            expected = joined(expected, octetsOf(record[i].encode()));
+            boundary = std::max(boundary, own);
+         }
+         expectEncoding(record, expected, boundary);
+         record.decode(dataOf(expected));
+         expectEncoding(record, expected, boundary);
+      }
    }
 }
 
