@@ -82,7 +82,8 @@ public record HubAddress(String host, int port, Path ca, Path certificate, Path 
 
     /** Without the brackets of an IPv6 address. */
     private static String host(String where) {
-        return where.substring(0, Math.max(0, where.lastIndexOf(':'))).replaceAll("^\\[(.*)]$", "$1");
+        String host = where.substring(0, Math.max(0, where.lastIndexOf(':')));
+        return host.startsWith("[") && host.endsWith("]") ? host.substring(1, host.length() - 1) : host;
     }
 
     /** Another hub that is reached in the same way. */

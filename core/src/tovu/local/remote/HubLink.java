@@ -158,7 +158,8 @@ public final class HubLink implements CallbackSource {
                 return sent.result();
             }
         }
-        return request(service, message, result -> licences.add(service, licence, message, result));
+        return licence == Licence.NONE ? request(service, message)
+                : request(service, message, result -> licences.add(service, licence, message, result));
     }
 
     /** A service that is waited for in any case. */
@@ -167,25 +168,19 @@ public final class HubLink implements CallbackSource {
     }
 
     private Object request(int service, byte[] message, Consumer<Object> onLicence) throws RTIexception {
-        return ask(onLicence, number -> progress(new FrameWriter(FrameType.REQUEST, message.length + 24)
-                .integer(number)).integer(service).rest(message).end()).result();
-    }
-
-    private interface Request {
-        byte[] frame(int number);
-    }
-
-    private Answer ask(Consumer<Object> onLicence, Request request) throws NotConnected, RTIinternalError {
         hearOthers();
-        return askAlone(onLicence, request);
+        int number = lastRequest.incrementAndGet();
+        FrameWriter frame = new FrameWriter(FrameType.REQUEST, message.length + 24).integer(number);
+        return ask(number, onLicence, progress(frame).integer(service).rest(message)).result();
     }
 
-    private Answer askAlone(Consumer<Object> onLicence, Request request) throws NotConnected, RTIinternalError {
-        int number = lastRequest.incrementAndGet();
+    private Answer ask(int number, Consumer<Object> onLicence, FrameWriter request)
+            throws NotConnected, RTIinternalError {
+        byte[] frame = checked(request.end());
         Answer answer = new Answer(onLicence);
         awaited.put(number, answer);
         if (lost == null) { // whoever loses it from here on finds the answer awaited
-            out.send(checked(request.frame(number)));
+            out.send(frame);
             pulse.say();
         } else {
             answer.give(null);
@@ -218,7 +213,8 @@ public final class HubLink implements CallbackSource {
     /** Returns when the hub knows what callbacks have begun and ended. */
     public void beHeard() {
         try {
-            askAlone(NO_LICENCE, number -> progress(new FrameWriter(FrameType.FENCE).integer(number)).end());
+            int number = lastRequest.incrementAndGet();
+            ask(number, NO_LICENCE, progress(new FrameWriter(FrameType.FENCE).integer(number)));
         } catch (RTIexception e) {
             UNHEARD.get().remove(this); // it is lost, and the hub will hear no more of it
         }
@@ -385,8 +381,10 @@ public final class HubLink implements CallbackSource {
         private void resolve() throws FederateInternalError {
             FrameReader answer;
             try {
-                answer = ask(NO_LICENCE, request ->
-                        new FrameWriter(FrameType.RESOLVE).integer(request).longInteger(number).end()).frame();
+                hearOthers();
+                int request = lastRequest.incrementAndGet();
+                answer = ask(request, NO_LICENCE,
+                        new FrameWriter(FrameType.RESOLVE).integer(request).longInteger(number)).frame();
             } catch (RTIexception e) {
                 return; // whoever is told nothing more is told of the loss
             }
