@@ -124,7 +124,7 @@ public final class HubLink implements CallbackSource {
         this.federate = federate;
         this.onLoss = onLoss;
         in = new Inbox(socket, pulse);
-        turn = new ReadingTurn(this::isLost, this::takeWhatComes, socket.isTimed());
+        turn = new ReadingTurn(this::isLost, this::takeWhatComes);
         out = new Outbox(socket.output(), this::sendingFailed);
         HubSocket.Welcome welcome = socket.greet(in, sent);
         greatestFrame = welcome.greatestFrame();

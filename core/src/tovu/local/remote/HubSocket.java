@@ -47,7 +47,7 @@ final class HubSocket {
         this.hub = hub;
         this.patienceMillis = patienceMillis;
         deadline = System.nanoTime() + TimeUnit.MILLISECONDS.toNanos(patienceMillis);
-        plain = new Socket();
+        plain = hub.isSecured() ? new SocketBelowTls() : new Socket();
         socket = plain;
     }
 
@@ -104,23 +104,22 @@ final class HubSocket {
         close();
     }
 
-    /** Whether it can wait for a limited time. Under TLS a time that runs out within a record would lose a part of it. */
-    boolean isTimed() {
-        return socket == plain;
-    }
-
     /**
-     * @param nanos how long it waits for something, if it is timed
+     * @param nanos how long it waits for something; under TLS, when new keys come, which is once in 128 GB, until something
+     *              comes behind them
      * @return how much has been read, -1 at the end
      */
     int read(byte[] to, int from, int length, long nanos) throws IOException {
         InputStream in = socket.getInputStream();
-        if (isTimed()) {
-            if (nanos <= 0 && in.available() == 0) {
-                return 0;
-            }
-            long millis = TimeUnit.NANOSECONDS.toMillis(nanos);
-            plain.setSoTimeout(millis > Integer.MAX_VALUE ? 0 : (int) Math.max(1, millis)); // 0 is for ever
+        if (nanos <= 0 && in.available() == 0 && plain.getInputStream().available() == 0) {
+            return 0;
+        }
+        long millis = TimeUnit.NANOSECONDS.toMillis(nanos);
+        int timeout = millis > Integer.MAX_VALUE ? 0 : (int) Math.max(1, millis); // 0 is for ever
+        if (!(plain instanceof SocketBelowTls belowTls)) {
+            plain.setSoTimeout(timeout);
+        } else if (timeout != 0 && in.available() == 0 && !belowTls.hasSomethingWithin(timeout)) {
+            return 0;
         }
         try {
             return in.read(to, from, length);

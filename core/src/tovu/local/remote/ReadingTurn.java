@@ -18,7 +18,6 @@ final class ReadingTurn {
 
     private final BooleanSupplier over;
     private final LongConsumer reading;
-    private final boolean shared;
     private final ReentrantLock turn = new ReentrantLock();
     private final Queue<Thread> sleeping = new ConcurrentLinkedQueue<>();
     private volatile int taken; // by those who wait; changes under the lock
@@ -26,12 +25,10 @@ final class ReadingTurn {
     /**
      * @param over    whether nothing comes any more
      * @param reading takes what has come, for which it waits no longer than so many nanoseconds
-     * @param shared  whether those who wait read; else only who stands by does
      */
-    ReadingTurn(BooleanSupplier over, LongConsumer reading, boolean shared) {
+    ReadingTurn(BooleanSupplier over, LongConsumer reading) {
         this.over = over;
         this.reading = reading;
-        this.shared = shared;
     }
 
     /**
@@ -45,7 +42,7 @@ final class ReadingTurn {
         long left = nanos;
         boolean interrupted = false;
         do {
-            if (shared && turn.tryLock()) {
+            if (turn.tryLock()) {
                 readUntil(so, begin, nanos);
             } else if (left > 0) {
                 sleepUnless(so, left);
@@ -80,7 +77,7 @@ final class ReadingTurn {
         Thread self = Thread.currentThread();
         sleeping.add(self);
         try {
-            if (!so.getAsBoolean() && (!shared || turn.isLocked()) && !over.getAsBoolean()) {
+            if (!so.getAsBoolean() && turn.isLocked() && !over.getAsBoolean()) {
                 LockSupport.parkNanos(this, nanos);
             }
         } finally {
@@ -101,14 +98,12 @@ final class ReadingTurn {
     void standBy() {
         while (!over.getAsBoolean()) {
             int before = taken;
-            if (shared) {
-                LockSupport.parkNanos(this, STANDING_BACK_NANOS);
-            }
+            LockSupport.parkNanos(this, STANDING_BACK_NANOS);
             if (before == taken && turn.tryLock()) {
                 try {
                     do {
                         reading.accept(Long.MAX_VALUE);
-                    } while (!over.getAsBoolean() && (!shared || sleeping.isEmpty()));
+                    } while (!over.getAsBoolean() && sleeping.isEmpty());
                 } finally {
                     pass();
                 }
