@@ -91,17 +91,15 @@ for ((i = 0; i < 300; ++i)); do
 done
 sleep "$frost"
 ((frost < 30)) || lose # while it stands still
-reported=$(grep -c '< saved' ada.out || true)
 kill -CONT "${pid[$frozen]}"
 lose
 within 20 "$frozen.err" '^left the cluster: the others took this hub for dead'
 within 20 "$frozen.err" '^entered the cluster'
-[ "$(grep -c '< saved' ada.out || true)" = "$reported" ] || fail "the frozen hub says that it has saved"
 saved=$(sed -n 's/^< saved //p' ada.out | tail -n 1 | grep . || echo "$saved")
 [ "$(find saves -name 'late*')" = "" ] || fail "the frozen hub has saved"
 enter ada
 enter ben
-((saved == 0)) || restore "$saved"
+((saved == 0)) || restore "$saved" # which the frozen hub may have said only when it went on, but had done before
 renew ada
 tell ada "save soon"
 within 20 ada.out '< saved'
